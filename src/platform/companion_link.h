@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The channel of the companion program TV Echo: a local socket of the same user that takes "txtRxOk=..." and
+// "txtFromRxOk=..." lines; at closing one line goes the other way.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+class CompanionLink : public QObject {
+  Q_OBJECT
+
+ public:
+  // socketDir: where both sockets live.
+  explicit CompanionLink(const QString& socketDir, QObject* parent = nullptr);
+  ~CompanionLink() override;
+
+  // $XDG_RUNTIME_DIR or the temporary folder.
+  static QString DefaultSocketDir();
+
+  // Opens "omni-perch-form1" for this user alone. False where it cannot be opened; the program goes on without.
+  bool Listen();
+  // Stops listening and sends "Closed" to "tv-echo-form1"; nobody there is no error. Waits at most half a second.
+  void SendClosed();
+
+ Q_SIGNALS:
+  // item: "txtRxOk" or "txtFromRxOk"; other lines and lines over 1 MiB are dropped.
+  void TextArrived(const QString& item, const QString& text);
+};

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// CkNewHeight: the marker height last seen of each slot of each DSSTV page, kept across runs in ckNewHeight.txt. The
+// new-image check compares with it.
+#pragma once
+
+#include <QString>
+#include <array>
+
+class HeightTable {
+ public:
+  // Reads images/dsstv/ckNewHeight.txt below the data folder. A missing file, or one of the former format, wipes that
+  // folder's pictures (the thumbs' folder stays) and gives a table of unknown heights.
+  void Read(const QString& appDataDir);
+  // Writes all 720 entries, or leaves the old file as it was and returns false.
+  bool Write(const QString& appDataDir) const;
+
+  // The stored height of a page 1 to 20 and a 0-based slot; 0 where none is known.
+  int Height(int page, int slot) const;
+  void SetHeight(int page, int slot, int height);
+
+ private:
+  std::array<std::array<QString, 36>, 21> entries_;
+};
