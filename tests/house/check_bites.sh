@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
+# Breaks each house rule once in a small tree of its own: a check that lets a fault pass, or a sound tree fail, is broken itself.
+set -uo pipefail
+check=$(cd "$(dirname "$0")" && pwd)/check_house.sh
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+spdx='// SPDX-License-Identifier: GPL-3.0-or-later'
+failures=0
+
+write() { # file, then its lines
+  mkdir -p "$tree/$(dirname "$1")"
+  printf '%s\n' "${@:2}" >"$tree/$1"
+}
+
+sound_tree() {
+  rm -rf "${tree:?}"/*
+  mkdir -p "$tree/tools" "$tree/scripts" "$tree/widgets"
+  touch "$tree/widgets/QLabel"
+  write src/platform/base.h "$spdx" '#pragma once'
+  write src/poll/walk.h "$spdx" '#pragma once' '#include "platform/base.h"'
+  write src/poll/other.h "$spdx" '#pragma once'
+  write src/poll/CMakeLists.txt '# SPDX-License-Identifier: GPL-3.0-or-later' 'target_sources(omni_logic PRIVATE' '  walk.h' '  other.h)'
+  write src/display/page.cpp "$spdx" '#include "poll/walk.h"' '#include <QLabel>'
+  write src/display/cell.h "$spdx" '#pragma once'
+  write src/display/CMakeLists.txt '# SPDX-License-Identifier: GPL-3.0-or-later' \
+    'target_sources(omni_logic PRIVATE cell.h)' 'target_sources(omni_windows PRIVATE page.cpp)'
+  write tests/poll/test_walk.cpp "$spdx" 'QTRY_VERIFY(done);' 'QTest::qWaitFor(done);'
+}
+
+expect() { # words of the fault, or nothing for a sound tree
+  local said
+  said=$("$check" "$tree" "$tree/widgets")
+  if [ -z "$1" ] && [ -n "$said" ]; then
+    echo "sound tree refused: $said"
+    failures=$((failures + 1))
+  elif [ -n "$1" ] && ! grep -q -- "$1" <<<"$said"; then
+    echo "passed by: $1"
+    failures=$((failures + 1))
+  fi
+}
+
+broken() { # words of the fault, file, lines
+  sound_tree
+  write "${@:2}"
+  expect "$1"
+}
+
+sound_tree
+expect ''
+broken 'poll/walk: includes display/page' src/poll/walk.h "$spdx" '#pragma once' '#include "display/page.h"'
+broken 'platform/base: includes poll/walk' src/platform/base.cpp "$spdx" '#include "poll/walk.h"'
+broken 'display/cell: includes display/page' src/display/cell.h "$spdx" '#pragma once' '#include "page.h"'
+sound_tree
+write src/poll/other.h "$spdx" '#pragma once' '#include "poll/walk.h"'
+write src/poll/walk.h "$spdx" '#pragma once' '#include "poll/other.h"'
+expect 'in a circle of includes'
+broken 'logic knows no widgets' src/poll/walk.cpp "$spdx" '#include <QLabel>'
+broken '501 lines' src/poll/walk.cpp "$spdx" "$(yes '//' | head -n 500)"
+broken 'walk.h: does not begin with its SPDX' src/poll/walk.h '#pragma once'
+broken 'CMakeLists.txt: does not begin with its SPDX' src/poll/CMakeLists.txt 'target_sources(omni_logic PRIVATE walk.h)'
+broken 'no #pragma once' src/poll/walk.h "$spdx"
+for wait in 'QTest::qWait(50);' 'QTest::qSleep(50);' 'QThread::msleep(50);' 'QThread::sleep(1);' 'usleep(5);' \
+  'std::this_thread::sleep_for(1s);'; do
+  broken 'test_walk.cpp:2: a bare wait' tests/poll/test_walk.cpp "$spdx" "  $wait"
+done
+exit $((failures > 0))
