@@ -4,9 +4,10 @@
 #pragma once
 
 #include <QByteArray>
-#include <QDateTime>
 #include <QString>
 #include <optional>
+
+#include "core/date_text.h"
 
 struct Caption {
   QString ModeTag;                   // empty: none
@@ -33,9 +34,5 @@ Caption ParseTailFromFile(const FileTail& tail, QChar zeroGlyph);
 // A date in any of the shapes that stations send, as "M/D/YYYY hh:mm"; line ends are taken out. What cannot be read as a
 // date gives an empty date part.
 QString NormaliseDate(const QString& text);
-// Reads what NormaliseDate writes, and the shapes of older files; invalid where there is no date.
-QDateTime ReadDate(const QString& text);
-// The program's own date and time text: "M/D/YYYY hh:mm".
-QString DateText(const QDateTime& when);
 // Month 1 to 12 of a word in the languages that stations write; 1 for an unknown word.
 int MonthNumber(const QString& word);
