@@ -1,1 +1,23 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
+# What cmake --install puts where: the program and its picture tool side by side (the one looks for the other in its own
+# folder), the launcher, the defaults that the launcher copies for each user, and the desktop's entry.
+
+if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
+  set(CMAKE_INSTALL_PREFIX /usr CACHE PATH "Install prefix" FORCE)
+endif()
+
+install(TARGETS omni-perch RUNTIME DESTINATION lib/omni-perch)
+if(TARGET omni-perch-picture)
+  install(TARGETS omni-perch-picture RUNTIME DESTINATION lib/omni-perch)
+endif()
+install(PROGRAMS data/desktop/launcher.sh DESTINATION bin RENAME omni-perch)
+
+install(FILES data/Omni-Perch.cfg data/WXsites.lst data/Help.txt DESTINATION share/omni-perch)
+foreach(folder Languages Maps)
+  if(EXISTS ${PROJECT_SOURCE_DIR}/data/${folder})
+    install(DIRECTORY data/${folder} DESTINATION share/omni-perch)
+  endif()
+endforeach()
+
+install(FILES data/desktop/omni-perch.desktop DESTINATION share/applications)
+install(FILES data/desktop/omni-perch.svg DESTINATION share/icons/hicolor/scalable/apps)
