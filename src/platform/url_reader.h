@@ -3,14 +3,17 @@
 // each download control owns a UrlReader with a key space of its own.
 #pragma once
 
+#include <QByteArray>
 #include <QHash>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QObject>
+#include <QPointer>
+#include <QQueue>
+#include <QThread>
+#include <QTimer>
 #include <QUrl>
 #include <chrono>
 
-// What no server may exceed.
+// What no server may exceed. A read begins when one of the six connections to its host is free for it.
 struct UrlLimits {
   std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte
   std::chrono::milliseconds deadline = std::chrono::minutes(10);  // in all, against a slow drip
@@ -19,17 +22,46 @@ struct UrlLimits {
 };
 
 class UrlReader;
+class UrlWorker;
 
 class UrlNetwork : public QObject {
   Q_OBJECT
 
  public:
   explicit UrlNetwork(const UrlLimits& limits = {}, QObject* parent = nullptr);
+  ~UrlNetwork() override;  // ends all reads; none of them answers
 
  private:
   friend class UrlReader;
-  // Reads are begun a few at a time from the event loop, so that a walk over a whole page never holds it.
-  void Enqueue(UrlReader* reader, const QString& key);
+  friend class UrlWorker;
+
+  struct Answer {
+    enum class Kind { Progress, Done, Failed };
+    Kind kind = Kind::Failed;
+    quint64 id = 0;
+    qint64 max = 0;
+    qint64 read = 0;
+    QByteArray body;
+  };
+  struct Asker {
+    UrlReader* reader = nullptr;
+    QString key;
+  };
+
+  quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url);
+  void End(quint64 id);
+  void Take(Answer answer);
+  void HandOut();
+  void Raise(const Answer& answer);
+
+  // Sockets, TLS and unpacking run on a thread of their own: none of it can hold the event loop.
+  QThread thread_;
+  UrlWorker* worker_;
+  QHash<quint64, Asker> askers_;
+  quint64 lastId_ = 0;
+  // Answers wait here and are handed out a few milliseconds at a time: a page of them arrives at once.
+  QQueue<Answer> answers_;
+  QTimer handOut_;
 };
 
 class UrlReader : public QObject {
@@ -46,10 +78,17 @@ class UrlReader : public QObject {
   bool IsPending(const QString& key) const;
 
  Q_SIGNALS:
-  // max is 0 where the server did not tell the length.
+  // max is 0 where the server did not tell the length, or told that of a packed body. Every 30 ms at the most, and
+  // once just before Done.
   void Progress(const QString& key, qint64 max, qint64 read);
   // The whole body, whatever the HTTP status. The key is no longer pending when this is raised.
   void Done(const QString& key, const QByteArray& body);
   // Transport error, limit exceeded, or an address that is not http(s).
   void Failed(const QString& key);
+
+ private:
+  friend class UrlNetwork;
+
+  QPointer<UrlNetwork> network_;
+  QHash<QString, quint64> pending_;
 };

@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/url_reader.h"
+
+#include "platform/url_transfer.h"
+
+namespace {
+
+constexpr int kReadsPerHost = 6;
+constexpr qint64 kHandOutMs = 4;
+
+}  // namespace
+
+// The part of UrlNetwork that lives on the network thread: reads that wait for their host, and reads that run.
+class UrlWorker : public QObject {
+  Q_OBJECT
+
+ public:
+  UrlWorker(UrlNetwork& network, const UrlLimits& limits) : network_(network), limits_(limits), access_(this) {}
+  // Before the access manager goes, and its replies with it.
+  ~UrlWorker() override { qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly)); }
+
+  void Add(quint64 id, const QUrl& url) {
+    waiting_ += {id, url};
+    BeginWaiting();
+  }
+
+  void Drop(quint64 id) {
+    waiting_.removeIf([id](const Waiting& read) { return read.id == id; });
+    Release(id);
+    BeginWaiting();
+  }
+
+ private:
+  struct Waiting {
+    quint64 id = 0;
+    QUrl url;
+  };
+  struct Running {
+    UrlTransfer* transfer = nullptr;
+    QString host;
+  };
+
+  void BeginWaiting() {
+    for (qsizetype i = 0; i < waiting_.size();) {
+      if (busy_.value(waiting_[i].url.host()) >= kReadsPerHost) {
+        ++i;
+        continue;
+      }
+      BeginRead(waiting_.takeAt(i));
+    }
+  }
+
+  void BeginRead(const Waiting& read) {
+    auto* transfer = new UrlTransfer(access_, limits_, this);
+    running_.insert(read.id, {transfer, read.url.host()});
+    ++busy_[read.url.host()];
+    const quint64 id = read.id;
+    connect(transfer, &UrlTransfer::Progress, this, [this, id](qint64 max, qint64 count) {
+      Report({.kind = UrlNetwork::Answer::Kind::Progress, .id = id, .max = max, .read = count, .body = {}});
+    });
+    connect(transfer, &UrlTransfer::Done, this, [this, id](const QByteArray& body) {
+      Report({.kind = UrlNetwork::Answer::Kind::Done, .id = id, .body = body});
+      Drop(id);
+    });
+    connect(transfer, &UrlTransfer::Failed, this, [this, id]() {
+      Report({.kind = UrlNetwork::Answer::Kind::Failed, .id = id, .body = {}});
+      Drop(id);
+    });
+    transfer->Begin(read.url);
+  }
+
+  void Release(quint64 id) {
+    const auto found = running_.find(id);
+    if (found == running_.end()) return;
+    if (--busy_[found->host] == 0) busy_.remove(found->host);
+    // It may be the one that is just raising its answer.
+    found->transfer->disconnect(this);
+    found->transfer->deleteLater();
+    running_.erase(found);
+  }
+
+  void Report(const UrlNetwork::Answer& answer) {
+    QMetaObject::invokeMethod(
+        &network_, [network = &network_, answer]() { network->Take(answer); }, Qt::QueuedConnection);
+  }
+
+  UrlNetwork& network_;
+  const UrlLimits limits_;
+  QNetworkAccessManager access_;
+  QList<Waiting> waiting_;
+  QHash<quint64, Running> running_;
+  QHash<QString, int> busy_;
+};
+
+UrlNetwork::UrlNetwork(const UrlLimits& limits, QObject* parent)
+    : QObject(parent), worker_(new UrlWorker(*this, limits)) {
+  handOut_.setSingleShot(true);
+  connect(&handOut_, &QTimer::timeout, this, &UrlNetwork::HandOut);
+  worker_->moveToThread(&thread_);
+  connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
+  thread_.setObjectName(QStringLiteral("network"));
+  thread_.start();
+}
+
+UrlNetwork::~UrlNetwork() {
+  thread_.quit();
+  thread_.wait();
+}
+
+quint64 UrlNetwork::Begin(UrlReader* reader, const QString& key, const QUrl& url) {
+  const quint64 id = ++lastId_;
+  askers_.insert(id, {reader, key});
+  QMetaObject::invokeMethod(
+      worker_, [worker = worker_, id, url]() { worker->Add(id, url); }, Qt::QueuedConnection);
+  return id;
+}
+
+void UrlNetwork::End(quint64 id) {
+  if (!askers_.remove(id)) return;
+  QMetaObject::invokeMethod(
+      worker_, [worker = worker_, id]() { worker->Drop(id); }, Qt::QueuedConnection);
+}
+
+void UrlNetwork::Take(Answer answer) {
+  answers_.enqueue(std::move(answer));
+  if (!handOut_.isActive()) handOut_.start(0);
+}
+
+void UrlNetwork::HandOut() {
+  QElapsedTimer spent;
+  spent.start();
+  while (!answers_.isEmpty() && spent.elapsed() < kHandOutMs) {
+    const Answer answer = answers_.dequeue();
+    // Armed before the handler runs: it may open a message box, and the other answers must arrive behind that.
+    if (!answers_.isEmpty() && !handOut_.isActive()) handOut_.start(0);
+    Raise(answer);
+  }
+}
+
+void UrlNetwork::Raise(const Answer& answer) {
+  const auto found = askers_.constFind(answer.id);
+  if (found == askers_.constEnd()) return;  // cancelled meanwhile
+  const Asker asker = *found;
+  if (answer.kind == Answer::Kind::Progress) {
+    Q_EMIT asker.reader->Progress(asker.key, answer.max, answer.read);
+    return;
+  }
+  askers_.erase(found);
+  asker.reader->pending_.remove(asker.key);
+  if (answer.kind == Answer::Kind::Done) {
+    Q_EMIT asker.reader->Done(asker.key, answer.body);
+  } else {
+    Q_EMIT asker.reader->Failed(asker.key);
+  }
+}
+
+UrlReader::UrlReader(UrlNetwork& network, QObject* parent) : QObject(parent), network_(&network) {}
+
+UrlReader::~UrlReader() {
+  if (!network_) return;
+  for (const quint64 id : std::as_const(pending_)) network_->End(id);
+}
+
+void UrlReader::Start(const QString& key, const QUrl& url) {
+  Cancel(key);
+  if (network_) pending_.insert(key, network_->Begin(this, key, url));
+}
+
+void UrlReader::Cancel(const QString& key) {
+  const quint64 id = pending_.take(key);
+  if (id != 0 && network_) network_->End(id);
+}
+
+bool UrlReader::IsPending(const QString& key) const {
+  return pending_.contains(key);
+}
+
+#include "url_reader.moc"

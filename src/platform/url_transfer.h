@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One read of one address, through its redirects to its only answer. Lives on the network thread; url_reader makes one
+// for each read that has begun.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QObject>
+#include <QTimer>
+#include <QUrl>
+
+#include "platform/url_reader.h"
+
+class UrlTransfer : public QObject {
+  Q_OBJECT
+
+ public:
+  UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, QObject* parent = nullptr);
+  ~UrlTransfer() override;
+
+  // Never answers before it returns.
+  void Begin(const QUrl& url);
+
+ Q_SIGNALS:
+  void Progress(qint64 max, qint64 read);
+  void Done(const QByteArray& body);
+  void Failed();
+
+ private:
+  void Request(const QUrl& url);
+  void OnHeaders();
+  void OnData();
+  void OnFinished();
+  bool Follow();
+  bool Drain();
+  void Fail();
+  void DropReply();
+  qint64 ToldLength() const;
+
+  QNetworkAccessManager& access_;
+  const UrlLimits limits_;
+  QNetworkReply* reply_ = nullptr;
+  QTimer stall_;
+  QTimer deadline_;
+  QElapsedTimer sinceProgress_;
+  QByteArray body_;
+  int redirects_ = 0;
+};
