@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "core/numbers.h"
+
 struct Config {
   int GuiMode = 0;             // window size class 0 to 3
   int ThumbLayout = 0;         // 1 to 6: 5, 10, 15, 24, 35, 36 thumbnails
@@ -35,11 +37,18 @@ struct Config {
   void Read(const QStringList& lines);
   // The 20 lines. mapLeft and mapTop: offsets of the map MapIndex, written only.
   QStringList Lines(int mapLeft, int mapTop) const;
+
+  // Reads Omni-Perch.cfg in the data folder; false where there is none. One that is there and cannot be read leaves
+  // everything as it was, and SaveConfig then leaves that file alone.
+  bool ReadConfig(const QString& appDataDir);
+  // False where the file was not written; the old one is whole then.
+  bool SaveConfig(const QString& appDataDir, int mapLeft, int mapTop) const;
+
+ private:
+  void ReadReportLine(const QString& line);
+
+  bool unreadable_ = false;
 };
 
 // The on-air language code of a language name; fallback for a name that is not known.
 QString OnAirLanguageCode(const QString& languageName, const QString& fallback);
-// Leading number of a text: blanks passed over, sign, digits and point up to the first other character; 0 when none.
-double Val(const QString& text);
-// Shortest text of a double with a point.
-QString NumberText(double value);
