@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The band that the benchmark polls: 36 stations with pictures of mixed types, the same 36 on each of the 20 pages, so
+// that every page change finds 36 new pictures and every refresh 36 known ones.
+//
+//   omni-perch-bench-band DATA_FOLDER LATENCY_MS
+//
+// Writes a data folder for it and, beside the folder, urls.txt with the pictures' addresses; prints "ready" and serves
+// until its input ends. The stations answer after LATENCY_MS; the connectivity page at once.
+
+#include <QDir>
+#include <QGuiApplication>
+#include <QSaveFile>
+#include <QSocketNotifier>
+#include <QTextStream>
+#include <cstdio>
+
+#include "station_band.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kStations = 36;
+constexpr int kPages = 20;
+
+// What a busy page holds: mostly JPEG and JPEG 2000, some of everything else that stands still.
+PictureType TypeOf(int index) {
+  static constexpr PictureType kTypes[] = {PictureType::Jpeg, PictureType::Jp2, PictureType::Jpeg,
+                                           PictureType::Png,  PictureType::Jp2, PictureType::Jpeg,
+                                           PictureType::Gif,  PictureType::Jp2, PictureType::Bmp};
+  return kTypes[static_cast<std::size_t>(index) % std::size(kTypes)];
+}
+
+QString CallOf(int index) {
+  return u"DL%1ZZ%2"_s.arg(index / 9).arg(QChar(u'A' + index % 26));
+}
+
+void FillBand(StationBand& band, std::chrono::milliseconds latency) {
+  for (int index = 0; index < kStations; ++index) {
+    Station& station = band.AddStation(CallOf(index));
+    PictureRecipe recipe;
+    recipe.seed = static_cast<quint32>(index + 1);
+    recipe.type = TypeOf(index);
+    recipe.size = QSize(640, 480);
+    recipe.caller = u"F4ZZ%1"_s.arg(QChar(u'A' + index % 26));
+    station.SetRecipe(recipe);
+    station.SetMarker(QSize(index % 4 == 0 ? 1 : 2, 100 + index));
+    station.SetLatency(latency);
+  }
+}
+
+// A slot of every page under the layout of 36.
+QString SlotsOf(int index) {
+  QStringList tokens;
+  for (int page = 1; page <= kPages; ++page) {
+    tokens << u"%1%2"_s.arg(page, 2, 10, QChar(u'0')).arg(index + 1, 2, 10, QChar(u'0'));
+  }
+  return tokens.join(u':');
+}
+
+bool Write(const QString& path, const QStringList& lines) {
+  QSaveFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write((lines.join("\r\n"_L1) + "\r\n"_L1).toUtf8()) >= 0 &&
+         file.commit();
+}
+
+bool WriteDataFolder(const StationBand& band, const QString& folder) {
+  QStringList sites;
+  QStringList urls;
+  for (const Station* station : band.Stations()) {
+    const auto index = static_cast<int>(urls.size());
+    sites << u"%1******%2*50.1*8.6**"_s.arg(station->Call(), SlotsOf(index)) << station->Url();
+    urls << station->Url();
+  }
+  QSaveFile hosts(folder + "/hosts.ini"_L1);
+  // Window size 2, the layout of 36, no automatic refresh: nothing may start a poll but the benchmark; no cams.
+  const QStringList config{u"2"_s, u"6"_s, u"0"_s, u"1"_s, u"0"_s, u"English"_s, u"50"_s, u"8"_s, u"0"_s,  u"2"_s,
+                           u"0"_s, u""_s,  u"0"_s, u"0"_s, u"0"_s, u"0"_s,       u""_s,   u"1"_s, u"0*"_s, u"0"_s};
+  return QDir().mkpath(folder) && Write(folder + "/Omni-Perch.cfg"_L1, config) &&
+         Write(folder + "/Omni-Perch.lst"_L1, sites) && Write(folder + "/WXsites.lst"_L1, {}) &&
+         Write(folder + "/../urls.txt"_L1, urls) && hosts.open(QIODevice::WriteOnly) &&
+         hosts.write(band.HostsIni()) >= 0 && hosts.commit();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication app(argc, argv);
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: %s DATA_FOLDER LATENCY_MS\n", argv[0]);
+    return 2;
+  }
+  StationBand band;
+  FillBand(band, std::chrono::milliseconds(QByteArray(argv[2]).toInt()));
+  if (!band.IsListening() || !WriteDataFolder(band, QString::fromLocal8Bit(argv[1]))) {
+    std::fprintf(stderr, "cannot listen, or cannot write %s\n", argv[1]);
+    return 1;
+  }
+  int unpainted = kStations;
+  for (Station* station : band.Stations()) {
+    station->Prepare([&unpainted]() {
+      if (--unpainted == 0) {
+        std::puts("ready");
+        std::fflush(stdout);
+      }
+    });
+  }
+  QSocketNotifier input(0, QSocketNotifier::Read);
+  QObject::connect(&input, &QSocketNotifier::activated, &app, []() {
+    if (std::getchar() == EOF) QCoreApplication::quit();
+  });
+  return QGuiApplication::exec();
+}
