@@ -90,25 +90,23 @@ std::vector<int> RanksOf(const QList<SiteRec>& records) {
 }
 
 // Comb sort with shrink factor 0.65. It is not stable, and the places that it gives to equal calls decide which of two
-// duplicates survives a save: hence this very sort, run over ranks.
+// duplicates survives a save: hence this very sort, run over ranks. Its last passes, with a gap of one, are a bubble
+// sort; they would take seconds for a large table, and a stable sort gives the same order.
 std::vector<int> CombOrder(const QList<SiteRec>& records) {
-  std::vector<int> ranks = RanksOf(records);
+  const std::vector<int> ranks = RanksOf(records);
   std::vector<int> order(ranks.size());
   std::iota(order.begin(), order.end(), 0);
-  std::size_t gap = ranks.empty() ? 0 : ranks.size() - 1;
-  bool again = gap > 0;
-  while (again) {
-    gap = (gap + 1) * 65 / 100;
-    bool swapped = false;
-    for (std::size_t i = 0; i + gap < ranks.size(); ++i) {
-      if (ranks[i] > ranks[i + gap]) {
-        std::swap(ranks[i], ranks[i + gap]);
+  const auto rankAt = [&](std::size_t place) { return ranks[static_cast<std::size_t>(order[place])]; };
+  for (std::size_t gap = order.size() * 65 / 100; gap > 1; gap = (gap + 1) * 65 / 100) {
+    for (std::size_t i = 0; i + gap < order.size(); ++i) {
+      if (rankAt(i) > rankAt(i + gap)) {
         std::swap(order[i], order[i + gap]);
-        swapped = true;
       }
     }
-    again = swapped || gap > 1;
   }
+  std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    return ranks[static_cast<std::size_t>(a)] < ranks[static_cast<std::size_t>(b)];
+  });
   return order;
 }
 

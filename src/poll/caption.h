@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Reads who sent a picture, in which mode and when, from the text at the picture's end. The intake reads a fresh download,
-// the walk of a page a file on the disk; the two readers are close but not equal, and both manners stay.
+// Reads who sent a picture, in which mode and when, from the text at the picture's end. The intake reads a fresh
+// download, the walk of a page a file on the disk; the two readers are close but not equal, and both manners stay.
 #pragma once
 
 #include <QByteArray>
@@ -10,18 +10,18 @@
 #include "core/date_text.h"
 
 struct Caption {
-  QString ModeTag;                   // empty: none
-  std::optional<QString> Caller;     // normalised call; nothing where the tail did not tell it
-  std::optional<QString> ModeText;   // tag, blank and the text from "snr" on
-  std::optional<QString> SentTime;   // month/day/year hh:mm, UTC as sent
-  std::optional<QString> FromCall;   // call for lblFrom, zeros as the glyph; nothing: lblFrom stays
-  bool TimeFound = false;            // the tail had a ":" and its fields were read
+  QString ModeTag;                  // empty: none
+  std::optional<QString> Caller;    // normalised call; nothing where the tail did not tell it
+  std::optional<QString> ModeText;  // tag, blank and the text from "snr" on
+  std::optional<QString> SentTime;  // month/day/year hh:mm, UTC as sent; empty: a new picture's is no date
+  std::optional<QString> FromCall;  // call for lblFrom, zeros as the glyph; nothing: lblFrom stays
+  bool TimeFound = false;           // the tail had a ":" and its fields were read
 };
 
 // The tail of a fresh download: the last 60 characters, of these what stands behind the last "***".
 QString TailOfDownload(const QByteArray& body);
-// The tail of a stored file, from its last 100 bytes: behind the last run of three NULs, else found is false and the tail
-// holds what was walked over.
+// The tail of a stored file, from its last 100 bytes: behind the last run of three NULs, else found is false and the
+// tail holds what was walked over.
 struct FileTail {
   QString tail;
   bool found = false;
@@ -31,8 +31,8 @@ FileTail TailOfFile(const QByteArray& last100);
 Caption ParseTailFromDownload(const QString& tail, QChar zeroGlyph);
 Caption ParseTailFromFile(const FileTail& tail, QChar zeroGlyph);
 
-// A date in any of the shapes that stations send, as "M/D/YYYY hh:mm"; line ends are taken out. What cannot be read as a
-// date gives an empty date part.
+// A date in any of the shapes that stations send, as "M/D/YYYY hh:mm"; line ends are taken out. What cannot be read as
+// a date gives an empty date part; where there is no ":", the date stands alone.
 QString NormaliseDate(const QString& text);
 // Month 1 to 12 of a word in the languages that stations write; 1 for an unknown word.
 int MonthNumber(const QString& word);

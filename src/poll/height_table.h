@@ -4,12 +4,16 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <array>
 
 class HeightTable {
  public:
+  HeightTable();  // of unknown heights
+
   // Reads images/dsstv/ckNewHeight.txt below the data folder. A missing file, or one of the former format, wipes that
-  // folder's pictures (the thumbs' folder stays) and gives a table of unknown heights.
+  // folder's pictures (the thumbs' folder stays) and gives a table of unknown heights. A file that is there but cannot
+  // be read leaves the pictures alone.
   void Read(const QString& appDataDir);
   // Writes all 720 entries, or leaves the old file as it was and returns false.
   bool Write(const QString& appDataDir) const;
@@ -19,5 +23,7 @@ class HeightTable {
   void SetHeight(int page, int slot, int height);
 
  private:
+  void Take(const QStringList& fields);
+
   std::array<std::array<QString, 36>, 21> entries_;
 };

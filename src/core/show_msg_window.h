@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// frmShowMsg: a short message in a small window of its own, over the main window. The closing sequence shows it.
+#pragma once
+
+#include <QColor>
+#include <QLabel>
+#include <QWidget>
+
+class frmShowMsg : public QWidget {
+  Q_OBJECT
+
+ public:
+  // guiMode: 0 to 3, gives the font's size.
+  frmShowMsg(int guiMode, QWidget* over);
+
+  // Shows the text on the colour, centred over the main window, until hidden.
+  void ShowMsg(const QString& text, const QColor& colour);
+
+ private:
+  QWidget* over_;
+  QLabel lblMsg_;
+};

@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// picAll: the page of cells. Lays them out in page units, the same at every window size, and moves the focus by arrow keys.
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+#include "core/program.h"
+#include "display/thumb_cell.h"
+#include "display/thumb_grid.h"
+
+class PageView : public QWidget {
+  Q_OBJECT
+
+ public:
+  PageView(Program& program, ThumbGrid& grid, QWidget* parent);
+
+  // Units and fonts of the layout; nominal is the size that the layout's arithmetic gives this view.
+  void Arrange(int menuBarHeight, QSize nominal, double fontPoints);
+  ThumbCell* CellAt(int slot) const;
+
+ Q_SIGNALS:
+  void CellPressed(int slot);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void MakeCells();
+  void UpdateCell(int slot);
+  void Place();
+  void MoveFocus(int slot, Qt::Key key);
+
+  Program& program_;
+  ThumbGrid& grid_;
+  QList<ThumbCell*> cells_;
+  QSizeF units_{670, 387};
+  double nominalScale_ = 1;
+  double fontPoints_ = 9;
+};

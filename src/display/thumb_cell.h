@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The widget of one cell: paints a Cell, plays its animation, and passes presses on. The page's view makes one for each
+// slot of the layout.
+#pragma once
+
+#include <QAccessibleWidget>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+
+#include "display/cell_painter.h"
+
+class ThumbCell : public QWidget {
+  Q_OBJECT
+
+ public:
+  ThumbCell(int slot, QWidget* parent);
+
+  void SetCell(const Cell& cell);
+  // Scale, font and texts; geometry is set by the view.
+  void SetLook(const CellLook& look);
+  int Slot() const { return slot_; }
+  const Cell& Shown() const { return cell_; }
+  // What a screen reader says of the cell beyond its name: sender, mode, signal and time as shown.
+  void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
+
+ Q_SIGNALS:
+  // A press by mouse (left button), by Return or Space, or by a screen reader.
+  void Pressed(int slot);
+  // An arrow key asks for a neighbour.
+  void Moved(int slot, Qt::Key key);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void NextFrame();
+  void MakePixmap();
+  void Describe();
+
+  int slot_;
+  Cell cell_;
+  CellLook look_;
+  QString modeText_;
+  QString sentTime_;
+  QString emptyName_;
+  qsizetype frame_ = 0;
+  QPixmap pixmap_;      // the frame at the size that it is painted with
+  bool stale_ = true;   // pixmap_ has to be made again
+  QTimer frameTimer_;
+};
+
+// A cell is a button with a press action, whatever assistive technology asks.
+class AccessibleCell : public QAccessibleWidget {
+ public:
+  explicit AccessibleCell(ThumbCell* cell);
+  QStringList actionNames() const override;
+  void doAction(const QString& actionName) override;
+  // Makes these for ThumbCells; to be called once before the first window.
+  static void Install();
+};

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "poll/download_control.h"
+
+UserControl1::UserControl1(UrlNetwork& network, QObject* parent) : QObject(parent), reader_(network) {
+  connect(&reader_, &UrlReader::Done, this, &UserControl1::PictureReady);
+  connect(&reader_, &UrlReader::Failed, this, &UserControl1::NoImage);
+  connect(&reader_, &UrlReader::Progress, this, &UserControl1::Progress);
+}
+
+void UserControl1::DownloadFile(const QString& url, const QString& key) { reader_.Start(key, QUrl(url)); }
+
+ucCkNew::ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent)
+    : QObject(parent), reader_(network), tool_(tool) {
+  connect(&reader_, &UrlReader::Done, this, &ucCkNew::Measure);
+  connect(&reader_, &UrlReader::Failed, this, &ucCkNew::NoImage);
+}
+
+void ucCkNew::DownloadFile(const QString& url, const QString& key) {
+  ++reads_[key];
+  reader_.Start(key, QUrl(url));
+}
+
+void ucCkNew::Measure(const QString& key, const QByteArray& body) {
+  const int read = reads_.value(key);
+  tool_.Measure(body, this, [this, key, read](const PictureAnswer& answer) {
+    if (reads_.value(key) != read) return;
+    if (answer.ok) {
+      Q_EMIT PictureReady(key, answer.size);
+    } else {
+      Q_EMIT NoImage(key);
+    }
+  });
+}

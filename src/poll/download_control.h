@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The hidden download controls of the main window: UserControl1 delivers bytes (ucDnLoad), ucCkNew a marker picture's
+// size (ucCkNew1). A new read under a pending key takes the old one's place.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QObject>
+#include <QSize>
+#include <QString>
+
+#include "platform/picture_tool.h"
+#include "platform/url_reader.h"
+
+class UserControl1 : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit UserControl1(UrlNetwork& network, QObject* parent = nullptr);
+
+  // Always a fresh copy, past any cache. Answers later.
+  void DownloadFile(const QString& url, const QString& key);
+
+ Q_SIGNALS:
+  // The whole body, whatever the server's status: an error page has to be told by its content.
+  void PictureReady(const QString& key, const QByteArray& body);
+  void NoImage(const QString& key);
+  void Progress(const QString& key, qint64 max, qint64 read);
+
+ private:
+  UrlReader reader_;
+};
+
+class ucCkNew : public QObject {
+  Q_OBJECT
+
+ public:
+  ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent = nullptr);
+
+  void DownloadFile(const QString& url, const QString& key);
+
+ Q_SIGNALS:
+  void PictureReady(const QString& key, QSize marker);
+  // The read failed, or what came is no picture.
+  void NoImage(const QString& key);
+
+ private:
+  void Measure(const QString& key, const QByteArray& body);
+
+  UrlReader reader_;
+  PictureTool& tool_;
+  QHash<QString, int> reads_;  // count of reads by key: a measure that was overtaken says nothing
+};

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Decides on each marker answer whether a site has a picture that has not been seen, and asks for it. A marker's height is
+// the only identity that a picture has; its width tells whether the station is on the air.
+#pragma once
+
+#include <QObject>
+#include <QSize>
+#include <QString>
+
+#include "core/program.h"
+#include "display/thumb_grid.h"
+#include "poll/download_control.h"
+#include "poll/height_table.h"
+
+class NewImageCheck : public QObject {
+  Q_OBJECT
+
+ public:
+  NewImageCheck(Program& program, HeightTable& heights, ThumbGrid& grid, ucCkNew& check, UserControl1& download,
+                QObject* parent = nullptr);
+
+  // Only addresses that end in "image1" have a marker beside their picture.
+  static bool HasMarker(const QString& url);
+  // Address of the marker; unique, where not empty, makes the request one of its kind.
+  static QString MarkerUrl(const QString& url, const QString& unique);
+
+ Q_SIGNALS:
+  // An answer has been dealt with; the poll looks whether it was the last.
+  void Checked();
+
+ private:
+  void PictureReady(const QString& key, QSize marker);
+  void NoImage(const QString& key);
+  void Fetch(int slot);
+  int StoredHeight(int slot) const;
+
+  Program& program_;
+  HeightTable& heights_;
+  ThumbGrid& grid_;
+  ucCkNew& check_;
+  UserControl1& download_;
+};

@@ -1,0 +1,370 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "poll/poll_cycle.h"
+
+#include <QFile>
+
+#include "poll/new_image_check.h"
+#include "poll/page_files.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kWxMinutes = 3;   // the WX page refreshes every three minutes whatever the chosen rate
+constexpr int kCamMinutes = 5;  // a cam round falls due every fifth minute
+
+struct Place {
+  int site = 0;
+  QString call;
+};
+
+// Who stands in a 0-based slot of a page, if anybody does.
+std::optional<Place> PlaceAt(const SiteTable& sites, int page, int slot) {
+  const QString entry = sites.FindThumbPos(page, slot + 1);
+  const int site = SiteOfThumbPos(entry);
+  if (site < 0 || site >= sites.Sites.size()) return std::nullopt;
+  return Place{site, entry.section(u'-', 3)};
+}
+
+// A timer that runs goes on as it is: its minute is not begun anew.
+void TurnOn(QTimer& timer) {
+  if (!timer.isActive()) timer.start();
+}
+
+}  // namespace
+
+PollCycle::PollCycle(Program& program, ThumbGrid& grid, PictureIntake& intake, ucCkNew& check, UserControl1& download,
+                     const Clock& clock, QObject* parent)
+    : QObject(parent),
+      program_(program),
+      grid_(grid),
+      intake_(intake),
+      check_(check),
+      download_(download),
+      clock_(clock) {
+  for (QTimer* minute : {&Timer4, &Timer6, &Timer10}) minute->setInterval(60s);
+  Timer12.setInterval(30s);
+  Timer5.setInterval(100ms);
+  tmrIfAllDone.setInterval(2s);
+  Timer5.setSingleShot(true);
+  tmrIfAllDone.setSingleShot(true);
+  connect(&Timer4, &QTimer::timeout, this, &PollCycle::Timer4Tick);
+  connect(&Timer5, &QTimer::timeout, this, &PollCycle::Timer5Tick);
+  connect(&Timer6, &QTimer::timeout, this, &PollCycle::Timer6Tick);
+  connect(&Timer10, &QTimer::timeout, this, &PollCycle::Timer10Tick);
+  connect(&tmrIfAllDone, &QTimer::timeout, this, &PollCycle::IfAllDoneTick);
+  connect(&grid_, &ThumbGrid::NotFoundShown, this, &PollCycle::AfterNotFound);
+  connect(&grid_, &ThumbGrid::BlockedShown, this, &PollCycle::AfterBlocked);
+  connect(&intake_, &PictureIntake::PictureShown, this, &PollCycle::AfterPicture);
+  connect(&intake_, &PictureIntake::PictureFailed, this, &PollCycle::AfterFailure);
+  Timer10.start();
+}
+
+void PollCycle::SetBusy(bool busy) {
+  if (busy_ == busy) return;
+  busy_ = busy;
+  Q_EMIT BusyChanged(busy);
+}
+
+void PollCycle::StopRefreshTimers() {
+  Timer4.stop();
+  Timer6.stop();
+}
+
+void PollCycle::StartRefreshTimer() {
+  if (program_.page.CurrentPage == PageState::WxPage) {
+    program_.page.WxRefreshCounter = 0;
+    TurnOn(Timer4);
+  } else {
+    // AutoRefreshCounter goes on: a manual refresh does not postpone the next automatic poll.
+    TurnOn(Timer6);
+  }
+}
+
+void PollCycle::BeginStarter() {
+  StopRefreshTimers();
+  if (program_.page.Online) SetBusy(true);
+}
+
+void PollCycle::EndStarter() {
+  if (program_.config.AutoRefreshOn == 1) StartRefreshTimer();
+}
+
+void PollCycle::Walk(bool clearGrid) {
+  if (program_.page.Online) {
+    if (program_.page.OnDsstvPage()) {
+      StartPoll(clearGrid);
+    } else {
+      StartWxPoll();
+    }
+  }
+  EndStarter();
+}
+
+void PollCycle::FirstPoll() {
+  PageState& page = program_.page;
+  BeginStarter();
+  page.SitesDone = 0;
+  page.CamPollDue = true;
+  page.UpdateCheckDue = true;
+  if (!page.Online) return;
+  StartPoll(false);
+  EndStarter();
+}
+
+void PollCycle::RefreshClick() {
+  BeginStarter();
+  Q_EMIT HoverForgotten();
+  program_.page.CamPollDue = true;
+  program_.page.SitesDone = 0;
+  Walk(false);
+}
+
+void PollCycle::ReloadPage() {
+  BeginStarter();
+  program_.page.EraseThumbFields();
+  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) grid_.SetReloadMark(slot);
+  program_.page.SitesDone = 0;
+  Walk(false);
+}
+
+void PollCycle::PageChange(int page) {
+  PageState& state = program_.page;
+  BeginStarter();
+  state.CurrentPage = page;
+  state.EraseThumbFields();
+  grid_.ClearThumbs();
+  state.SitesDone = 0;
+  state.CamRoundHeld = true;
+  state.CamPollDue = true;
+  state.txtActive = program_.config.CamMode < 2 ? u"START"_s : QString();
+  Q_EMIT PageChanged();
+  Walk(true);
+  if (!state.Online) ShowStoredPage();
+}
+
+void PollCycle::LayoutChange() {
+  BeginStarter();
+  program_.page.EraseThumbFields();
+  program_.page.SitesDone = 0;
+  Walk(true);
+  if (!program_.page.Online) ShowStoredPage();
+}
+
+void PollCycle::LanguageChange() {
+  BeginStarter();
+  program_.page.SitesDone = 0;
+  Walk(false);
+}
+
+void PollCycle::Timer6Tick() {
+  PageState& page = program_.page;
+  if (++page.AutoRefreshCounter < program_.config.AutoRefreshMinutes) return;
+  page.AutoRefreshCounter = 0;
+  BeginStarter();
+  page.SitesDone = 0;
+  Walk(false);
+}
+
+void PollCycle::Timer4Tick() {
+  PageState& page = program_.page;
+  if (++page.WxRefreshCounter != kWxMinutes) return;
+  page.WxRefreshCounter = 0;
+  BeginStarter();
+  Walk(false);
+}
+
+void PollCycle::Timer5Tick() {
+  BeginStarter();
+  program_.page.EraseThumbFields();
+  program_.page.CamPollDue = true;
+  Walk(false);
+}
+
+void PollCycle::Timer10Tick() {
+  PageState& page = program_.page;
+  if (++page.CamMinuteCount != kCamMinutes) return;
+  page.CamPollDue = true;
+  // Without the repeat the count runs on past five and never fires again.
+  if (program_.config.AutoPollCams != 0) page.CamMinuteCount = 0;
+}
+
+void PollCycle::ShowThumbsFromDisk() {
+  const PageState& page = program_.page;
+  for (int slot = 0; slot < page.ThumbCount; ++slot) {
+    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
+    if (!place) continue;
+    const QString thumb = ThumbPath(program_.AppDataDir, page.CurrentPage, slot);
+    if (!QFile::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) QFile::remove(thumb);
+    if (QFile::exists(thumb)) grid_.ShowThumb(thumb, slot, place->site);
+  }
+}
+
+QString PollCycle::FillSlot(int slot, int site, const QString& call) {
+  PageState& page = program_.page;
+  grid_.SetSite(slot, call);
+  page.Field(slot, SlotCall) = call;
+  page.Field(slot, SlotSite) = QString::number(site);
+  page.List1.append(call + u"    "_s + QString::number(slot + 1));
+  if (QFile::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) {
+    intake_.ReadCaptionFromFile(page.CurrentPage, slot, site);
+    grid_.ColourByAge(slot, site);
+  }
+  const SiteRec& record = program_.sites.Sites.at(site);
+  if (!record.CamUrl.isEmpty() && program_.config.CamMode < 2) grid_.ShowCamLight(slot, CamLight::Yellow);
+  return PlainUrl(record.Url);
+}
+
+void PollCycle::ShowStoredPage() {
+  PageState& page = program_.page;
+  if (!page.OnDsstvPage()) return;
+  page.List1.clear();
+  ShowThumbsFromDisk();
+  for (int slot = 0; slot < page.ThumbCount; ++slot) {
+    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
+    if (!place) continue;
+    const QString url = FillSlot(slot, place->site, place->call);
+    if (url.contains("cam only"_L1, Qt::CaseInsensitive)) grid_.ShowCamOnly(slot);
+  }
+}
+
+void PollCycle::StartPoll(bool clearGrid) {
+  PageState& page = program_.page;
+  Q_EMIT HoverForgotten();
+  if (clearGrid) grid_.ClearThumbs();
+  SetBusy(true);
+  Timer12.start();
+  page.List1.clear();
+  ShowThumbsFromDisk();
+  page.SitesOnPage = 0;
+  for (int slot = 0; slot < page.ThumbCount; ++slot) {
+    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
+    if (!place) continue;
+    // Sites that are not asked are counted too, so that a page with one of them never comes to its end: the busy sign
+    // stays up, and the next minute polls regardless.
+    ++page.SitesOnPage;
+    const QString url = FillSlot(slot, place->site, place->call);
+    grid_.SetConnecting(slot, true);
+    if (url.contains("cam only"_L1, Qt::CaseInsensitive)) {
+      grid_.ShowCamOnly(slot);
+    } else if (NewImageCheck::HasMarker(url)) {
+      check_.DownloadFile(NewImageCheck::MarkerUrl(url, UniqueTime()), QString::number(slot));
+    }
+  }
+  if (page.SitesOnPage == 0) SetBusy(false);
+}
+
+void PollCycle::StartWxPoll() {
+  PageState& page = program_.page;
+  const int layout = program_.config.ThumbLayout;
+  if (layout < 1 || layout > kLayouts) return;
+  SetBusy(true);
+  grid_.HidePictures();
+  const auto slotOf = [layout](const SiteRec& site) {
+    return static_cast<int>(Val(site.PageSlots[static_cast<std::size_t>(layout)])) - 1;
+  };
+  const QList<SiteRec>& sites = program_.sites.WxSites;
+  for (const SiteRec& site : sites) {
+    const int slot = slotOf(site);
+    if (slot < 0) continue;
+    if (slot >= page.ThumbCount) break;
+    grid_.SetWxSite(slot, site.Call);
+  }
+  page.SitesOnPage = 0;
+  for (const SiteRec& site : sites) {
+    const int slot = slotOf(site);
+    if (slot < 0) continue;
+    ++page.SitesOnPage;
+    if (slot >= page.ThumbCount) break;
+    grid_.ClearFrom(slot);
+    QString ScratchUrl = PlainUrl(site.Url);
+    if (NewImageCheck::HasMarker(ScratchUrl)) {
+      // The address is not put back: the marker itself comes as the picture of such a site.
+      ScratchUrl = NewImageCheck::MarkerUrl(ScratchUrl, QString());
+      check_.DownloadFile(ScratchUrl, QString::number(slot));
+    }
+    grid_.SetConnecting(slot, true);
+    grid_.SetProgress(slot, 0);
+    download_.DownloadFile(ScratchUrl, QString::number(page.CurrentPage * 100 + slot));
+  }
+}
+
+QString PollCycle::UniqueTime() const { return clock_.Now().toString(u"yyyyMMddHHmmss"_s); }
+
+void PollCycle::AfterCheck() {
+  if (program_.page.SitesDone >= program_.page.SitesOnPage) PollFinished();
+}
+
+void PollCycle::AfterPicture() {
+  // Equality, not more: double counts may step over it, and a later answer's >= then ends the poll.
+  if (program_.page.SitesDone == program_.page.SitesOnPage) PollFinished();
+}
+
+void PollCycle::AfterFailure() { AfterPicture(); }
+
+void PollCycle::AfterNotFound() {
+  const PageState& page = program_.page;
+  if (page.SitesDone < page.SitesOnPage) return;
+  SetBusy(false);
+  // CamPollDue stays set, so that the settling tick runs the round again.
+  if (page.CamPollDue) EarlyPostPoll();
+  PollFinished();
+}
+
+void PollCycle::AfterBlocked() {
+  PageState& page = program_.page;
+  if (page.SitesDone < page.SitesOnPage || !page.CamPollDue) return;
+  EarlyPostPoll();
+  page.CamPollDue = false;
+}
+
+void PollCycle::EarlyPostPoll() {
+  PageState& page = program_.page;
+  if (page.UpdateCheckDue) Q_EMIT UpdateCheckWanted();
+  page.UpdateCheckDue = false;
+  if (page.OnDsstvPage() && program_.config.CamMode == 0 && !page.CamRoundHeld) Q_EMIT CamRoundWanted(1);
+}
+
+void PollCycle::PollFinished() {
+  SetBusy(false);
+  tmrIfAllDone.start();
+}
+
+void PollCycle::IfAllDoneTick() {
+  PageState& page = program_.page;
+  tmrIfAllDone.stop();
+  Timer12.stop();
+  if (program_.config.AutoRefreshOn == 1 && page.OnDsstvPage()) TurnOn(Timer6);
+  if (!page.CamPollDue) return;
+  if (page.UpdateCheckDue) Q_EMIT UpdateCheckWanted();
+  page.UpdateCheckDue = false;
+  if (page.OnDsstvPage()) {
+    Q_EMIT CamLightsReset();
+    if (program_.config.CamMode == 0 && !page.CamRoundHeld) Q_EMIT CamRoundWanted(1);
+    if (program_.config.CamMode == 1) Q_EMIT CamRoundWanted(2);
+  }
+  page.CamRoundHeld = false;
+  page.CamPollDue = false;
+}
+
+void PollCycle::MnuRateClick(int index) {
+  Config& config = program_.config;
+  if (index >= 0 && index <= 2) {
+    config.AutoRefreshMinutes = index == 0 ? 1 : index == 1 ? 2 : 5;
+    config.AutoRefreshOn = 1;
+    StartRefreshTimer();
+  } else {
+    config.AutoRefreshOn = 0;
+    StopRefreshTimers();
+  }
+  Q_EMIT RefreshCaptionChanged();
+}
+
+QString PollCycle::RefreshCaption() const {
+  const Config& config = program_.config;
+  const Texts& texts = program_.texts;
+  if (config.GuiMode == 0) return u"  "_s + texts.RefreshWord;
+  if (config.AutoRefreshOn != 1) return texts.RefreshWord + u" ("_s + texts.OffWord + u") "_s;
+  return texts.RefreshWord + u" (auto %1 min) "_s.arg(config.AutoRefreshMinutes);
+}
