@@ -47,6 +47,10 @@ double Val(const QString& text) {
   return ReadLeadingNumber(text).value;
 }
 
+bool HasLeadingNumber(const QString& text) {
+  return ReadLeadingNumber(text).end > 0;
+}
+
 bool IsPlainNumber(const QString& text) {
   const qsizetype end = ReadLeadingNumber(text).end;
   return end > 0 && QStringView(text).sliced(end).trimmed().isEmpty();

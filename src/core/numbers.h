@@ -7,6 +7,7 @@
 
 // Leading number of a text: blanks passed over, sign, digits and point up to the first other character; 0 when none.
 double Val(const QString& text);
+bool HasLeadingNumber(const QString& text);
 // The whole text is a number that Val reads without a rest; blanks around it do not count.
 bool IsPlainNumber(const QString& text);
 // The nearest integer; values out of range become the nearest end of it.

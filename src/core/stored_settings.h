@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The one table of what is kept by key: window placement, map offsets, page names, blocked calls and the choices of
+// single windows. Start-up, the saving of the state and those windows read and write the keyed store through it.
+#pragma once
+
+#include <QList>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "platform/settings_store.h"
+
+// Where the main window stood, in pixels.
+struct WindowPlacement {
+  static constexpr int kNormal = 1;
+  static constexpr int kMaximized = 3;
+  static constexpr int kRestored = 9;
+
+  int flags = 0;
+  int showCmd = kRestored;
+  QPoint minimized{100, 100};
+  QRect normal{0, 0, 100, 100};
+
+  bool IsMaximized() const { return showCmd == kMaximized; }
+};
+
+enum class Setting {
+  PlacementFlags,
+  PlacementShowCmd,
+  PlacementMinX,
+  PlacementMinY,
+  PlacementLeft,
+  PlacementTop,
+  PlacementRight,
+  PlacementBottom,
+  MapLeft,    // index: map 0 to 8
+  MapTop,     // index: map 0 to 8
+  PageLabel,  // index: page 1 to 20
+  SaveDir,
+  Block,  // index 0 to 9
+  PrintSize,
+  OnAirMapIndex,
+  TxBand,
+  TxMode,
+  OnAirBandCheck,  // index from 0 up, as are the next three; shared with the companion program
+  OnAirModeCheck,
+  MapBandCheck,
+  MapModeCheck
+};
+
+class StoredSettings {
+ public:
+  static constexpr int kMaps = 9;
+  static constexpr int kPages = 20;
+  static constexpr int kBlocked = 10;
+
+  explicit StoredSettings(SettingsStore& store) : store_(store) {}
+
+  // A text that is no number, or a missing one, gives the default of the setting; check boxes give 0 or 1.
+  int Number(Setting setting, int index = 0) const;
+  void SetNumber(Setting setting, int value) { SetNumber(setting, 0, value); }
+  void SetNumber(Setting setting, int index, int value);
+  QString Text(Setting setting, int index, const QString& fallback) const;
+  void SetText(Setting setting, int index, const QString& value);
+
+  // Nothing where no placement was ever stored.
+  std::optional<WindowPlacement> ReadPlacement() const;
+  // A minimized window is stored as a normal one, so that the program never comes back minimized.
+  void StorePlacement(const WindowPlacement& placement);
+
+  // Entries 0 to 8 of MapLeft or MapTop.
+  QList<int> ReadMapOffsets(Setting mapSide) const;
+  void StoreMapOffsets(const QList<int>& mapLeft, const QList<int>& mapTop);
+
+  // Index 1 to 20 and, last, the name of the WX page; index 0 is empty. pageWord ends in its blank.
+  QStringList ReadPageLabels(const QString& pageWord, const QString& wxPageName) const;
+  void StorePageLabels(const QStringList& labels);
+
+  QStringList ReadBlockList() const;
+  // The first ten; the keys behind a shorter list are emptied.
+  void StoreBlockList(const QStringList& calls);
+
+  // False where the store was not written.
+  bool Save() { return store_.Save(); }
+
+ private:
+  SettingsStore& store_;
+};
