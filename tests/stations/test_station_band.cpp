@@ -1,0 +1,180 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The band over real HTTP: what it serves, what it counts, and that it misbehaves as it was told.
+#include <QElapsedTimer>
+#include <QImage>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QTest>
+
+#include "station_band.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+struct Got {
+  QByteArray body;
+  int status = 0;
+  QNetworkReply::NetworkError error = QNetworkReply::NoError;
+  bool ended = false;  // false: given up on
+};
+
+}  // namespace
+
+class TestStationBand : public QObject {
+  Q_OBJECT
+
+  QNetworkAccessManager net_;
+
+  // Reads an address; gives up when the reply has not ended in time or has brought more than most bytes.
+  Got Read(const QString& url, std::chrono::milliseconds patience = 20s, qint64 most = 1 << 22) {
+    const std::unique_ptr<QNetworkReply> reply(net_.get(QNetworkRequest(QUrl(url))));
+    Got got;
+    got.ended = QTest::qWaitFor(
+        [&] {
+          got.body += reply->readAll();
+          return reply->isFinished() || got.body.size() > most;
+        },
+        static_cast<int>(patience.count()));
+    got.ended = reply->isFinished();
+    got.error = reply->error();
+    got.status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    return got;
+  }
+
+ private Q_SLOTS:
+  void servesWhatAStationHas_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("newest") << u"image1"_s << QSize(320, 256);
+    QTest::newRow("oldest") << u"image30"_s << QSize(320, 256);
+    QTest::newRow("none beyond") << u"image31"_s << QSize(0, 0);
+    QTest::newRow("sent itself") << u"TX5.jpg"_s << QSize(320, 256);
+    QTest::newRow("none beyond 5") << u"TX6.jpg"_s << QSize(0, 0);
+    QTest::newRow("marker") << u"checknew.jpg?d=20240124153059"_s << QSize(1, 212);
+  }
+
+  void servesWhatAStationHas() {
+    QFETCH(QString, path);
+    QFETCH(QSize, size);
+    StationBand band;
+    Station& station = band.AddStation(u"ZZ9QX"_s);
+    station.SetMarker({2, 212});
+    station.SetOnAir(true);
+    const Got got = Read(station.Base() + u'/' + path);
+    QCOMPARE(QImage::fromData(got.body).size(), size);
+    QCOMPARE(got.status, size.isEmpty() ? 404 : 200);
+  }
+
+  void newPictureMovesMarkerAndImages() {
+    StationBand band;
+    Station& station = band.AddStation(u"ZZ9QX"_s);
+    const QString marker = station.Base() + u"/checknew.jpg"_s;
+    const QByteArray picture = Read(station.Url()).body;
+    const QSize before = QImage::fromData(Read(marker).body).size();
+    station.NewPicture(QDateTime(QDate(2024, 1, 24), QTime(15, 30), Qt::UTC));
+    const QByteArray next = Read(station.Url()).body;
+    QVERIFY(next != picture);
+    QVERIFY(next.endsWith("*01:24:2024 15:30        ") || next.contains("*01:24:2024 15:30 "));
+    QCOMPARE(Read(station.Base() + u"/image2"_s).body, picture);
+    QVERIFY(QImage::fromData(Read(marker).body).height() != before.height());
+    station.SetPicture("as it stands");
+    QCOMPARE(Read(station.Url()).body, QByteArray("as it stands"));
+  }
+
+  void countsWhatWasAsked() {
+    StationBand band;
+    Station& one = band.AddStation(u"ZZ9AA"_s);
+    Station& other = band.AddStation(u"ZZ9BB"_s);
+    QVERIFY(QUrl(one.Url()).host() != QUrl(other.Url()).host());
+    Read(one.Base() + u"/checknew.jpg?d=1"_s);
+    Read(one.Base() + u"/checknew.jpg?d=2"_s);
+    Read(one.Url());
+    Read(band.HostUrl(u"Connectivity"_s));
+    QCOMPARE(one.Requests(u"checknew.jpg"_s), 2);
+    QCOMPARE(one.Requests(u"image1"_s), 1);
+    QCOMPARE(other.TotalRequests(), 0);
+    QCOMPARE(one.Log(), QStringList({u"/checknew.jpg?d=1"_s, u"/checknew.jpg?d=2"_s, u"/image1"_s}));
+    QCOMPARE(band.FindHost(u"Connectivity"_s)->Requests({}), 1);
+    QCOMPARE(band.TotalRequests(), 4);
+  }
+
+  void misbehaves_data() {
+    QTest::addColumn<Behaviour>("behaviour");
+    QTest::addColumn<int>("status");  // 0: no answer at all
+    QTest::addColumn<bool>("ends");
+    QTest::addColumn<bool>("failed");
+    QTest::addColumn<int>("bytes");  // of 1000; -1: another body
+    QTest::newRow("404") << Behaviour::NotFound << 404 << true << true << -1;
+    QTest::newRow("500") << Behaviour::ServerError << 500 << true << true << -1;
+    QTest::newRow("empty") << Behaviour::EmptyBody << 200 << true << false << 0;
+    QTest::newRow("short") << Behaviour::ShortBody << 200 << true << true << 1000;
+    QTest::newRow("truncated") << Behaviour::Truncated << 200 << true << false << 500;
+    QTest::newRow("endless") << Behaviour::Endless << 200 << false << false << -1;
+    QTest::newRow("stall") << Behaviour::Stall << 0 << false << false << 0;
+    QTest::newRow("stall in body") << Behaviour::StallMidBody << 200 << false << false << 500;
+    QTest::newRow("reset") << Behaviour::Reset << 0 << true << true << 0;
+    QTest::newRow("refuse") << Behaviour::Refuse << 0 << true << true << 0;
+    QTest::newRow("loop") << Behaviour::RedirectLoop << 302 << true << true << -1;
+    QTest::newRow("to a file") << Behaviour::RedirectToFile << 302 << true << true << -1;
+    QTest::newRow("one hop") << Behaviour::RedirectOk << 200 << true << false << 1000;
+    QTest::newRow("page") << Behaviour::WrongType << 200 << true << false << -1;
+    QTest::newRow("garbage") << Behaviour::GarbageBody << 200 << true << false << -1;
+  }
+
+  void misbehaves() {
+    QFETCH(Behaviour, behaviour);
+    QFETCH(int, bytes);
+    QFETCH(bool, ends);
+    StationBand band;
+    Station& station = band.AddStation(u"ZZ9QX"_s);
+    const QByteArray picture(1000, 'p');
+    station.SetPicture(picture);
+    station.Misbehave(u"image1"_s, behaviour);
+    const Got got = Read(station.Url(), ends ? 20s : 700ms, 1 << 20);
+    QCOMPARE(got.ended, ends);
+    QTEST(got.status, "status");
+    if (ends) QTEST(got.error != QNetworkReply::NoError, "failed");
+    if (bytes >= 0) QCOMPARE(got.body, picture.left(bytes));
+    if (behaviour == Behaviour::Endless) QVERIFY(got.body.size() > 1 << 20);
+    if (behaviour != Behaviour::Refuse)
+      QCOMPARE(QImage::fromData(Read(station.Base() + u"/checknew.jpg"_s).body).width(), 2);
+
+    station.Misbehave(u"image1"_s, Behaviour::Normal);
+    QCOMPARE(Read(station.Url()).body, picture);
+  }
+
+  void dripsAndWaits() {
+    StationBand band;
+    Station& station = band.AddStation(u"ZZ9QX"_s);
+    station.SetPicture("0123456789");
+    station.SetLatency(300ms);
+    QElapsedTimer clock;
+    clock.start();
+    QCOMPARE(Read(station.Url()).body.size(), 10);
+    QVERIFY(clock.elapsed() >= 290);
+    station.Misbehave({}, Behaviour::Drip);
+    const Got some = Read(station.Url(), 20s, 2);
+    QVERIFY(!some.ended);
+    QCOMPARE(some.body, QByteArray("012"));
+  }
+
+  void pagesAreReadableWhereReadersLook() {
+    StationBand band;
+    const QString time = QString::fromLatin1(Read(band.HostUrl(u"Time"_s) + u"/cgi-bin/timer.pl"_s).body);
+    const QTime told = QTime::fromString(time.mid(time.indexOf("BR"_L1) + 12, 8), u"hh:mm:ss"_s);
+    QVERIFY2(told.isValid(), qPrintable(time));
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    QVERIFY(std::abs(QDateTime(now.date(), told, Qt::UTC).secsTo(now)) % 86390 < 10);
+    const QString author = QString::fromLatin1(Read(band.HostUrl(u"Author"_s) + u'/').body);
+    QCOMPARE(author.mid(author.indexOf("Omni-Perch ver"_L1) + 15, 4), u"6.50"_s);
+    QVERIFY(Read(band.HostUrl(u"Author"_s) + u"/zz9qx/Bad Calls/Bad Calls.txt"_s).body.contains("N0CALL\r\n"));
+    QVERIFY(band.HostsIni().contains("Time=" + band.HostUrl(u"Time"_s).toUtf8() + '\n'));
+    QVERIFY(band.HostsIni().contains("HamCall=\n"));
+  }
+};
+
+OMNI_TEST(TestStationBand)
+#include "test_station_band.moc"

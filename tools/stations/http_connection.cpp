@@ -1,0 +1,167 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "http_connection.h"
+
+#include <sys/socket.h>
+
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qsizetype kMaxHead = 32768;
+constexpr qint64 kFloodAhead = 262144;  // bytes in flight of an answer without end
+constexpr auto kDripEvery = 100ms;
+constexpr qint64 kMissing = 5000;  // bytes that a short body claims beyond what it sends
+
+QByteArray StatusLine(int status) {
+  switch (status) {
+    case 200:
+      return "HTTP/1.1 200 OK\r\n";
+    case 302:
+      return "HTTP/1.1 302 Found\r\n";
+    case 404:
+      return "HTTP/1.1 404 Not Found\r\n";
+    case 405:
+      return "HTTP/1.1 405 Method Not Allowed\r\n";
+    default:
+      return "HTTP/1.1 500 Internal Server Error\r\n";
+  }
+}
+
+}  // namespace
+
+HttpConnection::HttpConnection(QTcpSocket* socket, Host& host) : QObject(&host), socket_(socket), host_(host) {
+  socket_->setParent(this);
+  connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::ReadMore);
+  connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
+  connect(&drip_, &QTimer::timeout, this, &HttpConnection::DripByte);
+  ReadMore();
+}
+
+void HttpConnection::ReadMore() {
+  buffer_ += socket_->readAll();
+  if (busy_) {
+    if (buffer_.size() > kMaxHead) Reset();
+    return;
+  }
+  const qsizetype end = buffer_.indexOf("\r\n\r\n");
+  if (end < 0) {
+    if (buffer_.size() > kMaxHead) Reset();
+    return;
+  }
+  const QByteArray head = buffer_.left(end);
+  buffer_.remove(0, end + 4);
+  TakeRequest(head);
+}
+
+void HttpConnection::TakeRequest(const QByteArray& head) {
+  const QList<QByteArray> words = head.split('\r').first().split(' ');
+  const QByteArray fields = head.toLower();
+  busy_ = true;
+  headOnly_ = words.first() == "HEAD";
+  keepAlive_ = words.last() == "HTTP/1.1" && !fields.contains("\r\nconnection: close");
+  if (words.size() != 3 || !words.at(1).startsWith('/') || (words.first() != "GET" && !headOnly_)) {
+    keepAlive_ = false;
+    WriteWhole({405, "text/plain", "GET and HEAD only\n", {}});
+    return;
+  }
+  host_.Take(this, words.at(1));
+}
+
+void HttpConnection::Send(const Answer& answer, Behaviour behaviour) {
+  const qint64 size = answer.body.size();
+  switch (behaviour) {
+    case Behaviour::ShortBody:
+      keepAlive_ = false;
+      WritePart(answer, size + kMissing, size);
+      Finish();
+      return;
+    case Behaviour::Truncated: {
+      Answer half = answer;
+      half.body.truncate(size / 2);
+      WriteWhole(half);
+      return;
+    }
+    case Behaviour::StallMidBody:
+      WritePart(answer, size, size / 2);
+      return;
+    case Behaviour::Endless:
+      BeginFlood(answer);
+      return;
+    case Behaviour::Drip:
+      BeginDrip(answer);
+      return;
+    case Behaviour::Reset:
+      Reset();
+      return;
+    default:
+      WriteWhole(answer);
+  }
+}
+
+void HttpConnection::Reset() {
+  // A linger time of nothing makes the system send a reset instead of an orderly end.
+  const linger hard{.l_onoff = 1, .l_linger = 0};
+  setsockopt(static_cast<int>(socket_->socketDescriptor()), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
+  socket_->abort();
+  deleteLater();
+}
+
+// length below 0: not told.
+void HttpConnection::WriteHead(const Answer& answer, qint64 length) {
+  QByteArray head = StatusLine(answer.status) + "Server: shack\r\nContent-Type: " + answer.type + "\r\n";
+  if (length >= 0) head += "Content-Length: " + QByteArray::number(length) + "\r\n";
+  if (!answer.location.isEmpty()) head += "Location: " + answer.location + "\r\n";
+  head += keepAlive_ ? "Connection: keep-alive\r\n\r\n" : "Connection: close\r\n\r\n";
+  socket_->write(head);
+}
+
+void HttpConnection::WriteWhole(const Answer& answer) {
+  WritePart(answer, answer.body.size(), answer.body.size());
+  Finish();
+}
+
+void HttpConnection::WritePart(const Answer& answer, qint64 claimed, qint64 sent) {
+  WriteHead(answer, claimed);
+  if (!headOnly_) socket_->write(answer.body.constData(), sent);
+}
+
+void HttpConnection::BeginFlood(const Answer& answer) {
+  keepAlive_ = false;
+  rest_ = answer.body.isEmpty() ? QByteArray(4096, 'x') : answer.body;
+  WriteHead(answer, -1);
+  connect(socket_, &QTcpSocket::bytesWritten, this, &HttpConnection::Flood);
+  Flood();
+}
+
+void HttpConnection::Flood() {
+  while (socket_->state() == QAbstractSocket::ConnectedState && socket_->bytesToWrite() < kFloodAhead) {
+    socket_->write(rest_);
+  }
+}
+
+void HttpConnection::BeginDrip(const Answer& answer) {
+  rest_ = answer.body;
+  WriteHead(answer, rest_.size());
+  drip_.start(kDripEvery);
+}
+
+void HttpConnection::DripByte() {
+  if (dripped_ < rest_.size()) {
+    socket_->write(rest_.constData() + dripped_++, 1);
+    return;
+  }
+  drip_.stop();
+  Finish();
+}
+
+void HttpConnection::Finish() {
+  if (!keepAlive_) {
+    socket_->disconnectFromHost();
+    return;
+  }
+  busy_ = false;
+  // A request that came in behind the one just answered is taken from the event loop, not from within this answer.
+  if (!buffer_.isEmpty()) QMetaObject::invokeMethod(this, &HttpConnection::ReadMore, Qt::QueuedConnection);
+}

@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One connection of a host: takes requests one after the other and writes the answers, properly or as badly as it is
+// told. Host makes one for each caller.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include "http_host.h"
+
+class HttpConnection : public QObject {
+ public:
+  // Takes the socket over.
+  HttpConnection(QTcpSocket* socket, Host& host);
+
+  // Writes the answer to the request that is pending.
+  void Send(const Answer& answer, Behaviour behaviour);
+  // Sends nothing for the request that is pending and takes no other.
+  void FallSilent() { busy_ = true; }
+  // Ends the connection so that the caller sees a reset, not an orderly end.
+  void Reset();
+
+ private:
+  void ReadMore();
+  void TakeRequest(const QByteArray& head);
+  void WriteHead(const Answer& answer, qint64 length);
+  void WriteWhole(const Answer& answer);
+  void WritePart(const Answer& answer, qint64 claimed, qint64 sent);
+  void BeginFlood(const Answer& answer);
+  void Flood();
+  void BeginDrip(const Answer& answer);
+  void DripByte();
+  void Finish();
+
+  QTcpSocket* socket_;
+  Host& host_;
+  QByteArray buffer_;
+  QByteArray rest_;  // what floods or drips
+  QTimer drip_;
+  qsizetype dripped_ = 0;
+  bool busy_ = false;
+  bool headOnly_ = false;
+  bool keepAlive_ = true;
+};

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One web host of the simulated band: a small HTTP/1.1 server on a loopback address of its own, whose answers can be
+// told to misbehave. Stations and the named hosts (author, time, ...) derive from it and only say what a path holds.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QHostAddress>
+#include <QObject>
+#include <QStringList>
+#include <QTcpServer>
+#include <chrono>
+#include <functional>
+
+// What a host does instead of answering properly.
+enum class Behaviour {
+  Normal,
+  NotFound,        // status 404 with a page that says so
+  ServerError,     // status 500 with a page
+  EmptyBody,       // status 200, no byte
+  ShortBody,       // tells a longer body than it sends, then closes
+  Truncated,       // half the picture in an answer that is whole
+  Endless,         // bytes until the reader gives up
+  Stall,           // takes the request and never answers
+  StallMidBody,    // falls silent in the middle of the body
+  Drip,            // a byte now and then
+  Reset,           // the connection is reset
+  Refuse,          // the connection is refused: holds for the whole host, whatever path is named
+  RedirectLoop,    // to the same address, for ever
+  RedirectToFile,  // to a file of the reader's own machine
+  RedirectOk,      // one hop to the right thing
+  WrongType,       // a page with status 200 that does not say "404"
+  Bomb,            // a picture whose header claims 60000x60000 pixels
+  GarbageBody      // bytes that are no picture
+};
+
+struct Answer {
+  int status = 200;
+  QByteArray type = "text/html";
+  QByteArray body;
+  QByteArray location;  // of a redirect; else empty
+};
+
+class HttpConnection;
+
+class Host : public QObject {
+ public:
+  // Listens at once; port 0 takes any free one.
+  Host(const QHostAddress& address, quint16 port, QObject* parent);
+  ~Host() override;
+
+  bool IsListening() const { return server_.isListening(); }
+  // Scheme and authority, without a trailing "/".
+  QString Base() const;
+
+  // From now on for this path ("checknew.jpg", "image1"); the empty path stands for all that are not named themselves.
+  void Misbehave(const QString& path, Behaviour behaviour);
+  // Time before the first byte of each answer.
+  void SetLatency(std::chrono::milliseconds latency) { latency_ = latency; }
+
+  // How often a path was asked, whatever the query; "" is the root page.
+  int Requests(const QString& path) const;
+  int TotalRequests() const { return total_; }
+  // Request targets in order of arrival, queries included, the latest 10,000.
+  QStringList Log() const { return log_; }
+
+ protected:
+  using Deliver = std::function<void(const Answer&)>;
+  // Answers a path (no leading "/", no query), at once or later; deliver may be called after the reader has gone.
+  virtual void Handle(const QString& path, const Deliver& deliver) = 0;
+
+ private:
+  friend class HttpConnection;
+  void Accept();
+  void Take(HttpConnection* connection, const QByteArray& target);
+  Behaviour BehaviourOf(const QString& path) const;
+
+  QTcpServer server_;
+  QHostAddress address_;
+  quint16 port_;
+  QHash<QString, Behaviour> behaviours_;
+  QHash<QString, int> counts_;
+  QStringList log_;
+  int total_ = 0;
+  std::chrono::milliseconds latency_{0};
+};

@@ -1,0 +1,229 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "station_band.h"
+
+#include <QBuffer>
+#include <QImage>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kMarkerLow = 40;
+constexpr int kMarkerHigh = 640;
+constexpr quint32 kFirstAddress = 0x7f500000;  // 127.80.0.0
+constexpr int kImages = 30;
+constexpr int kSentPictures = 5;
+// Numbers of what a station sends itself and of its cam, far from those of received pictures.
+constexpr int kSentNumber = -100000;
+constexpr int kCamNumber = -200000;
+
+constexpr std::array kAllHosts{"Connectivity"_L1, "Author"_L1, "Time"_L1,    "OnAirCgi"_L1, "OnAirText"_L1, "eHam"_L1,
+                               "QRZ"_L1,          "QRZCQ"_L1,  "Callook"_L1, "HamCall"_L1,  "Pictures"_L1,  "Maps"_L1};
+
+QByteArray MarkerFile(QSize size) {
+  if (size.isEmpty()) return {};
+  QImage image(size, QImage::Format_Grayscale8);
+  image.fill(128);
+  QByteArray file;
+  QBuffer buffer(&file);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "JPEG", 20);
+  return file;
+}
+
+// The same for the same call in every run.
+quint32 SeedOf(const QString& call) {
+  quint32 seed = 2166136261U;
+  for (const QChar letter : call) seed = (seed ^ letter.unicode()) * 16777619U;
+  return seed;
+}
+
+Answer NoSuchPage() {
+  return {404,
+          "text/html",
+          "<html><head><title>404 Not Found</title></head><body><h1>Not Found</h1><p>There is no such page on this "
+          "server.</p></body></html>",
+          {}};
+}
+
+// "image7" is 7, "TX2.jpg" is 2; 0 for anything else or beyond count.
+int NumberIn(const QString& path, QLatin1StringView before, QLatin1StringView behind, int count) {
+  if (!path.startsWith(before) || !path.endsWith(behind)) return 0;
+  const int number = path.mid(before.size(), path.size() - before.size() - behind.size()).toInt();
+  return number >= 1 && number <= count ? number : 0;
+}
+
+// The reader takes the eight characters that begin twelve places behind the start of "BR".
+QByteArray TimePage() {
+  const QString now = QLocale::c().toString(QDateTime::currentDateTimeUtc(), u"MMM. dd, hh:mm:ss"_s);
+  return "<html><body><h3>What time is it?</h3><BR>" + now.toLatin1() + " UTC\t\tUniversal Time\n</body></html>\n";
+}
+
+QByteArray BadCallsList() {
+  return "BBZW\r\nBKZKY\r\nBITEME\r\nB1TEME\r\nCallsign\r\nDEN4CTFK\r\nFAWA\r\nFCR16\r\nFCR16B\r\nFFQKY\r\nIGNORED\r\n"
+         "KX4QRT\r\nLBZW\r\nMARS\r\nN0CALL\r\nNOCALL\r\nXMOP";
+}
+
+}  // namespace
+
+Station::Station(const QString& call, const QHostAddress& address, quint16 port, QThreadPool& painters, QObject* parent)
+    : Host(address, port, parent), call_(call), painters_(painters) {
+  recipe_.seed = SeedOf(call);
+  recipe_.scene = u"testcard"_s;
+  recipe_.type = PictureType::Jpeg;
+  recipe_.size = QSize(320, 256);
+  marker_ = QSize(2, kMarkerLow + static_cast<int>(recipe_.seed % (kMarkerHigh - kMarkerLow)));
+}
+
+void Station::SetOnAir(bool onAir) {
+  marker_.setWidth(onAir ? 1 : 2);
+}
+
+void Station::SetPicture(const QByteArray& file) {
+  painted_[newest_] = {file, {}};
+}
+
+void Station::SetRecipe(const PictureRecipe& recipe) {
+  recipe_ = recipe;
+  painted_.clear();
+}
+
+void Station::NewPicture(const QDateTime& sent) {
+  ++newest_;
+  sentAt_.insert(newest_, sent);
+  // Any other height will do; a step of 37 keeps clear of the heights of the pictures before it.
+  const int height = marker_.height() + 37;
+  marker_.setHeight(height > kMarkerHigh ? height - kMarkerHigh + kMarkerLow : height);
+  painted_.erase(newest_ - kImages);
+}
+
+void Station::Prepare(const std::function<void()>& done) {
+  WithPicture(newest_, [done](const QByteArray&) { done(); });
+}
+
+PictureRecipe Station::RecipeOf(int number) const {
+  PictureRecipe recipe = recipe_;
+  if (number == 0) return recipe;
+  recipe.seed = recipe_.seed * 2654435761U + static_cast<quint32>(number) * 40503U;
+  recipe.caller.clear();
+  recipe.scene.clear();
+  recipe.sent = sentAt_.value(number, recipe_.sent.addSecs(number * 3900LL));
+  if (number <= kSentNumber) {
+    recipe.caller = call_;
+    recipe.type = PictureType::Jpeg;
+    recipe.tail = TailStyle::None;
+  }
+  return recipe;
+}
+
+void Station::WithPicture(int number, const std::function<void(const QByteArray&)>& then) {
+  Painted& picture = painted_[number];
+  if (!picture.file.isEmpty()) {
+    then(picture.file);
+    return;
+  }
+  picture.waiting.push_back(then);
+  if (picture.waiting.size() > 1) return;
+  painters_.start([this, number, recipe = RecipeOf(number)] {
+    const QByteArray file = MakePicture(recipe);
+    QMetaObject::invokeMethod(
+        this, [this, number, file] { TakePainted(number, file); }, Qt::QueuedConnection);
+  });
+}
+
+void Station::TakePainted(int number, const QByteArray& file) {
+  Painted& picture = painted_[number];
+  if (picture.file.isEmpty()) picture.file = file;
+  const QByteArray shown = picture.file;
+  for (const auto& then : std::exchange(picture.waiting, {})) then(shown);
+}
+
+void Station::Handle(const QString& path, const Deliver& deliver) {
+  const auto deliverFile = [deliver](const QByteArray& file) { deliver({200, "image/jpeg", file, {}}); };
+  const int image = NumberIn(path, "image"_L1, ""_L1, kImages);
+  const int sent = NumberIn(path, "TX"_L1, ".jpg"_L1, kSentPictures);
+  if (files_.contains(path)) {
+    deliverFile(files_.value(path));
+  } else if (path == "checknew.jpg"_L1) {
+    deliverFile(MarkerFile(marker_));
+  } else if (image > 0) {
+    WithPicture(newest_ - image + 1, deliverFile);
+  } else if (sent > 0) {
+    WithPicture(kSentNumber - sent, deliverFile);
+  } else if (path == "cam.jpg"_L1) {
+    WithPicture(kCamNumber, deliverFile);
+  } else {
+    deliver(NoSuchPage());
+  }
+}
+
+void PageHost::Handle(const QString& path, const Deliver& deliver) {
+  const auto page = pages_.constFind(path);
+  deliver(page == pages_.constEnd() ? NoSuchPage() : Answer{200, "text/html", (*page)(), {}});
+}
+
+StationBand::StationBand(quint16 port, QObject* parent) : QObject(parent), port_(port), lastAddress_(kFirstAddress) {
+  painters_.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
+  AddHost(u"Connectivity"_s)->SetPage({}, [] { return QByteArray("<html><body>Search the web</body></html>\n"); });
+  AddHost(u"Time"_s)->SetPage(u"cgi-bin/timer.pl"_s, TimePage);
+  PageHost* author = AddHost(u"Author"_s);
+  author->SetPage({}, [] {
+    return QByteArray("<html><body><h2>Download</h2><p>Omni-Perch ver 6.50, released 1/24/24</p></body></html>\n");
+  });
+  author->SetPage(u"zz9qx/Bad Calls/Bad Calls.txt"_s, BadCallsList);
+}
+
+StationBand::~StationBand() {
+  painters_.clear();
+  painters_.waitForDone();
+}
+
+QHostAddress StationBand::NextAddress() {
+  // Last parts 0 and 255 look like network addresses to some readers.
+  do {
+    ++lastAddress_;
+  } while ((lastAddress_ & 0xffU) == 0 || (lastAddress_ & 0xffU) == 0xffU);
+  return QHostAddress(lastAddress_);
+}
+
+PageHost* StationBand::AddHost(const QString& name) {
+  return *hosts_.insert(name, new PageHost(NextAddress(), port_, this));
+}
+
+Station& StationBand::AddStation(const QString& call) {
+  stations_.push_back(new Station(call, NextAddress(), port_, painters_, this));
+  return *stations_.back();
+}
+
+Station* StationBand::Find(const QString& call) const {
+  const auto at = std::find_if(stations_.begin(), stations_.end(), [&](const Station* s) { return s->Call() == call; });
+  return at == stations_.end() ? nullptr : *at;
+}
+
+QStringList StationBand::HostNames() const {
+  return hosts_.keys();
+}
+
+QString StationBand::HostUrl(const QString& name) const {
+  const PageHost* host = hosts_.value(name);
+  return host == nullptr ? QString() : host->Base();
+}
+
+QByteArray StationBand::HostsIni() const {
+  QByteArray text = "[Hosts]\n";
+  for (const QLatin1StringView name : kAllHosts) text += name.toString().toUtf8() + '=' + HostUrl(name).toUtf8() + '\n';
+  return text;
+}
+
+int StationBand::TotalRequests() const {
+  int total = 0;
+  for (const Station* station : stations_) total += station->TotalRequests();
+  for (const PageHost* host : hosts_) total += host->TotalRequests();
+  return total;
+}
+
+bool StationBand::IsListening() const {
+  return std::all_of(stations_.begin(), stations_.end(), [](const Station* s) { return s->IsListening(); }) &&
+         std::all_of(hosts_.begin(), hosts_.end(), [](const PageHost* h) { return h->IsListening(); });
+}
