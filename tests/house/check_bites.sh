@@ -60,6 +60,7 @@ broken '501 lines' src/poll/walk.cpp "$spdx" "$(yes '//' | head -n 500)"
 broken 'walk.h: does not begin with its SPDX' src/poll/walk.h '#pragma once'
 broken 'CMakeLists.txt: does not begin with its SPDX' src/poll/CMakeLists.txt 'target_sources(omni_logic PRIVATE walk.h)'
 broken 'no #pragma once' src/poll/walk.h "$spdx"
+broken 'Gone does not stand in src/poll/walk.h' docs/names.md '| Name | Role | File |' '| `once`, `Gone` | what it was | `poll/walk.h` |'
 for wait in 'QTest::qWait(50);' 'QTest::qSleep(50);' 'QThread::msleep(50);' 'QThread::sleep(1);' 'usleep(5);' \
   'std::this_thread::sleep_for(1s);'; do
   broken 'test_walk.cpp:2: a bare wait' tests/poll/test_walk.cpp "$spdx" "  $wait"

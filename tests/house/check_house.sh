@@ -89,7 +89,19 @@ check_waits() {
     sed 's/^\([^:]*:[0-9]*\):.*/\1: a bare wait/'
 }
 
-faults=$(check_floors; check_circles; check_widgets; check_files; check_waits)
+# The table of given names tells the truth about where they stand.
+check_names() {
+  [ -f docs/names.md ] || return 0
+  awk -F'|' '/^\| `/ {
+    file = $4; gsub(/[ `]/, "", file)
+    count = split($2, name, ",")
+    for (i = 1; i <= count; i++) { gsub(/[ `]/, "", name[i]); print name[i], file }
+  }' docs/names.md | while read -r name file; do
+    grep -qwF -- "$name" "src/$file" 2>/dev/null || echo "docs/names.md: $name does not stand in src/$file"
+  done
+}
+
+faults=$(check_floors; check_circles; check_widgets; check_files; check_waits; check_names)
 if [ -n "$faults" ]; then
   echo "$faults"
   exit 1
