@@ -84,7 +84,7 @@ int HeightTable::Height(int page, int slot) const {
   if (!IsInTable(page, slot)) return 0;
   const QStringList parts = entries_[static_cast<size_t>(page)][static_cast<size_t>(slot)].split(u'-');
   const double height = Val(parts.value(2));
-  return height > 0 && height <= std::numeric_limits<int>::max() ? static_cast<int>(height) : 0;
+  return height <= std::numeric_limits<int>::max() ? static_cast<int>(height) : 0;
 }
 
 void HeightTable::SetHeight(int page, int slot, int height) {

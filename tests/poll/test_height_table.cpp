@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "poll/height_table.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto kFile = "images/dsstv/ckNewHeight.txt"_L1;
+
+// A data folder with a picture, a thumb and, unless it is null, a file of heights.
+class DataFolder {
+ public:
+  explicit DataFolder(const QByteArray& heights) {
+    QDir(Path()).mkpath(u"images/dsstv/thumbs"_s);
+    Put(u"images/dsstv/3-8"_s, "picture");
+    Put(u"images/dsstv/thumbs/3-8.jpg"_s, "thumb");
+    if (!heights.isNull()) Put(kFile, heights);
+  }
+  QString Path() const { return folder_.path(); }
+  bool Has(const QString& name) const { return QFile::exists(folder_.filePath(name)); }
+  QList<QByteArray> Lines() const {
+    QFile file(folder_.filePath(kFile));
+    return file.open(QIODevice::ReadOnly) ? file.readAll().split('\n') : QList<QByteArray>();
+  }
+
+ private:
+  void Put(const QString& name, const QByteArray& bytes) const {
+    QFile file(folder_.filePath(name));
+    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+  }
+  QTemporaryDir folder_;
+};
+
+}  // namespace
+
+class TestHeightTable : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void WipesPicturesWithoutHeights_data();
+  void WipesPicturesWithoutHeights();
+  void ReadsEntries_data();
+  void ReadsEntries();
+  void ComesBackAfterARestart();
+  void KeepsPicturesOfAnUnreadableFile();
+};
+
+void TestHeightTable::WipesPicturesWithoutHeights_data() {
+  QTest::addColumn<QByteArray>("heights");
+  QTest::newRow("missing") << QByteArray();
+  QTest::newRow("empty") << QByteArray("");
+  QTest::newRow("former format") << QByteArray("412,1-1-7\r\n1-2-8\r\n");
+  QTest::newRow("former format, a line each") << QByteArray("412\r\n1-1-7\r\n");
+  QTest::newRow("garbled") << QByteArray("\0\xFF\0\n1-1-7\n", 10);
+}
+
+void TestHeightTable::WipesPicturesWithoutHeights() {
+  QFETCH(const QByteArray, heights);
+  const DataFolder folder(heights);
+  HeightTable table;
+  table.Read(folder.Path());
+  QVERIFY(!folder.Has(u"images/dsstv/3-8"_s));
+  QVERIFY(!folder.Has(kFile));
+  QVERIFY(folder.Has(u"images/dsstv/thumbs/3-8.jpg"_s));
+  QCOMPARE(table.Height(1, 1), 0);
+}
+
+void TestHeightTable::ReadsEntries_data() {
+  QTest::addColumn<QByteArray>("entry");  // of page 1, slot 1
+  QTest::addColumn<int>("height");
+  QTest::newRow("as written") << QByteArray("1-1-412") << 412;
+  QTest::newRow("another place's") << QByteArray("9-9-412") << 412;
+  QTest::newRow("bare") << QByteArray("412") << 412;
+  QTest::newRow("quoted") << QByteArray("\"1-1-412\"") << 412;
+  QTest::newRow("number and more") << QByteArray("1-1- 412px") << 412;
+  QTest::newRow("unknown") << QByteArray("x") << 0;
+  QTest::newRow("nothing") << QByteArray("") << 0;
+  QTest::newRow("two parts") << QByteArray("1-412") << 0;
+  QTest::newRow("negative") << QByteArray("1-1--412") << 0;
+  QTest::newRow("negative, bare") << QByteArray("-412") << 0;
+  QTest::newRow("past any picture") << QByteArray("1-1-99999999999999999999") << 0;
+}
+
+void TestHeightTable::ReadsEntries() {
+  QFETCH(const QByteArray, entry);
+  QFETCH(const int, height);
+  for (const char* separator : {"\r\n", "\n", ","}) {
+    const DataFolder folder("1-0-11" + QByteArray(separator) + entry + separator + "1-2-13");
+    HeightTable table;
+    table.Read(folder.Path());
+    QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
+    QCOMPARE(table.Height(1, 0), 11);
+    QCOMPARE(table.Height(1, 1), height);
+    QCOMPARE(table.Height(1, 2), 13);
+    QCOMPARE(table.Height(20, 35), 0);
+  }
+}
+
+void TestHeightTable::ComesBackAfterARestart() {
+  const DataFolder folder("1-0-11\n1-1-\"4,5\"\n\"1-2-6,7\"\n");
+  HeightTable table;
+  table.Read(folder.Path());
+  table.SetHeight(3, 7, 412);
+  table.SetHeight(20, 35, 65535);
+  table.SetHeight(21, 0, 5);  // the WX page has no place here
+  table.SetHeight(3, 36, 5);
+  QVERIFY(table.Write(folder.Path()));
+
+  const QList<QByteArray> lines = folder.Lines();
+  QCOMPARE(lines.size(), 721);  // 720, and nothing behind the last line's end
+  QCOMPARE(lines[2 * 36 + 7].trimmed(), QByteArray("3-7-412"));
+  QCOMPARE(lines[2 * 36 + 8].trimmed(), QByteArray("3-8-x"));
+  HeightTable again;
+  again.Read(folder.Path());
+  for (int page = 0; page <= 22; ++page) {
+    for (int slot = -1; slot <= 37; ++slot) QCOMPARE(again.Height(page, slot), table.Height(page, slot));
+  }
+  QCOMPARE(again.Height(20, 35), 65535);
+  QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
+
+  HeightTable neverRead;
+  QVERIFY(neverRead.Write(folder.Path()));
+  QCOMPARE(folder.Lines().first().trimmed(), QByteArray("1-0-x"));
+}
+
+// A folder in the file's place cannot be read as a file by any user, root included.
+void TestHeightTable::KeepsPicturesOfAnUnreadableFile() {
+  const DataFolder folder({});
+  QVERIFY(QDir(folder.Path()).mkdir(kFile));
+  HeightTable table;
+  table.Read(folder.Path());
+  QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
+  QVERIFY(!table.Write(folder.Path()));
+}
+
+OMNI_TEST(TestHeightTable)
+#include "test_height_table.moc"
