@@ -111,7 +111,7 @@ class Peers {
  private:
   QString Files() const { return folder_ + "/peer"_L1; }
   void Curl(QLatin1StringView list) const {
-    Run(u"curl"_s, {u"--silent"_s, u"--show-error"_s, u"--parallel"_s, u"--parallel-immediate"_s, u"--parallel-max"_s,
+    Run(u"curl"_s, {u"--no-progress-meter"_s, u"--parallel"_s, u"--parallel-immediate"_s, u"--parallel-max"_s,
                     QString::number(urls_.size()), u"--config"_s, folder_ + list});
   }
   // Between the polls nothing is measured, so that waiting for the peer holds up nothing that counts.
