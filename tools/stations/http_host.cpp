@@ -57,13 +57,31 @@ Answer Altered(const Answer& answer, Behaviour behaviour, const QByteArray& targ
   }
 }
 
+bool NeedsBody(Behaviour behaviour) {
+  switch (behaviour) {
+    case Behaviour::NotFound:
+    case Behaviour::ServerError:
+    case Behaviour::EmptyBody:
+    case Behaviour::WrongType:
+    case Behaviour::GarbageBody:
+    case Behaviour::RedirectLoop:
+    case Behaviour::RedirectToFile:
+    case Behaviour::RedirectOk:
+    case Behaviour::Reset:
+      return false;
+    default:
+      return true;
+  }
+}
+
 }  // namespace
 
 Host::Host(const QHostAddress& address, quint16 port, QObject* parent)
     : QObject(parent), address_(address), port_(port) {
   server_.setProxy(QNetworkProxy::NoProxy);
   connect(&server_, &QTcpServer::newConnection, this, &Host::Accept);
-  if (server_.listen(address_, port_)) port_ = server_.serverPort();
+  hasAddress_ = server_.listen(address_, port_);
+  if (hasAddress_) port_ = server_.serverPort();
 }
 
 Host::~Host() = default;
@@ -114,10 +132,15 @@ void Host::Take(HttpConnection* connection, const QByteArray& target) {
     return;
   }
   const QPointer<HttpConnection> caller(connection);
-  Handle(path, [this, caller, behaviour, target](const Answer& answer) {
+  const Deliver deliver = [this, caller, behaviour, target](const Answer& answer) {
     if (!caller) return;
     QTimer::singleShot(latency_, caller.data(), [caller, behaviour, told = Altered(answer, behaviour, target)] {
       caller->Send(told, behaviour);
     });
-  });
+  };
+  if (NeedsBody(behaviour)) {
+    Handle(path, deliver);
+  } else {
+    deliver({});
+  }
 }

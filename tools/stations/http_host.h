@@ -49,7 +49,8 @@ class Host : public QObject {
   Host(const QHostAddress& address, quint16 port, QObject* parent);
   ~Host() override;
 
-  bool IsListening() const { return server_.isListening(); }
+  // False where the address and port were not to be had; a host that refuses on purpose had them.
+  bool HasAddress() const { return hasAddress_; }
   // Scheme and authority, without a trailing "/".
   QString Base() const;
 
@@ -78,6 +79,7 @@ class Host : public QObject {
   QTcpServer server_;
   QHostAddress address_;
   quint16 port_;
+  bool hasAddress_ = false;
   QHash<QString, Behaviour> behaviours_;
   QHash<QString, int> counts_;
   QStringList log_;

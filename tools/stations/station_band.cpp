@@ -17,6 +17,9 @@ constexpr int kSentPictures = 5;
 // Numbers of what a station sends itself and of its cam, far from those of received pictures.
 constexpr int kSentNumber = -100000;
 constexpr int kCamNumber = -200000;
+// Painting for a reader that waits goes before painting ahead.
+constexpr int kAhead = 0;
+constexpr int kAsked = 1;
 
 constexpr std::array kAllHosts{"Connectivity"_L1, "Author"_L1, "Time"_L1,    "OnAirCgi"_L1, "OnAirText"_L1, "eHam"_L1,
                                "QRZ"_L1,          "QRZCQ"_L1,  "Callook"_L1, "HamCall"_L1,  "Pictures"_L1,  "Maps"_L1};
@@ -99,7 +102,7 @@ void Station::NewPicture(const QDateTime& sent) {
 }
 
 void Station::Prepare(const std::function<void()>& done) {
-  WithPicture(newest_, [done](const QByteArray&) { done(); });
+  WithPicture(newest_, kAhead, [done](const QByteArray&) { done(); });
 }
 
 PictureRecipe Station::RecipeOf(int number) const {
@@ -117,7 +120,7 @@ PictureRecipe Station::RecipeOf(int number) const {
   return recipe;
 }
 
-void Station::WithPicture(int number, const std::function<void(const QByteArray&)>& then) {
+void Station::WithPicture(int number, int priority, const std::function<void(const QByteArray&)>& then) {
   Painted& picture = painted_[number];
   if (!picture.file.isEmpty()) {
     then(picture.file);
@@ -125,11 +128,13 @@ void Station::WithPicture(int number, const std::function<void(const QByteArray&
   }
   picture.waiting.push_back(then);
   if (picture.waiting.size() > 1) return;
-  painters_.start([this, number, recipe = RecipeOf(number)] {
-    const QByteArray file = MakePicture(recipe);
-    QMetaObject::invokeMethod(
-        this, [this, number, file] { TakePainted(number, file); }, Qt::QueuedConnection);
-  });
+  painters_.start(
+      [this, number, recipe = RecipeOf(number)] {
+        const QByteArray file = MakePicture(recipe);
+        QMetaObject::invokeMethod(
+            this, [this, number, file] { TakePainted(number, file); }, Qt::QueuedConnection);
+      },
+      priority);
 }
 
 void Station::TakePainted(int number, const QByteArray& file) {
@@ -141,18 +146,18 @@ void Station::TakePainted(int number, const QByteArray& file) {
 
 void Station::Handle(const QString& path, const Deliver& deliver) {
   const auto deliverFile = [deliver](const QByteArray& file) { deliver({200, "image/jpeg", file, {}}); };
-  const int image = NumberIn(path, "image"_L1, ""_L1, kImages);
+  const int image = path == "latest.jpg"_L1 ? 1 : NumberIn(path, "image"_L1, ""_L1, kImages);
   const int sent = NumberIn(path, "TX"_L1, ".jpg"_L1, kSentPictures);
   if (files_.contains(path)) {
     deliverFile(files_.value(path));
   } else if (path == "checknew.jpg"_L1) {
     deliverFile(MarkerFile(marker_));
   } else if (image > 0) {
-    WithPicture(newest_ - image + 1, deliverFile);
+    WithPicture(newest_ - image + 1, kAsked, deliverFile);
   } else if (sent > 0) {
-    WithPicture(kSentNumber - sent, deliverFile);
+    WithPicture(kSentNumber - sent, kAsked, deliverFile);
   } else if (path == "cam.jpg"_L1) {
-    WithPicture(kCamNumber, deliverFile);
+    WithPicture(kCamNumber, kAsked, deliverFile);
   } else {
     deliver(NoSuchPage());
   }
@@ -223,7 +228,7 @@ int StationBand::TotalRequests() const {
   return total;
 }
 
-bool StationBand::IsListening() const {
-  return std::all_of(stations_.begin(), stations_.end(), [](const Station* s) { return s->IsListening(); }) &&
-         std::all_of(hosts_.begin(), hosts_.end(), [](const PageHost* h) { return h->IsListening(); });
+bool StationBand::HasAddresses() const {
+  return std::all_of(stations_.begin(), stations_.end(), [](const Station* s) { return s->HasAddress(); }) &&
+         std::all_of(hosts_.begin(), hosts_.end(), [](const PageHost* h) { return h->HasAddress(); });
 }

@@ -14,8 +14,9 @@
 #include "band_pictures.h"
 #include "http_host.h"
 
-// One receiving station: image1 to image30 (the newest first), TX1.jpg to TX5.jpg, cam.jpg, and the marker
-// checknew.jpg. Pictures are painted beside the event loop when they are first asked for.
+// One receiving station: image1 to image30 (the newest first), TX1.jpg to TX5.jpg, cam.jpg, latest.jpg
+// (the newest again, for weather sites), and the marker checknew.jpg. Pictures are painted beside the event loop when
+// they are first asked for.
 class Station : public Host {
  public:
   Station(const QString& call, const QHostAddress& address, quint16 port, QThreadPool& painters, QObject* parent);
@@ -32,7 +33,8 @@ class Station : public Host {
   // The newest picture as it stands, tail included, until the next NewPicture().
   void SetPicture(const QByteArray& file);
   // What the station receives: of the pictures painted from now on, everything that the recipe leaves open follows from
-  // its seed and the picture's number. A recipe's sender and time hold for the newest picture only.
+  // its seed and the picture's number. A recipe's sender, scene and time hold for the newest picture only. To be called
+  // before the station is asked for anything.
   void SetRecipe(const PictureRecipe& recipe);
   // Another picture comes in, sent at that time (UTC); the others move on by one and the marker's height changes.
   void NewPicture(const QDateTime& sent = QDateTime::currentDateTimeUtc());
@@ -51,7 +53,8 @@ class Station : public Host {
   };
 
   PictureRecipe RecipeOf(int number) const;
-  void WithPicture(int number, const std::function<void(const QByteArray&)>& then);
+  // priority: of the painting, where it has yet to be done.
+  void WithPicture(int number, int priority, const std::function<void(const QByteArray&)>& then);
   void TakePainted(int number, const QByteArray& file);
 
   QString call_;
@@ -83,7 +86,7 @@ class StationBand : public QObject {
   explicit StationBand(quint16 port = 0, QObject* parent = nullptr);
   ~StationBand() override;
 
-  // A station with small JPEG pictures, off the air; the first one gets the same address in every run.
+  // A station with small JPEG pictures, off the air. Addresses follow the order in which stations are added.
   Station& AddStation(const QString& call);
   Station* Find(const QString& call) const;
   const std::vector<Station*>& Stations() const { return stations_; }
@@ -97,8 +100,8 @@ class StationBand : public QObject {
   QByteArray HostsIni() const;
 
   int TotalRequests() const;
-  // False where any address could not be listened on.
-  bool IsListening() const;
+  // False where any host could not listen on its address.
+  bool HasAddresses() const;
 
  private:
   QHostAddress NextAddress();
