@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A program on a temporary folder, a band of stations on loopback, and the logic of a page between them: what the tests
+// of the poll and of the windows stand on.
+#pragma once
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QImage>
+#include <QTemporaryDir>
+#include <QTest>
+#include <memory>
+
+#include "core/program.h"
+#include "platform/clock.h"
+#include "poll/page_logic.h"
+#include "station_band.h"
+
+// A clock that stands where a test puts it.
+class StandingClock : public Clock {
+ public:
+  QDateTime now = QDateTime(QDate(2026, 3, 15), QTime(12, 0));
+  QDateTime Now() const override { return now; }
+};
+
+// Readers give up quickly, so that a test of a dead site is short.
+inline UrlLimits QuickLimits() {
+  UrlLimits limits;
+  limits.stall = std::chrono::milliseconds(400);
+  limits.deadline = std::chrono::milliseconds(1500);
+  limits.maxBody = 4 * 1024 * 1024;
+  return limits;
+}
+
+struct PageFixture {
+  QTemporaryDir folder;
+  StandingClock clock;
+  Program program;
+  StationBand band;
+  std::unique_ptr<PageLogic> logic;
+
+  PageFixture() {
+    program.AppDataDir = folder.path();
+    program.ZeroGlyph = QChar(u'0');
+    program.config.ThumbLayout = 2;
+    program.page.Online = true;
+    for (const char* sub : {"images/dsstv/thumbs", "images/wx"}) QDir(folder.path()).mkpath(QString::fromLatin1(sub));
+    QFile heights(folder.filePath(QStringLiteral("images/dsstv/ckNewHeight.txt")));
+    if (heights.open(QIODevice::WriteOnly)) heights.write("1-0-x\r\n");
+  }
+
+  // A station of the band as a site in the next free slot of a page; the picture carries its caller and a date.
+  Station& AddSite(const QString& call, int page = 1, int slot = 0, const QString& urlEnd = {}) {
+    Station& station = band.AddStation(call);
+    station.SetMarker(QSize(2, 300));
+    SiteRec site;
+    site.Call = call;
+    site.Url = urlEnd.isEmpty() ? station.Url() : station.Base() + urlEnd;
+    for (std::size_t layout = 1; layout <= kLayouts; ++layout) {
+      site.PageSlots[layout] = QStringLiteral("%1%2").arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
+    }
+    program.sites.Sites.append(site);
+    program.sites.SitePosMask.append(QString(20, u'0'));
+    return station;
+  }
+
+  // Makes the logic anew, as a start of the program does; the heights come from the disk.
+  void Start() {
+    logic.reset();
+    program.page.EraseThumbFields();
+    program.sites.SortSites();
+    program.sites.BuildPageSlots(program.config.ThumbLayout);
+    logic = std::make_unique<PageLogic>(program, clock, QStringLiteral(PICTURE_TOOL), QuickLimits());
+    logic->heights.Read(program.AppDataDir);
+    logic->grid.MakeGrid(program.config.ThumbLayout);
+  }
+
+  const Cell& CellOf(int slot) const { return logic->grid.Cells().at(slot); }
+  QString Picture(int page, int slot) const {
+    return QStringLiteral("%1/images/dsstv/%2-%3").arg(folder.path()).arg(page).arg(slot + 1);
+  }
+  QString Thumb(int page, int slot) const {
+    return QStringLiteral("%1/images/dsstv/thumbs/%2-%3.jpg").arg(folder.path()).arg(page).arg(slot + 1);
+  }
+  bool HasPicture(int slot) const { return !CellOf(slot).frames.isEmpty() && !CellOf(slot).errorBox; }
+};
+
+// A picture of plain colour as a JPEG with a tail: three NULs and 60 characters.
+inline QByteArray PlainPicture(const QByteArray& tail, QSize size = QSize(320, 240), const char* format = "JPG") {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(QColor(40, 90, 160));
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, format);
+  return bytes + QByteArray(3, '\0') + tail.leftJustified(60, ' ');
+}
