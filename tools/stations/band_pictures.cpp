@@ -51,7 +51,7 @@ PictureRecipe Settled(PictureRecipe recipe) {
   if (recipe.size.isEmpty()) recipe.size = size;
   const QStringList scenes = SceneNames();
   // The last scene is for weather sites only.
-  const QString scene = scenes.at(rng.Int(0, static_cast<int>(scenes.size()) - 2));
+  const QString& scene = scenes.at(rng.Int(0, static_cast<int>(scenes.size()) - 2));
   if (recipe.scene.isEmpty()) recipe.scene = scene;
   const QString caller = rng.Pick(kCallers);
   if (recipe.caller.isEmpty()) recipe.caller = caller;

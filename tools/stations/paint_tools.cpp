@@ -61,9 +61,8 @@ Canvas::Canvas(QSize size, quint32 pictureSeed)
 QColor Mix(const QColor& one, const QColor& other, double part) {
   const QRgb a = one.rgb();
   const QRgb b = other.rgb();
-  const auto mix = [part](int from, int to) {
-    return std::clamp(static_cast<int>(from + (to - from) * part + 0.5), 0, 255);
-  };
+  const int weight = static_cast<int>(part * 1024);
+  const auto mix = [weight](int from, int to) { return std::clamp(from + (to - from) * weight / 1024, 0, 255); };
   return {mix(qRed(a), qRed(b)), mix(qGreen(a), qGreen(b)), mix(qBlue(a), qBlue(b))};
 }
 
@@ -71,6 +70,10 @@ QColor Alpha(const QColor& colour, double alpha) {
   QColor result = colour;
   result.setAlphaF(static_cast<float>(std::clamp(alpha, 0.0, 1.0)));
   return result;
+}
+
+int Steps(double length, double step) {
+  return std::max(0, static_cast<int>(std::ceil(length / step)));
 }
 
 double Noise(double x, double y, quint32 seed) {
@@ -154,7 +157,9 @@ void SunDisc(Canvas& c, QPointF centre, double radius, const QColor& colour) {
 QPainterPath Ridge(Canvas& c, double base, double height, double roughness) {
   const quint32 seed = c.seed + static_cast<quint32>(c.rng.Int(0, 99999));
   QPainterPath path(QPointF(-2, c.h + 2));
-  for (double x = -2; x <= c.w + 3; x += std::max(1.0, c.u)) {
+  const double step = std::max(1.0, c.u);
+  for (int i = 0; i < Steps(c.w + 6, step); ++i) {
+    const double x = i * step - 2;
     path.lineTo(x, c.Y(base - height * (Fbm(x / c.h * roughness, 0.5, 5, seed) - 0.15)));
   }
   path.lineTo(c.w + 2, c.h + 2);

@@ -46,6 +46,9 @@ struct Canvas {
 QColor Mix(const QColor& one, const QColor& other, double part);
 QColor Alpha(const QColor& colour, double alpha);
 
+// How many steps from 0 stay below a length.
+int Steps(double length, double step);
+
 // Smooth noise and its sum over octaves, 0 to 1.
 double Noise(double x, double y, quint32 seed);
 double Fbm(double x, double y, int octaves, quint32 seed);

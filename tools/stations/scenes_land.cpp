@@ -198,9 +198,11 @@ void PaintDunes(Canvas& c) {
     for (int k = 0; k < 30; ++k) {
       const double y = c.Y(0.45 + 0.1 * i + 0.018 * k);
       QPainterPath ripple(QPointF(-5, y));
-      for (double x = 0; x < c.w + 20; x += 12 * c.u)
-        ripple.lineTo(
-            x, y + 5 * c.u * std::sin(x / (42 * c.u) + k * 0.9 + i) + 3 * c.u * Noise(x / (20 * c.u), k, c.seed));
+      for (int step = 0; step < Steps(c.w + 20, 12 * c.u); ++step) {
+        const double x = step * 12 * c.u;
+        const double wave = std::sin(x / (42 * c.u) + k * 0.9 + i);
+        ripple.lineTo(x, y + c.u * (5 * wave + 3 * Noise(x / (20 * c.u), k, c.seed)));
+      }
       c.p.setBrush(Qt::NoBrush);
       c.p.setPen(QPen(QColor(110, 60, 24, 22 + 6 * i), 1.6 * c.u));
       c.p.drawPath(ripple);

@@ -73,8 +73,11 @@ void PaintTestCard(Canvas& c) {
   c.p.fillRect(c.image.rect(), QColor(112, 116, 120));
   c.p.setPen(QPen(QColor(240, 240, 240), std::max(1.0, 1.4 * c.u)));
   const double cell = c.h / 12;
-  for (double x = std::fmod(c.w / 2, cell); x < c.w; x += cell) c.p.drawLine(QPointF(x, 0), QPointF(x, c.h));
-  for (double y = 0; y < c.h; y += cell) c.p.drawLine(QPointF(0, y), QPointF(c.w, y));
+  for (int i = 0; i < Steps(c.w, cell); ++i) {
+    const double x = std::fmod(c.w / 2, cell) + i * cell;
+    c.p.drawLine(QPointF(x, 0), QPointF(x, c.h));
+  }
+  for (int i = 0; i < 12; ++i) c.p.drawLine(QPointF(0, i * cell), QPointF(c.w, i * cell));
   const double r = std::min(c.h * 0.45, c.w * 0.45);
   const QPointF centre(c.w / 2, c.h / 2);
   QPainterPath circle;
@@ -92,8 +95,9 @@ void PaintTestCard(Canvas& c) {
   for (int i = 0; i < 5; ++i) {  // ever finer lines
     const QRectF part(centre.x() - r + r * 0.4 * i, centre.y() + r * 0.12, r * 0.4, r * 0.3);
     const double step = std::max(1.0, r * 0.075 / (i + 1));
-    for (double x = part.left(); x < part.right(); x += step * 2)
-      c.p.fillRect(QRectF(x, part.top(), step, part.height()), QColor(230, 230, 230));
+    for (int line = 0; line < Steps(part.width(), step * 2); ++line) {
+      c.p.fillRect(QRectF(part.left() + line * step * 2, part.top(), step, part.height()), QColor(230, 230, 230));
+    }
   }
   QList<QColor> greys;
   for (int i = 0; i < 8; ++i) greys << QColor(i * 36, i * 36, i * 36);

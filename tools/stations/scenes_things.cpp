@@ -194,10 +194,11 @@ void Skyline(Canvas& c, double base, double tallest, const QColor& wall, double 
       c.p.setPen(Qt::NoPen);
       Glow(c, block.topLeft() + QPointF(wide / 2, -28 * c.u), 7 * c.u, QColor(255, 50, 40));
     }
-    for (double wy = block.top() + 5 * c.u; wy < c.Y(base) - 5 * c.u; wy += 8 * c.u) {
-      for (double wx = x + 4 * c.u; wx < x + wide - 5 * c.u; wx += 7 * c.u) {
+    for (int floor = 0; floor < Steps(tall - 10 * c.u, 8 * c.u); ++floor) {
+      for (int window = 0; window < Steps(wide - 9 * c.u, 7 * c.u); ++window) {
         if (!c.rng.Chance(litPart)) continue;
-        c.p.fillRect(QRectF(wx, wy, 3.6 * c.u, 4.4 * c.u),
+        const QPointF at = block.topLeft() + QPointF(4 + 7 * window, 5 + 8 * floor) * c.u;
+        c.p.fillRect(QRectF(at, QSizeF(3.6, 4.4) * c.u),
                      Mix(QColor(255, 206, 110), QColor(210, 226, 255), c.rng.Real(0, 1)));
       }
     }
@@ -270,7 +271,8 @@ void PaintWaterfall(Canvas& c) {
     c.p.drawLine(QPointF(spectrum.left() + spectrum.width() * i / 10, spectrum.top()),
                  QPointF(spectrum.left() + spectrum.width() * i / 10, spectrum.bottom()));
   QPainterPath trace(spectrum.bottomLeft());
-  for (double x = 0; x <= spectrum.width(); x += 1.5 * c.u) {
+  for (int i = 0; i < Steps(spectrum.width(), 1.5 * c.u); ++i) {
+    const double x = i * 1.5 * c.u;
     const double part = x / spectrum.width();
     const double hill = std::abs(part - 0.5) < 0.3 ? 0.45 + 0.2 * Noise(part * 30, 1, c.seed) : 0.1;
     trace.lineTo(spectrum.left() + x, spectrum.bottom() - spectrum.height() * (hill + 0.14 * c.rng.Real(0, 1)));
