@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kOldLayouts = 4;
 constexpr int kShortWxFields = 5;     // fewer: a list from before the fourth layout
-constexpr int kRecordStars = 4;       // no address has as many; the shortest record of today's lists has more
+constexpr int kRecordStars = 4;       // the shortest record of today's lists has more
 constexpr int kShortestLastSeen = 8;  // less is a time without a date
 
 // Field numbers of a line 1.
@@ -31,7 +31,7 @@ constexpr DsstvFields kNewFields;
 constexpr DsstvFields kOldFields{kOldLayouts, 5, 6, 7, 8};
 
 bool IsRecordLine(const QString& line) {
-  return line.count(u'*') >= kRecordStars;
+  return line.count(u'*') >= kRecordStars && !line.section(u'*', 0, 0).contains("://"_L1);
 }
 
 // An address where the first line of a record should stand: its own first line is lost.
@@ -252,10 +252,9 @@ QList<SiteRec> SiteListFile::Source::Read(Shape shape) {
     const QString url = hasUrl ? lines.at(++i) : QString();
     const QStringList fields = line.split(u'*');
     if (IsBlankCall(fields.at(0))) {
+      // Always a pair: a line alone would take the next one for its address in the next run.
       unusedLines.append(line);
-      if (hasUrl) {
-        unusedLines.append(url);
-      }
+      unusedLines.append(url);
       continue;
     }
     records.append(shape == Shape::Wx      ? WxRecord(fields)

@@ -66,10 +66,26 @@ struct Place {
   int slot;
 };
 
+char16_t Folded(QChar character) {
+  const char16_t code = character.unicode();
+  if (code < 0x80) {
+    return code >= u'A' && code <= u'Z' ? static_cast<char16_t>(code + (u'a' - u'A')) : code;
+  }
+  return character.toCaseFolded().unicode();
+}
+
 // The order of a list box: letter case does not count, and equal entries stand in character order so that it is total.
+// QString's own comparison is several times slower, which tells in a list of 100,000.
 bool ListBoxLess(const QString& a, const QString& b) {
-  const int order = a.compare(b, Qt::CaseInsensitive);
-  return order != 0 ? order < 0 : a < b;
+  const qsizetype common = std::min(a.size(), b.size());
+  for (qsizetype i = 0; i < common; ++i) {
+    const char16_t left = Folded(a.at(i));
+    const char16_t right = Folded(b.at(i));
+    if (left != right) {
+      return left < right;
+    }
+  }
+  return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
 
 // Ranks of the calls in character order, equal calls with equal ranks, so that the sort compares numbers.
