@@ -24,8 +24,8 @@ enum ThumbField : std::size_t {
 struct PageState {
   static constexpr int WxPage = kWxPage;
 
-  int CurrentPage = 1;   // 1 to 20, or WxPage
-  int ThumbCount = 0;    // slots of the layout
+  int CurrentPage = 1;    // 1 to 20, or WxPage
+  int ThumbCount = 0;     // slots of the layout
   int SelectedSlot = -1;  // 0-based slot of the last click; -1: none
 
   bool Online = false;

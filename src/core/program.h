@@ -10,6 +10,7 @@
 #include "core/page_state.h"
 #include "core/site_table.h"
 #include "core/texts.h"
+#include "station/nicknames.h"
 
 inline constexpr int kMapOffsets = 9;
 
@@ -28,11 +29,11 @@ struct Program {
   Texts texts;
 
   QChar ZeroGlyph = QChar(u'Ø');  // shows a zero inside a call
-  int UtcOffsetHours = 0;          // added to local time gives UTC; not wrapped at midnight
+  int UtcOffsetHours = 0;         // added to local time gives UTC; not wrapped at midnight
 
   QStringList lstBadCalls;
   QStringList lstBlock;
-  QStringList lstNicknames;
+  NicknameList nicknames;
   QStringList lstMap;
   QStringList lstLanguages;
   QStringList PageLabels;  // index 1 to 21; 0 is never used

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's texts by role, in English. The one place where a user-visible text stands in the code; windows and logic
-// take them from Program.
+// The program's texts by role, in English. The one place where a user-visible text stands in the code; windows and
+// logic take them from Program.
 #pragma once
 
 #include <QString>

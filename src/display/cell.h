@@ -21,9 +21,9 @@ inline constexpr QColor kErrorColour(50, 50, 50);
 
 struct Cell {
   CellColour Shape1 = CellColour::Window;
-  QString lblCall;          // caption
-  QString onAirTip;         // tip of lblCall: "On air", "Off air" or empty
-  QString lblFrom;          // caption
+  QString lblCall;   // caption
+  QString onAirTip;  // tip of lblCall: "On air", "Off air" or empty
+  QString lblFrom;   // caption
   bool fromVisible = true;
   bool lblConnect = false;  // visible
   bool picProg = false;     // visible
@@ -35,8 +35,8 @@ struct Cell {
   CamLight imgCam = CamLight::Hidden;
 
   // The picture, or the error box in its place.
-  QRectF img;                    // frame of the thumb within the cell
-  QList<PictureFrame> frames;    // empty: no picture
+  QRectF img;                  // frame of the thumb within the cell
+  QList<PictureFrame> frames;  // empty: no picture
   bool animated = false;
   bool errorBox = false;
   QString lblError;

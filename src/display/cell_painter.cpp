@@ -8,7 +8,9 @@
 
 namespace {
 
-bool IsDark(const QColor& colour) { return qGray(colour.rgb()) < 128; }
+bool IsDark(const QColor& colour) {
+  return qGray(colour.rgb()) < 128;
+}
 
 QColor TextOn(const QColor& background, const QPalette& palette) {
   const QColor text = palette.color(QPalette::WindowText);

@@ -11,9 +11,9 @@
 
 // How a cell is drawn beyond what it shows.
 struct CellLook {
-  double scale = 1;  // pixels a page unit
+  double scale = 1;        // pixels a page unit
   double fontPixels = 11;  // of caption and from line, in pixels
-  QFont font;        // face
+  QFont font;              // face
   QPalette palette;
   QString connectingText;
   bool focused = false;

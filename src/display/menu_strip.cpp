@@ -50,7 +50,9 @@ MenuStrip::MenuStrip(QWidget* parent)
   }
 }
 
-int MenuStrip::BarHeight() const { return std::max(kLeastHeight, fontMetrics().height() + 12); }
+int MenuStrip::BarHeight() const {
+  return std::max(kLeastHeight, fontMetrics().height() + 12);
+}
 
 void MenuStrip::SetTexts(const Texts& texts) {
   lblFind->SetCaption(texts.FindCaption);

@@ -23,7 +23,9 @@ void PageView::Arrange(int menuBarHeight, QSize nominal, double fontPoints) {
   Place();
 }
 
-ThumbCell* PageView::CellAt(int slot) const { return slot >= 0 && slot < cells_.size() ? cells_.at(slot) : nullptr; }
+ThumbCell* PageView::CellAt(int slot) const {
+  return slot >= 0 && slot < cells_.size() ? cells_.at(slot) : nullptr;
+}
 
 void PageView::MakeCells() {
   const qsizetype count = grid_.Cells().size();
@@ -62,9 +64,9 @@ void PageView::Place() {
   for (ThumbCell* cell : std::as_const(cells_)) {
     const QRectF units = CellRect(program_.config.ThumbLayout, cell->Slot());
     const QRectF place(origin + units.topLeft() * scale, units.size() * scale);
-    cell->setGeometry(QRect(QPoint(static_cast<int>(std::floor(place.left())), static_cast<int>(std::floor(place.top()))),
-                            QPoint(static_cast<int>(std::ceil(place.right())) - 1,
-                                   static_cast<int>(std::ceil(place.bottom())) - 1)));
+    cell->setGeometry(
+        QRect(QPoint(static_cast<int>(std::floor(place.left())), static_cast<int>(std::floor(place.top()))),
+              QPoint(static_cast<int>(std::ceil(place.right())) - 1, static_cast<int>(std::ceil(place.bottom())) - 1)));
     cell->SetLook(look);
   }
   const double pixels = scale * devicePixelRatioF();

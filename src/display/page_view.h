@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// picAll: the page of cells. Lays them out in page units, the same at every window size, and moves the focus by arrow keys.
+// picAll: the page of cells. Lays them out in page units, the same at every window size, and moves the focus by arrow
+// keys.
 #pragma once
 
 #include <QList>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The pictures that the program itself puts into a cell, painted by code: the film strip that stands for a video (imgMp4)
-// and the camera of a site without pictures (imgCamOnly).
+// The pictures that the program itself puts into a cell, painted by code: the film strip that stands for a video
+// (imgMp4) and the camera of a site without pictures (imgCamOnly).
 #pragma once
 
 #include <QImage>

@@ -17,9 +17,9 @@ ThumbCell::ThumbCell(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
 }
 
 void ThumbCell::SetCell(const Cell& cell) {
-  const bool samePicture = cell.frames.size() == cell_.frames.size() && cell.img == cell_.img &&
-                           (cell.frames.isEmpty() ||
-                            cell.frames.first().image.cacheKey() == cell_.frames.first().image.cacheKey());
+  const bool samePicture =
+      cell.frames.size() == cell_.frames.size() && cell.img == cell_.img &&
+      (cell.frames.isEmpty() || cell.frames.first().image.cacheKey() == cell_.frames.first().image.cacheKey());
   cell_ = cell;
   if (!samePicture) {
     frame_ = 0;
@@ -45,8 +45,8 @@ void ThumbCell::SetDetails(const QString& modeText, const QString& sentTime, con
 }
 
 void ThumbCell::Describe() {
-  const QString name = cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall)
-                                                : cell_.siteCall;
+  const QString name =
+      cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.siteCall;
   QStringList details;
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;

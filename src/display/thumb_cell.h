@@ -51,8 +51,8 @@ class ThumbCell : public QWidget {
   QString sentTime_;
   QString emptyName_;
   qsizetype frame_ = 0;
-  QPixmap pixmap_;      // the frame at the size that it is painted with
-  bool stale_ = true;   // pixmap_ has to be made again
+  QPixmap pixmap_;     // the frame at the size that it is painted with
+  bool stale_ = true;  // pixmap_ has to be made again
   QTimer frameTimer_;
 };
 

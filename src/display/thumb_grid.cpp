@@ -23,7 +23,9 @@ QColor ModeColour(const QString& tag) {
   return {255, 120, 120};
 }
 
-qint64 WholeDays(const QDateTime& from, const QDateTime& to) { return from.secsTo(to) / (24 * 60 * 60); }
+qint64 WholeDays(const QDateTime& from, const QDateTime& to) {
+  return from.secsTo(to) / (24 * 60 * 60);
+}
 
 }  // namespace
 
@@ -53,7 +55,9 @@ void ThumbGrid::ClearCell(int slot) {
   Changed(slot);
 }
 
-void ThumbGrid::SetPictureBox(QSize pixels) { box_ = pixels.expandedTo(QSize(120, 90)); }
+void ThumbGrid::SetPictureBox(QSize pixels) {
+  box_ = pixels.expandedTo(QSize(120, 90));
+}
 
 void ThumbGrid::Retire(int slot) {
   ++generations_[slot];

@@ -9,10 +9,12 @@ namespace {
 
 constexpr double kPitchX = 132;
 constexpr double kPitchY = 119;
-constexpr int kTwips = 15;  // twips a pixel that the told constants of the heights rest on
+constexpr int kTwips = 15;        // twips a pixel that the told constants of the heights rest on
 constexpr int kToldMenuBar = 20;  // pixels of menu bar inside the constants of layouts 1 to 3
 
-bool IsLayout(int thumbLayout) { return thumbLayout >= 1 && thumbLayout <= 6; }
+bool IsLayout(int thumbLayout) {
+  return thumbLayout >= 1 && thumbLayout <= 6;
+}
 
 double WidthFactor(int thumbLayout, int guiMode) {
   static constexpr std::array<std::array<double, 4>, 4> factors = {{

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The arithmetic of the page: six layouts, four window sizes, and where the parts of a cell stand. The grid and the main
-// window ask it; nothing here draws.
+// The arithmetic of the page: six layouts, four window sizes, and where the parts of a cell stand. The grid and the
+// main window ask it; nothing here draws.
 #pragma once
 
 #include <QRectF>
@@ -37,7 +37,8 @@ QSizeF PageUnits(int thumbLayout, int menuBarHeight);
 // Frame of a picture of these pixels, centred on (65, 47) of its cell.
 QRectF ThumbFrame(QSize picture);
 
-// Size of the window's client area in pixels for a screen height in twips; layouts other than 1 to 6 give an empty size.
+// Size of the window's client area in pixels for a screen height in twips; layouts other than 1 to 6 give an empty
+// size.
 QSize ClientSize(int thumbLayout, int guiMode, long screenHTwips, int menuBarHeight, int twips);
 // Font value of the cells, in points at 96 dpi.
 double CellFontPoints(int guiMode, long screenHTwips);

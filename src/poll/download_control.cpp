@@ -7,7 +7,9 @@ UserControl1::UserControl1(UrlNetwork& network, QObject* parent) : QObject(paren
   connect(&reader_, &UrlReader::Progress, this, &UserControl1::Progress);
 }
 
-void UserControl1::DownloadFile(const QString& url, const QString& key) { reader_.Start(key, QUrl(url)); }
+void UserControl1::DownloadFile(const QString& url, const QString& key) {
+  reader_.Start(key, QUrl(url));
+}
 
 ucCkNew::ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent)
     : QObject(parent), reader_(network), tool_(tool) {

@@ -12,7 +12,9 @@ namespace {
 constexpr QLatin1StringView kImageName("image1");
 }
 
-bool NewImageCheck::HasMarker(const QString& url) { return url.endsWith(kImageName, Qt::CaseInsensitive); }
+bool NewImageCheck::HasMarker(const QString& url) {
+  return url.endsWith(kImageName, Qt::CaseInsensitive);
+}
 
 NewImageCheck::NewImageCheck(Program& program, HeightTable& heights, ThumbGrid& grid, ucCkNew& check,
                              UserControl1& download, QObject* parent)
@@ -75,8 +77,8 @@ void NewImageCheck::NoImage(const QString& key) {
 
 void NewImageCheck::Fetch(int slot) {
   const PageState& page = program_.page;
-  // On the WX page the slot's site is whatever stands in its field, the first DSSTV site where nothing does: a WX marker
-  // has no site of its own, and its picture is asked for by the WX walk at the same time.
+  // On the WX page the slot's site is whatever stands in its field, the first DSSTV site where nothing does: a WX
+  // marker has no site of its own, and its picture is asked for by the WX walk at the same time.
   const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
   if (site < 0 || site >= program_.sites.Sites.size()) return;
   grid_.SetProgress(slot, 0);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Decides on each marker answer whether a site has a picture that has not been seen, and asks for it. A marker's height is
-// the only identity that a picture has; its width tells whether the station is on the air.
+// Decides on each marker answer whether a site has a picture that has not been seen, and asks for it. A marker's height
+// is the only identity that a picture has; its width tells whether the station is on the air.
 #pragma once
 
 #include <QObject>

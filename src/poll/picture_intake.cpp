@@ -66,8 +66,8 @@ void PictureIntake::PictureReady(const QString& key, const QByteArray& body) {
   grid_.ClearFrom(answer->slot);
   ++program_.page.SitesDone;
   const bool dsstv = program_.page.OnDsstvPage();
-  const QString path = dsstv ? PicturePath(program_.AppDataDir, answer->page, answer->slot)
-                             : WxPath(program_.AppDataDir, answer->slot);
+  const QString path =
+      dsstv ? PicturePath(program_.AppDataDir, answer->page, answer->slot) : WxPath(program_.AppDataDir, answer->slot);
   const QString thumbPath = dsstv ? ThumbPath(program_.AppDataDir, answer->page, answer->slot) : path;
   background_.Run<Judged>(
       this, [body, path, thumbPath]() { return Store(body, path, thumbPath); },

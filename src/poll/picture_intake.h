@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The intake of a picture: judges the bytes of an answer, stores them, reads their tail, has the thumb made and shows it.
-// Bytes are touched beside the event loop; the answer's page is tested again when they come back.
+// The intake of a picture: judges the bytes of an answer, stores them, reads their tail, has the thumb made and shows
+// it. Bytes are touched beside the event loop; the answer's page is tested again when they come back.
 #pragma once
 
 #include <QByteArray>

@@ -290,7 +290,9 @@ void PollCycle::StartWxPoll() {
   }
 }
 
-QString PollCycle::UniqueTime() const { return clock_.Now().toString(u"yyyyMMddHHmmss"_s); }
+QString PollCycle::UniqueTime() const {
+  return clock_.Now().toString(u"yyyyMMddHHmmss"_s);
+}
 
 void PollCycle::AfterCheck() {
   if (program_.page.SitesDone >= program_.page.SitesOnPage) PollFinished();
@@ -301,7 +303,9 @@ void PollCycle::AfterPicture() {
   if (program_.page.SitesDone == program_.page.SitesOnPage) PollFinished();
 }
 
-void PollCycle::AfterFailure() { AfterPicture(); }
+void PollCycle::AfterFailure() {
+  AfterPicture();
+}
 
 void PollCycle::AfterNotFound() {
   const PageState& page = program_.page;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The poll: who starts a walk over the page on the screen, the walk itself, the counting of its answers, its end and what
-// follows. The main window forwards clicks and menu choices; the check and the intake report their answers.
+// The poll: who starts a walk over the page on the screen, the walk itself, the counting of its answers, its end and
+// what follows. The main window forwards clicks and menu choices; the check and the intake report their answers.
 #pragma once
 
 #include <QObject>
@@ -52,11 +52,11 @@ class PollCycle : public QObject {
   void AfterNotFound();
   void AfterBlocked();
 
-  QTimer Timer4;   // 60 s, minutes of the WX page
-  QTimer Timer5;   // 0.1 s, once
-  QTimer Timer6;   // 60 s, minutes of a DSSTV page
-  QTimer Timer10;  // 60 s, always; every fifth minute a cam round is due
-  QTimer Timer12;  // 30 s while a poll runs; its tick does nothing
+  QTimer Timer4;        // 60 s, minutes of the WX page
+  QTimer Timer5;        // 0.1 s, once
+  QTimer Timer6;        // 60 s, minutes of a DSSTV page
+  QTimer Timer10;       // 60 s, always; every fifth minute a cam round is due
+  QTimer Timer12;       // 30 s while a poll runs; its tick does nothing
   QTimer tmrIfAllDone;  // 2 s after a poll, once
 
   void Timer4Tick();

@@ -57,7 +57,8 @@ struct PageFixture {
     site.Call = call;
     site.Url = urlEnd.isEmpty() ? station.Url() : station.Base() + urlEnd;
     for (std::size_t layout = 1; layout <= kLayouts; ++layout) {
-      site.PageSlots[layout] = QStringLiteral("%1%2").arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
+      site.PageSlots[layout] =
+          QStringLiteral("%1%2").arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
     }
     program.sites.Sites.append(site);
     program.sites.SitePosMask.append(QString(20, u'0'));

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What is read between the making of the main window and its first poll, in one fixed order, and what is written when
+// it closes. The main window runs the steps and shows what they ask to be shown.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+#include "core/program.h"
+#include "core/save_state.h"
+#include "platform/clock.h"
+#include "platform/settings_store.h"
+#include "poll/height_table.h"
+
+// A message that ends the program; empty: the load goes on.
+struct LoadStop {
+  QString message;
+  bool exclamation = false;
+  explicit operator bool() const { return !message.isEmpty(); }
+};
+
+class LoadSequence {
+ public:
+  LoadSequence(Program& program, HeightTable& heights, SettingsStore& store, const Clock& clock);
+
+  // Folders, heights, maps, languages, configuration, page labels. anotherRuns: nothing is made, deleted or written,
+  // and the stop is the already-running message at its place.
+  LoadStop ReadSettings(bool anotherRuns);
+  // Site lists, save folder, blocked calls, nicknames.
+  LoadStop ReadLists();
+
+  // Everything back, in the order of the closing sequence; placement is missing while the window is not visible.
+  // sendClosed tells the companion program, inform shows a duplicate message.
+  void WriteState(const std::optional<WindowPlacement>& placement, const std::function<void()>& sendClosed,
+                  const std::function<void(const QString&)>& inform);
+  // SaveAllState alone, for callers that rebuild the tables.
+  void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
+
+  std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
+
+ private:
+  void MakeFolders();
+  void FindMaps();
+  void FindLanguages();
+
+  Program& program_;
+  HeightTable& heights_;
+  SettingsStore& store_;
+  SiteListFile lists_;
+  const Clock& clock_;
+  std::optional<WindowPlacement> placement_;
+};
+
+// Twips a pixel: below 10 or above 20 no screen reports the truth, and 15 is taken.
+int ClampTwips(int twips);
+// UTC hour less local hour of one instant, not wrapped at midnight: -20 can stand for +4.
+int UtcOffset(const QDateTime& local);
