@@ -76,7 +76,7 @@ class CellBrush {
       Connecting();
     } else if (cell_.fromVisible) {
       painter_.setPen(TextOn(background, look_.palette));
-      Line(cell_.lblFrom, cell_part::kFrom, 1, false);
+      FromLine();
     }
     if (!cell_.lblMode.isEmpty()) Badge(cell_part::kMode, cell_.modeColour, cell_.lblMode);
     CamDot();
@@ -110,6 +110,19 @@ class CellBrush {
     painter_.setFont(font);
     const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width());
     painter_.drawText(place, static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, shown);
+  }
+
+  // Centred where the cell's design has it, moved aside where it would run into the mode's badge.
+  void FromLine() const {
+    QFont font = look_.font;
+    font.setPixelSize(static_cast<int>(std::lround(look_.fontPixels)));
+    const double half = QFontMetricsF(font).horizontalAdvance(cell_.lblFrom) / 2 / look_.scale;
+    QRectF place = cell_part::kFrom;
+    if (!cell_.lblMode.isEmpty() && place.center().x() + half > cell_part::kMode.left() - 1) {
+      place.setLeft(cell_.imgCam == CamLight::Hidden ? 3 : cell_part::kCam.right());
+      place.setRight(cell_part::kMode.left() - 1);
+    }
+    Line(cell_.lblFrom, place, 1, false);
   }
 
   void Badge(const QRectF& units, const QColor& colour, const QString& text) const {

@@ -15,7 +15,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr std::chrono::milliseconds kShowAtLast = 250ms;  // the window waits no longer for the connection's answer
-constexpr int kDefaultTwips = 15;
+constexpr QSize kFrameGuess(2, 32);                       // the decoration is not known before the first show
 constexpr QColor kClosingGreen(0, 255, 0);
 
 // Twips a pixel as the screen reports it; what no screen has becomes 15.
@@ -79,13 +79,13 @@ bool Form1::Load(bool anotherRuns) {
   pic_->lblMap->hide();
   ShowPageLabel();
   RefreshCaptions();
-  ApplyPlacement();
   if (const LoadStop stop = load_.ReadLists()) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;
   }
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
+  ApplyPlacement();
   // The page stands from the disk at once, whatever the connection says.
   logic_.poll.ShowStoredPage();
   connectivity_.Run();
@@ -144,8 +144,12 @@ void Form1::ApplyPlacement() {
   if (!placement) return;
   const QPoint corner = placement->normal.topLeft();
   const QScreen* monitor = QGuiApplication::screenAt(corner + QPoint(40, 10));
-  // A place on a monitor that is gone is no place.
-  if (monitor != nullptr) move(corner);
+  if (monitor == nullptr) return;  // a place on a monitor that is gone is no place
+  // A window that was made for a larger screen is moved until all of it can be seen.
+  const QRect room = monitor->availableGeometry();
+  const QSize whole = size() + kFrameGuess;
+  move(std::max(room.left(), std::min(corner.x(), room.right() + 1 - whole.width())),
+       std::max(room.top(), std::min(corner.y(), room.bottom() + 1 - whole.height())));
 }
 
 void Form1::ApplyLayout() {
@@ -155,8 +159,7 @@ void Form1::ApplyLayout() {
   const QScreen* monitor = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
   QSize room = wanted;
   if (monitor != nullptr) {
-    // The decoration is not known before the first show; a caption's height is set aside for it.
-    const QSize frame = isVisible() ? frameGeometry().size() - size() : QSize(2, 32);
+    const QSize frame = isVisible() ? frameGeometry().size() - size() : kFrameGuess;
     room = monitor->availableGeometry().size() - frame;
   }
   if (!isMaximized()) resize(wanted.boundedTo(room));

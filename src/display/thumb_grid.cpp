@@ -8,13 +8,15 @@
 #include "display/thumb_layout.h"
 #include "poll/caption.h"
 #include "poll/file_type.h"
+#include "poll/page_files.h"
 #include "station/callsign.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kStaleDays = 30;  // a site is stale above this
+constexpr int kStaleDays = 30;                           // a site is stale above this
+constexpr auto kQuiet = std::chrono::milliseconds(150);  // without a new picture before any is sharpened
 
 // Colour of a mode tag; an empty tag has one too, though nothing shows it.
 QColor ModeColour(const QString& tag) {
@@ -30,13 +32,18 @@ qint64 WholeDays(const QDateTime& from, const QDateTime& to) {
 }  // namespace
 
 ThumbGrid::ThumbGrid(Program& program, PictureTool& tool, Background& background, const Clock& clock, QObject* parent)
-    : QObject(parent), program_(program), tool_(tool), background_(background), clock_(clock) {}
+    : QObject(parent), program_(program), tool_(tool), background_(background), clock_(clock) {
+  sharpenTimer_.setSingleShot(true);
+  sharpenTimer_.setInterval(kQuiet);
+  connect(&sharpenTimer_, &QTimer::timeout, this, &ThumbGrid::SharpenNext);
+}
 
 void ThumbGrid::MakeGrid(int thumbLayout) {
   const int count = LayoutOf(thumbLayout).count;
   program_.page.ThumbCount = count;
   cells_.resize(count);
   shown_.resize(count);
+  blurred_.resize(count);
   // Generations outlive their cells: an answer for a cell that was taken away and made again is an old answer.
   while (generations_.size() < count) generations_.append(0);
   ClearThumbs();
@@ -56,12 +63,37 @@ void ThumbGrid::ClearCell(int slot) {
 }
 
 void ThumbGrid::SetPictureBox(QSize pixels) {
-  box_ = pixels.expandedTo(QSize(120, 90));
+  const QSize box = pixels.expandedTo(QSize(120, 90));
+  if (box == box_) return;
+  box_ = box;
+  for (int slot = 0; slot < cells_.size(); ++slot) {
+    if (!cells_.at(slot).frames.isEmpty() && !cells_.at(slot).animated && !shown_.at(slot).path.isEmpty()) {
+      blurred_[slot] = true;
+    }
+  }
+  sharpenTimer_.start();
 }
 
 void ThumbGrid::Retire(int slot) {
   ++generations_[slot];
   shown_[slot] = Shown();
+  blurred_[slot] = false;
+}
+
+void ThumbGrid::SharpenNext() {
+  const qsizetype next = blurred_.indexOf(true);
+  if (next < 0 || !program_.page.OnDsstvPage()) return;
+  const int slot = static_cast<int>(next);
+  blurred_[slot] = false;
+  const int generation = generations_[slot];
+  const int page = program_.page.CurrentPage;
+  tool_.View(PicturePath(program_.AppDataDir, page, slot), box_, this, [=, this](const PictureAnswer& answer) {
+    if (Current(slot, generation, page) && answer.ok && answer.frames.size() == 1) {
+      At(slot).frames = answer.frames;
+      Changed(slot);
+    }
+    SharpenNext();
+  });
 }
 
 bool ThumbGrid::Current(int slot, int generation, int page) const {
@@ -113,6 +145,7 @@ void ThumbGrid::ShowVideo(const QString& path, int slot, const std::function<voi
   film.frames = {PictureFrame{FilmStrip()}};
   film.size = FilmStrip().size();
   Place(slot, film);
+  blurred_[slot] = false;
   // The still takes the video's place on the disk too: a cell's file is always a picture.
   background_.Run<bool>(
       this, [path]() { return WriteStill(FilmStrip(), path); },
@@ -148,6 +181,10 @@ void ThumbGrid::Place(int slot, const PictureAnswer& answer) {
   cell.frames = answer.frames;
   cell.animated = answer.frames.size() > 1;
   cell.img = ThumbFrame(answer.size);
+  // The frame follows the thumb; only its pixels are replaced later.
+  blurred_[slot] = !cell.animated && program_.page.OnDsstvPage() && answer.size.width() < box_.width() &&
+                   answer.size.height() < box_.height();
+  if (blurred_.at(slot)) sharpenTimer_.start();
   if (cell.lblFrom.contains(program_.texts.ConnectingText)) cell.lblFrom.clear();
   Changed(slot);
 }

@@ -6,6 +6,7 @@
 #include <QList>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <functional>
 #include <optional>
 
@@ -28,7 +29,8 @@ class ThumbGrid : public QObject {
   const QList<Cell>& Cells() const { return cells_; }
   bool HasSlot(int slot) const { return slot >= 0 && slot < cells_.size(); }
 
-  // Size in device pixels of a cell's picture on the screen; pictures are read no larger than that.
+  // Size in device pixels of a cell's picture on the screen; pictures are read no larger than that. Where a thumb is
+  // smaller, the stored picture itself is read again for the cell once nothing else is waiting.
   void SetPictureBox(QSize pixels);
 
   // Reads the file beside the event loop and shows it; a file that the cell cannot take is repaired to 24 bits first.
@@ -85,6 +87,8 @@ class ThumbGrid : public QObject {
   bool Current(int slot, int generation, int page) const;
   void Loaded(const QString& path, int slot, int site, const PictureAnswer& answer, const std::function<void()>& shown);
   void ShowVideo(const QString& path, int slot, const std::function<void()>& shown);
+  // The next cell whose thumb is enlarged on the screen gets its picture at that size. The thumb on the disk stays.
+  void SharpenNext();
   void Repair(const QString& path, int slot, int site, const std::function<void()>& shown);
   void Place(int slot, const PictureAnswer& answer);
   void ErrorBox(int slot, const QString& caption, const QString& first, const QString& second);
@@ -99,5 +103,7 @@ class ThumbGrid : public QObject {
   QList<Cell> cells_;
   QList<int> generations_;
   QList<Shown> shown_;
+  QList<bool> blurred_;  // cells that show a thumb enlarged
+  QTimer sharpenTimer_;
   QSize box_{232, 172};
 };
