@@ -93,7 +93,7 @@ int main(int argc, char** argv) {
   }
   StationBand band;
   FillBand(band, std::chrono::milliseconds(QByteArray(argv[2]).toInt()));
-  if (!band.IsListening() || !WriteDataFolder(band, QString::fromLocal8Bit(argv[1]))) {
+  if (!band.HasAddresses() || !WriteDataFolder(band, QString::fromLocal8Bit(argv[1]))) {
     std::fprintf(stderr, "cannot listen, or cannot write %s\n", argv[1]);
     return 1;
   }
