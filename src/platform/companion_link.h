@@ -3,6 +3,10 @@
 // "txtFromRxOk=..." lines; at closing one line goes the other way.
 #pragma once
 
+#include <QByteArray>
+#include <QHash>
+#include <QLocalServer>
+#include <QLocalSocket>
 #include <QObject>
 #include <QString>
 
@@ -25,4 +29,20 @@ class CompanionLink : public QObject {
  Q_SIGNALS:
   // item: "txtRxOk" or "txtFromRxOk"; other lines and lines over 1 MiB are dropped.
   void TextArrived(const QString& item, const QString& text);
+
+ private:
+  // What a companion has sent of a line that has not ended yet.
+  struct Rest {
+    QByteArray bytes;
+    bool tooLong = false;  // the rest of this line is passed over
+  };
+
+  void HangUp();
+  void Accept();
+  void Read(QLocalSocket* socket);
+  void TakeLine(const QByteArray& line);
+
+  QString socketDir_;
+  QLocalServer server_;
+  QHash<QLocalSocket*, Rest> rests_;
 };

@@ -32,7 +32,7 @@ QString Decoded(const QByteArray& field) {
 class FieldReader {
  public:
   FieldReader(const QByteArray& line, qsizetype count) : fields_(line.trimmed().split('\t')) {
-    // An empty field at the end would be trimmed away: no line of this protocol ends with a text.
+    // Trimming takes no empty field away: every line of this protocol ends with a number.
     good_ = fields_.size() == count;
   }
 
@@ -114,7 +114,7 @@ std::optional<PictureReply> ReadReply(const QByteArray& line) {
   reply.size.setHeight(fields.Int(0, kMaxSide));
   reply.depth = fields.Int(0, 1024);
   reply.frames = fields.Int(0, PictureLimits::kFrames);
-  reply.payloadBytes = fields.Number(0, PictureLimits::kFrames * PictureLimits::kDecodedBytes);
+  reply.payloadBytes = fields.Number(0, PictureLimits::kPayloadBytes);
   if (!fields.Good()) return std::nullopt;
   return reply;
 }

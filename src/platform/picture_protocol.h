@@ -45,13 +45,14 @@ struct PictureFrameHead {
 };
 
 namespace PictureLimits {
-inline constexpr qint64 kFileBytes = 64LL * 1024 * 1024;       // of a source or a measured body
-inline constexpr qint64 kPixels = 64LL * 1000 * 1000;          // that a header may claim
-inline constexpr qint64 kDecodedBytes = 128LL * 1024 * 1024;   // of one picture in memory
-inline constexpr int kFrames = 200;                            // of one animation
-inline constexpr qint64 kAnimationBytes = 16LL * 1024 * 1024;  // scaled pixels of one animation
-inline constexpr int kBoxSide = 16384;                         // of the box that a caller may ask for
-inline constexpr qint64 kReplyLine = 4096;                     // characters of an answer line
+inline constexpr qint64 kFileBytes = 64LL * 1024 * 1024;            // of a source or a measured body
+inline constexpr qint64 kPixels = 64LL * 1000 * 1000;               // that a header may claim
+inline constexpr qint64 kDecodedBytes = 128LL * 1024 * 1024;        // of one picture in memory
+inline constexpr int kFrames = 200;                                 // of one animation
+inline constexpr qint64 kAnimationBytes = 16LL * 1024 * 1024;       // scaled pixels of one animation
+inline constexpr qint64 kPayloadBytes = kDecodedBytes + (1 << 20);  // of one answer
+inline constexpr int kBoxSide = 16384;                              // of the box that a caller may ask for
+inline constexpr qint64 kReplyLine = 4096;                          // characters of an answer line
 }  // namespace PictureLimits
 
 // With its LF.

@@ -90,6 +90,7 @@ void PictureWorker::OnReadyRead() {
   if (!ReadFrames()) {
     Fail();
   } else if (payloadLeft_ == 0) {
+    if (process_->bytesAvailable() > 0) DropProcess();  // whatever follows would be taken for the next job's answer
     Finish(reply_->ok);
   }
 }

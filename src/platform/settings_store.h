@@ -2,7 +2,8 @@
 // The keyed store settings.ini: application, section, key, all texts. Names meet whatever their letter case.
 #pragma once
 
-#include <QMap>
+#include <QHash>
+#include <QList>
 #include <QString>
 
 class SettingsStore {
@@ -14,6 +15,29 @@ class SettingsStore {
   QString Value(const QString& application, const QString& section, const QString& key, const QString& fallback) const;
   // Changes memory only; Save() writes.
   void SetValue(const QString& application, const QString& section, const QString& key, const QString& value);
-  // Writes the whole store, or leaves the old file as it was and returns false. Nothing changed: nothing written.
+  // Writes the whole store, or leaves the old file as it was and returns false. Nothing changed: nothing written. A
+  // file that is there but could not be read is never written over.
   bool Save();
+
+ private:
+  // The file as it stands, so that comments and what other hands wrote come back out unchanged.
+  struct Line {
+    QString text;
+    QString id;  // of an entry: folded application and path; else empty
+  };
+  struct Group {
+    QString header;  // "[...]" as it stands; empty for what precedes the first
+    QString application;
+    QList<Line> lines;
+  };
+
+  void Read(const QString& text);
+  void DropOlderSpellings();
+  Group& GroupOf(const QString& application);
+
+  QString path_;
+  QList<Group> groups_;
+  QHash<QString, QString> values_;
+  bool changed_ = false;
+  bool unreadable_ = false;
 };

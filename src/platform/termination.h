@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Turns the system's request to end (SIGTERM, SIGINT, SIGHUP) into a signal on the event loop, so that a logout saves the
-// user's lists like a click on the close box.
+// Turns the system's request to end (SIGTERM, SIGINT, SIGHUP) into a signal on the event loop, so that a logout saves
+// the user's lists like a click on the close box.
 #pragma once
 
 #include <QObject>

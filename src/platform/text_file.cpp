@@ -50,7 +50,7 @@ QString DecodeText(const QByteArray& bytes, CodePage fallback) {
 QByteArray EncodeText(const QString& text) {
   QStringEncoder encoder(IcuName(CodePage::Western1252));
   if (encoder.isValid()) {
-    const QByteArray bytes = encoder.encode(text);
+    QByteArray bytes = encoder.encode(text);
     // Western text whose bytes happen to be valid UTF-8 would be read back as something else.
     if (!encoder.hasError() && (IsAscii(bytes) || !bytes.isValidUtf8())) return bytes;
   }
@@ -90,5 +90,5 @@ bool WriteTextLines(const QString& path, const QStringList& lines) {
   if (!file.open(QIODevice::WriteOnly)) return false;
   const QString text = lines.isEmpty() ? QString() : lines.join(u"\r\n"_s) + u"\r\n"_s;
   const QByteArray bytes = EncodeText(text);
-  return file.write(bytes) == bytes.size() && file.commit();
+  return file.write(bytes) == bytes.size() && file.flush() && file.commit();
 }

@@ -121,8 +121,8 @@ void UrlNetwork::End(quint64 id) {
       worker_, [worker = worker_, id]() { worker->Drop(id); }, Qt::QueuedConnection);
 }
 
-void UrlNetwork::Take(Answer answer) {
-  answers_.enqueue(std::move(answer));
+void UrlNetwork::Take(const Answer& answer) {
+  answers_.enqueue(answer);
   if (!handOut_.isActive()) handOut_.start(0);
 }
 
@@ -138,14 +138,13 @@ void UrlNetwork::HandOut() {
 }
 
 void UrlNetwork::Raise(const Answer& answer) {
-  const auto found = askers_.constFind(answer.id);
-  if (found == askers_.constEnd()) return;  // cancelled meanwhile
-  const Asker asker = *found;
+  const Asker asker = askers_.value(answer.id);
+  if (!asker.reader) return;  // cancelled meanwhile
   if (answer.kind == Answer::Kind::Progress) {
     Q_EMIT asker.reader->Progress(asker.key, answer.max, answer.read);
     return;
   }
-  askers_.erase(found);
+  askers_.remove(answer.id);
   asker.reader->pending_.remove(asker.key);
   if (answer.kind == Answer::Kind::Done) {
     Q_EMIT asker.reader->Done(asker.key, answer.body);

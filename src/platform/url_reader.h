@@ -50,7 +50,7 @@ class UrlNetwork : public QObject {
 
   quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url);
   void End(quint64 id);
-  void Take(Answer answer);
+  void Take(const Answer& answer);
   void HandOut();
   void Raise(const Answer& answer);
 

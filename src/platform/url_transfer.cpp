@@ -159,7 +159,8 @@ void UrlTransfer::DropReply() {
   reply->deleteLater();
 }
 
-// Length of the body as the server told it; 0 where it did not, or where it told that of the packed one.
+// Length of the body as the server told it; 0 where it did not, or where it told that of the packed one. Qt unpacks on
+// its own and tells neither the packed length nor whether the stream was whole: a packed body that was cut off passes.
 qint64 UrlTransfer::ToldLength() const {
   const QByteArray packing = reply_->rawHeader("Content-Encoding").trimmed().toLower();
   if (!packing.isEmpty() && packing != "identity") return 0;

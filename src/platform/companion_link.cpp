@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/companion_link.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kLongestLine = 1024LL * 1024;
+constexpr qint64 kReadAtOnce = 64LL * 1024;
+constexpr int kClosedPatienceMs = 500;
+constexpr int kProbePatienceMs = 100;
+
+// Whether the file at path is a socket that a crashed program left behind: there, and nobody answers.
+bool IsOrphaned(const QString& path) {
+  if (QFileInfo(path).isFile()) return false;
+  QLocalSocket probe;
+  probe.connectToServer(path);
+  return !probe.waitForConnected(kProbePatienceMs) && probe.error() == QLocalSocket::ConnectionRefusedError;
+}
+
+}  // namespace
+
+CompanionLink::CompanionLink(const QString& socketDir, QObject* parent)
+    : QObject(parent), socketDir_(socketDir), server_(this) {
+  server_.setSocketOptions(QLocalServer::UserAccessOption);
+  connect(&server_, &QLocalServer::newConnection, this, &CompanionLink::Accept);
+}
+
+CompanionLink::~CompanionLink() {
+  HangUp();
+}
+
+QString CompanionLink::DefaultSocketDir() {
+  const QString runtime = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  return runtime.isEmpty() ? QDir::tempPath() : runtime;
+}
+
+bool CompanionLink::Listen() {
+  const QString path = socketDir_ + u"/omni-perch-form1"_s;
+  // QLocalServer moves its socket over whatever has the name, a living program's socket as well: look first.
+  if (QFileInfo::exists(path)) {
+    if (!IsOrphaned(path)) return false;
+    QFile::remove(path);
+  }
+  return server_.listen(path);
+}
+
+// Drops whoever is connected, without taking what they still say.
+void CompanionLink::HangUp() {
+  server_.close();
+  const QHash<QLocalSocket*, Rest> rests = std::exchange(rests_, {});
+  for (auto rest = rests.keyBegin(); rest != rests.keyEnd(); ++rest) {
+    (*rest)->disconnect(this);
+    (*rest)->abort();
+    (*rest)->deleteLater();
+  }
+}
+
+void CompanionLink::SendClosed() {
+  HangUp();
+  QDeadlineTimer patience(kClosedPatienceMs);
+  QLocalSocket companion;
+  companion.connectToServer(socketDir_ + u"/tv-echo-form1"_s, QIODevice::WriteOnly);
+  if (!companion.waitForConnected(static_cast<int>(patience.remainingTime()))) return;
+  companion.write("Closed\n");
+  while (companion.bytesToWrite() > 0) {
+    if (!companion.waitForBytesWritten(static_cast<int>(patience.remainingTime()))) return;
+  }
+}
+
+void CompanionLink::Accept() {
+  while (QLocalSocket* socket = server_.nextPendingConnection()) {
+    socket->setReadBufferSize(kReadAtOnce);
+    rests_.insert(socket, {});
+    connect(socket, &QLocalSocket::readyRead, this, [this, socket]() { Read(socket); });
+    connect(socket, &QLocalSocket::disconnected, this, [this, socket]() {
+      Read(socket);
+      rests_.remove(socket);
+      socket->deleteLater();
+    });
+    // What arrived before the connects above raises no further signal.
+    Read(socket);
+  }
+}
+
+void CompanionLink::Read(QLocalSocket* socket) {
+  Rest& rest = rests_[socket];
+  QList<QByteArray> lines;
+  while (socket->bytesAvailable() > 0) {
+    const QByteArray bytes = socket->read(kReadAtOnce);
+    qsizetype start = 0;
+    for (qsizetype end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
+      rest.bytes += bytes.sliced(start, end - start);
+      if (!rest.tooLong && rest.bytes.size() <= kLongestLine) lines += rest.bytes;
+      rest = {};
+      start = end + 1;
+    }
+    if (!rest.tooLong) rest.bytes += bytes.sliced(start);
+    if (rest.bytes.size() > kLongestLine) rest = {{}, true};
+  }
+  // Only now: a handler may do anything, a further Read included.
+  for (const QByteArray& line : lines) TakeLine(line);
+}
+
+void CompanionLink::TakeLine(const QByteArray& line) {
+  const QString text = QString::fromUtf8(line.endsWith('\r') ? line.chopped(1) : line);
+  for (const QString& item : {u"txtRxOk"_s, u"txtFromRxOk"_s}) {
+    if (text.startsWith(item + u'=')) Q_EMIT TextArrived(item, text.sliced(item.size() + 1));
+  }
+}
