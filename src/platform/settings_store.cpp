@@ -225,8 +225,8 @@ bool SettingsStore::Save() {
   }
   const QByteArray bytes = text.toUtf8();
   QSaveFile file(path_);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
-      !file.commit()) return false;
+  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
+    return false;
   changed_ = false;
   return true;
 }
