@@ -4,10 +4,11 @@
 #include <signal.h>
 
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include "sample_pictures.h"
 #include "test_suite.h"
@@ -39,6 +40,18 @@ bool ShowsQuarters(const QImage& image) {
 class PictureToolTest : public QObject {
   Q_OBJECT
 
+  using Start = std::function<void(PictureTool&, PictureTool::Done)>;
+
+  QString Put(const QString& name, const QByteArray& bytes) const;
+  PictureAnswer Answer(const Start& start);
+  PictureAnswer Load(const QString& path, QSize box = QSize(1000, 1000));
+  PictureAnswer View(const QString& path, QSize box = QSize(1000, 1000));
+  PictureAnswer Thumb(const QString& source, const QString& target);
+
+  std::unique_ptr<QTemporaryDir> folder_;
+  std::unique_ptr<PictureTool> common_;  // goes on from test to test: none of them may leave it worse
+  PictureTool* tool_ = nullptr;
+
  private Q_SLOTS:
   void initTestCase();
   void init();
@@ -61,19 +74,6 @@ class PictureToolTest : public QObject {
   void AHangingProcessIsReplaced();
   void AMissingProgramFailsEveryJob();
   void NobodyIsCalledWhoIsGone();
-
- private:
-  using Start = std::function<void(PictureTool&, PictureTool::Done)>;
-
-  QString Put(const QString& name, const QByteArray& bytes) const;
-  PictureAnswer Answer(const Start& start);
-  PictureAnswer Load(const QString& path, QSize box = QSize(1000, 1000));
-  PictureAnswer View(const QString& path, QSize box = QSize(1000, 1000));
-  PictureAnswer Thumb(const QString& source, const QString& target);
-
-  std::unique_ptr<QTemporaryDir> folder_;
-  std::unique_ptr<PictureTool> common_;  // goes on from test to test: none of them may leave it worse
-  PictureTool* tool_ = nullptr;
 };
 
 void PictureToolTest::initTestCase() {
@@ -89,7 +89,7 @@ void PictureToolTest::init() {
 }
 
 QString PictureToolTest::Put(const QString& name, const QByteArray& bytes) const {
-  const QString path = folder_->filePath(name);
+  QString path = folder_->filePath(name);
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size()) qFatal("no room for a test file");
   return path;
@@ -98,13 +98,17 @@ QString PictureToolTest::Put(const QString& name, const QByteArray& bytes) const
 PictureAnswer PictureToolTest::Answer(const Start& start) {
   int calls = 0;
   PictureAnswer answer;
+  QEventLoop loop;
   start(*tool_, [&](const PictureAnswer& given) {
     answer = given;
     ++calls;
+    loop.quit();
   });
   [&]() {
     QCOMPARE(calls, 0);  // never from within the call
-    QTRY_COMPARE_WITH_TIMEOUT(calls, 1, 15000);
+    QTimer::singleShot(15s, &loop, &QEventLoop::quit);
+    loop.exec();
+    QCOMPARE(calls, 1);
   }();
   return answer;
 }
@@ -130,6 +134,9 @@ void PictureToolTest::ThumbsKeepTheirAspect_data() {
   QTest::newRow("wide") << u"jpg"_s << QSize(200, 100) << QSize(116, 58);
   QTest::newRow("usual") << u"jpg"_s << QSize(640, 480) << QSize(115, 86);
   QTest::newRow("enlarged") << u"png"_s << QSize(40, 30) << QSize(115, 86);
+  // Large enough to be scaled in several threads.
+  QTest::newRow("large png") << u"png"_s << QSize(1280, 1024) << QSize(108, 86);
+  QTest::newRow("large gif") << u"gif"_s << QSize(1280, 1024) << QSize(108, 86);
   QTest::newRow("large jp2") << u"jp2"_s << QSize(1280, 1024) << QSize(108, 86);
   QTest::newRow("a line") << u"png"_s << QSize(3000, 2) << QSize(116, 1);
 }
@@ -146,7 +153,7 @@ void PictureToolTest::ThumbsKeepTheirAspect() {
   QCOMPARE(answer.size, size);
   const QImage made(target, "jpeg");
   QCOMPARE(made.size(), thumb);
-  if (thumb.height() > 1) QVERIFY(ShowsQuarters(made));
+  if (thumb.height() > 1 && kind != "gif"_L1) QVERIFY(ShowsQuarters(made));
   const PictureAnswer loaded = Load(target);
   QVERIFY(loaded.ok);
   QCOMPARE(loaded.depth, 24);

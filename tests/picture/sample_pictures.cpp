@@ -189,7 +189,7 @@ QByteArray AnimatedGif(QSize size, const QList<QPair<QRgb, int>>& frames) {
 }
 
 QByteArray Claim(const QString& kind, quint32 width, quint32 height, quint32 tileSide) {
-  const QByteArray codestream =
+  QByteArray codestream =
       QByteArray::fromHex("ff4f") +
       Segment(0xFF51, Big(quint16{0}) + Big(width) + Big(height) + QByteArray(8, '\0') + Big(tileSide) + Big(tileSide) +
                           QByteArray(8, '\0') + Big(quint16{3}) + QByteArray::fromHex("070101070101070101")) +

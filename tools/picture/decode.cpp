@@ -40,7 +40,7 @@ const char* ReaderName(PictureKind kind) {
 QImage Finished(const QImage& image, QSize size) {
   if (image.isNull()) return {};
   const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-  const QImage plain = image.convertToFormat(format);
+  QImage plain = image.convertToFormat(format);
   if (plain.size() == size) return plain;
   return plain.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(format);
 }

@@ -119,7 +119,7 @@ class Plane {
 };
 
 int Clamped(double value) {
-  return std::clamp(static_cast<int>(value + 0.5), 0, 255);
+  return std::clamp(qRound(value), 0, 255);
 }
 
 QRgb FromYcc(int y, int cb, int cr) {

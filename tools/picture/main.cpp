@@ -2,6 +2,7 @@
 // omni-perch-picture: takes picture jobs on standard input, answers on standard output, ends with its input.
 // Its one argument is the folder below which it may write.
 #include <fcntl.h>
+#include <malloc.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
@@ -51,7 +52,7 @@ class Input {
   }
 
   QByteArray Take(qsizetype count) {
-    const QByteArray taken = buffer_.left(count);
+    QByteArray taken = buffer_.left(count);
     buffer_.remove(0, count);
     return taken;
   }
@@ -100,6 +101,8 @@ int main(int argc, char** argv) {
   if (argc != 2) return 2;
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   BeQuiet();
+  mallopt(M_ARENA_MAX, 1);  // each thread would reserve 64 MB of the address space that the sandbox grants
+  qputenv("QT_NO_GLIB", "1");
   QImageReader::setAllocationLimit(static_cast<int>(PictureLimits::kDecodedBytes >> 20));
   const QString given = QFile::decodeName(argv[1]);
   QString dataDir;
