@@ -7,6 +7,7 @@
 #include <QStringList>
 
 #include "core/config.h"
+#include "core/language_file.h"
 #include "core/page_state.h"
 #include "core/site_table.h"
 #include "core/texts.h"
@@ -26,6 +27,7 @@ struct Program {
   Config config;
   SiteTable sites;
   PageState page;
+  LanguageTexts language;  // texts of the language file by line; empty until one has been read
   Texts texts;
 
   QChar ZeroGlyph = QChar(u'Ø');  // shows a zero inside a call

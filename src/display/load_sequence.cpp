@@ -55,8 +55,10 @@ LoadStop LoadSequence::ReadSettings(bool anotherRuns) {
   program_.page.CamMinuteCount = program_.config.AutoPollCams == 1 ? 0 : kNoCamMinutes;
   program_.page.CurrentPage = 1;
   program_.UtcOffsetHours = UtcOffset(now);
-  program_.PageLabels = settings.ReadPageLabels(program_.texts.PageWord, program_.texts.WxPageName);
-  if (anotherRuns) return {program_.texts.AlreadyRunning, true};
+  languageMessage_ = LoadLanguage();
+  program_.PageLabels =
+      settings.ReadPageLabels(program_.language[TextLine::kPageWord], program_.language[TextLine::kWxPageName]);
+  if (anotherRuns) return {program_.language[TextLine::kAlreadyRunning], true};
   program_.page.UpdatePromptAllowed = true;
   return {};
 }
@@ -91,15 +93,27 @@ void LoadSequence::FindMaps() {
   }
 }
 
+QString LoadSequence::LanguageFolder() const {
+  return ResolvePath(program_.AppDataDir, u"Languages"_s);
+}
+
 void LoadSequence::FindLanguages() {
-  QStringList languages;
-  for (const QString& name : FilesOf(ResolvePath(program_.AppDataDir, u"Languages"_s))) {
-    if (name.startsWith("Omni-Perch"_L1)) languages.append(name.mid(11).section(u'.', 0, 0));
-  }
-  // The third goes and English comes last: with the folder's own order this puts English behind the others.
-  if (languages.size() > 2) languages.removeAt(2);
-  languages.append(u"English"_s);
-  program_.lstLanguages = languages;
+  program_.lstLanguages = ListLanguages(FilesOf(LanguageFolder()));
+}
+
+QString LoadSequence::LoadLanguage() {
+  const LanguageResult result = ::LoadLanguage(LanguageFolder(), program_.config.LanguageName,
+                                               program_.lstLanguages.size(), Program::ProgVersion(), program_.language);
+  return result.read && !result.versionOk ? result.wrongVersion : QString();
+}
+
+QString LoadSequence::ChangeLanguage(const QString& name) {
+  program_.config.LanguageName = name;
+  program_.config.OnAirCode = OnAirLanguageCode(name, program_.config.OnAirCode);
+  const LanguageTexts before = program_.language;
+  const QString message = LoadLanguage();
+  TranslatePageLabels(program_.PageLabels, before, program_.language);
+  return message;
 }
 
 void LoadSequence::SaveAllState(const std::optional<WindowPlacement>& placement,

@@ -37,12 +37,19 @@ class LoadSequence {
   // SaveAllState alone, for callers that rebuild the tables.
   void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
 
+  // Takes another language: its texts, and the default page labels in it. A message to be shown, or nothing.
+  QString ChangeLanguage(const QString& name);
+  // What the language file of the start had to be warned of; empty where it was right or missing.
+  QString LanguageMessage() const { return languageMessage_; }
+
   std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
 
  private:
   void MakeFolders();
   void FindMaps();
   void FindLanguages();
+  QString LanguageFolder() const;
+  QString LoadLanguage();
 
   Program& program_;
   HeightTable& heights_;
@@ -50,6 +57,7 @@ class LoadSequence {
   SiteListFile lists_;
   const Clock& clock_;
   std::optional<WindowPlacement> placement_;
+  QString languageMessage_;
 };
 
 // Twips a pixel: below 10 or above 20 no screen reports the truth, and 15 is taken.

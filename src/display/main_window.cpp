@@ -72,9 +72,10 @@ bool Form1::Load(bool anotherRuns) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;
   }
+  if (!load_.LanguageMessage().isEmpty()) dialogs_.Inform(nullptr, load_.LanguageMessage(), false);
   setFont(QApplication::font("QMenu"));
   pic_->setFont(font());
-  pic_->SetTexts(program_.texts);
+  pic_->SetTexts(program_.language);
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
   ShowPageLabel();
@@ -110,7 +111,7 @@ void Form1::ConnectionAnswered(bool reached) {
   if (!reached) {
     // A network that says no at once is asked about before the window shows; the window does not wait for a silent one.
     repaint();
-    if (dialogs_.AskRetry(isVisible() ? this : nullptr, program_.texts.ConnectivityQuestion)) {
+    if (dialogs_.AskRetry(isVisible() ? this : nullptr, program_.language[TextLine::kConnectivityQuestion])) {
       connectivity_.Run();
       return;
     }
@@ -209,6 +210,18 @@ void Form1::MnuGuiClick(int index) {
   ApplyLayout();
 }
 
+void Form1::MnuLanguageClick(int index) {
+  const QString name = program_.lstLanguages.value(index);
+  if (name.isEmpty()) return;
+  const QString message = load_.ChangeLanguage(name);
+  if (!message.isEmpty()) dialogs_.Inform(this, message, false);
+  pic_->SetTexts(program_.language);
+  RefreshCaptions();
+  ShowPageLabel();
+  picAll_->TakeLanguage();
+  logic_.poll.LanguageChange();
+}
+
 void Form1::StepPage(int step) {
   const int pages = PageState::WxPage;
   MnuPagesClick((program_.page.CurrentPage - 1 + step + pages) % pages);
@@ -247,7 +260,7 @@ void Form1::FirstClosingStep() {
   const auto sendClosed = [this]() { CompanionLink(socketDir_).SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
   message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
-  message_->ShowMsg(u" "_s + program_.texts.ClosingText + u" "_s, kClosingGreen);
+  message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);
   QTimer::singleShot(closingPause_, this, &Form1::SecondClosingStep);
 }
 

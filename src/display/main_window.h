@@ -48,6 +48,7 @@ class Form1 : public QWidget {
   void MnuPagesClick(int index);
   void MnuThumbsClick(int index);
   void MnuGuiClick(int index);
+  void MnuLanguageClick(int index);
   void MnuRateClick(int index) { logic_.poll.MnuRateClick(index); }
   void ReloadPage() { logic_.poll.ReloadPage(); }
 

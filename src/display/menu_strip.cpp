@@ -54,16 +54,16 @@ int MenuStrip::BarHeight() const {
   return std::max(kLeastHeight, fontMetrics().height() + 12);
 }
 
-void MenuStrip::SetTexts(const Texts& texts) {
-  lblFind->SetCaption(texts.FindCaption);
-  lblCam->SetCaption(texts.CamsWord);
-  lblOnAirNow->SetCaption(texts.OnAirCaption);
-  lblPropagation->SetCaption(texts.PropagationCaption);
+void MenuStrip::SetTexts(const LanguageTexts& texts) {
+  lblFind->SetCaption(texts[TextLine::kFindCaption]);
+  lblCam->SetCaption(texts[TextLine::kCamsWord]);
+  lblOnAirNow->SetCaption(texts[TextLine::kOnAirText]);
+  lblPropagation->SetCaption(texts[TextLine::kPropagationCaption]);
   lblSetup->SetCaption(u"Setup"_s);
-  txtCall->setAccessibleName(texts.CallFieldName);
-  txtCall->setToolTip(texts.CallFieldName);
-  cmdGo->setAccessibleName(texts.LookUpName);
-  imgRefresh->setAccessibleName(texts.BusyName);
+  txtCall->setAccessibleName(texts[TextLine::kCallFieldName]);
+  txtCall->setToolTip(texts[TextLine::kCallFieldName]);
+  cmdGo->setAccessibleName(texts[TextLine::kLookUpName]);
+  imgRefresh->setAccessibleName(texts[TextLine::kBusyName]);
 }
 
 void MenuStrip::paintEvent(QPaintEvent* event) {

@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QWidget>
 
-#include "core/texts.h"
+#include "core/language_file.h"
 #include "ui/bar_label.h"
 #include "ui/busy_sign.h"
 
@@ -18,7 +18,7 @@ class MenuStrip : public QWidget {
 
   // Height for the present font, in pixels.
   int BarHeight() const;
-  void SetTexts(const Texts& texts);
+  void SetTexts(const LanguageTexts& texts);
 
   BarLabel* lblPages;
   BarLabel* lblRefresh;

@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 PageView::PageView(Program& program, ThumbGrid& grid, QWidget* parent)
     : QWidget(parent), program_(program), grid_(grid) {
   setObjectName(u"picAll"_s);
-  setAccessibleName(program_.texts.PageGridName);
   connect(&grid_, &ThumbGrid::GridMade, this, &PageView::MakeCells);
   connect(&grid_, &ThumbGrid::CellChanged, this, &PageView::UpdateCell);
 }
@@ -19,7 +18,14 @@ PageView::PageView(Program& program, ThumbGrid& grid, QWidget* parent)
 void PageView::Arrange(int menuBarHeight, QSize nominal, double fontPoints) {
   units_ = PageUnits(program_.config.ThumbLayout, menuBarHeight);
   fontPoints_ = fontPoints;
+  setAccessibleName(program_.language[TextLine::kPageGridName]);
   nominalScale_ = units_.isEmpty() ? 1 : std::min(nominal.width() / units_.width(), nominal.height() / units_.height());
+  Place();
+}
+
+void PageView::TakeLanguage() {
+  setAccessibleName(program_.language[TextLine::kPageGridName]);
+  for (int slot = 0; slot < cells_.size(); ++slot) UpdateCell(slot);
   Place();
 }
 
@@ -47,7 +53,8 @@ void PageView::UpdateCell(int slot) {
   const PageState& page = program_.page;
   const QString time = page.Field(slot, SentTime);
   cell->SetCell(grid_.Cells().at(slot));
-  cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s, program_.texts.EmptyCellName);
+  cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,
+                   program_.language[TextLine::kEmptyCellName]);
 }
 
 void PageView::Place() {
@@ -60,7 +67,7 @@ void PageView::Place() {
   look.font = font();
   // The font grows and shrinks with the cells when the window is not of its layout's own size.
   look.fontPixels = fontPoints_ * 96 / 72 * (nominalScale_ > 0 ? scale / nominalScale_ : 1);
-  look.connectingText = program_.texts.ConnectingText;
+  look.connectingText = program_.language[TextLine::kConnectingText];
   for (ThumbCell* cell : std::as_const(cells_)) {
     const QRectF units = CellRect(program_.config.ThumbLayout, cell->Slot());
     const QRectF place(origin + units.topLeft() * scale, units.size() * scale);

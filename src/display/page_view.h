@@ -18,6 +18,8 @@ class PageView : public QWidget {
 
   // Units and fonts of the layout; nominal is the size that the layout's arithmetic gives this view.
   void Arrange(int menuBarHeight, QSize nominal, double fontPoints);
+  // Texts and names again after another language has been read.
+  void TakeLanguage();
   ThumbCell* CellAt(int slot) const;
 
  Q_SIGNALS:

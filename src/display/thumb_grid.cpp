@@ -185,7 +185,8 @@ void ThumbGrid::Place(int slot, const PictureAnswer& answer) {
   blurred_[slot] = !cell.animated && program_.page.OnDsstvPage() && answer.size.width() < box_.width() &&
                    answer.size.height() < box_.height();
   if (blurred_.at(slot)) sharpenTimer_.start();
-  if (cell.lblFrom.contains(program_.texts.ConnectingText)) cell.lblFrom.clear();
+  const QString& connecting = program_.language[TextLine::kConnectingText];
+  if (!connecting.isEmpty() && cell.lblFrom.contains(connecting)) cell.lblFrom.clear();
   Changed(slot);
 }
 
@@ -205,11 +206,12 @@ void ThumbGrid::ErrorBox(int slot, const QString& caption, const QString& first,
 void ThumbGrid::ShowNotFound(int slot, int site, bool corrupt) {
   ++program_.page.SitesDone;
   if (!HasSlot(slot)) return;
-  const Texts& texts = program_.texts;
+  const LanguageTexts& texts = program_.language;
   program_.page.Field(slot, Caller) = u"Not found"_s;
   const bool dsstv = program_.page.OnDsstvPage();
-  ErrorBox(slot, texts.ErrorCaption, dsstv ? texts.ErrorWord + u" 1"_s : texts.ErrorWord,
-           corrupt ? texts.CorruptText : texts.NoPictureText);
+  ErrorBox(slot, texts[TextLine::kErrorCaption],
+           dsstv ? texts[TextLine::kErrorWord] + u" 1"_s : texts[TextLine::kErrorWord],
+           corrupt ? texts[TextLine::kCorruptText] : texts[TextLine::kNoPictureText]);
   if (dsstv) AgeOfNotFound(slot, site);
   Changed(slot);
   Q_EMIT NotFoundShown(slot);
@@ -217,7 +219,7 @@ void ThumbGrid::ShowNotFound(int slot, int site, bool corrupt) {
 
 void ThumbGrid::AgeOfNotFound(int slot, int site) {
   if (site < 0 || site >= program_.sites.Sites.size()) return;
-  const Texts& texts = program_.texts;
+  const LanguageTexts& texts = program_.language;
   Cell& cell = At(slot);
   QString& lastSeen = program_.sites.Sites[site].LastSeen;
   if (lastSeen.isEmpty()) lastSeen = DateText(clock_.Now());
@@ -227,7 +229,8 @@ void ThumbGrid::AgeOfNotFound(int slot, int site) {
   const qint64 days = WholeDays(sent, UtcNow());
   const QString call = ShownCall(program_.page.Field(slot, SlotCall), program_.ZeroGlyph);
   if (days > 0) {
-    cell.lblCall = call + texts.AgeWord + QString::number(days) + (days > 1 ? texts.DaysWord : texts.DayWord);
+    cell.lblCall = call + texts[TextLine::kAgeWord] + QString::number(days) +
+                   (days > 1 ? texts[TextLine::kDaysWord] : texts[TextLine::kDayWord]);
     cell.Shape1 = CellColour::Window;
   }
   if (days > kStaleDays) cell.Shape1 = CellColour::Stale;
@@ -241,9 +244,10 @@ void ThumbGrid::ShowBlockedCall(int slot, int reason) {
 
 void ThumbGrid::BlankCall(int slot, int reason) {
   if (!HasSlot(slot)) return;
-  const Texts& texts = program_.texts;
+  const LanguageTexts& texts = program_.language;
   const QString call = ShownCall(program_.page.Field(slot, Caller), program_.ZeroGlyph);
-  ErrorBox(slot, texts.BlockedCaption, reason == 1 ? texts.BlockedText : texts.IllegalText, call);
+  ErrorBox(slot, texts[TextLine::kBlockedCaption],
+           reason == 1 ? texts[TextLine::kBlockedText] : texts[TextLine::kIllegalText], call);
   Changed(slot);
 }
 
@@ -266,11 +270,12 @@ void ThumbGrid::ColourByAge(int slot, int site) {
   if (!HasSlot(slot)) return;
   const QDateTime sent = ReadDate(program_.page.Field(slot, SentTime));
   if (!sent.isValid()) return;
-  const Texts& texts = program_.texts;
+  const LanguageTexts& texts = program_.language;
   Cell& cell = At(slot);
   const QString call = ShownCall(cell.siteCall, program_.ZeroGlyph);
   const qint64 days = WholeDays(sent, UtcNow());
-  cell.lblCall = days > 1 ? call + texts.AgeWord + QString::number(days) + texts.DaysWord : call;
+  cell.lblCall =
+      days > 1 ? call + texts[TextLine::kAgeWord] + QString::number(days) + texts[TextLine::kDaysWord] : call;
   if (days > kStaleDays) {
     cell.Shape1 = CellColour::Stale;
   } else {
@@ -322,7 +327,7 @@ void ThumbGrid::SetSite(int slot, const QString& call) {
 void ThumbGrid::SetWxSite(int slot, const QString& title) {
   if (!HasSlot(slot)) return;
   At(slot).lblCall = title;
-  At(slot).lblFrom = program_.texts.ConnectingText;
+  At(slot).lblFrom = program_.language[TextLine::kConnectingText];
   Changed(slot);
 }
 
@@ -344,7 +349,7 @@ void ThumbGrid::ShowCaption(int slot, const QString& modeTag, const std::optiona
   Cell& cell = At(slot);
   cell.lblMode = modeTag;
   cell.modeColour = ModeColour(modeTag);
-  if (fromCall) cell.lblFrom = program_.texts.FromWord + *fromCall;
+  if (fromCall) cell.lblFrom = program_.language[TextLine::kFromWord] + *fromCall;
   Changed(slot);
 }
 

@@ -367,8 +367,9 @@ void PollCycle::MnuRateClick(int index) {
 
 QString PollCycle::RefreshCaption() const {
   const Config& config = program_.config;
-  const Texts& texts = program_.texts;
-  if (config.GuiMode == 0) return u"  "_s + texts.RefreshWord;
-  if (config.AutoRefreshOn != 1) return texts.RefreshWord + u" ("_s + texts.OffWord + u") "_s;
-  return texts.RefreshWord + u" (auto %1 min) "_s.arg(config.AutoRefreshMinutes);
+  const LanguageTexts& texts = program_.language;
+  if (config.GuiMode == 0) return u"  "_s + texts[TextLine::kRefreshWord];
+  if (config.AutoRefreshOn != 1)
+    return texts[TextLine::kRefreshWord] + u" ("_s + texts[TextLine::kInactiveWord] + u") "_s;
+  return texts[TextLine::kRefreshWord] + u" (auto %1 min) "_s.arg(config.AutoRefreshMinutes);
 }

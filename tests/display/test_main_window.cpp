@@ -49,6 +49,11 @@ struct WindowFixture {
     Write("Omni-Perch.cfg", "1\r\n1\r\n1\r\n2\r\n7\r\nEnglish\r\n52.5\r\n-1.25\r\n0\r\n0\r\n1\r\nZZ9QX\r\n");
     Write("WXsites.lst", "Radar*1*1*1*1*1*1\r\n" + band.AddStation(u"ZZ9WX"_s).Url().toLatin1() + "\r\n");
     Write("nicknames.txt", "ZZ1AA*Bo\r\n");
+    const QDir languages(QStringLiteral(LANGUAGES_DIR));
+    QDir(folder.path()).mkpath(u"Languages"_s);
+    for (const QString& name : languages.entryList(QDir::Files)) {
+      QFile::copy(languages.filePath(name), folder.filePath(u"Languages/"_s + name));
+    }
     hosts.Connectivity = band.HostUrl(u"Connectivity"_s);
     hosts.Time = band.HostUrl(u"Time"_s);
   }
@@ -112,7 +117,7 @@ class MainWindowTest : public QObject {
     QTest::addColumn<QString>("message");
     QTest::newRow("configuration") << QByteArray("Omni-Perch.cfg") << false << u"Omni-Perch.cfg not found!"_s;
     QTest::newRow("WX sites") << QByteArray("WXsites.lst") << false << u"WXsites.lst not found!"_s;
-    QTest::newRow("second instance") << QByteArray() << true << u"Omni-Perch is already running."_s;
+    QTest::newRow("second instance") << QByteArray() << true << u"Omni-Perch is already running!"_s;
   }
 
   void StopsWithAMessage() {

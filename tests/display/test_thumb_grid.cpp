@@ -130,9 +130,9 @@ class ThumbGridTest : public QObject {
     QTest::addColumn<QByteArray>("body");
     QTest::addColumn<bool>("stored");
     QTest::addColumn<QString>("line");
-    QTest::newRow("100 bytes") << QByteArray(100, 'x') << false << u"No picture"_s;
+    QTest::newRow("100 bytes") << QByteArray(100, 'x') << false << u"Not found"_s;
     QTest::newRow("101 bytes") << QByteArray(101, 'x') << true << u"Picture corrupt"_s;
-    QTest::newRow("a page that says 404") << QByteArray("<html>404") + QByteArray(500, ' ') << false << u"No picture"_s;
+    QTest::newRow("a page that says 404") << QByteArray("<html>404") + QByteArray(500, ' ') << false << u"Not found"_s;
     QTest::newRow("404 and no page") << QByteArray("404") + QByteArray(5000, ' ') << true << u"Picture corrupt"_s;
   }
 

@@ -168,8 +168,8 @@ class PollTest : public QObject {
     QCOMPARE(f.program.page.Field(0, Caller), u"Not found"_s);
     QCOMPARE(f.program.page.Field(0, LastHeight), u"0"_s);
     QVERIFY(f.CellOf(0).errorBox);
-    QCOMPARE(f.CellOf(0).lblInfo, u"Site error 1"_s);
-    QCOMPARE(f.CellOf(0).lblInfo2, u"No picture"_s);
+    QCOMPARE(f.CellOf(0).lblInfo, u"Image error 1"_s);
+    QCOMPARE(f.CellOf(0).lblInfo2, u"Not found"_s);
     QCOMPARE(updates.count(), 1);
     QCOMPARE(rounds.count(), 1);
     QVERIFY(f.program.page.CamPollDue);

@@ -44,6 +44,7 @@ struct PageFixture {
     program.ZeroGlyph = QChar(u'0');
     program.config.ThumbLayout = 2;
     program.page.Online = true;
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
     for (const char* sub : {"images/dsstv/thumbs", "images/wx"}) QDir(folder.path()).mkpath(QString::fromLatin1(sub));
     QFile heights(folder.filePath(QStringLiteral("images/dsstv/ckNewHeight.txt")));
     if (heights.open(QIODevice::WriteOnly)) heights.write("1-0-x\r\n");
