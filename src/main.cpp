@@ -13,6 +13,7 @@
 #include "platform/settings_store.h"
 #include "platform/termination.h"
 #include "ui/dialogs.h"
+#include "ui/menu_accessible.h"
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(u"omni-perch"_s);
   QApplication::setQuitOnLastWindowClosed(false);
   AccessibleCell::Install();
+  AccessibleMenuOwner::Install();
 
   Program program;
   program.AppDataDir = DefaultAppDataDir();

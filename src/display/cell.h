@@ -17,13 +17,15 @@ enum class CamLight { Hidden, Yellow, Green, Red };
 inline constexpr QColor kOnAirColour(242, 242, 214);
 inline constexpr QColor kStaleColour(255, 136, 136);
 inline constexpr QColor kConnectColour(150, 180, 255);
+inline constexpr QColor kFlashColour(0, 0, 255);
 inline constexpr QColor kErrorColour(50, 50, 50);
 
 struct Cell {
   CellColour Shape1 = CellColour::Window;
-  QString lblCall;   // caption
-  QString onAirTip;  // tip of lblCall: "On air", "Off air" or empty
-  QString lblFrom;   // caption
+  bool flash = false;  // Shape1 is blue for this moment
+  QString lblCall;     // caption
+  QString onAirTip;    // tip of lblCall: "On air", "Off air" or empty
+  QString lblFrom;     // caption
   bool fromVisible = true;
   bool lblConnect = false;  // visible
   bool picProg = false;     // visible

@@ -28,8 +28,10 @@ class CellBrush {
   }
   QRectF Whole() const { return Scaled(QRectF(QPointF(0, 0), cell_part::kCell)); }
 
+  QColor Back() const { return cell_.flash ? kFlashColour : CellBackground(cell_.Shape1, look_.palette); }
+
   void Background() const {
-    painter_.fillRect(Whole(), CellBackground(cell_.Shape1, look_.palette));
+    painter_.fillRect(Whole(), Back());
     // Line1 and Line2: the white edge that lifts a cell off its page; on a dark page a hint of it is enough.
     QColor edge(Qt::white);
     if (IsDark(look_.palette.color(QPalette::Window))) edge.setAlpha(70);
@@ -67,7 +69,7 @@ class CellBrush {
   }
 
   void Captions() const {
-    const QColor background = CellBackground(cell_.Shape1, look_.palette);
+    const QColor background = Back();
     painter_.setPen(TextOn(background, look_.palette));
     Line(cell_.lblCall, cell_part::kCall, 1, true);
     if (cell_.picProg) {

@@ -37,7 +37,8 @@ Form1::Form1(const Parts& parts)
       load_(parts.program, logic_.heights, parts.store, parts.clock),
       connectivity_(logic_.network, parts.hosts.Connectivity),
       pic_(new MenuStrip(this)),
-      picAll_(new PageView(parts.program, logic_.grid, this)) {
+      picAll_(new PageView(parts.program, logic_.grid, this)),
+      menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)) {
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -54,6 +55,11 @@ void Form1::ConnectParts() {
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
+  connect(menus_, &WindowMenus::PageChosen, this, &Form1::MnuPagesClick);
+  connect(menus_, &WindowMenus::ThumbsChosen, this, &Form1::MnuThumbsClick);
+  connect(menus_, &WindowMenus::GuiChosen, this, &Form1::MnuGuiClick);
+  connect(menus_, &WindowMenus::LanguageChosen, this, &Form1::MnuLanguageClick);
+  connect(menus_, &WindowMenus::CamModeChosen, this, &Form1::MnuCamModeClick);
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
 }
@@ -76,6 +82,7 @@ bool Form1::Load(bool anotherRuns) {
   setFont(QApplication::font("QMenu"));
   pic_->setFont(font());
   pic_->SetTexts(program_.language);
+  menus_->BuildMenuTables();
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
   ShowPageLabel();
@@ -210,12 +217,25 @@ void Form1::MnuGuiClick(int index) {
   ApplyLayout();
 }
 
+void Form1::MnuCamModeClick(int index) {
+  Config& config = program_.config;
+  config.AutoPollCams = index == 3 ? 0 : 1;
+  if (index < 0 || index > 2) return;
+  config.CamMode = index;
+  pic_->lblCam->setVisible(index < 2);
+  if (index < 2) return;
+  program_.page.txtActive.clear();
+  program_.sites.lstCams.clear();
+  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) logic_.grid.ShowCamLight(slot, CamLight::Hidden);
+}
+
 void Form1::MnuLanguageClick(int index) {
   const QString name = program_.lstLanguages.value(index);
   if (name.isEmpty()) return;
   const QString message = load_.ChangeLanguage(name);
   if (!message.isEmpty()) dialogs_.Inform(this, message, false);
   pic_->SetTexts(program_.language);
+  menus_->BuildMenuTables();
   RefreshCaptions();
   ShowPageLabel();
   picAll_->TakeLanguage();

@@ -14,6 +14,7 @@
 #include "display/load_sequence.h"
 #include "display/menu_strip.h"
 #include "display/page_view.h"
+#include "display/window_menus.h"
 #include "platform/clock.h"
 #include "platform/companion_link.h"
 #include "platform/settings_store.h"
@@ -49,6 +50,7 @@ class Form1 : public QWidget {
   void MnuThumbsClick(int index);
   void MnuGuiClick(int index);
   void MnuLanguageClick(int index);
+  void MnuCamModeClick(int index);
   void MnuRateClick(int index) { logic_.poll.MnuRateClick(index); }
   void ReloadPage() { logic_.poll.ReloadPage(); }
 
@@ -95,6 +97,7 @@ class Form1 : public QWidget {
   ConnectivityTest connectivity_;
   MenuStrip* pic_;
   PageView* picAll_;
+  WindowMenus* menus_;
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;

@@ -39,6 +39,7 @@ void PageView::MakeCells() {
   while (cells_.size() < count) {
     auto* cell = new ThumbCell(static_cast<int>(cells_.size()), this);
     connect(cell, &ThumbCell::Pressed, this, &PageView::CellPressed);
+    connect(cell, &ThumbCell::MenuWanted, this, &PageView::MenuWanted);
     connect(cell, &ThumbCell::Moved, this, &PageView::MoveFocus);
     cells_.append(cell);
     cell->show();

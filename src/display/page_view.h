@@ -24,6 +24,8 @@ class PageView : public QWidget {
 
  Q_SIGNALS:
   void CellPressed(int slot);
+  // The right button, or the menu key, on a cell; at: a point of the screen.
+  void MenuWanted(int slot, QPoint at, bool byKeyboard);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/thumb_cell.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -114,6 +115,11 @@ void ThumbCell::keyPressEvent(QKeyEvent* event) {
     default:
       QWidget::keyPressEvent(event);
   }
+}
+
+void ThumbCell::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  Q_EMIT MenuWanted(slot_, byKeyboard ? mapToGlobal(rect().center()) : event->globalPos(), byKeyboard);
 }
 
 void ThumbCell::enterEvent(QEnterEvent* event) {

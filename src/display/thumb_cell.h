@@ -27,6 +27,7 @@ class ThumbCell : public QWidget {
  Q_SIGNALS:
   // A press by mouse (left button), by Return or Space, or by a screen reader.
   void Pressed(int slot);
+  void MenuWanted(int slot, QPoint at, bool byKeyboard);
   // An arrow key asks for a neighbour.
   void Moved(int slot, Qt::Key key);
 
@@ -34,6 +35,7 @@ class ThumbCell : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

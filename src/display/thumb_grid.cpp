@@ -15,7 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kStaleDays = 30;                           // a site is stale above this
+constexpr int kStaleDays = 30;  // a site is stale above this
+constexpr auto kBlink = std::chrono::milliseconds(150);
+constexpr int kBlinks = 20;
 constexpr auto kQuiet = std::chrono::milliseconds(150);  // without a new picture before any is sharpened
 
 // Colour of a mode tag; an empty tag has one too, though nothing shows it.
@@ -36,6 +38,8 @@ ThumbGrid::ThumbGrid(Program& program, PictureTool& tool, Background& background
   sharpenTimer_.setSingleShot(true);
   sharpenTimer_.setInterval(kQuiet);
   connect(&sharpenTimer_, &QTimer::timeout, this, &ThumbGrid::SharpenNext);
+  Timer2_.setInterval(kBlink);
+  connect(&Timer2_, &QTimer::timeout, this, &ThumbGrid::Timer2Tick);
 }
 
 void ThumbGrid::MakeGrid(int thumbLayout) {
@@ -282,6 +286,25 @@ void ThumbGrid::ColourByAge(int slot, int site) {
     cell.Shape1 = cell.onAirTip == "On air"_L1 ? CellColour::OnAir : CellColour::Window;
   }
   Changed(slot);
+}
+
+void ThumbGrid::Flash(int slot) {
+  if (!HasSlot(slot)) return;
+  if (HasSlot(flashSlot_) && flashSlot_ != slot) {
+    At(flashSlot_).flash = false;
+    Changed(flashSlot_);
+  }
+  flashSlot_ = slot;
+  flashTicks_ = 0;
+  Timer2_.start();
+}
+
+void ThumbGrid::Timer2Tick() {
+  const bool over = ++flashTicks_ >= kBlinks || !HasSlot(flashSlot_);
+  if (over) Timer2_.stop();
+  if (!HasSlot(flashSlot_)) return;
+  At(flashSlot_).flash = !over && !At(flashSlot_).flash;
+  Changed(flashSlot_);
 }
 
 void ThumbGrid::SetOnAir(int slot, bool onAir) {

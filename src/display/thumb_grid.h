@@ -47,6 +47,9 @@ class ThumbGrid : public QObject {
   // Age suffix and state colour from the picture's date.
   void ColourByAge(int slot, int site);
 
+  // Lets a cell blink in blue for three seconds, so that the eye finds it.
+  void Flash(int slot);
+
   // Answer of the marker: tip and colour.
   void SetOnAir(int slot, bool onAir);
   void SetConnecting(int slot, bool visible);
@@ -89,6 +92,7 @@ class ThumbGrid : public QObject {
   void ShowVideo(const QString& path, int slot, const std::function<void()>& shown);
   // The next cell whose thumb is enlarged on the screen gets its picture at that size. The thumb on the disk stays.
   void SharpenNext();
+  void Timer2Tick();
   void Repair(const QString& path, int slot, int site, const std::function<void()>& shown);
   void Place(int slot, const PictureAnswer& answer);
   void ErrorBox(int slot, const QString& caption, const QString& first, const QString& second);
@@ -105,5 +109,8 @@ class ThumbGrid : public QObject {
   QList<Shown> shown_;
   QList<bool> blurred_;  // cells that show a thumb enlarged
   QTimer sharpenTimer_;
+  QTimer Timer2_;  // 150 ms while a cell blinks
+  int flashSlot_ = -1;
+  int flashTicks_ = 0;
   QSize box_{232, 172};
 };

@@ -10,6 +10,7 @@ PageLogic::PageLogic(Program& program, const Clock& clock, const QString& pictur
       ucUpdates(network),
       intake(program, grid, tool, background, clock, ucDnLoad),
       check(program, heights, grid, ucCkNew1, ucDnLoad),
-      poll(program, grid, intake, ucCkNew1, ucDnLoad, clock) {
+      poll(program, grid, intake, ucCkNew1, ucDnLoad, clock),
+      sites(program, grid, poll, ucCkNew1, ucDnLoad) {
   QObject::connect(&check, &NewImageCheck::Checked, &poll, &PollCycle::AfterCheck);
 }

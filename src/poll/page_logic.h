@@ -14,6 +14,7 @@
 #include "poll/download_control.h"
 #include "poll/height_table.h"
 #include "poll/new_image_check.h"
+#include "poll/page_sites.h"
 #include "poll/picture_intake.h"
 #include "poll/poll_cycle.h"
 
@@ -32,4 +33,5 @@ struct PageLogic {
   PictureIntake intake;
   NewImageCheck check;
   PollCycle poll;
+  PageSites sites;
 };

@@ -27,6 +27,11 @@ std::optional<Place> PlaceAt(const SiteTable& sites, int page, int slot) {
   return Place{site, entry.section(u'-', 3)};
 }
 
+// List1 is kept in order, as the list of a page's calls is read by people; a slot stands in it once.
+void AddToList1(QStringList& list, const QString& entry) {
+  if (!list.contains(entry)) list.insert(std::lower_bound(list.begin(), list.end(), entry), entry);
+}
+
 // A timer that runs goes on as it is: its minute is not begun anew.
 void TurnOn(QTimer& timer) {
   if (!timer.isActive()) timer.start();
@@ -206,7 +211,7 @@ QString PollCycle::FillSlot(int slot, int site, const QString& call) {
   grid_.SetSite(slot, call);
   page.Field(slot, SlotCall) = call;
   page.Field(slot, SlotSite) = QString::number(site);
-  page.List1.append(call + u"    "_s + QString::number(slot + 1));
+  AddToList1(page.List1, call + u"    "_s + QString::number(slot + 1));
   if (QFile::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) {
     intake_.ReadCaptionFromFile(page.CurrentPage, slot, site);
     grid_.ColourByAge(slot, site);

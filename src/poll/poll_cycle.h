@@ -37,6 +37,9 @@ class PollCycle : public QObject {
   // A site window has closed: polls again a moment later.
   void StartTimer5() { Timer5.start(); }
 
+  // What the second pass does for a slot without asking: captions, list and fields. Returns the site's plain address.
+  QString FillSlot(int slot, int site, const QString& call);
+
   void MnuRateClick(int index);
   void StopRefreshTimers();
   void StartRefreshTimer();
@@ -84,8 +87,6 @@ class PollCycle : public QObject {
   void EndStarter();
   void Walk(bool clearGrid);
   void ShowThumbsFromDisk();
-  // What the second pass does for a slot without asking: captions, list and fields. Returns the site's plain address.
-  QString FillSlot(int slot, int site, const QString& call);
   void PollFinished();
   // Update check and first cam round, from the places where the count may be reached out of turn.
   void EarlyPostPoll();
