@@ -1,0 +1,228 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "callbook/call_database.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <algorithm>
+#include <cerrno>
+#include <cmath>
+#include <cstring>
+#include <limits>
+
+#include "callbook/record_order.h"
+#include "platform/paths.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
+constexpr int kRecordsAtOnce = 512;  // of a list that is read from front to end
+
+QString FileName() {
+  return u"Omni-Perch-DB.db"_s;
+}
+
+// The file as FindRecord reads it: a few small reads, which a buffered file would make larger and slower.
+class RecordReader {
+ public:
+  explicit RecordReader(const QByteArray& path) : file_(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    struct stat status {};
+    if (file_ < 0 || ::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return;
+    readable_ = true;
+    count_ = std::min<qint64>(status.st_size / kRecordSize, std::numeric_limits<int>::max());
+  }
+  ~RecordReader() {
+    if (file_ >= 0) ::close(file_);
+  }
+  RecordReader(const RecordReader&) = delete;
+  RecordReader& operator=(const RecordReader&) = delete;
+
+  bool IsReadable() const { return readable_; }
+  qint64 Count() const { return count_; }
+  // A record beyond the end is one of NULs, which no call equals.
+  DbRec Read(qint64 number) const {
+    DbRec record;
+    if (::pread(file_, &record, sizeof record, (number - 1) * kRecordSize) != kRecordSize) {
+      std::memset(static_cast<void*>(&record), 0, sizeof record);
+    }
+    return record;
+  }
+
+ private:
+  int file_;
+  bool readable_ = false;
+  qint64 count_ = 0;
+};
+
+std::optional<QByteArray> WholeFile(const QString& path) {
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+  if (file.size() > kLargestRewritten) return {};
+  QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) return {};
+  return bytes;
+}
+
+QByteArrayView RecordBytes(const DbRec& record) {
+  return {reinterpret_cast<const char*>(&record), kRecordSize};
+}
+
+// Quotient rounded to the nearest integer, halves to even.
+qint64 RoundedCount(qint64 size) {
+  return std::llrint(static_cast<double>(size) / static_cast<double>(kRecordSize));
+}
+
+}  // namespace
+
+CallDatabase::CallDatabase(QString appDataDir)
+    : appDataDir_(std::move(appDataDir)), exactPath_(QFile::encodeName(appDataDir_ + u'/' + FileName())) {}
+
+QString CallDatabase::Path() const {
+  return ResolvePath(appDataDir_, FileName());
+}
+
+bool CallDatabase::Save(const QList<QByteArrayView>& pieces) const {
+  QSaveFile file(Path());
+  if (!file.open(QIODevice::WriteOnly)) return false;
+  for (const QByteArrayView piece : pieces) {
+    if (file.write(piece.data(), piece.size()) != piece.size()) return false;
+  }
+  return file.commit();
+}
+
+int CallDatabase::FindRecord(const QString& call) {
+  std::optional<RecordReader> file(exactPath_);
+  if (!file->IsReadable()) {
+    QFile other(Path());
+    if (!other.exists() && !other.open(QIODevice::NewOnly)) return 0;
+    file.emplace(QFile::encodeName(other.fileName()));
+    if (!file->IsReadable()) return 0;
+  }
+  const QByteArray bytes = AnsiBytes(call);
+  const QByteArrayView wanted = BlanksTrimmed(bytes);
+  qint64 low = 1;
+  qint64 high = std::max<qint64>(file->Count(), 1);
+  while (low <= high) {
+    const qint64 middle = (low + high) / 2;
+    DbCurrent = file->Read(middle);
+    const QByteArrayView found = DbCurrent.Call.Bytes();
+    if (BlanksTrimmed(found) == wanted) return static_cast<int>(middle);
+    // Both with their blanks: a call that the caller did not trim is found where it stands or not at all.
+    if (CompareBytes(bytes, found) > 0) {
+      low = middle + 1;
+    } else {
+      high = middle - 1;
+    }
+  }
+  ClearRecord();
+  return 0;
+}
+
+bool CallDatabase::AddRecord() {
+  QFile file(Path());
+  const QByteArrayView record = RecordBytes(DbCurrent);
+  if (!QFileInfo(file).isFile()) return false;
+  if (file.size() % kRecordSize != 0) {
+    const std::optional<QByteArray> old = WholeFile(file.fileName());
+    if (!old) return false;
+    const qsizetype end = old->size() - old->size() % kRecordSize;
+    return Save({QByteArrayView(*old).first(end), record, QByteArrayView(*old).sliced(end)});
+  }
+  // Only adds to the file, so that there is nothing to lose; a record that got in by half is taken out again.
+  if (!file.open(QIODevice::Append | QIODevice::ExistingOnly | QIODevice::Unbuffered)) return false;
+  const qint64 end = file.size();
+  if (file.write(record.data(), record.size()) == record.size()) return true;
+  file.resize(end);
+  return false;
+}
+
+bool CallDatabase::UpdateRecord(int number) {
+  const std::optional<QByteArray> old = WholeFile(Path());
+  const qint64 start = (number - qint64{1}) * kRecordSize;
+  if (!old || number < 1 || start + kRecordSize > old->size()) return false;
+  const QByteArrayView bytes(*old);
+  return Save({bytes.first(start), RecordBytes(DbCurrent), bytes.sliced(start + kRecordSize)});
+}
+
+bool CallDatabase::SortDatabase() {
+  const std::optional<QByteArray> old = WholeFile(Path());
+  if (!old) return false;
+  const QByteArrayView bytes(*old);
+  const qsizetype count = bytes.size() / kRecordSize;
+  const QByteArrayView records = bytes.first(count * kRecordSize);
+  const QByteArrayView rest = bytes.sliced(records.size());
+  const std::vector<quint64> keys = CallKeys(records);
+  if (std::is_sorted(keys.begin(), keys.end())) return true;
+
+  // The usual case, one call added behind a sorted file, goes to its place without touching the order of the others.
+  if (const std::optional<qsizetype> place = PlaceOfLast(keys)) {
+    const qsizetype at = *place * kRecordSize;
+    const qsizetype last = records.size() - kRecordSize;
+    return Save({records.first(at), records.sliced(last), records.sliced(at, last - at), rest});
+  }
+  const QByteArray sorted = InCombOrder(records, keys);
+  return Save({sorted, rest});
+}
+
+bool CallDatabase::DeleteRecord(const QString& call) {
+  const std::optional<QByteArray> old = WholeFile(Path());
+  if (!old) return false;
+  const QByteArray bytes = AnsiBytes(call);
+  const QByteArrayView unwanted = BlanksTrimmed(bytes);
+  const qint64 count = RoundedCount(old->size());
+  QByteArray kept;
+  kept.reserve(old->size());
+  for (qint64 i = 0; i < count; ++i) {
+    DbRec record;
+    const QByteArrayView stored = QByteArrayView(*old).sliced(i * kRecordSize);
+    std::memcpy(static_cast<void*>(&record), stored.data(),
+                static_cast<std::size_t>(std::min(stored.size(), kRecordSize)));
+    DbCurrent = record;
+    if (BlanksTrimmed(record.Call.Bytes()) != unwanted) kept += RecordBytes(record);
+  }
+  // The records go through temp.db in the data folder. One that an earlier failure left behind is longer than what is
+  // written over its front, and its other records come into the database: they may be all that is left of them.
+  const QString temporary = ResolvePath(appDataDir_, u"temp.db"_s);
+  const QByteArray left = WholeFile(temporary).value_or(QByteArray());
+  const QByteArray rest = old->mid(count * kRecordSize);
+  if (!Save({kept, QByteArrayView(left).sliced(std::min(kept.size(), left.size())), rest})) return false;
+  if (QFileInfo(temporary).isFile()) QFile::remove(temporary);
+  return true;
+}
+
+int CallDatabase::RecordCount() const {
+  const QFileInfo file(Path());
+  if (!file.isFile()) return 0;
+  return static_cast<int>(std::min<qint64>(RoundedCount(file.size()), std::numeric_limits<int>::max()));
+}
+
+bool CallDatabase::FillCallList(QStringList& list) {
+  QFile file(Path());
+  if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return false;
+  list.clear();
+  while (true) {
+    const QByteArray bytes = file.read(kRecordsAtOnce * kRecordSize);
+    const qsizetype count = bytes.size() / kRecordSize;
+    for (qsizetype i = 0; i < count; ++i) {
+      std::memcpy(static_cast<void*>(&DbCurrent), bytes.data() + i * kRecordSize, sizeof DbCurrent);
+      list += DbCurrent.Call.Text();
+    }
+    if (count < kRecordsAtOnce) return true;
+  }
+}
+
+TargetLocation CallDatabase::LookupTargetLocation(const QString& call) {
+  if (FindRecord(QString(call).replace(u'Ø', u'0')) == 0) return {};
+  return {true,
+          Coordinate(DbCurrent.Lat.Text()),
+          Coordinate(DbCurrent.Lon.Text()),
+          DbCurrent.Add1.Text(),
+          DbCurrent.Add2.Text(),
+          DbCurrent.Ctry.Text()};
+}

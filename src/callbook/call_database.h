@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The local call database: one flat file of records sorted by call, searched on the disk. Whoever places or greets a
+// station reads here first; the lookup, the editor and the site windows write.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "callbook/db_rec.h"
+
+// Where a station is, as far as the database knows; all empty where it does not.
+struct TargetLocation {
+  bool InDatabase = false;
+  double TargetLat = 0;  // degrees; exactly 0 is unknown
+  double TargetLon = 0;
+  QString Add1;
+  QString Add2;
+  QString Ctry;
+};
+
+// Each operation opens the file, does its work and closes it, so that the file may be copied or replaced in between.
+// One that cannot read or write is passed over and leaves DbCurrent as it stands. Bytes behind the last whole record
+// are nobody's; they stay where they are, behind all records. Files above 512 MiB are searched but not rewritten.
+class CallDatabase {
+ public:
+  explicit CallDatabase(QString appDataDir);
+
+  // Work record of all operations: what FindRecord found, what AddRecord and UpdateRecord write.
+  DbRec DbCurrent;
+
+  // Record number from 1, the record in DbCurrent; 0 where there is none, DbCurrent cleared. Makes an empty file where
+  // there was none. A call of more than six characters is never found, as its record holds six.
+  int FindRecord(const QString& call);
+  void ClearRecord() { DbCurrent = DbRec(); }
+  // The writers answer whether the file now is as they want it. To save a station: FindRecord, ClearRecord, fill
+  // DbCurrent, then UpdateRecord of the number found, or AddRecord and SortDatabase.
+  bool AddRecord();
+  bool UpdateRecord(int number);
+  bool SortDatabase();
+  // Removes every record of the call; DbCurrent holds the last record of the old file.
+  bool DeleteRecord(const QString& call);
+  // Of the file's length, rounded to the nearest: half a record at the end counts, as DeleteRecord counts it.
+  int RecordCount() const;
+  // Trimmed calls in the file's order; without a file the list stays as it is. Leaves the last record in DbCurrent.
+  bool FillCallList(QStringList& list);
+
+  // By FindRecord; a zero may be slashed.
+  TargetLocation LookupTargetLocation(const QString& call);
+
+ private:
+  QString Path() const;
+  // Writes the pieces one behind the other: the new file or the old one, never a torn one.
+  bool Save(const QList<QByteArrayView>& pieces) const;
+
+  QString appDataDir_;
+  QByteArray exactPath_;  // of the usual spelling, as the system takes it
+};

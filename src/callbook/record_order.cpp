@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "callbook/record_order.h"
+
+#include <algorithm>
+#include <cstring>
+#include <numeric>
+
+#include "callbook/db_rec.h"
+
+namespace {
+
+constexpr int kCallWidth = 6;
+constexpr double kShrink = 0.65;
+
+quint64 CallKey(const char* record) {
+  const QByteArrayView call = BlanksTrimmed(QByteArrayView(record, kCallWidth));
+  quint64 key = 0;
+  for (qsizetype i = 0; i < kCallWidth; ++i) {
+    key = key << 8 | (i < call.size() ? static_cast<unsigned char>(call[i]) : 0U);
+  }
+  // The length tells a call from the same one with NULs behind it.
+  return key << 8 | static_cast<quint64>(call.size());
+}
+
+}  // namespace
+
+int CompareBytes(QByteArrayView a, QByteArrayView b) {
+  const auto common = static_cast<std::size_t>(std::min(a.size(), b.size()));
+  const int order = common == 0 ? 0 : std::memcmp(a.data(), b.data(), common);
+  if (order != 0) return order;
+  return a.size() < b.size() ? -1 : static_cast<int>(a.size() > b.size());
+}
+
+std::vector<quint64> CallKeys(QByteArrayView records) {
+  std::vector<quint64> keys(static_cast<std::size_t>(records.size() / kRecordSize));
+  const char* record = records.data();
+  for (quint64& key : keys) {
+    key = CallKey(record);
+    record += kRecordSize;
+  }
+  return keys;
+}
+
+std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys) {
+  if (keys.empty()) return {};
+  const auto last = keys.end() - 1;
+  if (std::adjacent_find(keys.begin(), last, std::greater_equal<>()) != last) return {};
+  const auto place = std::lower_bound(keys.begin(), last, *last);
+  if (place != last && *place == *last) return {};
+  return place - keys.begin();
+}
+
+QByteArray InCombOrder(QByteArrayView records, std::vector<quint64> keys) {
+  std::vector<std::size_t> order(keys.size());
+  std::iota(order.begin(), order.end(), std::size_t{0});
+  const auto smaller = [](std::size_t gap) { return static_cast<std::size_t>(static_cast<double>(gap + 1) * kShrink); };
+  for (std::size_t gap = smaller(keys.size()); gap > 1; gap = smaller(gap)) {
+    for (std::size_t i = 0; i + gap < keys.size(); ++i) {
+      if (keys[i] <= keys[i + gap]) continue;
+      std::swap(keys[i], keys[i + gap]);
+      std::swap(order[i], order[i + gap]);
+    }
+  }
+  // Passes at gap 1 until none swaps leave equal calls as they stand, and so does this; but it takes no time to speak
+  // of, whatever the file holds.
+  std::vector<std::size_t> places(keys.size());
+  std::iota(places.begin(), places.end(), std::size_t{0});
+  std::stable_sort(places.begin(), places.end(), [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });
+
+  QByteArray sorted(records.size(), Qt::Uninitialized);
+  char* to = sorted.data();
+  for (const std::size_t place : places) {
+    std::memcpy(to, records.data() + static_cast<qsizetype>(order[place]) * kRecordSize, kRecordSize);
+    to += kRecordSize;
+  }
+  return sorted;
+}
