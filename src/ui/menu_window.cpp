@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/menu_window.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QKeyEvent>
+#include <QProxyStyle>
+#include <QScreen>
+#include <QStyleOptionMenuItem>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kSubMenuOverlap = 30;  // pixels
+constexpr int kMonitorMargin = 4;    // pixels
+constexpr std::chrono::milliseconds kTick = 500ms;
+constexpr std::chrono::milliseconds kTypingPause = 1s;
+
+// The desktop's style, but for what these menus do in their own way.
+class MenuLook : public QProxyStyle {
+ public:
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    return metric == PM_SubMenuOverlap ? -kSubMenuOverlap : QProxyStyle::pixelMetric(metric, option, widget);
+  }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* data) const override {
+    // A menu longer than the monitor scrolls instead of growing a second column.
+    return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, data);
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (element == CE_MenuItem && row != nullptr && !row->checked) {
+      // A mark where a setting is on, and no empty box where it is not.
+      QStyleOptionMenuItem plain(*row);
+      plain.checkType = QStyleOptionMenuItem::NotCheckable;
+      QProxyStyle::drawControl(element, &plain, painter, widget);
+      return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+  }
+};
+
+// Text as a menu row takes it: "&" and tabs have a meaning there that no text of ours has.
+QString RowText(const QString& text, const QFontMetrics& metrics, int widest) {
+  QString shown = metrics.elidedText(text, Qt::ElideRight, widest);
+  for (QChar& c : shown) {
+    if (c.category() == QChar::Other_Control) c = u' ';
+  }
+  return shown.replace(u'&', u"&&"_s);
+}
+
+}  // namespace
+
+MenuWindow::MenuWindow(QWidget* parent) : QMenu(parent) {
+  auto* look = new MenuLook;
+  look->setParent(this);
+  setStyle(look);
+  typedTimer_.setSingleShot(true);
+  typedTimer_.setInterval(kTypingPause);
+  connect(&typedTimer_, &QTimer::timeout, this, [this]() { typed_.clear(); });
+}
+
+QAction* MenuWindow::MakeRow(const MenuEntry& entry) {
+  // A name longer than the monitor is wide would push the sub-menus off it.
+  auto* row = new QAction(RowText(entry.text, fontMetrics(), screen()->availableGeometry().width() / 2), this);
+  row->setCheckable(entry.hasCheck);
+  row->setChecked(entry.checked);
+  row->setEnabled(entry.enabled);
+  return row;
+}
+
+void MenuWindow::MakeRows(int number, const QList<MenuEntry>& entries) {
+  // The row that has just been chosen may be among those of the last time, and is still in use then.
+  const QList<QAction*> old = actions();
+  for (QAction* row : old) {
+    removeAction(row);
+    row->deleteLater();
+  }
+  number_ = number;
+  entries_ = entries;
+  rows_.clear();
+  for (const MenuEntry& entry : entries) {
+    if (entry.separatorBefore) addSeparator();
+    rows_.append(MakeRow(entry));
+    addAction(rows_.last());
+    if (entry.separatorAfter) addSeparator();
+  }
+}
+
+const MenuEntry* MenuWindow::EntryOf(const QAction* action) const {
+  const qsizetype place = rows_.indexOf(action);
+  return place < 0 ? nullptr : &entries_.at(place);
+}
+
+void MenuWindow::keyPressEvent(QKeyEvent* event) {
+  Q_EMIT KeyPressed();
+  const QString text = event->text();
+  const bool plain = (event->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+  if (plain && !text.isEmpty() && text.at(0).isPrint() && !(typed_.isEmpty() && text == u" "_s)) {
+    FindTyped(text);
+    return;
+  }
+  QMenu::keyPressEvent(event);
+  // Stepping up from the first row of a long menu selects the last without scrolling to it.
+  QAction* row = activeAction();
+  if (isVisible() && row != nullptr && row->menu() == nullptr && !rect().contains(actionGeometry(row))) {
+    setActiveAction(row);
+  }
+}
+
+// Selects the next row that begins with what has been typed; the same letter again goes on to the one behind.
+void MenuWindow::FindTyped(const QString& text) {
+  typedTimer_.start();
+  if (typed_.compare(text, Qt::CaseInsensitive) != 0) typed_ += text;
+  const qsizetype start = rows_.indexOf(activeAction());
+  const qsizetype first = typed_.size() > 1 ? std::max<qsizetype>(start, 0) : start + 1;
+  for (qsizetype step = 0; step < rows_.size(); ++step) {
+    const qsizetype place = (first + step) % rows_.size();
+    const QString name = entries_.at(place).text.trimmed();
+    if (entries_.at(place).enabled && name.startsWith(typed_, Qt::CaseInsensitive)) {
+      setActiveAction(rows_.at(place));
+      return;
+    }
+  }
+}
+
+frmMenu::frmMenu(QWidget* parent) : MenuWindow(parent) {
+  setObjectName(u"frmMenu"_s);
+  tmrMenus.setInterval(kTick);
+  connect(&tmrMenus, &QTimer::timeout, this, &frmMenu::MenusTick);
+  connect(this, &MenuWindow::KeyPressed, this, &frmMenu::KeepPointer);
+  connect(this, &QMenu::triggered, this, &frmMenu::Dispatch);
+  connect(this, &QMenu::aboutToHide, this, &frmMenu::AboutToClose);
+}
+
+void frmMenu::MakeMenu(int number, const QList<MenuEntry>& entries, const SubMenuTable& subMenus) {
+  close();
+  const QList<frmSubMenu*> old = subMenus_;
+  subMenus_.clear();
+  MakeRows(number, entries);
+  for (frmSubMenu* menu : old) menu->deleteLater();
+  if (!subMenus) return;
+  for (qsizetype i = 0; i < entries.size(); ++i) {
+    const int subNumber = entries.at(i).subMenu;
+    if (subNumber == 0) continue;
+    auto* menu = new frmSubMenu(this);
+    menu->setObjectName(u"frmSubMenu"_s);
+    menu->setFont(font());
+    menu->setTitle(entries.at(i).text.trimmed());
+    menu->MakeMenu(subNumber, subMenus(subNumber));
+    connect(menu, &MenuWindow::KeyPressed, this, &frmMenu::KeepPointer);
+    Rows().at(i)->setMenu(menu);
+    Rows().at(i)->setEnabled(entries.at(i).enabled);
+    subMenus_.append(menu);
+  }
+}
+
+void frmMenu::OpenAt(const QPoint& globalPoint, Opener opener) {
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  for (QWidget* window : windows) {
+    if (qobject_cast<MenuWindow*>(window) != nullptr && window->isVisible()) window->close();
+  }
+  if (Rows().isEmpty()) return;
+  const QScreen* monitor = QGuiApplication::screenAt(globalPoint);
+  if (monitor == nullptr) monitor = screen();
+  // A menu that fills the monitor would come out a pixel too long.
+  setMaximumHeight(monitor->geometry().height() - kMonitorMargin);
+  popup(globalPoint);
+  KeepPointer();
+  tmrMenus.start();
+  if (opener == Opener::Pointer) return;
+  const auto checked = std::find_if(Rows().begin(), Rows().end(), [](const QAction* row) { return row->isChecked(); });
+  if (checked != Rows().end()) {
+    setActiveAction(*checked);
+  } else {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    keyPressEvent(&down);
+  }
+}
+
+// A pointer that has not moved since the menu opened or since the last key has left nothing: whoever works by keyboard
+// would lose the menu at the next tick otherwise.
+void frmMenu::KeepPointer() {
+  restingPointer_ = QCursor::pos();
+}
+
+bool frmMenu::IsInside(const QPoint& pointer) const {
+  const auto holds = [&pointer](const QWidget* window) {
+    return window->isVisible() && window->geometry().contains(pointer);
+  };
+  return holds(this) || std::any_of(subMenus_.begin(), subMenus_.end(), holds);
+}
+
+void frmMenu::MenusTick() {
+  if (!isVisible()) {
+    tmrMenus.stop();
+    return;
+  }
+  const QPoint pointer = QCursor::pos();
+  if (pointer == restingPointer_ || IsInside(pointer) || QGuiApplication::mouseButtons() != Qt::NoButton) return;
+  tmrMenus.stop();
+  close();
+}
+
+void frmMenu::Dispatch(QAction* action) {
+  if (const MenuEntry* entry = EntryOf(action)) {
+    Q_EMIT Chosen(Number(), entry->action, entry->text);
+    return;
+  }
+  for (const frmSubMenu* menu : std::as_const(subMenus_)) {
+    if (const MenuEntry* entry = menu->EntryOf(action)) {
+      Q_EMIT SubChosen(menu->Number(), entry->action, entry->text);
+      return;
+    }
+  }
+}
