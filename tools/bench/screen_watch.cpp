@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Measures a program from outside, whatever it is made of: starts it, watches the memory-mapped screen of an Xvfb
-// (-fbdir), and tells how long after the start the picture stood still, and what memory it had taken by then.
+// (-fbdir), and tells how long after the start the last photograph stood there, and what memory it had taken by then.
 //
 //   omni-perch-screen-watch SCREEN TOP QUIET_MS SHOT PROGRAM [ARGUMENT...]
 //
 // SCREEN: the mapped file; TOP: rows that do not count (a blinking cursor, a clock); QUIET_MS: how long nothing may
 // change until the screen counts as finished; SHOT: a PPM of what stood there. Prints one line
-// "ms=... rss_kib=... pss_kib=... colours=...": the last change, VmRSS of the program, PSS of it with its children,
-// and how many colours the screen showed, by which the caller tells a full page from an empty window.
+// "ms=... all_ms=... rss_kib=... pss_kib=... colours=...": the last change of a spot where the finished screen shows a
+// photograph, the last change of any, VmRSS of the program, PSS of it with its children, and how many colours the
+// screen showed, by which the caller tells a full page from an empty window.
 
 #include <fcntl.h>
 #include <signal.h>
@@ -16,6 +17,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
@@ -73,22 +75,41 @@ class Screen {
   std::size_t length_ = 0;
 };
 
-// Keeps the last look at the screen and tells whether the next one differs.
+// Keeps the last look at the screen, and when each spot of it changed last. A spot is eight by eight pixels.
 class Watch {
  public:
-  Watch(const Screen& screen, std::size_t top) : screen_(screen), top_(top) { Changed(); }
+  Watch(const Screen& screen, std::size_t top) : screen_(screen), top_(top) {
+    last_.resize(RowBytes() * screen_.Height());
+    changedAt_.resize(SpotsInRow() * (screen_.Height() / kSpot + 1));
+    Look(Ticks::time_point());
+  }
 
-  bool Changed() {
-    const std::size_t rowBytes = screen_.Width() * 4;
-    last_.resize(rowBytes * screen_.Height());
+  // True where anything differs from the look before.
+  bool Look(Ticks::time_point now) {
     bool changed = false;
     for (std::size_t y = top_; y < screen_.Height(); y += kRowStep) {
-      std::uint8_t* kept = last_.data() + y * rowBytes;
-      if (std::memcmp(kept, screen_.Row(y), rowBytes) == 0) continue;
-      std::memcpy(kept, screen_.Row(y), rowBytes);
+      std::uint8_t* kept = last_.data() + y * RowBytes();
+      const std::uint8_t* seen = screen_.Row(y);
+      if (std::memcmp(kept, seen, RowBytes()) == 0) continue;
       changed = true;
+      for (std::size_t spot = 0; spot < SpotsInRow(); ++spot) {
+        const std::size_t at = spot * kSpot * 4;
+        if (std::memcmp(kept + at, seen + at, kSpot * 4) != 0) changedAt_[SpotIndex(spot, y)] = now;
+      }
+      std::memcpy(kept, seen, RowBytes());
     }
     return changed;
+  }
+
+  // When the last spot of a photograph took its present look: texts and borders have few colours, photographs many.
+  Ticks::time_point LastOfPhotographs() const {
+    Ticks::time_point last;
+    for (std::size_t y = top_ / kSpot * kSpot + kSpot; y + kSpot <= screen_.Height(); y += kSpot) {
+      for (std::size_t spot = 0; spot < SpotsInRow(); ++spot) {
+        if (IsPhotograph(spot * kSpot, y)) last = std::max(last, changedAt_[SpotIndex(spot, y)]);
+      }
+    }
+    return last;
   }
 
   std::size_t Colours() const {
@@ -115,9 +136,28 @@ class Watch {
   }
 
  private:
+  static constexpr std::size_t kSpot = 8;
+  static constexpr std::size_t kManyColours = 40;  // of the 64 pixels of a spot
+
+  std::size_t RowBytes() const { return screen_.Width() * 4; }
+  std::size_t SpotsInRow() const { return screen_.Width() / kSpot; }
+  std::size_t SpotIndex(std::size_t spot, std::size_t y) const { return y / kSpot * SpotsInRow() + spot; }
+  bool IsPhotograph(std::size_t left, std::size_t top) const {
+    std::set<std::uint32_t> colours;
+    for (std::size_t y = top; y < top + kSpot; ++y) {
+      for (std::size_t x = left; x < left + kSpot; ++x) {
+        std::uint32_t pixel = 0;
+        std::memcpy(&pixel, screen_.Row(y) + x * 4, 4);
+        colours.insert(pixel & 0xFFFFFFU);
+      }
+    }
+    return colours.size() >= kManyColours;
+  }
+
   const Screen& screen_;
   std::size_t top_;
   std::vector<std::uint8_t> last_;
+  std::vector<Ticks::time_point> changedAt_;
 };
 
 // Value in KiB of a "Name:   123 kB" line; 0 where there is none.
@@ -173,7 +213,7 @@ int main(int argc, char** argv) {
   while (!ended) {
     std::this_thread::sleep_for(kLook);
     const Ticks::time_point now = Ticks::now();
-    if (watch.Changed()) {
+    if (watch.Look(now)) {
       lastChange = now;
       changedOnce = true;
     }
@@ -186,7 +226,8 @@ int main(int argc, char** argv) {
     return 1;
   }
   const std::string pid = std::to_string(child);
-  std::printf("ms=%.1f rss_kib=%ld pss_kib=%ld colours=%zu\n", MillisecondsSince(start, lastChange),
+  std::printf("ms=%.1f all_ms=%.1f rss_kib=%ld pss_kib=%ld colours=%zu\n",
+              MillisecondsSince(start, watch.LastOfPhotographs()), MillisecondsSince(start, lastChange),
               KibOf("/proc/" + pid + "/status", "VmRSS"), PssOfTree(pid), watch.Colours());
   watch.Save(argv[4]);
   kill(child, SIGTERM);
