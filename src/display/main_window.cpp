@@ -35,10 +35,13 @@ Form1::Form1(const Parts& parts)
       closingPause_(parts.closingPause),
       logic_(parts.program, parts.clock, parts.pictureTool, parts.limits),
       load_(parts.program, logic_.heights, parts.store, parts.clock),
+      database_(parts.program.AppDataDir),
+      hover_(parts.program, database_),
       connectivity_(logic_.network, parts.hosts.Connectivity),
       pic_(new MenuStrip(this)),
       picAll_(new PageView(parts.program, logic_.grid, this)),
-      menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)) {
+      menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)),
+      picToolTip_(new TipWindow(this)) {
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -46,6 +49,7 @@ Form1::Form1(const Parts& parts)
   showTimer_.setInterval(kShowAtLast);
   logic_.tool.WarmUp();
   ConnectParts();
+  ConnectHover();
 }
 
 Form1::~Form1() = default;
@@ -62,6 +66,34 @@ void Form1::ConnectParts() {
   connect(menus_, &WindowMenus::CamModeChosen, this, &Form1::MnuCamModeClick);
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
+}
+
+void Form1::ConnectHover() {
+  hover_.MenuIsOpen = [this]() { return menus_->IsOpen(); };
+  connect(picAll_, &PageView::Hovered, &hover_, &HoverTip::Enter);
+  connect(picAll_, &PageView::HoverLeft, &hover_, &HoverTip::Leave);
+  connect(picAll_, &PageView::FocusChanged, &hover_, [this](int slot, bool in) { hover_.Focus(in ? slot : -1); });
+  connect(picAll_, &PageView::CellPressed, &hover_, &HoverTip::Close);
+  connect(menus_, &WindowMenus::AboutToOpen, &hover_, &HoverTip::Close);
+  connect(&logic_.poll, &PollCycle::HoverForgotten, &hover_, &HoverTip::Close);
+  connect(&hover_, &HoverTip::Show, this, &Form1::ShowTip);
+  connect(&hover_, &HoverTip::Hide, picToolTip_, &TipWindow::hide);
+  connect(&hover_, &HoverTip::Built, this, [this](int slot, const QString& text) {
+    if (ThumbCell* cell = picAll_->CellAt(slot)) cell->SetTipText(text);
+  });
+}
+
+void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
+  const ThumbCell* cell = picAll_->CellAt(slot);
+  if (cell == nullptr) return;
+  const QRect place(cell->mapTo(this, QPoint(0, 0)), cell->size());
+  picToolTip_->ShowTip(text, place, picAll_->FontPixels());
+  const int tip = ++tips_;
+  if (picturePath.isEmpty()) return;
+  logic_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, [this, tip](const PictureAnswer& answer) {
+    const bool current = tip == tips_;  // another tip may have opened meanwhile
+    if (current && answer.ok && !answer.frames.isEmpty()) picToolTip_->ShowPicture(answer.frames.first().image);
+  });
 }
 
 void Form1::ReadScreen() {
@@ -252,6 +284,7 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageUp) return StepPage(-1);
   if (event->matches(QKeySequence::Refresh)) return logic_.poll.RefreshClick();
   if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
+  if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   QWidget::keyPressEvent(event);
 }
 

@@ -7,13 +7,16 @@
 #include <QWidget>
 #include <memory>
 
+#include "callbook/call_database.h"
 #include "core/connectivity.h"
 #include "core/hosts.h"
 #include "core/program.h"
 #include "core/show_msg_window.h"
+#include "display/hover_tip.h"
 #include "display/load_sequence.h"
 #include "display/menu_strip.h"
 #include "display/page_view.h"
+#include "display/tip_window.h"
 #include "display/window_menus.h"
 #include "platform/clock.h"
 #include "platform/companion_link.h"
@@ -69,6 +72,8 @@ class Form1 : public QWidget {
 
  private:
   void ConnectParts();
+  void ConnectHover();
+  void ShowTip(int slot, const QString& text, const QString& picturePath);
   void ReadScreen();
   // Sizes the window for the layout and the window size, within the screen.
   void ApplyLayout();
@@ -94,10 +99,14 @@ class Form1 : public QWidget {
   std::chrono::milliseconds closingPause_;
   PageLogic logic_;
   LoadSequence load_;
+  CallDatabase database_;
+  HoverTip hover_;
   ConnectivityTest connectivity_;
   MenuStrip* pic_;
   PageView* picAll_;
   WindowMenus* menus_;
+  TipWindow* picToolTip_;
+  int tips_ = 0;  // opened so far
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;

@@ -40,6 +40,9 @@ void PageView::MakeCells() {
     auto* cell = new ThumbCell(static_cast<int>(cells_.size()), this);
     connect(cell, &ThumbCell::Pressed, this, &PageView::CellPressed);
     connect(cell, &ThumbCell::MenuWanted, this, &PageView::MenuWanted);
+    connect(cell, &ThumbCell::Hovered, this, &PageView::Hovered);
+    connect(cell, &ThumbCell::HoverLeft, this, &PageView::HoverLeft);
+    connect(cell, &ThumbCell::FocusChanged, this, &PageView::FocusChanged);
     connect(cell, &ThumbCell::Moved, this, &PageView::MoveFocus);
     cells_.append(cell);
     cell->show();
@@ -68,6 +71,7 @@ void PageView::Place() {
   look.font = font();
   // The font grows and shrinks with the cells when the window is not of its layout's own size.
   look.fontPixels = fontPoints_ * 96 / 72 * (nominalScale_ > 0 ? scale / nominalScale_ : 1);
+  fontPixels_ = look.fontPixels;
   look.connectingText = program_.language[TextLine::kConnectingText];
   for (ThumbCell* cell : std::as_const(cells_)) {
     const QRectF units = CellRect(program_.config.ThumbLayout, cell->Slot());

@@ -21,11 +21,16 @@ class PageView : public QWidget {
   // Texts and names again after another language has been read.
   void TakeLanguage();
   ThumbCell* CellAt(int slot) const;
+  // Height of the cells' text in pixels as it is painted now.
+  double FontPixels() const { return fontPixels_; }
 
  Q_SIGNALS:
   void CellPressed(int slot);
   // The right button, or the menu key, on a cell; at: a point of the screen.
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
+  void Hovered(int slot, TipPart part);
+  void HoverLeft();
+  void FocusChanged(int slot, bool in);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -42,4 +47,5 @@ class PageView : public QWidget {
   QSizeF units_{670, 387};
   double nominalScale_ = 1;
   double fontPoints_ = 9;
+  double fontPixels_ = 12;
 };

@@ -6,12 +6,14 @@
 #include <QMouseEvent>
 #include <QPaintEvent>
 
+#include "display/thumb_layout.h"
+
 using namespace Qt::StringLiterals;
 
 ThumbCell::ThumbCell(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_OpaquePaintEvent);
-  setAttribute(Qt::WA_Hover);
+  setMouseTracking(true);
   setObjectName(u"cell%1"_s.arg(slot));
   frameTimer_.setSingleShot(true);
   connect(&frameTimer_, &QTimer::timeout, this, &ThumbCell::NextFrame);
@@ -45,13 +47,18 @@ void ThumbCell::SetDetails(const QString& modeText, const QString& sentTime, con
   Describe();
 }
 
+void ThumbCell::SetTipText(const QString& text) {
+  tipText_ = text;
+  Describe();
+}
+
 void ThumbCell::Describe() {
   const QString name =
       cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.siteCall;
   QStringList details;
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
-  details << sentTime_ << cell_.onAirTip;
+  details << sentTime_ << cell_.onAirTip << tipText_;
   details.removeAll(QString());
   const QString description = details.join(u", "_s).simplified();
   if (accessibleName() != name) setAccessibleName(name);
@@ -129,7 +136,39 @@ void ThumbCell::enterEvent(QEnterEvent* event) {
 
 void ThumbCell::leaveEvent(QEvent* event) {
   QWidget::leaveEvent(event);
+  if (std::exchange(hovered_, std::nullopt)) Q_EMIT HoverLeft();
   update();
+}
+
+std::optional<TipPart> ThumbCell::PartAt(const QPointF& place) const {
+  const QPointF units = place / look_.scale;
+  if (cell_.img.contains(units)) return TipPart::Picture;
+  if (cell_part::kFrom.contains(units)) return TipPart::From;
+  if (cell_part::kCall.contains(units)) return TipPart::Call;
+  return std::nullopt;
+}
+
+void ThumbCell::mouseMoveEvent(QMouseEvent* event) {
+  const std::optional<TipPart> part = PartAt(event->position());
+  if (part == hovered_) return;
+  hovered_ = part;
+  if (part) {
+    Q_EMIT Hovered(slot_, *part);
+  } else {
+    Q_EMIT HoverLeft();
+  }
+}
+
+void ThumbCell::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MouseFocusReason) {
+    Q_EMIT FocusChanged(slot_, true);
+  }
+}
+
+void ThumbCell::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  Q_EMIT FocusChanged(slot_, false);
 }
 
 void ThumbCell::resizeEvent(QResizeEvent* event) {

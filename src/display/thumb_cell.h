@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "display/cell_painter.h"
+#include "display/hover_tip.h"
 
 class ThumbCell : public QWidget {
   Q_OBJECT
@@ -21,6 +22,8 @@ class ThumbCell : public QWidget {
   void SetLook(const CellLook& look);
   int Slot() const { return slot_; }
   const Cell& Shown() const { return cell_; }
+  // What the tip of the picture says, as part of the description; empty: none.
+  void SetTipText(const QString& text);
   // What a screen reader says of the cell beyond its name: sender, mode, signal and time as shown.
   void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
 
@@ -28,6 +31,10 @@ class ThumbCell : public QWidget {
   // A press by mouse (left button), by Return or Space, or by a screen reader.
   void Pressed(int slot);
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
+  // The pointer has come to a part that has a tip, or left the last one.
+  void Hovered(int slot, TipPart part);
+  void HoverLeft();
+  void FocusChanged(int slot, bool in);
   // An arrow key asks for a neighbour.
   void Moved(int slot, Qt::Key key);
 
@@ -38,6 +45,9 @@ class ThumbCell : public QWidget {
   void contextMenuEvent(QContextMenuEvent* event) override;
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -45,6 +55,7 @@ class ThumbCell : public QWidget {
   void NextFrame();
   void MakePixmap();
   void Describe();
+  std::optional<TipPart> PartAt(const QPointF& place) const;
 
   int slot_;
   Cell cell_;
@@ -52,6 +63,8 @@ class ThumbCell : public QWidget {
   QString modeText_;
   QString sentTime_;
   QString emptyName_;
+  QString tipText_;
+  std::optional<TipPart> hovered_;
   qsizetype frame_ = 0;
   QPixmap pixmap_;     // the frame at the size that it is painted with
   bool stale_ = true;  // pixmap_ has to be made again
