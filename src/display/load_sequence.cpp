@@ -131,3 +131,11 @@ void LoadSequence::WriteState(const std::optional<WindowPlacement>& placement, c
   QFile::remove(program_.ProgramDir + u"/info.txt"_s);
   program_.page.txtActive.clear();
 }
+
+void LoadSequence::CleanTemporaryFiles() const {
+  for (const QString& folder : {u"images/dsstv/thumbs"_s, u"images/dsstv"_s, u"images/wx"_s}) {
+    QDir pictures(program_.AppDataDir + u'/' + folder);
+    const QStringList left = pictures.entryList({u".part-*"_s}, QDir::Files | QDir::Hidden);
+    for (const QString& name : left) pictures.remove(name);
+  }
+}

@@ -34,6 +34,8 @@ class LoadSequence {
   // sendClosed tells the companion program, inform shows a duplicate message.
   void WriteState(const std::optional<WindowPlacement>& placement, const std::function<void()>& sendClosed,
                   const std::function<void(const QString&)>& inform);
+  // Removes what a picture tool that was killed has left half-written beside its pictures.
+  void CleanTemporaryFiles() const;
   // SaveAllState alone, for callers that rebuild the tables.
   void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
 

@@ -117,6 +117,11 @@ bool Form1::Load(bool anotherRuns) {
   menus_->BuildMenuTables();
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
+  // Their windows are not built yet; each is enabled when its window comes.
+  for (QWidget* part :
+       std::initializer_list<QWidget*>{pic_->lblCam, pic_->cmdGo, pic_->lblOnAirNow, pic_->lblPropagation}) {
+    part->setEnabled(false);
+  }
   ShowPageLabel();
   RefreshCaptions();
   if (const LoadStop stop = load_.ReadLists()) {
@@ -320,6 +325,7 @@ void Form1::FirstClosingStep() {
 void Form1::SecondClosingStep() {
   repaint();
   message_->ShowMsg(u" 73 de ZZ9QX "_s, kClosingGreen);
+  load_.CleanTemporaryFiles();
   // Two seconds of the message, then half a second for what is still under way.
   QTimer::singleShot(closingPause_ * 5 / 2, this, &Form1::LastClosingStep);
 }
