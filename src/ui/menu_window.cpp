@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCursor>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QProxyStyle>
 #include <QScreen>
 #include <QStyleOptionMenuItem>
@@ -13,8 +14,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kSubMenuOverlap = 30;  // pixels
-constexpr int kMonitorMargin = 4;    // pixels
+constexpr int kSubMenuOverlap = 30;    // pixels
+constexpr int kMonitorMargin = 4;      // pixels
+constexpr double kCheckStroke = 0.14;  // of the check mark's side
 constexpr std::chrono::milliseconds kTick = 500ms;
 constexpr std::chrono::milliseconds kTypingPause = 1s;
 
@@ -28,7 +30,10 @@ class MenuLook : public QProxyStyle {
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* data) const override {
     // A menu longer than the monitor scrolls instead of growing a second column.
-    return hint == SH_Menu_Scrollable ? 1 : QProxyStyle::styleHint(hint, option, widget, data);
+    if (hint == SH_Menu_Scrollable) return 1;
+    // The etched shadow of greyed text is lighter than the text itself in dark themes.
+    if (hint == SH_EtchDisabledText) return 0;
+    return QProxyStyle::styleHint(hint, option, widget, data);
   }
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -42,6 +47,23 @@ class MenuLook : public QProxyStyle {
       return;
     }
     QProxyStyle::drawControl(element, option, painter, widget);
+  }
+
+  // The check mark without the box that styles draw around it.
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element != PE_IndicatorCheckBox) return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool selected = option->state.testFlag(State_Selected);
+    const QColor colour = option->palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+    const QRectF box(option->rect);
+    const double side = std::min(box.width(), box.height());
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->translate(box.center());
+    painter->scale(side, side);
+    painter->setPen(QPen(colour, kCheckStroke, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter->drawPolyline(QPolygonF({{-0.3, 0.02}, {-0.08, 0.26}, {0.32, -0.26}}));
+    painter->restore();
   }
 };
 
