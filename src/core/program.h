@@ -10,7 +10,6 @@
 #include "core/language_file.h"
 #include "core/page_state.h"
 #include "core/site_table.h"
-#include "core/texts.h"
 #include "station/nicknames.h"
 
 inline constexpr int kMapOffsets = 9;
@@ -28,7 +27,6 @@ struct Program {
   SiteTable sites;
   PageState page;
   LanguageTexts language;  // texts of the language file by line; empty until one has been read
-  Texts texts;
 
   QChar ZeroGlyph = QChar(u'Ø');  // shows a zero inside a call
   int UtcOffsetHours = 0;         // added to local time gives UTC; not wrapped at midnight
