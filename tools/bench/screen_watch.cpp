@@ -2,10 +2,11 @@
 // Measures a program from outside, whatever it is made of: starts it, watches the memory-mapped screen of an Xvfb
 // (-fbdir), and tells how long after the start the last photograph stood there, and what memory it had taken by then.
 //
-//   omni-perch-screen-watch SCREEN TOP QUIET_MS SHOT PROGRAM [ARGUMENT...]
+//   omni-perch-screen-watch SCREEN TOP QUIET_MS COLOURS SHOT PROGRAM [ARGUMENT...]
 //
 // SCREEN: the mapped file; TOP: rows that do not count (a blinking cursor, a clock); QUIET_MS: how long nothing may
-// change until the screen counts as finished; SHOT: a PPM of what stood there. Prints one line
+// change until the screen counts as finished; COLOURS: how many it must show by then, for an empty window may stand
+// still as well; SHOT: a PPM of what stood there. Prints one line
 // "ms=... all_ms=... rss_kib=... pss_kib=... colours=...": the last change of a spot where the finished screen shows a
 // photograph, the last change of any, VmRSS of the program, PSS of it with its children, and how many colours the
 // screen showed, by which the caller tells a full page from an empty window.
@@ -112,16 +113,20 @@ class Watch {
     return last;
   }
 
+  // Of 16 million, by a mark for each.
   std::size_t Colours() const {
-    std::set<std::uint32_t> colours;
+    std::vector<bool> seen(std::size_t{1} << 24U);
+    std::size_t count = 0;
     for (std::size_t y = top_; y < screen_.Height(); y += kRowStep) {
       for (std::size_t x = 0; x < screen_.Width(); ++x) {
         std::uint32_t pixel = 0;
         std::memcpy(&pixel, screen_.Row(y) + x * 4, 4);
-        colours.insert(pixel & 0xFFFFFFU);
+        pixel &= 0xFFFFFFU;
+        if (!seen[pixel]) ++count;
+        seen[pixel] = true;
       }
     }
-    return colours.size();
+    return count;
   }
 
   void Save(const char* path) const {
@@ -188,8 +193,8 @@ double MillisecondsSince(Ticks::time_point start, Ticks::time_point end) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc < 6) {
-    std::fprintf(stderr, "usage: %s SCREEN TOP QUIET_MS SHOT PROGRAM [ARGUMENT...]\n", argv[0]);
+  if (argc < 7) {
+    std::fprintf(stderr, "usage: %s SCREEN TOP QUIET_MS COLOURS SHOT PROGRAM [ARGUMENT...]\n", argv[0]);
     return 2;
   }
   const Screen screen(argv[1]);
@@ -199,29 +204,35 @@ int main(int argc, char** argv) {
   }
   Watch watch(screen, std::strtoul(argv[2], nullptr, 10));
   const milliseconds quiet(std::strtol(argv[3], nullptr, 10));
+  const std::size_t colours = std::strtoul(argv[4], nullptr, 10);
 
   const Ticks::time_point start = Ticks::now();
   const pid_t child = fork();
+  if (child < 0) return 1;
   if (child == 0) {
-    execvp(argv[5], argv + 5);
+    execvp(argv[6], argv + 6);
     _exit(127);
   }
   Ticks::time_point lastChange = start;
-  bool changedOnce = false;
+  bool open = true;  // something has changed since the screen was last found unfinished
+  bool full = false;
   int status = 0;
   bool ended = false;
-  while (!ended) {
+  while (!ended && !full) {
     std::this_thread::sleep_for(kLook);
     const Ticks::time_point now = Ticks::now();
     if (watch.Look(now)) {
       lastChange = now;
-      changedOnce = true;
+      open = true;
+    } else if (open && now - lastChange > quiet) {
+      full = watch.Colours() >= colours;
+      open = false;
     }
-    if ((changedOnce && now - lastChange > quiet) || now - start > kPatience) break;
+    if (now - start > kPatience) break;
     ended = waitpid(child, &status, WNOHANG) == child;
   }
-  if (ended || !changedOnce) {
-    std::fprintf(stderr, "%s ended or never drew anything\n", argv[5]);
+  if (!full) {
+    std::fprintf(stderr, "%s ended or never filled the screen\n", argv[6]);
     if (!ended) kill(child, SIGKILL);
     return 1;
   }
@@ -229,7 +240,7 @@ int main(int argc, char** argv) {
   std::printf("ms=%.1f all_ms=%.1f rss_kib=%ld pss_kib=%ld colours=%zu\n",
               MillisecondsSince(start, watch.LastOfPhotographs()), MillisecondsSince(start, lastChange),
               KibOf("/proc/" + pid + "/status", "VmRSS"), PssOfTree(pid), watch.Colours());
-  watch.Save(argv[4]);
+  watch.Save(argv[5]);
   kill(child, SIGTERM);
   waitpid(child, &status, 0);
   return 0;
