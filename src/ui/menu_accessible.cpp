@@ -3,6 +3,8 @@
 
 #include "ui/menu_window.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 frmMenu* MenuOf(const QObject* window) {
@@ -11,7 +13,12 @@ frmMenu* MenuOf(const QObject* window) {
 
 }  // namespace
 
-AccessibleMenuOwner::AccessibleMenuOwner(QWidget* window) : QAccessibleWidget(window, QAccessible::Window) {}
+AccessibleMenuOwner::AccessibleMenuOwner(QWidget* window) : QAccessibleWidget(window) {}
+
+QAccessible::Role AccessibleMenuOwner::role() const {
+  const auto* window = qobject_cast<const QWidget*>(object());
+  return window != nullptr && window->isWindow() ? QAccessible::Window : QAccessibleWidget::role();
+}
 
 QAccessibleInterface* AccessibleMenuOwner::OpenMenu() const {
   frmMenu* menu = object() == nullptr ? nullptr : MenuOf(object());
@@ -33,9 +40,10 @@ int AccessibleMenuOwner::indexOfChild(const QAccessibleInterface* child) const {
 
 void AccessibleMenuOwner::Install() {
   QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
-    Q_UNUSED(className)
+    // Asked for its last class, it is a window that no other interface claims. One may be asked for before it has made
+    // its menu, and keeps the interface that it gets then.
+    if (className != "QWidget"_L1) return nullptr;
     auto* widget = qobject_cast<QWidget*>(object);
-    if (widget == nullptr || !widget->isWindow() || MenuOf(widget) == nullptr) return nullptr;
-    return new AccessibleMenuOwner(widget);
+    return widget != nullptr && widget->isWindow() ? new AccessibleMenuOwner(widget) : nullptr;
   });
 }

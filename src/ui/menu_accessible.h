@@ -9,11 +9,12 @@ class AccessibleMenuOwner : public QAccessibleWidget {
  public:
   explicit AccessibleMenuOwner(QWidget* window);
 
+  QAccessible::Role role() const override;
   int childCount() const override;
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
 
-  // Serves every window that has a frmMenu of its own when it is first asked for; to be called before the first window.
+  // Serves every window that is a plain QWidget; to be called before the first window.
   static void Install();
 
  private:

@@ -174,6 +174,7 @@ void frmMenu::MakeMenu(int number, const QList<MenuEntry>& entries, const SubMen
     menu->setObjectName(u"frmSubMenu"_s);
     menu->setFont(font());
     menu->setTitle(entries.at(i).text.trimmed());
+    menu->setAccessibleName(menu->title());
     menu->MakeMenu(subNumber, subMenus(subNumber));
     connect(menu, &MenuWindow::KeyPressed, this, &frmMenu::KeepPointer);
     Rows().at(i)->setMenu(menu);

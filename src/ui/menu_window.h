@@ -59,7 +59,7 @@ class frmMenu : public MenuWindow {
 
   explicit frmMenu(QWidget* parent);
 
-  // Closes an open menu and builds the rows of a new one, sub-menus included.
+  // Closes an open menu and builds the rows of a new one, sub-menus included. Its accessible name is up to the caller.
   void MakeMenu(int number, const QList<MenuEntry>& entries, const SubMenuTable& subMenus = {});
   // Shows the menu with its corner at a point of the screen, moved as far as its monitor asks for; closes any other
   // one. A menu without entries stays shut. One opened by keyboard has its checked or first entry selected.
