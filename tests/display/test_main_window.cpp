@@ -8,91 +8,12 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "core/hosts.h"
-#include "display/main_window.h"
-#include "page_fixture.h"
 #include "test_suite.h"
+#include "window_fixture.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Answers as a test has written them down, and remembers what was asked.
-class ScriptedDialogs : public Dialogs {
- public:
-  QStringList told;
-  bool exclamation = false;
-  QList<bool> retries;
-  int asked = 0;
-
-  void Inform(QWidget*, const QString& text, bool mark) override {
-    told.append(text);
-    exclamation = mark;
-  }
-  bool AskRetry(QWidget*, const QString&) override {
-    ++asked;
-    return !retries.isEmpty() && retries.takeFirst();
-  }
-};
-
-struct WindowFixture {
-  QTemporaryDir folder;
-  StationBand band;
-  ScriptedDialogs dialogs;
-  StandingClock clock;
-  Program program;
-  Hosts hosts;
-  std::unique_ptr<SettingsStore> store;
-  std::unique_ptr<Form1> form;
-
-  WindowFixture() {
-    Write("Omni-Perch.cfg", "1\r\n1\r\n1\r\n2\r\n7\r\nEnglish\r\n52.5\r\n-1.25\r\n0\r\n0\r\n1\r\nZZ9QX\r\n");
-    Write("WXsites.lst", "Radar*1*1*1*1*1*1\r\n" + band.AddStation(u"ZZ9WX"_s).Url().toLatin1() + "\r\n");
-    Write("nicknames.txt", "ZZ1AA*Bo\r\n");
-    const QDir languages(QStringLiteral(LANGUAGES_DIR));
-    QDir(folder.path()).mkpath(u"Languages"_s);
-    for (const QString& name : languages.entryList(QDir::Files)) {
-      QFile::copy(languages.filePath(name), folder.filePath(u"Languages/"_s + name));
-    }
-    hosts.Connectivity = band.HostUrl(u"Connectivity"_s);
-    hosts.Time = band.HostUrl(u"Time"_s);
-  }
-
-  void Write(const char* name, const QByteArray& bytes) const {
-    QFile file(folder.filePath(QString::fromLatin1(name)));
-    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
-  }
-  QByteArray Read(const char* name) const {
-    QFile file(folder.filePath(QString::fromLatin1(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
-  // A site in the first free line of the list, on page 1 in layout 1 and on page 2 in layout 6.
-  Station& AddSite(const QString& call, int slot) {
-    Station& station = band.AddStation(call);
-    QFile file(folder.filePath(u"Omni-Perch.lst"_s));
-    if (file.open(QIODevice::WriteOnly | QIODevice::Append)) {
-      const QString place = u"%1"_s.arg(slot, 2, 10, QLatin1Char('0'));
-      file.write(u"%1*01%2*****02%2*52.5*-1.25***\r\n%3\r\n"_s.arg(call, place, station.Url()).toLatin1());
-    }
-    return station;
-  }
-
-  bool Start(bool anotherRuns = false) {
-    program = Program();
-    program.AppDataDir = folder.path();
-    program.ProgramDir = folder.path();
-    store = std::make_unique<SettingsStore>(folder.filePath(u"settings.ini"_s));
-    form = std::make_unique<Form1>(Form1::Parts{program, *store, hosts, dialogs, clock, QStringLiteral(PICTURE_TOOL),
-                                                folder.path(), QuickLimits(), std::chrono::milliseconds(20)});
-    return form->Load(anotherRuns);
-  }
-  void Close() {
-    QSignalSpy closed(form.get(), &Form1::Closed);
-    form->CloseMe();
-    QTRY_COMPARE(closed.count(), 1);
-    form.reset();
-  }
-};
 
 QStringList FilesBelow(const QString& folder) {
   QStringList names;

@@ -1,0 +1,190 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Look-ups and additions in the local call database against SQLite on the same calls. One job a process, so that
+// scripts/bench can time both from a cold start: omni-perch-bench-database JOB FOLDER RECORDS.
+#include <sqlite3.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QRandomGenerator>
+#include <cstdio>
+#include <cstring>
+
+#include "callbook/call_database.h"
+#include "core/program.h"
+#include "display/hover_tip.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kLookUps = 10000;
+constexpr int kAdditions = 1000;
+constexpr int kTips = 200;
+
+// Six characters that sort as their number: a letter, a digit, and four letters.
+QString CallOf(quint32 number) {
+  QString call(6, u'A');
+  for (const int place : {5, 4, 3, 2, 0}) {
+    call[place] = QChar(u'A' + static_cast<char16_t>(number % 26));
+    number /= 26;
+  }
+  call[1] = u'1';
+  return call;
+}
+
+// Every second number is a record of the database, the others are misses.
+QStringList Calls(int records) {
+  QRandomGenerator random(42);
+  QStringList calls;
+  for (int i = 0; i < kLookUps; ++i) calls.append(CallOf(random.bounded(static_cast<quint32>(records) * 2)));
+  return calls;
+}
+
+DbRec Record(quint32 number) {
+  DbRec record;
+  record.Call = CallOf(number);
+  record.Name = u"Operator"_s;
+  record.Ctry = u"Nowhere"_s;
+  record.Lat = u"50.5"_s;
+  record.Lon = u"10.25"_s;
+  return record;
+}
+
+class Sqlite {
+ public:
+  explicit Sqlite(const QString& folder) {
+    sqlite3_open(QFile::encodeName(folder + u"/peer.sqlite"_s).constData(), &db_);
+  }
+  ~Sqlite() { sqlite3_close(db_); }
+  Sqlite(const Sqlite&) = delete;
+  Sqlite& operator=(const Sqlite&) = delete;
+
+  void Run(const char* statement) const { sqlite3_exec(db_, statement, nullptr, nullptr, nullptr); }
+  sqlite3_stmt* Prepare(const char* text) const {
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(db_, text, -1, &statement, nullptr);
+    return statement;
+  }
+  static int Step(sqlite3_stmt* statement, const QString& call) {
+    const QByteArray key = call.toLatin1();
+    sqlite3_bind_text(statement, 1, key.constData(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    const int result = sqlite3_step(statement);
+    sqlite3_reset(statement);
+    return result;
+  }
+
+ private:
+  sqlite3* db_ = nullptr;
+};
+
+constexpr const char* kInsert =
+    "INSERT INTO station VALUES (?1, 'Operator', '', '', 'Nowhere', '50.5', '10.25', '', '')";
+
+void Make(const QString& folder, int records) {
+  QDir().mkpath(folder);
+  QFile own(folder + u"/Omni-Perch-DB.db"_s);
+  if (!own.open(QIODevice::WriteOnly)) return;
+  QFile::remove(folder + u"/peer.sqlite"_s);
+  const Sqlite peer(folder);
+  peer.Run(
+      "CREATE TABLE station (call TEXT, name TEXT, add1 TEXT, add2 TEXT, ctry TEXT, lat TEXT, lon TEXT, class TEXT, "
+      "born TEXT)");
+  peer.Run("BEGIN");
+  sqlite3_stmt* insert = peer.Prepare(kInsert);
+  for (int i = 0; i < records; ++i) {
+    const DbRec record = Record(static_cast<quint32>(i) * 2);
+    own.write(reinterpret_cast<const char*>(&record), sizeof(record));
+    Sqlite::Step(insert, CallOf(static_cast<quint32>(i) * 2));
+  }
+  sqlite3_finalize(insert);
+  peer.Run("COMMIT");
+  peer.Run("CREATE INDEX station_call ON station (call)");
+}
+
+int FindOwn(const QString& folder, int records) {
+  CallDatabase database(folder);
+  int found = 0;
+  for (const QString& call : Calls(records)) found += database.FindRecord(call) > 0 ? 1 : 0;
+  return found;
+}
+
+int FindPeer(const QString& folder, int records) {
+  const Sqlite peer(folder);
+  sqlite3_stmt* select = peer.Prepare("SELECT * FROM station WHERE call = ?1");
+  int found = 0;
+  for (const QString& call : Calls(records)) found += Sqlite::Step(select, call) == SQLITE_ROW ? 1 : 0;
+  sqlite3_finalize(select);
+  return found;
+}
+
+int AddOwn(const QString& folder, int records) {
+  CallDatabase database(folder);
+  QRandomGenerator random(7);
+  int added = 0;
+  for (int i = 0; i < kAdditions; ++i) {
+    database.DbCurrent = Record(random.bounded(static_cast<quint32>(records)) * 2 + 1);
+    added += database.AddRecord() && database.SortDatabase() ? 1 : 0;
+  }
+  return added;
+}
+
+int AddPeer(const QString& folder, int records) {
+  const Sqlite peer(folder);
+  sqlite3_stmt* insert = peer.Prepare(kInsert);
+  QRandomGenerator random(7);
+  int added = 0;
+  for (int i = 0; i < kAdditions; ++i) {
+    added += Sqlite::Step(insert, CallOf(random.bounded(static_cast<quint32>(records)) * 2 + 1)) == SQLITE_DONE ? 1 : 0;
+  }
+  sqlite3_finalize(insert);
+  return added;
+}
+
+// The longest time from the pointer's arrival on a cell to the tip's text.
+void Tip(const QString& folder, int records) {
+  Program program;
+  program.AppDataDir = folder;
+  program.config.MyLat = 52;
+  program.config.MyLon = 5;
+  CallDatabase database(folder);
+  HoverTip tip(program, database);
+  QRandomGenerator random(3);
+  qint64 longest = 0;
+  for (int i = 0; i < kTips; ++i) {
+    program.page.Field(i % 2, Caller) = CallOf(random.bounded(static_cast<quint32>(records)) * 2);
+    QElapsedTimer timer;
+    timer.start();
+    tip.Enter(i % 2, TipPart::Picture);
+    longest = std::max(longest, timer.nsecsElapsed());
+  }
+  std::printf("tip_ms=%.3f\n", static_cast<double>(longest) / 1e6);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QCoreApplication app(argc, argv);
+  const QStringList arguments = QCoreApplication::arguments();
+  if (arguments.size() != 4) return 2;
+  const QString& job = arguments.at(1);
+  const QString& folder = arguments.at(2);
+  const int records = arguments.at(3).toInt();
+  if (job == "make"_L1) {
+    Make(folder, records);
+    return 0;
+  }
+  if (job == "tip"_L1) {
+    Tip(folder, records);
+    return 0;
+  }
+  QElapsedTimer timer;
+  timer.start();
+  const int count = job == "find"_L1        ? FindOwn(folder, records)
+                    : job == "find-peer"_L1 ? FindPeer(folder, records)
+                    : job == "add"_L1       ? AddOwn(folder, records)
+                                            : AddPeer(folder, records);
+  std::printf("ms=%.1f count=%d\n", static_cast<double>(timer.nsecsElapsed()) / 1e6, count);
+  return 0;
+}
