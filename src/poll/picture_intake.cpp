@@ -63,6 +63,8 @@ void PictureIntake::PictureReady(const QString& key, const QByteArray& body) {
   if (!answer) return;
   answer->serial = ++serials_[static_cast<std::size_t>(answer->slot)];
   ClearFields(answer->slot);
+  // A small picture may come whole before its progress was ever told, and no check stands before one of the WX page.
+  grid_.SetConnecting(answer->slot, false);
   grid_.ClearFrom(answer->slot);
   ++program_.page.SitesDone;
   const bool dsstv = program_.page.OnDsstvPage();

@@ -294,6 +294,7 @@ class PollTest : public QObject {
     f.logic->poll.PageChange(PageState::WxPage);
     QCOMPARE(f.CellOf(1).lblCall, u"Radar"_s);
     QTRY_VERIFY(f.HasPicture(1));
+    QVERIFY(!f.CellOf(1).lblConnect && !f.CellOf(1).picProg);
     QCOMPARE(f.program.page.SitesOnPage, 2);
     QCOMPARE(marker.Requests(u"image1"_s), 0);
     QTRY_COMPARE(marker.Requests(u"checknew.jpg"_s), 2);
