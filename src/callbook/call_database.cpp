@@ -22,7 +22,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
-constexpr int kRecordsAtOnce = 512;  // of a list that is read from front to end
+constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // of a file that is read from front to end
 
 QString FileName() {
   return u"Omni-Perch-DB.db"_s;
@@ -69,6 +69,31 @@ std::optional<QByteArray> WholeFile(const QString& path) {
   return bytes;
 }
 
+// In pieces that stay in the processor's cache; false where the old file no longer has them all.
+bool Copy(QFile& from, qint64 start, qint64 size, QSaveFile& to) {
+  if (!from.seek(start)) return false;
+  while (size > 0) {
+    const QByteArray bytes = from.read(std::min(size, kBytesAtOnce));
+    if (bytes.isEmpty() || to.write(bytes) != bytes.size()) return false;
+    size -= bytes.size();
+  }
+  return true;
+}
+
+// The keys of all whole records, in the file's order; nothing where they cannot be read.
+std::optional<std::vector<quint64>> ReadKeys(const QString& path) {
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+  std::vector<quint64> keys;
+  QByteArray bytes;
+  do {
+    bytes = file.read(kBytesAtOnce);
+    AppendCallKeys(bytes, keys);
+  } while (bytes.size() == kBytesAtOnce);
+  if (file.error() != QFileDevice::NoError) return {};
+  return keys;
+}
+
 QByteArrayView RecordBytes(const DbRec& record) {
   return {reinterpret_cast<const char*>(&record), kRecordSize};
 }
@@ -87,11 +112,14 @@ QString CallDatabase::Path() const {
   return ResolvePath(appDataDir_, FileName());
 }
 
-bool CallDatabase::Save(const QList<QByteArrayView>& pieces) const {
-  QSaveFile file(Path());
-  if (!file.open(QIODevice::WriteOnly)) return false;
-  for (const QByteArrayView piece : pieces) {
-    if (file.write(piece.data(), piece.size()) != piece.size()) return false;
+bool CallDatabase::Save(const QList<Piece>& pieces) const {
+  const QString path = Path();
+  QFile old(path);
+  QSaveFile file(path);
+  if (!old.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.open(QIODevice::WriteOnly)) return false;
+  for (const Piece& piece : pieces) {
+    if (file.write(piece.bytes.data(), piece.bytes.size()) != piece.bytes.size()) return false;
+    if (piece.size > 0 && !Copy(old, piece.start, piece.size, file)) return false;
   }
   return file.commit();
 }
@@ -128,46 +156,41 @@ bool CallDatabase::AddRecord() {
   QFile file(Path());
   const QByteArrayView record = RecordBytes(DbCurrent);
   if (!QFileInfo(file).isFile()) return false;
-  if (file.size() % kRecordSize != 0) {
-    const std::optional<QByteArray> old = WholeFile(file.fileName());
-    if (!old) return false;
-    const qsizetype end = old->size() - old->size() % kRecordSize;
-    return Save({QByteArrayView(*old).first(end), record, QByteArrayView(*old).sliced(end)});
+  const qint64 size = file.size();
+  if (const qint64 rest = size % kRecordSize; rest != 0) {
+    return Save({{{}, 0, size - rest}, {record}, {{}, size - rest, rest}});
   }
   // Only adds to the file, so that there is nothing to lose; a record that got in by half is taken out again.
   if (!file.open(QIODevice::Append | QIODevice::ExistingOnly | QIODevice::Unbuffered)) return false;
-  const qint64 end = file.size();
   if (file.write(record.data(), record.size()) == record.size()) return true;
-  file.resize(end);
+  file.resize(size);
   return false;
 }
 
 bool CallDatabase::UpdateRecord(int number) {
-  const std::optional<QByteArray> old = WholeFile(Path());
+  const QFileInfo file(Path());
   const qint64 start = (number - qint64{1}) * kRecordSize;
-  if (!old || number < 1 || start + kRecordSize > old->size()) return false;
-  const QByteArrayView bytes(*old);
-  return Save({bytes.first(start), RecordBytes(DbCurrent), bytes.sliced(start + kRecordSize)});
+  const qint64 rest = start + kRecordSize;
+  if (!file.isFile() || number < 1 || rest > file.size()) return false;
+  return Save({{{}, 0, start}, {RecordBytes(DbCurrent)}, {{}, rest, file.size() - rest}});
 }
 
 bool CallDatabase::SortDatabase() {
-  const std::optional<QByteArray> old = WholeFile(Path());
-  if (!old) return false;
-  const QByteArrayView bytes(*old);
-  const qsizetype count = bytes.size() / kRecordSize;
-  const QByteArrayView records = bytes.first(count * kRecordSize);
-  const QByteArrayView rest = bytes.sliced(records.size());
-  const std::vector<quint64> keys = CallKeys(records);
-  if (std::is_sorted(keys.begin(), keys.end())) return true;
-
+  const std::optional<std::vector<quint64>> keys = ReadKeys(Path());
+  if (!keys) return false;
+  if (std::is_sorted(keys->begin(), keys->end())) return true;
   // The usual case, one call added behind a sorted file, goes to its place without touching the order of the others.
-  if (const std::optional<qsizetype> place = PlaceOfLast(keys)) {
-    const qsizetype at = *place * kRecordSize;
-    const qsizetype last = records.size() - kRecordSize;
-    return Save({records.first(at), records.sliced(last), records.sliced(at, last - at), rest});
+  if (const std::optional<qsizetype> place = PlaceOfLast(*keys)) {
+    const qint64 at = *place * kRecordSize;
+    const qint64 end = static_cast<qint64>(keys->size()) * kRecordSize;
+    const qint64 last = end - kRecordSize;
+    return Save({{{}, 0, at}, {{}, last, kRecordSize}, {{}, at, last - at}, {{}, end, QFileInfo(Path()).size() - end}});
   }
-  const QByteArray sorted = InCombOrder(records, keys);
-  return Save({sorted, rest});
+  const std::optional<QByteArray> old = WholeFile(Path());
+  const auto size = static_cast<qsizetype>(keys->size()) * kRecordSize;
+  if (!old || old->size() < size) return false;
+  const QByteArray sorted = InCombOrder(QByteArrayView(*old).first(size), *keys);
+  return Save({{sorted}, {QByteArrayView(*old).sliced(size)}});
 }
 
 bool CallDatabase::DeleteRecord(const QString& call) {
@@ -191,7 +214,7 @@ bool CallDatabase::DeleteRecord(const QString& call) {
   const QString temporary = ResolvePath(appDataDir_, u"temp.db"_s);
   const QByteArray left = WholeFile(temporary).value_or(QByteArray());
   const QByteArray rest = old->mid(count * kRecordSize);
-  if (!Save({kept, QByteArrayView(left).sliced(std::min(kept.size(), left.size())), rest})) return false;
+  if (!Save({{kept}, {QByteArrayView(left).sliced(std::min(kept.size(), left.size()))}, {rest}})) return false;
   if (QFileInfo(temporary).isFile()) QFile::remove(temporary);
   return true;
 }
@@ -207,13 +230,13 @@ bool CallDatabase::FillCallList(QStringList& list) {
   if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return false;
   list.clear();
   while (true) {
-    const QByteArray bytes = file.read(kRecordsAtOnce * kRecordSize);
+    const QByteArray bytes = file.read(kBytesAtOnce);
     const qsizetype count = bytes.size() / kRecordSize;
     for (qsizetype i = 0; i < count; ++i) {
       std::memcpy(static_cast<void*>(&DbCurrent), bytes.data() + i * kRecordSize, sizeof DbCurrent);
       list += DbCurrent.Call.Text();
     }
-    if (count < kRecordsAtOnce) return true;
+    if (bytes.size() < kBytesAtOnce) return true;
   }
 }
 

@@ -22,7 +22,8 @@ struct TargetLocation {
 
 // Each operation opens the file, does its work and closes it, so that the file may be copied or replaced in between.
 // One that cannot read or write is passed over and leaves DbCurrent as it stands. Bytes behind the last whole record
-// are nobody's; they stay where they are, behind all records. Files above 512 MiB are searched but not rewritten.
+// are nobody's; they stay where they are, behind all records. A file above 512 MiB can be searched and added to, but
+// nothing is deleted there, and one that is unsorted beyond its last record stays so.
 class CallDatabase {
  public:
   explicit CallDatabase(QString appDataDir);
@@ -50,9 +51,16 @@ class CallDatabase {
   TargetLocation LookupTargetLocation(const QString& call);
 
  private:
+  // A part of a new file: bytes at hand, and behind them a stretch of the old file.
+  struct Piece {
+    QByteArrayView bytes;
+    qint64 start = 0;
+    qint64 size = 0;
+  };
+
   QString Path() const;
   // Writes the pieces one behind the other: the new file or the old one, never a torn one.
-  bool Save(const QList<QByteArrayView>& pieces) const;
+  bool Save(const QList<Piece>& pieces) const;
 
   QString appDataDir_;
   QByteArray exactPath_;  // of the usual spelling, as the system takes it

@@ -31,14 +31,9 @@ int CompareBytes(QByteArrayView a, QByteArrayView b) {
   return a.size() < b.size() ? -1 : static_cast<int>(a.size() > b.size());
 }
 
-std::vector<quint64> CallKeys(QByteArrayView records) {
-  std::vector<quint64> keys(static_cast<std::size_t>(records.size() / kRecordSize));
-  const char* record = records.data();
-  for (quint64& key : keys) {
-    key = CallKey(record);
-    record += kRecordSize;
-  }
-  return keys;
+void AppendCallKeys(QByteArrayView records, std::vector<quint64>& keys) {
+  for (qsizetype i = 0; i + kRecordSize <= records.size(); i += kRecordSize)
+    keys.push_back(CallKey(records.data() + i));
 }
 
 std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys) {

@@ -11,8 +11,8 @@
 // Below, at or above 0, by plain comparison of bytes; what begins a longer text is smaller.
 int CompareBytes(QByteArrayView a, QByteArrayView b);
 
-// One number a record, which compares as its trimmed call does.
-std::vector<quint64> CallKeys(QByteArrayView records);
+// One number for each whole record, which compares as its trimmed call does.
+void AppendCallKeys(QByteArrayView records, std::vector<quint64>& keys);
 // Index at which the last record belongs where all others stand in order and no call is there twice; nothing in any
 // other case.
 std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys);

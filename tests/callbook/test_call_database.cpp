@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "callbook/call_database.h"
+#include "demo_database.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -96,6 +97,7 @@ class TestCallDatabase : public QObject {
   void LosesNothingOfABrokenFile();
   void TakesInWhatATemporaryFileHolds();
   void PlacesStations();
+  void ReadsTheDemo();
 };
 
 void TestCallDatabase::MeetsTheModel_data() {
@@ -122,7 +124,7 @@ void TestCallDatabase::MeetsTheModel() {
     for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
     return call;
   };
-  for (int step = 0; step < 1200; ++step) {
+  for (int step = 0; step < 400; ++step) {
     const QByteArray call = anyCall();
     const QString text = QString::fromLatin1(call);
     const QByteArray name = QByteArray::number(step);
@@ -295,6 +297,24 @@ void TestCallDatabase::PlacesStations() {
   QCOMPARE(target.TargetLon, 151.2);
   QCOMPARE(target.Add1 + target.Add2 + target.Ctry, u"Mill Town"_s);
   QCOMPARE(database.LookupTargetLocation(u"ZZ0QY"_s).TargetLat, 0.0);
+}
+
+// The demo's file is written by other code than that which reads it.
+void TestCallDatabase::ReadsTheDemo() {
+  const Folder folder;
+  folder.Put(DemoDatabase());
+  CallDatabase database(folder.dir.path());
+  QStringList calls;
+  QVERIFY(database.FillCallList(calls));
+  QVERIFY(calls.size() > 40);
+  QVERIFY(calls.contains(u"DL0QPA"_s));
+  for (const QString& call : calls) {
+    const TargetLocation target = database.LookupTargetLocation(call);
+    QVERIFY2(target.InDatabase && !database.DbCurrent.Name.Text().isEmpty() && !target.Ctry.isEmpty(),
+             qPrintable(call));
+    QVERIFY((target.TargetLat == 0) == (target.TargetLon == 0));
+  }
+  QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
 }
 
 OMNI_TEST(TestCallDatabase)
