@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/clock.h"
 
-QDateTime Clock::Now() const { return QDateTime::currentDateTime(); }
+QDateTime Clock::Now() const {
+  return QDateTime::currentDateTime();
+}
