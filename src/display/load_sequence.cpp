@@ -111,7 +111,7 @@ QString LoadSequence::ChangeLanguage(const QString& name) {
   program_.config.LanguageName = name;
   program_.config.OnAirCode = OnAirLanguageCode(name, program_.config.OnAirCode);
   const LanguageTexts before = program_.language;
-  const QString message = LoadLanguage();
+  QString message = LoadLanguage();
   TranslatePageLabels(program_.PageLabels, before, program_.language);
   return message;
 }
