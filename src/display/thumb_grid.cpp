@@ -104,7 +104,7 @@ bool ThumbGrid::Current(int slot, int generation, int page) const {
   return HasSlot(slot) && generations_[slot] == generation && program_.page.CurrentPage == page;
 }
 
-void ThumbGrid::ShowThumb(const QString& path, int slot, int site, std::function<void()> shown) {
+void ThumbGrid::ShowThumb(const QString& path, int slot, int site, const std::function<void()>& shown) {
   if (!HasSlot(slot)) return;
   const QFileInfo file(path);
   const Shown wanted{path, file.lastModified().toMSecsSinceEpoch(), file.size()};

@@ -36,7 +36,7 @@ class ThumbGrid : public QObject {
   // Reads the file beside the event loop and shows it; a file that the cell cannot take is repaired to 24 bits first.
   // What cannot be shown at all ends in the error box. shown is called once the cell stands, unless something else was
   // put into the cell or the page changed meanwhile.
-  void ShowThumb(const QString& path, int slot, int site, std::function<void()> shown = {});
+  void ShowThumb(const QString& path, int slot, int site, const std::function<void()>& shown = {});
   // Error box; corrupt chooses its second line. Counts an answer: NotFoundShown follows.
   void ShowNotFound(int slot, int site, bool corrupt);
   // Blanks a picture: 1 for a blocked call, 2 for one that may not be shown. BlockedShown follows.

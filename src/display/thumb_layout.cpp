@@ -38,8 +38,9 @@ ThumbLayoutInfo LayoutOf(int thumbLayout) {
 QRectF CellRect(int thumbLayout, int slot) {
   const ThumbLayoutInfo layout = LayoutOf(thumbLayout);
   if (slot < 0 || slot >= layout.count) return {};
-  return QRectF(QPointF((slot % layout.columns) * kPitchX + 6, (slot / layout.columns) * kPitchY + 2),
-                cell_part::kCell);
+  const int row = slot / layout.columns;
+  const int column = slot % layout.columns;
+  return QRectF(QPointF(column * kPitchX + 6, row * kPitchY + 2), cell_part::kCell);
 }
 
 QSizeF PageUnits(int thumbLayout, int menuBarHeight) {

@@ -13,5 +13,4 @@ class TestSuite {
   explicit TestSuite(Maker maker) { Makers().push_back(std::move(maker)); }
 };
 
-// NOLINTNEXTLINE(bugprone-macro-parentheses): Class is a type
 #define OMNI_TEST(Class) static const TestSuite registered##Class([]() -> QObject* { return new Class; });
