@@ -4,12 +4,12 @@
 #include <QFileInfo>
 
 #include "core/date_text.h"
+#include "core/page_files.h"
 #include "display/still_pictures.h"
 #include "display/thumb_layout.h"
-#include "poll/caption.h"
-#include "poll/file_type.h"
-#include "poll/page_files.h"
+#include "platform/file_type.h"
 #include "station/callsign.h"
+#include "station/picture_date.h"
 
 using namespace Qt::StringLiterals;
 

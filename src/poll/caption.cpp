@@ -39,23 +39,6 @@ QString ModeTagOf(const QString& tail, const Manner& manner) {
   return tag;
 }
 
-bool IsDigit(QChar c) {
-  return c >= u'0' && c <= u'9';
-}
-
-bool IsAboveAt(QChar c) {
-  return c.unicode() > 64;
-}
-
-// Lists hold a record a line, and labels one line: nothing of a stranger's bytes may end it.
-QString WithoutControls(QString text) {
-  const auto isControl = [](QChar c) {
-    return c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-  };
-  text.removeIf(isControl);
-  return text;
-}
-
 // A number behind a blank belongs to a call with a stroke. CleanCall ends a call at the first blank, so that this bites
 // only should it ever let one through.
 QString StrokeForBlank(QString call) {
@@ -106,68 +89,6 @@ Caption ParseTail(const QString& tail, const Manner& manner, QChar zeroGlyph) {
   return caption;
 }
 
-struct DateNumbers {
-  int year = 0;
-  int month = 0;
-  int day = 0;
-};
-
-bool HasDigit(const QString& text) {
-  return std::any_of(text.cbegin(), text.cend(), IsDigit);
-}
-
-int Number(const QString& text) {
-  return static_cast<int>(std::clamp(Val(text), -1.0, 1e6));
-}
-
-// Two digits mean this century.
-int FullYear(int year) {
-  return year < 2000 ? year + 2000 : year;
-}
-
-// "24/Mär/24": the day stands in the first two characters, the year behind the last letter.
-DateNumbers WordDate(const QString& date) {
-  const auto first = std::find_if(date.cbegin(), date.cend(), IsAboveAt);
-  const auto last = std::find_if(date.crbegin(), date.crend(), IsAboveAt).base();
-  const QString word = QStringView(first, last).toString().remove(u'/');
-  const QString year = QStringView(last, date.cend()).toString().remove(u'/');
-  if (!HasDigit(year)) return {};
-  return {FullYear(Number(year)), MonthNumber(word), Number(date.left(2))};
-}
-
-// Month, day, year, whatever the locale.
-DateNumbers NumericDate(const QString& date) {
-  const QStringList parts = date.split(u'/');
-  if (parts.size() < 3 || !HasDigit(parts[2])) return {};
-  return {FullYear(Number(parts[2])), Number(parts[0]), Number(parts[1])};
-}
-
-QString ShortDate(const DateNumbers& date) {
-  constexpr int kLastYear = 9999;  // five digits are no year, but a time glued to one
-  if (date.year > kLastYear || !QDate::isValid(date.year, date.month, date.day)) return {};
-  return u"%1/%2/%3"_s.arg(date.month).arg(date.day).arg(date.year);
-}
-
-struct MonthRow {
-  int month;
-  QStringView words;
-};
-
-// Words of the languages that stations write. Only three letters are compared, so that the rows of four never match;
-// they stay, as the list is kept in step with the one that stations use.
-constexpr std::array<MonthRow, 12> kMonths{{{1, u"Jan janv Jän Ian gen sty ian ene sic"},
-                                            {2, u"Feb fév Phe lut fev liu"},
-                                            {3, u"Mar maa Mär ber"},
-                                            {4, u"Apr avr kwi abr kvi"},
-                                            {5, u"May mei mai maj mag tra"},
-                                            {6, u"Jun juin Ioun giu cze iiun che"},
-                                            {7, u"Jul juil Ioul lug lip iiul lyp"},
-                                            {8, u"Aug aoû ag. sie ago avg ser"},
-                                            {9, u"Sep set wrz set sen ver"},
-                                            {10, u"Oct okt ott paz out zho"},
-                                            {11, u"Nov Noe lis noi lys"},
-                                            {12, u"Dec Dez Dek dic des gru hru"}}};
-
 }  // namespace
 
 QString TailOfDownload(const QByteArray& body) {
@@ -192,29 +113,4 @@ Caption ParseTailFromFile(const FileTail& tail, QChar zeroGlyph) {
   Caption modeOnly;
   modeOnly.ModeTag = ModeTagOf(tail.tail, kFile);
   return modeOnly;
-}
-
-QString NormaliseDate(const QString& text) {
-  QString date = WithoutControls(text).replace(u'.', u'/').replace(u'-', u'/');
-  QString clock;
-  const qsizetype colon = date.indexOf(u':');
-  if (colon >= 2) clock = date.mid(colon - 2, kClock);
-  // The clock may follow the date without a blank, once a line end between them is gone.
-  if (colon >= 0) date.truncate(std::max<qsizetype>(0, colon - 2));
-  date.remove(0, std::find_if(date.cbegin(), date.cend(), IsDigit) - date.cbegin());
-  date = date.section(u' ', 0, 0);
-
-  const bool inWords = std::any_of(date.cbegin(), date.cend(), IsAboveAt);
-  const QString shortDate = ShortDate(inWords ? WordDate(date) : NumericDate(date));
-  return clock.isEmpty() ? shortDate : shortDate + u' ' + clock;
-}
-
-int MonthNumber(const QString& word) {
-  const QStringView letters = QStringView(word).left(3);
-  for (const MonthRow& row : kMonths) {
-    for (const QStringView known : row.words.tokenize(u' ')) {
-      if (known.compare(letters, Qt::CaseInsensitive) == 0) return row.month;
-    }
-  }
-  return 1;
 }

@@ -8,6 +8,7 @@
 #include <optional>
 
 #include "core/date_text.h"
+#include "station/picture_date.h"
 
 struct Caption {
   QString ModeTag;                  // empty: none
@@ -30,9 +31,3 @@ FileTail TailOfFile(const QByteArray& last100);
 
 Caption ParseTailFromDownload(const QString& tail, QChar zeroGlyph);
 Caption ParseTailFromFile(const FileTail& tail, QChar zeroGlyph);
-
-// A date in any of the shapes that stations send, as "M/D/YYYY hh:mm"; line ends are taken out. What cannot be read as
-// a date gives an empty date part; where there is no ":", the date stands alone.
-QString NormaliseDate(const QString& text);
-// Month 1 to 12 of a word in the languages that stations write; 1 for an unknown word.
-int MonthNumber(const QString& word);

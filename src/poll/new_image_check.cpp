@@ -4,7 +4,7 @@
 #include <QFileInfo>
 #include <limits>
 
-#include "poll/page_files.h"
+#include "core/page_files.h"
 
 using namespace Qt::StringLiterals;
 

@@ -7,8 +7,8 @@
 
 #include "core/date_text.h"
 #include "display/still_pictures.h"
-#include "poll/file_type.h"
-#include "poll/page_files.h"
+#include "platform/file_type.h"
+#include "core/page_files.h"
 #include "station/callsign.h"
 
 using namespace Qt::StringLiterals;

@@ -4,7 +4,7 @@
 #include <QFile>
 
 #include "poll/new_image_check.h"
-#include "poll/page_files.h"
+#include "core/page_files.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <cstdio>
 
-#include "poll/file_type.h"
+#include "platform/file_type.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "poll/file_type.h"
+#include "platform/file_type.h"
 
 #include <QFile>
 #include <array>

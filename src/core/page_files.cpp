@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "poll/page_files.h"
+#include "core/page_files.h"
 
 using namespace Qt::StringLiterals;
 

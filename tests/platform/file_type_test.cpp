@@ -3,7 +3,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "poll/file_type.h"
+#include "platform/file_type.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -55,4 +55,4 @@ void TestFileType::Tells() {
 }
 
 OMNI_TEST(TestFileType)
-#include "test_file_type.moc"
+#include "file_type_test.moc"
