@@ -22,43 +22,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
+constexpr std::size_t kBeginning = 4096;             // records kept of where searches begin: the first twelve steps
+constexpr time_t kRest = 2;                          // seconds
 constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // of a file that is read from front to end
 
 QString FileName() {
   return u"Omni-Perch-DB.db"_s;
 }
-
-// The file as FindRecord reads it: a few small reads, which a buffered file would make larger and slower.
-class RecordReader {
- public:
-  explicit RecordReader(const QByteArray& path) : file_(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-    struct stat status {};
-    if (file_ < 0 || ::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return;
-    readable_ = true;
-    count_ = std::min<qint64>(status.st_size / kRecordSize, std::numeric_limits<int>::max());
-  }
-  ~RecordReader() {
-    if (file_ >= 0) ::close(file_);
-  }
-  RecordReader(const RecordReader&) = delete;
-  RecordReader& operator=(const RecordReader&) = delete;
-
-  bool IsReadable() const { return readable_; }
-  qint64 Count() const { return count_; }
-  // A record beyond the end is one of NULs, which no call equals.
-  DbRec Read(qint64 number) const {
-    DbRec record;
-    if (::pread(file_, &record, sizeof record, (number - 1) * kRecordSize) != kRecordSize) {
-      std::memset(static_cast<void*>(&record), 0, sizeof record);
-    }
-    return record;
-  }
-
- private:
-  int file_;
-  bool readable_ = false;
-  qint64 count_ = 0;
-};
 
 std::optional<QByteArray> WholeFile(const QString& path) {
   QFile file(path);
@@ -105,6 +75,41 @@ qint64 RoundedCount(qint64 size) {
 
 }  // namespace
 
+// The file as FindRecord reads it: a few small reads, which a buffered file would make larger and slower.
+class RecordReader {
+ public:
+  explicit RecordReader(const QByteArray& path) : file_(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
+    struct stat status {};
+    if (file_ < 0 || ::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return;
+    readable_ = true;
+    status_ = status;
+    count_ = std::min<qint64>(status.st_size / kRecordSize, std::numeric_limits<int>::max());
+  }
+  ~RecordReader() {
+    if (file_ >= 0) ::close(file_);
+  }
+  RecordReader(const RecordReader&) = delete;
+  RecordReader& operator=(const RecordReader&) = delete;
+
+  bool IsReadable() const { return readable_; }
+  qint64 Count() const { return count_; }
+  const struct stat& Status() const { return status_; }
+  // A record beyond the end is one of NULs, which no call equals.
+  DbRec Read(qint64 number) const {
+    DbRec record;
+    if (::pread(file_, &record, sizeof record, (number - 1) * kRecordSize) != kRecordSize) {
+      std::memset(static_cast<void*>(&record), 0, sizeof record);
+    }
+    return record;
+  }
+
+ private:
+  int file_;
+  bool readable_ = false;
+  struct stat status_ {};
+  qint64 count_ = 0;
+};
+
 CallDatabase::CallDatabase(QString appDataDir)
     : appDataDir_(std::move(appDataDir)), exactPath_(QFile::encodeName(appDataDir_ + u'/' + FileName())) {}
 
@@ -124,6 +129,26 @@ bool CallDatabase::Save(const QList<Piece>& pieces) const {
   return file.commit();
 }
 
+CallDatabase::Beginning* CallDatabase::BeginningOf(const RecordReader& file) {
+  const struct stat& status = file.Status();
+  timespec now{};
+  ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+  // Two changes within one tick of the system's clock leave the same time: a file that young is read as it stands.
+  if (now.tv_sec - status.st_ctim.tv_sec < kRest) return nullptr;
+  const std::array<qint64, 6> present{static_cast<qint64>(status.st_dev),
+                                      static_cast<qint64>(status.st_ino),
+                                      status.st_size,
+                                      status.st_ctim.tv_sec,
+                                      status.st_ctim.tv_nsec,
+                                      file.Count()};
+  if (beginning_.file != present) {
+    beginning_.file = present;
+    beginning_.records.assign(kBeginning, DbRec());
+    beginning_.known.assign(kBeginning, false);
+  }
+  return &beginning_;
+}
+
 int CallDatabase::FindRecord(const QString& call) {
   std::optional<RecordReader> file(exactPath_);
   if (!file->IsReadable()) {
@@ -134,15 +159,24 @@ int CallDatabase::FindRecord(const QString& call) {
   }
   const QByteArray bytes = AnsiBytes(call);
   const QByteArrayView wanted = BlanksTrimmed(bytes);
+  Beginning* const beginning = BeginningOf(*file);
   qint64 low = 1;
   qint64 high = std::max<qint64>(file->Count(), 1);
-  while (low <= high) {
+  for (std::size_t place = 1; low <= high;) {
     const qint64 middle = (low + high) / 2;
-    DbCurrent = file->Read(middle);
+    if (beginning == nullptr || place >= kBeginning) {
+      DbCurrent = file->Read(middle);
+    } else {
+      if (!beginning->known[place]) beginning->records[place] = file->Read(middle);
+      beginning->known[place] = true;
+      DbCurrent = beginning->records[place];
+    }
     const QByteArrayView found = DbCurrent.Call.Bytes();
     if (BlanksTrimmed(found) == wanted) return static_cast<int>(middle);
     // Both with their blanks: a call that the caller did not trim is found where it stands or not at all.
-    if (CompareBytes(bytes, found) > 0) {
+    const bool above = CompareBytes(bytes, found) > 0;
+    place = std::min(place * 2 + (above ? 1 : 0), kBeginning);
+    if (above) {
       low = middle + 1;
     } else {
       high = middle - 1;

@@ -6,7 +6,9 @@
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
+#include <array>
 #include <optional>
+#include <vector>
 
 #include "callbook/db_rec.h"
 
@@ -24,6 +26,8 @@ struct TargetLocation {
 // One that cannot read or write is passed over and leaves DbCurrent as it stands. Bytes behind the last whole record
 // are nobody's; they stay where they are, behind all records. A file above 512 MiB can be searched and added to, but
 // nothing is deleted there, and one that is unsorted beyond its last record stays so.
+class RecordReader;
+
 class CallDatabase {
  public:
   explicit CallDatabase(QString appDataDir);
@@ -62,6 +66,17 @@ class CallDatabase {
   // Writes the pieces one behind the other: the new file or the old one, never a torn one.
   bool Save(const QList<Piece>& pieces) const;
 
+  // The records that every search begins with, as long as the file is the one that they were read from: a file that has
+  // its inode, size and times, and has rested long enough for its times to tell.
+  struct Beginning {
+    std::array<qint64, 6> file{};  // device, inode, size, seconds and nanoseconds of its change, records
+    std::vector<DbRec> records;    // by place in the tree of halves: 1, then 2 and 3, ...
+    std::vector<bool> known;       // whether that record has been read
+  };
+  // The beginning of the tree for the file open here; nullptr where it may not be trusted.
+  Beginning* BeginningOf(const RecordReader& file);
+
   QString appDataDir_;
+  Beginning beginning_;
   QByteArray exactPath_;  // of the usual spelling, as the system takes it
 };

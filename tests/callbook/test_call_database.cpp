@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The call database against a plain model of the file: records in memory, bisected, swapped and copied one by one.
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -98,6 +100,7 @@ class TestCallDatabase : public QObject {
   void TakesInWhatATemporaryFileHolds();
   void PlacesStations();
   void ReadsTheDemo();
+  void SeesEveryChangeOfARestedFile();
 };
 
 void TestCallDatabase::MeetsTheModel_data() {
@@ -300,6 +303,39 @@ void TestCallDatabase::PlacesStations() {
 }
 
 // The demo's file is written by other code than that which reads it.
+// What searches remember of a file that has not changed for a while must go with its first change.
+void TestCallDatabase::SeesEveryChangeOfARestedFile() {
+  const Folder folder;
+  const auto call = [](int number) { return u"ZZ%1"_s.arg(number, 4, 10, QLatin1Char('0')); };
+  QByteArray even;
+  QByteArray odd;
+  for (int i = 0; i < 300; ++i) {
+    even += Stored(call(2 * i).toLatin1(), "first");
+    odd += Stored(call(2 * i + 1).toLatin1(), "second");
+  }
+  folder.Put(even);
+  CallDatabase database(folder.dir.path());
+  const auto rested = [&folder]() {
+    return QFileInfo(folder.File()).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
+  };
+  QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
+  for (int round = 0; round < 2; ++round) {
+    for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 0 ? i / 2 + 1 : 0);
+  }
+  // Another program writes the same file, in place and of the same size.
+  folder.Put(odd);
+  for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 1 ? i / 2 + 1 : 0);
+  QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
+  QCOMPARE(database.FindRecord(call(299)), 150);
+  QCOMPARE(database.DbCurrent.Name.Text(), u"second"_s);
+  database.DbCurrent.Name = u"third"_s;
+  QVERIFY(database.UpdateRecord(150));
+  QCOMPARE(database.FindRecord(call(299)), 150);
+  QCOMPARE(database.DbCurrent.Name.Text(), u"third"_s);
+  QVERIFY(database.DeleteRecord(call(1)));
+  QCOMPARE(database.FindRecord(call(299)), 149);
+}
+
 void TestCallDatabase::ReadsTheDemo() {
   const Folder folder;
   folder.Put(DemoDatabase());
