@@ -6,9 +6,9 @@
 #include <cmath>
 
 #include "core/date_text.h"
+#include "core/page_files.h"
 #include "display/still_pictures.h"
 #include "platform/file_type.h"
-#include "core/page_files.h"
 #include "station/callsign.h"
 
 using namespace Qt::StringLiterals;

@@ -3,8 +3,8 @@
 
 #include <QFile>
 
-#include "poll/new_image_check.h"
 #include "core/page_files.h"
+#include "poll/new_image_check.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/file_type.h"
+
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "platform/file_type.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
