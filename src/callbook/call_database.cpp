@@ -13,6 +13,7 @@
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <span>
 
 #include "callbook/record_order.h"
 #include "platform/paths.h"
@@ -23,6 +24,7 @@ namespace {
 
 constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
 constexpr std::size_t kBeginning = 4096;             // records kept of where searches begin: the first twelve steps
+constexpr qint64 kBlock = 31;                        // records that the last five steps of a search read at once
 constexpr time_t kRest = 2;                          // seconds
 constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // of a file that is read from front to end
 
@@ -94,6 +96,14 @@ class RecordReader {
   bool IsReadable() const { return readable_; }
   qint64 Count() const { return count_; }
   const struct stat& Status() const { return status_; }
+  // The records from one number on, as many as the block holds; what lies beyond the end is NULs.
+  void ReadBlock(qint64 first, std::span<DbRec> block) const {
+    std::memset(static_cast<void*>(block.data()), 0, block.size_bytes());
+    const ssize_t got = ::pread(file_, block.data(), block.size_bytes(), (first - 1) * kRecordSize);
+    // A record that is there in part is none.
+    const auto whole = static_cast<std::size_t>(std::max<ssize_t>(got, 0) / kRecordSize);
+    std::memset(static_cast<void*>(block.data() + whole), 0, (block.size() - whole) * sizeof(DbRec));
+  }
   // A record beyond the end is one of NULs, which no call equals.
   DbRec Read(qint64 number) const {
     DbRec record;
@@ -162,9 +172,17 @@ int CallDatabase::FindRecord(const QString& call) {
   Beginning* const beginning = BeginningOf(*file);
   qint64 low = 1;
   qint64 high = std::max<qint64>(file->Count(), 1);
+  std::array<DbRec, kBlock> block;
+  qint64 blockFirst = 0;  // number of its first record; 0: not read
   for (std::size_t place = 1; low <= high;) {
     const qint64 middle = (low + high) / 2;
-    if (beginning == nullptr || place >= kBeginning) {
+    if (blockFirst > 0) {
+      DbCurrent = block[static_cast<std::size_t>(middle - blockFirst)];
+    } else if (place >= kBeginning && high - low < kBlock) {
+      blockFirst = low;
+      file->ReadBlock(low, std::span(block).first(static_cast<std::size_t>(high - low + 1)));
+      DbCurrent = block[static_cast<std::size_t>(middle - blockFirst)];
+    } else if (beginning == nullptr || place >= kBeginning) {
       DbCurrent = file->Read(middle);
     } else {
       if (!beginning->known[place]) beginning->records[place] = file->Read(middle);

@@ -86,6 +86,12 @@ void Make(const QString& folder, int records) {
   QDir().mkpath(folder);
   QFile own(folder + u"/Omni-Perch-DB.db"_s);
   if (!own.open(QIODevice::WriteOnly)) return;
+  for (int i = 0; i < records; ++i) {
+    const DbRec record = Record(static_cast<quint32>(i) * 2);
+    own.write(reinterpret_cast<const char*>(&record), sizeof(record));
+  }
+  // A user's file has rested when it is searched; the peer's is made meanwhile.
+  own.close();
   QFile::remove(folder + u"/peer.sqlite"_s);
   const Sqlite peer(folder);
   peer.Run(
@@ -93,11 +99,7 @@ void Make(const QString& folder, int records) {
       "born TEXT)");
   peer.Run("BEGIN");
   sqlite3_stmt* insert = peer.Prepare(kInsert);
-  for (int i = 0; i < records; ++i) {
-    const DbRec record = Record(static_cast<quint32>(i) * 2);
-    own.write(reinterpret_cast<const char*>(&record), sizeof(record));
-    Sqlite::Step(insert, CallOf(static_cast<quint32>(i) * 2));
-  }
+  for (int i = 0; i < records; ++i) Sqlite::Step(insert, CallOf(static_cast<quint32>(i) * 2));
   sqlite3_finalize(insert);
   peer.Run("COMMIT");
   peer.Run("CREATE INDEX station_call ON station (call)");
