@@ -136,7 +136,7 @@ bool CallDatabase::Save(const QList<Piece>& pieces) const {
     if (file.write(piece.bytes.data(), piece.bytes.size()) != piece.bytes.size()) return false;
     if (piece.size > 0 && !Copy(old, piece.start, piece.size, file)) return false;
   }
-  return file.commit();
+  return file.flush() && file.commit();
 }
 
 CallDatabase::Beginning* CallDatabase::BeginningOf(const RecordReader& file) {
