@@ -42,7 +42,8 @@ std::optional<PictureIntake::Answer> PictureIntake::ReadKey(const QString& key) 
   answer.page = static_cast<int>(std::floor(Val(key) / 100));
   if (answer.page != program_.page.CurrentPage) return std::nullopt;
   answer.slot = static_cast<int>(Val(key.section(u'-', 0, 0))) - answer.page * 100;
-  if (key.contains(u'-')) answer.site = static_cast<int>(Val(key.section(u'-', 1)));
+  // A site of the weather page is no index into the DSSTV table: its picture must not date a station of that table.
+  if (key.contains(u'-') && program_.page.OnDsstvPage()) answer.site = static_cast<int>(Val(key.section(u'-', 1)));
   if (answer.slot < 0 || answer.slot > program_.page.ThumbCount - 1) return std::nullopt;
   return answer;
 }

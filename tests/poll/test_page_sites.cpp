@@ -47,6 +47,25 @@ class PageSitesTest : public QObject {
     QVERIFY(f.program.sites.FindThumbPos(1, 1).endsWith(u"ZZ2BB"_s));
   }
 
+  void AddsAWeatherSite() {
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1, 0);
+    f.program.sites.Sites[0].LastSeen = u"1/2/2026 10:00"_s;
+    Station& weather = f.band.AddStation(u"ZZ7WX"_s);
+    weather.SetFile(u"radar.jpg"_s, PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    SiteRec radar;
+    radar.Call = u"Radar"_s;
+    radar.Url = weather.Base() + u"/radar.jpg"_s;
+    f.program.sites.WxSites.append(radar);
+    f.Start();
+    f.program.page.CurrentPage = PageState::WxPage;
+    f.program.page.SelectedSlot = 2;
+    f.logic->sites.AddSiteToSlot(0);
+    QTRY_VERIFY(f.HasPicture(2));
+    QCOMPARE(f.program.sites.WxSites.at(0).PageSlots[2], u"3"_s);
+    QCOMPARE(f.program.sites.Sites.at(0).LastSeen, u"1/2/2026 10:00"_s);
+  }
+
   void CompactsInTheOrderOfCalls() {
     PageFixture f;
     f.program.config.ThumbLayout = 5;
