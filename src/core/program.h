@@ -2,6 +2,7 @@
 // What all rooms share: made in main, handed down by reference, alive for the whole run.
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -40,4 +41,11 @@ struct Program {
   QString SaveDir;
   QList<int> MapLeft;
   QList<int> MapTop;
+
+  QString LookupCall;       // the call that the lookup window is to show
+  QString LookupStatus;     // login state at the callbook service, as the lookup window showed it last
+  QByteArray LookupBytes;   // body of the last read that any lookup control completed
+  QString PageViewUrl;      // address of the page view, "*" and the call that it is about
+  double TargetLat = 0;     // degrees; the station that is looked at on a map
+  double TargetLon = 0;
 };

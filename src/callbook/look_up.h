@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// ucLookUp asks a public callbook service about a call and reads name, address, place and licence out of the text of its
+// page. Each window that looks calls up owns one; the windows decide what to do with what it finds.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include "core/hosts.h"
+#include "platform/background.h"
+#include "platform/url_reader.h"
+
+class ucLookUp : public QObject {
+  Q_OBJECT
+
+ public:
+  // lookupBytes is shared by all instances: the body of the last read that any of them completed.
+  ucLookUp(UrlNetwork& network, const Hosts& hosts, QByteArray& lookupBytes, QObject* parent = nullptr);
+  ~ucLookUp() override;
+
+  // Index of the service, 1 to 5; set before every read. Any other keeps the address of the page read before, and all
+  // fields empty.
+  int Database = 0;
+
+  // Begin a read under the call, spelled as given, as its key; one pending under the same key is cancelled. Nothing is
+  // answered before they return, but for a read that cannot be started.
+  void GetPage(const QString& call);
+  void GetPicture(const QString& call);
+  void IsLoggedIn(const QString& key);
+  void CheckUpdates();
+
+  // Fields of the page, to be read within GotPage and in this order; empty or 0 where the page does not have them.
+  // cName may raise CallNotFound or LoginRequired before it returns.
+  QString cName(const QString& call);
+  QString Add1();
+  QString Add2();
+  QString ctry();
+  double Latitude();   // degrees, north positive
+  double Longitude();  // degrees, east positive
+  QString Class();
+  QString DateOfBirth();
+  QString PrevCall();
+  QString Grid();
+  QString WebAddress();
+
+ Q_SIGNALS:
+  void LoginChecked(const QString& key, bool loggedIn);
+  void SiteNotFound(const QString& key);
+  void GotPage(const QString& call, bool loggedIn);
+  void PageNotFound(const QString& call);
+  void CallNotFound(const QString& call);
+  void GotPic(const QString& call);
+  void NoPic(const QString& call);
+  void LoginRequired(const QString& call);
+  void UpdateFound(const QString& text);
+  void UpdatesNotFound();
+  // A page read could not be started: the pointer is to be set back to normal.
+  void PointerNormal();
+};
