@@ -125,7 +125,7 @@ qsizetype PlaceOf(const Values& values, int value) {
 }  // namespace
 
 NotYet NotYet::Present() {
-  return {{0, 1, 2, 3, 4, 5, 6, 7, 14, 15, 16}, {2, 3, 4, 5, 6, 8, 9, 10, 11, 12, 13, 14, 15, 16, 20}};
+  return {{0, 1, 2, 3, 4, 5, 6, 7, 14, 15, 16}, {2, 3, 4, 5, 8, 10, 11, 12, 13, 14, 15, 16, 20}};
 }
 
 void MenuTables::BuildMenuTables(const LanguageTexts& texts) {

@@ -33,12 +33,20 @@ ThumbCell* PageView::CellAt(int slot) const {
   return slot >= 0 && slot < cells_.size() ? cells_.at(slot) : nullptr;
 }
 
+QRect PageView::SenderPlace(int slot) const {
+  const ThumbCell* cell = CellAt(slot);
+  if (cell == nullptr) return {};
+  const QRect place = cell->SenderPlace();
+  return {cell->mapToGlobal(place.topLeft()), place.size()};
+}
+
 void PageView::MakeCells() {
   const qsizetype count = grid_.Cells().size();
   while (cells_.size() > count) delete cells_.takeLast();
   while (cells_.size() < count) {
     auto* cell = new ThumbCell(static_cast<int>(cells_.size()), this);
     connect(cell, &ThumbCell::Pressed, this, &PageView::CellPressed);
+    connect(cell, &ThumbCell::SenderPressed, this, &PageView::SenderPressed);
     connect(cell, &ThumbCell::MenuWanted, this, &PageView::MenuWanted);
     connect(cell, &ThumbCell::Hovered, this, &PageView::Hovered);
     connect(cell, &ThumbCell::HoverLeft, this, &PageView::HoverLeft);

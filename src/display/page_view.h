@@ -21,11 +21,14 @@ class PageView : public QWidget {
   // Texts and names again after another language has been read.
   void TakeLanguage();
   ThumbCell* CellAt(int slot) const;
+  // Where the sender's caption of a cell stands on the screen; empty without such a cell.
+  QRect SenderPlace(int slot) const;
   // Height of the cells' text in pixels as it is painted now.
   double FontPixels() const { return fontPixels_; }
 
  Q_SIGNALS:
   void CellPressed(int slot);
+  void SenderPressed(int slot);
   // The right button, or the menu key, on a cell; at: a point of the screen.
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
   void Hovered(int slot, TipPart part);

@@ -100,7 +100,17 @@ void ThumbCell::paintEvent(QPaintEvent* event) {
 }
 
 void ThumbCell::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) Q_EMIT Pressed(slot_);
+  if (event->button() != Qt::LeftButton) return;
+  if (PartAt(event->position()) == TipPart::From && cell_.fromVisible && !cell_.lblFrom.isEmpty()) {
+    Q_EMIT SenderPressed(slot_);
+  } else {
+    Q_EMIT Pressed(slot_);
+  }
+}
+
+QRect ThumbCell::SenderPlace() const {
+  const QRectF& units = cell_part::kFrom;
+  return QRectF(units.topLeft() * look_.scale, units.size() * look_.scale).toAlignedRect();
 }
 
 void ThumbCell::keyPressEvent(QKeyEvent* event) {

@@ -24,12 +24,16 @@ class ThumbCell : public QWidget {
   const Cell& Shown() const { return cell_; }
   // What the tip of the picture says, as part of the description; empty: none.
   void SetTipText(const QString& text);
+  // The caption that names the sender, in pixels of the cell.
+  QRect SenderPlace() const;
   // What a screen reader says of the cell beyond its name: sender, mode, signal and time as shown.
   void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
 
  Q_SIGNALS:
   // A press by mouse (left button), by Return or Space, or by a screen reader.
   void Pressed(int slot);
+  // A press on the caption that names the sender.
+  void SenderPressed(int slot);
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
   // The pointer has come to a part that has a tip, or left the last one.
   void Hovered(int slot, TipPart part);

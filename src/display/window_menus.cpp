@@ -60,7 +60,7 @@ void WindowMenus::Chosen(int number, int index) {
   }
 }
 
-void WindowMenus::SubChosen(int number, int index) {
+void WindowMenus::SubChosen(int number, int index, const QString& text) {
   switch (number) {
     case sub_menu_number::kCamView:
       program_.config.CamView = index;
@@ -79,6 +79,12 @@ void WindowMenus::SubChosen(int number, int index) {
       break;
     case sub_menu_number::kLanguage:
       Q_EMIT LanguageChosen(index);
+      break;
+    case sub_menu_number::kMapOfCall:
+      Q_EMIT MapLocCallChosen(index);
+      break;
+    case sub_menu_number::kLookups:
+      Q_EMIT QrzFromChosen(text);
       break;
     default:
       break;

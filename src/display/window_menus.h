@@ -36,13 +36,16 @@ class WindowMenus : public QObject {
   void GuiChosen(int index);
   void LanguageChosen(int index);
   void CamModeChosen(int index);
+  // Choices about a station: its text in the menu, as shown, or which of site and sender.
+  void QrzFromChosen(const QString& text);
+  void MapLocCallChosen(int index);
   void AboutToOpen();
 
  private:
   void OpenAtLabel(BarLabel* label, int number);
   void Open(int number, const QPoint& at, frmMenu::Opener opener, const Cell* cell = nullptr);
   void Chosen(int number, int index);
-  void SubChosen(int number, int index);
+  void SubChosen(int number, int index, const QString& text);
   void Closing();
 
   Program& program_;
