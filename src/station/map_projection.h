@@ -13,5 +13,6 @@ MapName MapOfName(QStringView name);
 // Name of the best map for a position in degrees, such as "Asia Map".
 QLatin1String FindMapName(double TargetLat, double TargetLon);
 // Pixel of the map's picture for a position in degrees. The World map moves a longitude below -170 into the caller's
-// variable too. None leaves x and y as they were; so does a coordinate that is no number. Points may lie off the picture.
+// variable too. None leaves x and y as they were; so does a coordinate that is no number. Points may lie off the
+// picture.
 void LatLonToPixel(MapName map, double& lat, double& lon, int& x, int& y);

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QPoint>
+#include <QTest>
+#include <limits>
+
+#include "station/map_projection.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kInfinite = std::numeric_limits<double>::infinity();
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+constexpr int kLowest = std::numeric_limits<int>::min();
+constexpr int kHighest = std::numeric_limits<int>::max();
+constexpr QPoint kUntouched{-7, -9};
+
+QPoint Place(MapName map, double lat, double lon) {
+  int x = kUntouched.x();
+  int y = kUntouched.y();
+  LatLonToPixel(map, lat, lon, x, y);
+  return {x, y};
+}
+
+}  // namespace
+
+class TestMapProjection : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void PlacesPoints_data();
+  void PlacesPoints();
+  void MovesLongitudesPastTheDateLine();
+  void ChoosesTheMap_data();
+  void ChoosesTheMap();
+  void KnowsMapsByName();
+};
+
+void TestMapProjection::PlacesPoints_data() {
+  QTest::addColumn<MapName>("map");
+  QTest::addColumn<double>("lat");
+  QTest::addColumn<double>("lon");
+  QTest::addColumn<QPoint>("pixel");
+  const auto row = [](const char* what, MapName map, double lat, double lon, QPoint pixel) {
+    QTest::newRow(what) << map << lat << lon << pixel;
+  };
+  row("London", MapName::Uk, 51.507, -0.128, {804, 944});
+  row("Amsterdam", MapName::NNederland, 52.373, 4.9, {243, 511});
+  row("Groningen", MapName::NNederland, 53.219, 6.567, {644, 184});
+  row("Tokyo", MapName::Japan, 35.69, 139.692, {657, 690});
+  row("Sydney", MapName::Australia, -33.8688, 151.2, {1213, 915});
+  row("Auckland", MapName::NewZealand, -36.8485, 174.7633, {681, 292});
+  row("New York", MapName::NorthAmerica, 40.7128, -74.006, {1048, 403});
+  row("Denver", MapName::NorthAmerica, 39.7392, -104.9903, {472, 465});
+  row("Delhi", MapName::Asia, 28.6139, 77.209, {641, 525});
+  row("Cape Town", MapName::World, -33.9249, 18.4241, {1458, 1000});
+
+  // The radius of North America shrinks in steps; a half goes to the even degree, so 105.5 W still counts as 10.
+  row("skew 0", MapName::NorthAmerica, 40, -104.49, {482, 462});
+  row("skew 3 from a half", MapName::NorthAmerica, 40, -104.5, {482, 459});
+  row("skew 3 at the next half", MapName::NorthAmerica, 40, -105.5, {463, 457});
+  row("skew 7 from a half", MapName::NorthAmerica, 40, -110.5, {371, 440});
+  row("skew 15 from a half", MapName::NorthAmerica, 40, -120.5, {189, 394});
+  row("skew 15 to the west", MapName::NorthAmerica, 40, -130.49, {11, 337});
+  row("skew 36 from a half", MapName::NorthAmerica, 40, -130.5, {18, 317});
+  row("skew 36 in the east", MapName::NorthAmerica, 40, -59.4, {1306, 320});
+
+  row("a half above an odd pixel", MapName::Asia, 1, 40, {130, 920});
+  row("a half above an even pixel", MapName::Asia, -1, 40, {130, 944});
+  row("Asia beyond the equator", MapName::Asia, -10, 100, {953, 1067});
+
+  row("equator", MapName::World, 0, 0, {1322, 706});
+  row("floor of the south", MapName::World, -0.5, 0, {1322, 715});
+  row("north within a row", MapName::World, 33.9, 0, {1325, 420});
+  row("south falls back to its row", MapName::World, -34.5, 0, {1325, 966});
+  row("a row reached in single precision only", MapName::World, 4.99999999, 0, {1322, 628});
+  row("last row", MapName::World, -89.99, 0, {1352, 1387});
+  row("north pole", MapName::World, 90, 0, {1357, 8});
+  row("south pole", MapName::World, -90, 0, {1357, 1404});
+  row("date line from the east", MapName::World, 45, -180, {2563, 317});
+  row("date line from the west", MapName::World, 45, 180, {2563, 317});
+  row("left edge", MapName::World, 45, -170, {164, 317});
+
+  row("beyond the pole", MapName::World, 120, 0, {1357, 8});
+  row("far beyond", MapName::World, -1e300, 1e300, {kHighest, 1404});
+  row("endless to the west", MapName::World, 45, -kInfinite, {kLowest, 317});
+  row("endless plane", MapName::NNederland, kInfinite, -kInfinite, {kLowest, kLowest});
+  row("far off a cone", MapName::Uk, -1e300, 0, {kHighest, kHighest});
+  row("no angle", MapName::NorthAmerica, 10, kInfinite, kUntouched);
+  row("no latitude", MapName::World, kNaN, 10, kUntouched);
+  row("no longitude", MapName::Asia, 10, kNaN, kUntouched);
+  row("a user's own map", MapName::None, 10, 10, kUntouched);
+}
+
+void TestMapProjection::PlacesPoints() {
+  QFETCH(const MapName, map);
+  QFETCH(const double, lat);
+  QFETCH(const double, lon);
+  QTEST(Place(map, lat, lon), "pixel");
+}
+
+void TestMapProjection::MovesLongitudesPastTheDateLine() {
+  const auto moved = [](MapName map, double lon) {
+    double lat = 45;
+    int x = 0;
+    int y = 0;
+    LatLonToPixel(map, lat, lon, x, y);
+    return lon;
+  };
+  QCOMPARE(moved(MapName::World, -175), 185.0);
+  QCOMPARE(moved(MapName::World, -170), -170.0);
+  QCOMPARE(moved(MapName::Asia, -175), -175.0);
+}
+
+void TestMapProjection::ChoosesTheMap_data() {
+  QTest::addColumn<double>("lat");
+  QTest::addColumn<double>("lon");
+  QTest::addColumn<QString>("name");
+  const auto row = [](const char* what, double lat, double lon, const QString& name) {
+    QTest::newRow(what) << lat << lon << name;
+  };
+  row("Boston", 42.4, -71.1, u"North America Map"_s);
+  row("Perth lies west of its map", -31.95, 115.86, u"World Map"_s);
+  row("Darwin", -12.4, 130.9, u"Australia Map"_s);
+  row("Auckland", -36.8, 174.8, u"New Zealand Map"_s);
+  row("Dublin", 53.3, -6.3, u"UK Map"_s);
+  row("east of the UK box", 53, 3.9, u"N-Nederland Map"_s);
+  row("the UK box ends at 3", 53, 3, u"Europe Map"_s);
+  row("Berlin", 52.5, 13.4, u"Europe Map"_s);
+  row("south of N-Nederland", 52.18, 5, u"Europe Map"_s);
+  row("Europe's northern edge", 60, 0, u"World Map"_s);
+  row("Europe's eastern edge is Asia's western", 40, 54, u"World Map"_s);
+  row("Seoul", 37.6, 127, u"Japan Map"_s);
+  row("Tibet", 30, 100, u"Asia Map"_s);
+  row("east of Asia", 30, 150, u"World Map"_s);
+  row("Japan's southern edge", 25, 130, u"Asia Map"_s);
+  row("Rio de Janeiro", -22.9, -43.2, u"World Map"_s);
+  row("nowhere", kNaN, kNaN, u"World Map"_s);
+}
+
+void TestMapProjection::ChoosesTheMap() {
+  QFETCH(const double, lat);
+  QFETCH(const double, lon);
+  QTEST(QString(FindMapName(lat, lon)), "name");
+}
+
+void TestMapProjection::KnowsMapsByName() {
+  QCOMPARE(MapOfName(u"UK Map"), MapName::Uk);
+  QCOMPARE(MapOfName(u"n-nederland MAP"), MapName::NNederland);
+  QCOMPARE(MapOfName(u"World Map"), MapName::World);
+  QCOMPARE(MapOfName(u"World Map.jpg"), MapName::None);
+  QCOMPARE(MapOfName(u"My Town Map"), MapName::None);
+  QCOMPARE(MapOfName(u""), MapName::None);
+}
+
+OMNI_TEST(TestMapProjection)
+#include "test_map_projection.moc"
