@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QColor>
+#include <QImage>
 #include <QPoint>
 #include <QTest>
 #include <limits>
@@ -23,6 +25,21 @@ QPoint Place(MapName map, double lat, double lon) {
   return {x, y};
 }
 
+// Water or land by the colours around a position, where a line or a letter may stand in the way. '?' off the picture.
+char GroundAt(const QImage& picture, const QPoint& at) {
+  constexpr int reach = 3;
+  const QRect around(at.x() - reach, at.y() - reach, 2 * reach + 1, 2 * reach + 1);
+  if (!picture.rect().contains(around)) return '?';
+  int water = 0;
+  for (int y = around.top(); y <= around.bottom(); ++y) {
+    for (int x = around.left(); x <= around.right(); ++x) {
+      const QRgb pixel = picture.pixel(x, y);
+      if (qBlue(pixel) > qRed(pixel) + 8) ++water;
+    }
+  }
+  return 2 * water > around.width() * around.height() ? 'w' : 'l';
+}
+
 }  // namespace
 
 class TestMapProjection : public QObject {
@@ -35,6 +52,8 @@ class TestMapProjection : public QObject {
   void ChoosesTheMap_data();
   void ChoosesTheMap();
   void KnowsMapsByName();
+  void FitsThePictures_data();
+  void FitsThePictures();
 };
 
 void TestMapProjection::PlacesPoints_data() {
@@ -152,6 +171,54 @@ void TestMapProjection::KnowsMapsByName() {
   QCOMPARE(MapOfName(u"World Map.jpg"), MapName::None);
   QCOMPARE(MapOfName(u"My Town Map"), MapName::None);
   QCOMPARE(MapOfName(u""), MapName::None);
+}
+
+// Shores, islands and straits as the program places them must lie where the installed pictures show them.
+void TestMapProjection::FitsThePictures_data() {
+  QTest::addColumn<QString>("name");
+  QTest::addColumn<QSize>("size");
+  QTest::addColumn<QList<QPointF>>("land");  // latitude, longitude
+  QTest::addColumn<QList<QPointF>>("water");
+  using Places = QList<QPointF>;
+  const auto row = [](const char* name, QSize size, const Places& land, const Places& water) {
+    QTest::newRow(name) << QString::fromLatin1(name) << size << land << water;
+  };
+  row("Asia Map", {1760, 1330}, {{7.2, 80.8}, {24, 121}, {-6.9, 107.6}, {24.2, 55.5}, {19.2, 109.8}, {-20, 46.5}},
+      {{26.5, 52}, {10.3, 101.2}, {53.5, 108.2}, {41.5, 51}, {38.5, 119.8}, {-12, 136}});
+  row("Australia Map", {1500, 1350}, {{-42, 146.7}, {-35.8, 137.2}, {-13, 142.7}, {-22, 114}, {-38.7, 146.2}},
+      {{-40.2, 146}, {-34.2, 137.1}, {-14.5, 139}, {-32.5, 127}, {-25.6, 113.7}, {-10.9, 129}});
+  row("Europe Map", {1810, 1490}, {{39.6, 3}, {35.2, 25}, {57.5, 18.5}, {40.1, 9}, {35, 33}, {65, -18.5}, {45.2, 34.5}},
+      {{40.8, 28.2}, {46, 36.5}, {44.5, 13.5}, {61, 31.5}, {57.5, 23.5}, {54, -5}, {51.2, 1.9}});
+  row("Japan Map", {1120, 1320},
+      {{33.4, 126.5}, {38.05, 138.4}, {33.7, 133.3}, {43.3, 142.7}, {26.6, 128}, {37.3, 137}},
+      {{41.3, 140.3}, {34.6, 135.1}, {35.25, 136.1}, {36, 133.8}, {34, 129}, {37.1, 137.25}});
+  row("N-Nederland Map", {1010, 1180},
+      {{53.08, 4.83}, {52.5, 5.6}, {53.44, 5.75}, {52.75, 5.7}, {51.95, 5.4}, {53.3, 6.2}},
+      {{52.85, 5.4}, {53.2, 5.2}, {52.57, 5.2}, {53.5, 6.45}, {53.45, 7}, {52.9, 4.4}});
+  row("New Zealand Map", {1090, 1510}, {{-47, 167.9}, {-36.2, 175.4}, {-43.75, 172.9}, {-39.3, 174}, {-34.6, 172.95}},
+      {{-38.8, 175.9}, {-41.3, 174.5}, {-36.4, 175.1}, {-46.7, 168.2}, {-40.8, 173.1}, {-37, 175.4}});
+  row("North America Map", {1710, 1280},
+      {{18.1, -77.3}, {48.5, -56.5}, {18.2, -66.4}, {28, -81.5}, {24.2, -110.2}, {49.6, -125.5}},
+      {{48, -88}, {44, -87}, {28, -111.8}, {49.4, -124.3}, {9.8, -71.5}, {47.7, -61}, {38.5, -76.4}});
+  row("UK Map", {1090, 1300}, {{54.25, -4.5}, {50.67, -1.3}, {53.28, -4.35}, {55.58, -5.2}, {57.3, -6.25}, {54.2, -7}},
+      {{54.6, -6.4}, {51.3, -4}, {56.15, -2.7}, {52.9, 0.3}, {53.2, -5.2}, {51, 1.5}});
+  row("World Map", {2800, 1412},
+      {{19.5, -155.5}, {65, -18.5}, {66, -172}, {66, 180}, {-42, 146.7}, {22, -79}, {-19, 47}, {-80, 60}},
+      {{42, 51}, {43, 34}, {24, 36.5}, {66, -168}, {12.5, 43.8}, {-13.5, 139}, {58, 20}, {26, 52}, {41, 135}});
+}
+
+void TestMapProjection::FitsThePictures() {
+  QFETCH(const QString, name);
+  QFETCH(const QList<QPointF>, land);
+  QFETCH(const QList<QPointF>, water);
+  const QImage picture(QStringLiteral(MAPS_DIR "/") + name + u".jpg"_s);
+  QTEST(picture.size(), "size");
+  for (const auto& [places, ground] : {std::pair(land, 'l'), std::pair(water, 'w')}) {
+    for (const QPointF& place : places) {
+      const QPoint at = Place(MapOfName(name), place.x(), place.y());
+      QVERIFY2(GroundAt(picture, at) == ground, qPrintable(u"%1 %2"_s.arg(place.x()).arg(place.y())));
+    }
+  }
 }
 
 OMNI_TEST(TestMapProjection)

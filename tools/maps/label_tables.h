@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Names that the geographic data lacks or shortens: seas, the towns of the Netherlands, countries' names in full.
+#pragma once
+
+#include "geodata.h"
+#include "station/map_projection.h"
+
+struct SeaName {
+  QString text;  // may have line ends
+  GeoPoint at;   // middle of the text
+  int size = 0;  // 0 small to 2 ocean
+  QList<MapName> maps;
+};
+
+QList<SeaName> SeaNames();
+QList<Town> DutchTowns();
+// What is written for a country of the atlas; empty for specks that need no name.
+QString CountryLabel(const QString& name);
