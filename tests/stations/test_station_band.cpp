@@ -172,7 +172,7 @@ class TestStationBand : public QObject {
     QCOMPARE(author.mid(author.indexOf("Omni-Perch ver"_L1) + 15, 4), u"6.50"_s);
     QVERIFY(Read(band.HostUrl(u"Author"_s) + u"/zz9qx/Bad Calls/Bad Calls.txt"_s).body.contains("N0CALL\r\n"));
     QVERIFY(band.HostsIni().contains("Time=" + band.HostUrl(u"Time"_s).toUtf8() + '\n'));
-    QVERIFY(band.HostsIni().contains("HamCall=\n"));
+    QVERIFY(band.HostsIni().contains("Maps=\n"));
   }
 };
 

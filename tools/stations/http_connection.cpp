@@ -20,10 +20,18 @@ QByteArray StatusLine(int status) {
       return "HTTP/1.1 200 OK\r\n";
     case 302:
       return "HTTP/1.1 302 Found\r\n";
+    case 303:
+      return "HTTP/1.1 303 See Other\r\n";
+    case 400:
+      return "HTTP/1.1 400 Bad Request\r\n";
     case 404:
       return "HTTP/1.1 404 Not Found\r\n";
     case 405:
       return "HTTP/1.1 405 Method Not Allowed\r\n";
+    case 411:
+      return "HTTP/1.1 411 Length Required\r\n";
+    case 413:
+      return "HTTP/1.1 413 Content Too Large\r\n";
     default:
       return "HTTP/1.1 500 Internal Server Error\r\n";
   }
@@ -42,31 +50,37 @@ HttpConnection::HttpConnection(QTcpSocket* socket, Host& host) : QObject(&host),
 void HttpConnection::ReadMore() {
   buffer_ += socket_->readAll();
   if (busy_) {
-    if (buffer_.size() > kMaxHead) Reset();
+    if (buffer_.size() > kMaxHead + kMostForm) Reset();
     return;
   }
-  const qsizetype end = buffer_.indexOf("\r\n\r\n");
-  if (end < 0) {
-    if (buffer_.size() > kMaxHead) Reset();
-    return;
+  if (!hasHead_) {
+    const qsizetype end = buffer_.indexOf("\r\n\r\n");
+    if (end < 0) {
+      if (buffer_.size() > kMaxHead) Reset();
+      return;
+    }
+    const QByteArray head = buffer_.left(end);
+    buffer_.remove(0, end + 4);
+    TakeHead(head);
+    if (busy_) return;
   }
-  const QByteArray head = buffer_.left(end);
-  buffer_.remove(0, end + 4);
-  TakeRequest(head);
+  if (buffer_.size() < pending_.bodySize) return;
+  pending_.request.body = buffer_.left(pending_.bodySize);
+  buffer_.remove(0, pending_.bodySize);
+  hasHead_ = false;
+  busy_ = true;
+  host_.Take(this, std::move(pending_.request));
 }
 
-void HttpConnection::TakeRequest(const QByteArray& head) {
-  const QList<QByteArray> words = head.split('\r').first().split(' ');
-  const QByteArray fields = head.toLower();
+void HttpConnection::TakeHead(const QByteArray& head) {
+  pending_ = ReadHead(head);
+  hasHead_ = true;
+  headOnly_ = pending_.request.method == "HEAD";
+  keepAlive_ = pending_.keepAlive;
+  if (pending_.refusal == 0) return;
   busy_ = true;
-  headOnly_ = words.first() == "HEAD";
-  keepAlive_ = words.last() == "HTTP/1.1" && !fields.contains("\r\nconnection: close");
-  if (words.size() != 3 || !words.at(1).startsWith('/') || (words.first() != "GET" && !headOnly_)) {
-    keepAlive_ = false;
-    WriteWhole({405, "text/plain", "GET and HEAD only\n", {}});
-    return;
-  }
-  host_.Take(this, words.at(1));
+  keepAlive_ = false;
+  WriteWhole({pending_.refusal, "text/plain", "This server cannot answer such a request.\n", {}});
 }
 
 void HttpConnection::Send(const Answer& answer, Behaviour behaviour) {
@@ -113,6 +127,7 @@ void HttpConnection::WriteHead(const Answer& answer, qint64 length) {
   QByteArray head = StatusLine(answer.status) + "Server: shack\r\nContent-Type: " + answer.type + "\r\n";
   if (length >= 0) head += "Content-Length: " + QByteArray::number(length) + "\r\n";
   if (!answer.location.isEmpty()) head += "Location: " + answer.location + "\r\n";
+  for (const auto& [name, value] : answer.headers) head += name + ": " + value + "\r\n";
   head += keepAlive_ ? "Connection: keep-alive\r\n\r\n" : "Connection: close\r\n\r\n";
   socket_->write(head);
 }

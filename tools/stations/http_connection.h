@@ -24,7 +24,7 @@ class HttpConnection : public QObject {
 
  private:
   void ReadMore();
-  void TakeRequest(const QByteArray& head);
+  void TakeHead(const QByteArray& head);
   void WriteHead(const Answer& answer, qint64 length);
   void WriteWhole(const Answer& answer);
   void WritePart(const Answer& answer, qint64 claimed, qint64 sent);
@@ -40,6 +40,8 @@ class HttpConnection : public QObject {
   QByteArray rest_;  // what floods or drips
   QTimer drip_;
   qsizetype dripped_ = 0;
+  RequestHead pending_;
+  bool hasHead_ = false;  // of the request that is coming in
   bool busy_ = false;
   bool headOnly_ = false;
   bool keepAlive_ = true;

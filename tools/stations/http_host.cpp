@@ -76,6 +76,14 @@ bool NeedsBody(Behaviour behaviour) {
 
 }  // namespace
 
+Answer NoSuchPage() {
+  return {404,
+          "text/html",
+          "<html><head><title>404 Not Found</title></head><body><h1>Not Found</h1><p>There is no such page on this "
+          "server.</p></body></html>",
+          {}};
+}
+
 Host::Host(const QHostAddress& address, quint16 port, QObject* parent)
     : QObject(parent), address_(address), port_(port) {
   server_.setProxy(QNetworkProxy::NoProxy);
@@ -115,9 +123,9 @@ Behaviour Host::BehaviourOf(const QString& path) const {
   return behaviours_.value(path, behaviours_.value(QString(), Behaviour::Normal));
 }
 
-void Host::Take(HttpConnection* connection, const QByteArray& target) {
-  QString path = QString::fromUtf8(QByteArray::fromPercentEncoding(target.split('?').first())).mid(1);
-  log_.append(QString::fromLatin1(target));
+void Host::Take(HttpConnection* connection, Request request) {
+  QString& path = request.path;
+  log_.append(QString::fromLatin1(request.target));
   if (log_.size() > kLogLines) log_.removeFirst();
   ++total_;
   ++counts_[path];
@@ -132,15 +140,17 @@ void Host::Take(HttpConnection* connection, const QByteArray& target) {
     return;
   }
   const QPointer<HttpConnection> caller(connection);
-  const Deliver deliver = [this, caller, behaviour, target](const Answer& answer) {
+  const Deliver deliver = [this, caller, behaviour, target = request.target](const Answer& answer) {
     if (!caller) return;
     QTimer::singleShot(latency_, caller.data(), [caller, behaviour, told = Altered(answer, behaviour, target)] {
       caller->Send(told, behaviour);
     });
   };
-  if (NeedsBody(behaviour)) {
-    Handle(path, deliver);
-  } else {
+  if (!NeedsBody(behaviour)) {
     deliver({});
+  } else if (request.method == "POST" && !TakesForms()) {
+    deliver({405, "text/plain", "GET and HEAD only\n", {}});
+  } else {
+    Handle(request, deliver);
   }
 }

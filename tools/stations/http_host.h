@@ -6,11 +6,15 @@
 #include <QByteArray>
 #include <QHash>
 #include <QHostAddress>
+#include <QList>
 #include <QObject>
 #include <QStringList>
 #include <QTcpServer>
 #include <chrono>
 #include <functional>
+#include <utility>
+
+#include "http_request.h"
 
 // What a host does instead of answering properly.
 enum class Behaviour {
@@ -38,8 +42,12 @@ struct Answer {
   int status = 200;
   QByteArray type = "text/html";
   QByteArray body;
-  QByteArray location;  // of a redirect; else empty
+  QByteArray location;                                 // of a redirect; else empty
+  QList<std::pair<QByteArray, QByteArray>> headers{};  // further ones
 };
+
+// Status 404 with a page that says so.
+Answer NoSuchPage();
 
 class HttpConnection;
 
@@ -67,13 +75,15 @@ class Host : public QObject {
 
  protected:
   using Deliver = std::function<void(const Answer&)>;
-  // Answers a path (no leading "/", no query), at once or later; deliver may be called after the reader has gone.
-  virtual void Handle(const QString& path, const Deliver& deliver) = 0;
+  // Answers a request, at once or later; deliver may be called after the reader has gone.
+  virtual void Handle(const Request& request, const Deliver& deliver) = 0;
+  // Whether Handle wants POST too; else only GET and HEAD come to it.
+  virtual bool TakesForms() const { return false; }
 
  private:
   friend class HttpConnection;
   void Accept();
-  void Take(HttpConnection* connection, const QByteArray& target);
+  void Take(HttpConnection* connection, Request request);
   Behaviour BehaviourOf(const QString& path) const;
 
   QTcpServer server_;

@@ -113,6 +113,7 @@ int Serve(StationBand& band, const Demo& demo, const QCommandLineParser& options
   }
   const std::chrono::milliseconds latency(options.value(u"latency"_s).toInt());
   for (Station* station : band.Stations()) station->SetLatency(latency);
+  for (const QString& name : band.HostNames()) band.FindHost(name)->SetLatency(latency);
   Traffic traffic(demo, options.value(u"random"_s).toUInt());
   const double every = options.value(u"new-every"_s).toDouble();
   const auto ready = [&traffic, every] {
@@ -141,7 +142,7 @@ int main(int argc, char** argv) {
                       {u"port"_s, u"Port of every host."_s, u"number"_s, u"8473"_s},
                       {u"new-every"_s, u"A new picture somewhere every <seconds>; 0 for none."_s, u"seconds"_s, u"0"_s},
                       {u"random"_s, u"Which stations receive them."_s, u"number"_s, u"1"_s},
-                      {u"latency"_s, u"Milliseconds before each answer of a station."_s, u"ms"_s, u"0"_s}});
+                      {u"latency"_s, u"Milliseconds before each answer."_s, u"ms"_s, u"0"_s}});
   options.process(app);
   if (!options.isSet(u"seed"_s) && !options.isSet(u"serve"_s)) options.showHelp(1);
 

@@ -5,6 +5,9 @@
 #include <QImage>
 #include <algorithm>
 
+#include "callbook_host.h"
+#include "picture_store.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -12,6 +15,7 @@ namespace {
 constexpr int kMarkerLow = 40;
 constexpr int kMarkerHigh = 640;
 constexpr quint32 kFirstAddress = 0x7f500000;  // 127.80.0.0
+constexpr quint32 kFirstService = 0x7f510000;  // 127.81.0.0
 constexpr int kImages = 30;
 constexpr int kSentPictures = 5;
 // Numbers of what a station sends itself and of its cam, far from those of received pictures.
@@ -40,14 +44,6 @@ quint32 SeedOf(const QString& call) {
   quint32 seed = 2166136261U;
   for (const QChar letter : call) seed = (seed ^ letter.unicode()) * 16777619U;
   return seed;
-}
-
-Answer NoSuchPage() {
-  return {404,
-          "text/html",
-          "<html><head><title>404 Not Found</title></head><body><h1>Not Found</h1><p>There is no such page on this "
-          "server.</p></body></html>",
-          {}};
 }
 
 // "image7" is 7, "TX2.jpg" is 2; 0 for anything else or beyond count.
@@ -144,7 +140,8 @@ void Station::TakePainted(int number, const QByteArray& file) {
   for (const auto& then : std::exchange(picture.waiting, {})) then(shown);
 }
 
-void Station::Handle(const QString& path, const Deliver& deliver) {
+void Station::Handle(const Request& request, const Deliver& deliver) {
+  const QString& path = request.path;
   const auto deliverFile = [deliver](const QByteArray& file) { deliver({200, "image/jpeg", file, {}}); };
   const int image = path == "latest.jpg"_L1 ? 1 : NumberIn(path, "image"_L1, ""_L1, kImages);
   const int sent = NumberIn(path, "TX"_L1, ".jpg"_L1, kSentPictures);
@@ -163,20 +160,31 @@ void Station::Handle(const QString& path, const Deliver& deliver) {
   }
 }
 
-void PageHost::Handle(const QString& path, const Deliver& deliver) {
-  const auto page = pages_.constFind(path);
+void PageHost::Handle(const Request& request, const Deliver& deliver) {
+  const auto page = pages_.constFind(request.path);
   deliver(page == pages_.constEnd() ? NoSuchPage() : Answer{200, "text/html", (*page)(), {}});
 }
 
 StationBand::StationBand(quint16 port, QObject* parent) : QObject(parent), port_(port), lastAddress_(kFirstAddress) {
   painters_.setMaxThreadCount(std::clamp(QThread::idealThreadCount(), 1, 4));
-  AddHost(u"Connectivity"_s)->SetPage({}, [] { return QByteArray("<html><body>Search the web</body></html>\n"); });
-  AddHost(u"Time"_s)->SetPage(u"cgi-bin/timer.pl"_s, TimePage);
-  PageHost* author = AddHost(u"Author"_s);
+  AddPageHost(u"Connectivity"_s)->SetPage({}, [] { return QByteArray("<html><body>Search the web</body></html>\n"); });
+  AddPageHost(u"Time"_s)->SetPage(u"cgi-bin/timer.pl"_s, TimePage);
+  PageHost* author = AddPageHost(u"Author"_s);
   author->SetPage({}, [] {
     return QByteArray("<html><body><h2>Download</h2><p>Omni-Perch ver 6.50, released 1/24/24</p></body></html>\n");
   });
   author->SetPage(u"zz9qx/Bad Calls/Bad Calls.txt"_s, BadCallsList);
+  AddServices();
+}
+
+// At addresses of their own, so that the stations stand where they stood before there were services.
+void StationBand::AddServices() {
+  quint32 address = kFirstService;
+  for (const Callbook service :
+       {Callbook::eHam, Callbook::QRZ, Callbook::QRZCQ, Callbook::Callook, Callbook::HamCall}) {
+    hosts_.insert(CallbookName(service), new CallbookHost(service, QHostAddress(++address), port_, this));
+  }
+  hosts_.insert(u"Pictures"_s, new PictureStore(QHostAddress(++address), port_, painters_, this));
 }
 
 StationBand::~StationBand() {
@@ -192,8 +200,10 @@ QHostAddress StationBand::NextAddress() {
   return QHostAddress(lastAddress_);
 }
 
-PageHost* StationBand::AddHost(const QString& name) {
-  return *hosts_.insert(name, new PageHost(NextAddress(), port_, this));
+PageHost* StationBand::AddPageHost(const QString& name) {
+  auto* host = new PageHost(NextAddress(), port_, this);
+  hosts_.insert(name, host);
+  return host;
 }
 
 Station& StationBand::AddStation(const QString& call) {
@@ -207,11 +217,13 @@ Station* StationBand::Find(const QString& call) const {
 }
 
 QStringList StationBand::HostNames() const {
-  return hosts_.keys();
+  QStringList names = hosts_.keys();
+  names.sort();
+  return names;
 }
 
 QString StationBand::HostUrl(const QString& name) const {
-  const PageHost* host = hosts_.value(name);
+  const Host* host = hosts_.value(name);
   return host == nullptr ? QString() : host->Base();
 }
 
@@ -224,11 +236,11 @@ QByteArray StationBand::HostsIni() const {
 int StationBand::TotalRequests() const {
   int total = 0;
   for (const Station* station : stations_) total += station->TotalRequests();
-  for (const PageHost* host : hosts_) total += host->TotalRequests();
+  for (const Host* host : hosts_) total += host->TotalRequests();
   return total;
 }
 
 bool StationBand::HasAddresses() const {
   return std::all_of(stations_.begin(), stations_.end(), [](const Station* s) { return s->HasAddress(); }) &&
-         std::all_of(hosts_.begin(), hosts_.end(), [](const PageHost* h) { return h->HasAddress(); });
+         std::all_of(hosts_.begin(), hosts_.end(), [](const Host* h) { return h->HasAddress(); });
 }

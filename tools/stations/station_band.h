@@ -44,7 +44,7 @@ class Station : public Host {
   void SetFile(const QString& path, const QByteArray& file) { files_.insert(path, file); }
 
  protected:
-  void Handle(const QString& path, const Deliver& deliver) override;
+  void Handle(const Request& request, const Deliver& deliver) override;
 
  private:
   struct Painted {
@@ -74,7 +74,7 @@ class PageHost : public Host {
   void SetPage(const QString& path, const std::function<QByteArray()>& make) { pages_.insert(path, make); }
 
  protected:
-  void Handle(const QString& path, const Deliver& deliver) override;
+  void Handle(const Request& request, const Deliver& deliver) override;
 
  private:
   QHash<QString, std::function<QByteArray()>> pages_;
@@ -91,9 +91,11 @@ class StationBand : public QObject {
   Station* Find(const QString& call) const;
   const std::vector<Station*>& Stations() const { return stations_; }
 
-  // The named hosts: "Connectivity" (root page), "Author" (root page with the version, list of bad calls), "Time".
+  // The named hosts: "Connectivity" (root page), "Author" (root page with the version, list of bad calls), "Time",
+  // the callbook services "eHam", "QRZ", "QRZCQ", "Callook" and "HamCall", and "Pictures".
+  // In order of the alphabet.
   QStringList HostNames() const;
-  PageHost* FindHost(const QString& name) const { return hosts_.value(name); }
+  Host* FindHost(const QString& name) const { return hosts_.value(name); }
   // Scheme and authority, as hosts.ini wants it; empty for a name that the band does not play.
   QString HostUrl(const QString& name) const;
   // The whole text of a hosts.ini in which every name that the band does not play is none.
@@ -105,11 +107,12 @@ class StationBand : public QObject {
 
  private:
   QHostAddress NextAddress();
-  PageHost* AddHost(const QString& name);
+  PageHost* AddPageHost(const QString& name);
+  void AddServices();
 
   QThreadPool painters_;
   std::vector<Station*> stations_;
-  QHash<QString, PageHost*> hosts_;
+  QHash<QString, Host*> hosts_;
   quint16 port_;
   quint32 lastAddress_;
 };
