@@ -54,9 +54,9 @@ QByteArray CallbookHost::CookieName() const {
     case Callbook::eHam:
       return "ehsession";
     case Callbook::QRZ:
-      return "xf_session";
+      return "session";
     case Callbook::QRZCQ:
-      return "PHPSESSID";
+      return "sid";
     case Callbook::HamCall:
       return "hc";
     case Callbook::Callook:

@@ -110,7 +110,7 @@ QByteArray QrzPerson(const Operator& person) {
 }
 
 QByteArray Qrz(const QString& call, const Operator* person, bool signedIn) {
-  QByteArray body = "<form action=\"/db\"><input name=\"q\" value=\"" + Html(call) + "\"></form>\n";
+  QByteArray body = "<div><input aria-label=\"Call\" readonly value=\"" + Html(call) + "\"></div>\n";
   if (person == nullptr) {
     body += "<p>The search for <b>" + Html(call) + "</b> produced no results.</p>\n";
   } else if (!signedIn) {

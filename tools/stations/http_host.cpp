@@ -150,6 +150,8 @@ void Host::Take(HttpConnection* connection, Request request) {
     deliver({});
   } else if (request.method == "POST" && !TakesForms()) {
     deliver({405, "text/plain", "GET and HEAD only\n", {}});
+  } else if (answers_.contains(path)) {
+    deliver(answers_.value(path));
   } else {
     Handle(request, deliver);
   }

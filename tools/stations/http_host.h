@@ -64,6 +64,8 @@ class Host : public QObject {
 
   // From now on for this path ("checknew.jpg", "image1"); the empty path stands for all that are not named themselves.
   void Misbehave(const QString& path, Behaviour behaviour);
+  // From now on this path is answered so, whatever the host would say; its behaviour still applies.
+  void SetAnswer(const QString& path, const Answer& answer) { answers_.insert(path, answer); }
   // Time before the first byte of each answer.
   void SetLatency(std::chrono::milliseconds latency) { latency_ = latency; }
 
@@ -91,6 +93,7 @@ class Host : public QObject {
   quint16 port_;
   bool hasAddress_ = false;
   QHash<QString, Behaviour> behaviours_;
+  QHash<QString, Answer> answers_;
   QHash<QString, int> counts_;
   QStringList log_;
   int total_ = 0;
