@@ -1,0 +1,149 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/html_lines.h"
+
+#include <algorithm>
+
+namespace {
+
+bool IsSpace(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r';
+}
+
+QByteArray InCase(std::string_view word, LetterCase letterCase) {
+  const QString text = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
+  if (letterCase == LetterCase::Upper) return text.toUpper().toUtf8();
+  if (letterCase == LetterCase::Lower) return text.toLower().toUtf8();
+  QString capital = text;
+  bool isInWord = false;
+  for (QChar& letter : capital) {
+    if (!isInWord) letter = letter.toUpper();
+    isInWord = letter.isLetterOrNumber() || letter == u'\'' || letter == u'\u2019';
+  }
+  return capital.toUtf8();
+}
+
+}  // namespace
+
+void HtmlLines::AddText(std::string_view text, const ElementStyle& style) {
+  size_t at = 0;
+  while (at < text.size()) {
+    if (text[at] == '\n' && style.whiteSpace != WhiteSpace::Collapse) {
+      DropBlank();
+      if (!style.isHidden) Write("\r\n");
+      lines_.back().isAtStart = true;
+      ++at;
+      continue;
+    }
+    if (IsSpace(text[at]) && style.whiteSpace != WhiteSpace::Keep) {
+      AddBlank(style);
+      ++at;
+      continue;
+    }
+    size_t end = at + 1;
+    while (end < text.size() && (style.whiteSpace == WhiteSpace::Keep ? text[end] != '\n' : !IsSpace(text[end]))) ++end;
+    AddWord(text.substr(at, end - at), style);
+    at = end;
+  }
+}
+
+void HtmlLines::AddWord(std::string_view word, const ElementStyle& style) {
+  WriteBlank();
+  lines_.back().isAtStart = false;
+  if (style.isHidden) return;
+  if (style.letterCase == LetterCase::AsWritten) {
+    Write(word);
+  } else {
+    const QByteArray changed = InCase(word, style.letterCase);
+    Write({changed.constData(), static_cast<size_t>(changed.size())});
+  }
+}
+
+void HtmlLines::AddBlank(const ElementStyle& style) {
+  Line& line = lines_.back();
+  if (line.isAtStart || line.hasBlank || line.earlyBlank >= 0) return;
+  line.hasBlank = true;
+  line.isBlankSeen = !style.isHidden;
+}
+
+void HtmlLines::AddObject() {
+  WriteBlank();
+  lines_.back().isAtStart = false;
+}
+
+void HtmlLines::AddNewLine() {
+  EndLine();
+  Write("\r\n");
+}
+
+void HtmlLines::AddTab() {
+  EndLine();
+  Write("\t");
+}
+
+void HtmlLines::AskForBreaks(int breaks) {
+  breaks_ = std::max(breaks_, breaks);
+}
+
+void HtmlLines::EndLine() {
+  DropBlank();
+  lines_.back().isAtStart = true;
+}
+
+void HtmlLines::EnterBox() {
+  AddObject();
+  lines_.emplace_back();
+}
+
+void HtmlLines::EnterAside() {
+  Line& line = lines_.back();
+  if (line.hasBlank && line.isBlankSeen) {
+    Write(" ");
+    line.earlyBlank = text_.size() - 1;
+    line.hasBlank = false;
+  }
+  lines_.emplace_back();
+}
+
+void HtmlLines::LeaveBox() {
+  DropBlank();
+  lines_.pop_back();
+}
+
+QString HtmlLines::Take() {
+  while (!lines_.empty()) LeaveBox();
+  lines_.emplace_back();
+  if (!dropped_.empty()) {
+    std::sort(dropped_.begin(), dropped_.end());
+    QByteArray kept;
+    kept.reserve(text_.size());
+    qsizetype from = 0;
+    for (const qsizetype at : dropped_) {
+      kept.append(QByteArrayView(text_).sliced(from, at - from));
+      from = at + 1;
+    }
+    kept.append(QByteArrayView(text_).sliced(from));
+    text_ = kept;
+  }
+  return QString::fromUtf8(text_);
+}
+
+void HtmlLines::WriteBlank() {
+  Line& line = lines_.back();
+  if (line.hasBlank && line.isBlankSeen) Write(" ");
+  line.hasBlank = false;
+  line.earlyBlank = -1;
+}
+
+void HtmlLines::DropBlank() {
+  Line& line = lines_.back();
+  line.hasBlank = false;
+  if (line.earlyBlank >= 0) dropped_.push_back(line.earlyBlank);
+  line.earlyBlank = -1;
+}
+
+void HtmlLines::Write(std::string_view text) {
+  if (!text_.isEmpty())
+    for (int i = 0; i < breaks_; ++i) text_.append("\r\n");
+  breaks_ = 0;
+  text_.append(text.data(), static_cast<qsizetype>(text.size()));
+}

@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// How the elements of a page are laid out, as far as a text of the page can tell: a browser's own rules for each
+// element, the page's style sheets and the elements' style attributes. Called by html_text.
+#pragma once
+
+#include <gumbo.h>
+
+#include <QByteArray>
+#include <QHash>
+#include <array>
+#include <string_view>
+#include <vector>
+
+enum class Display : quint8 {
+  None,
+  Inline,
+  InlineBlock,
+  Block,
+  Table,
+  Section,  // of a table
+  Row,
+  Cell,
+};
+
+enum class WhiteSpace : quint8 { Collapse, Keep, KeepLines };
+
+enum class LetterCase : quint8 { AsWritten, Upper, Lower, Capital };
+
+struct ElementStyle {
+  Display display = Display::Block;
+  WhiteSpace whiteSpace = WhiteSpace::Collapse;
+  LetterCase letterCase = LetterCase::AsWritten;
+  // Its text takes its room but is not seen.
+  bool isHidden = false;
+  // Beside the line that it stands in: floating or absolutely positioned.
+  bool isAside = false;
+  // A picture, a field: it fills room in its line, and what it holds is not text of the page.
+  bool isReplaced = false;
+  // A flexible box or a grid: each child is a block.
+  bool isFlex = false;
+};
+
+class PageStyles {
+ public:
+  // Reads the style elements below a body.
+  PageStyles(const GumboNode* body, bool isQuirky);
+
+  // The style of an element whose parent has the given one.
+  ElementStyle Of(const GumboNode* element, const ElementStyle& parent) const;
+
+ private:
+  enum Property { kDisplay, kVisibility, kWhiteSpace, kFloat, kPosition, kTransform, kProperties };
+  enum class Importance : quint8 { Normal, Important };
+
+  // What a run of declarations says; an empty value says nothing.
+  struct Declarations {
+    std::array<std::string_view, kProperties> values;
+    std::array<Importance, kProperties> importance = {};
+    bool IsEmpty() const;
+  };
+
+  // One element of a selector: "td.name", and how it is bound to the one before it.
+  struct Compound {
+    QByteArray tag;
+    QByteArray id;
+    std::vector<QByteArray> classes;
+    bool isChild = false;
+  };
+
+  struct Rule {
+    std::vector<Compound> selector;
+    Declarations declarations;
+    quint32 rank = 0;
+  };
+
+  // The winner so far of each property.
+  struct Cascade {
+    std::array<std::string_view, kProperties> values;
+    std::array<quint32, kProperties> ranks = {};
+    void Apply(const Declarations& declarations, quint32 rank);
+  };
+
+  static Declarations ReadDeclarations(std::string_view text);
+  static bool ReadSelector(std::string_view text, std::vector<Compound>* selector);
+  static bool ReadCompound(std::string_view text, Compound* compound);
+  static bool IsForScreens(std::string_view query);
+  void ReadStyleElements(const GumboNode* body);
+  void ReadSheet(std::string_view sheet);
+  void AddRules(std::string_view selectors, std::string_view block);
+  void ApplySheets(const GumboNode* element, Cascade* cascade) const;
+  bool Matches(const Rule& rule, const GumboNode* element) const;
+  bool Matches(const Compound& compound, const GumboNode* element) const;
+
+  bool isQuirky_;
+  std::vector<QByteArray> sheets_;
+  std::vector<Rule> rules_;
+  // The rules by what their last compound asks for: "#id", ".class", "tag" or nothing.
+  QHash<QByteArray, std::vector<size_t>> rulesByKey_;
+  // Comparisons that are still allowed; without any the sheets are not looked at any more.
+  mutable int comparisons_;
+};
+
+// The value of an attribute, empty if there is none.
+std::string_view AttributeOf(const GumboNode* element, const char* name);

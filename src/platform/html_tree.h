@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A page's HTML5 tree, made by the parser library within limits of memory and time, so that no page whatever can stop
+// the program. Called by html_text.
+#pragma once
+
+#include <gumbo.h>
+
+#include <QByteArray>
+#include <memory>
+
+class HtmlTree {
+ public:
+  // The page in UTF-8. A page that nests beyond all measure, or that the parser does not master within its limits, is
+  // parsed without its structure.
+  explicit HtmlTree(const QByteArray& html);
+  ~HtmlTree();
+
+  // The body element; nullptr if there is none.
+  const GumboNode* Body() const { return body_; }
+  // True if the page asks for the rendering of old browsers (no document type, or an old one).
+  bool IsQuirky() const { return isQuirky_; }
+
+ private:
+  struct Memory;
+  void Parse(const QByteArray& source);
+
+  std::unique_ptr<Memory> memory_;
+  // The tree points into it.
+  QByteArray source_;
+  const GumboNode* body_ = nullptr;
+  bool isQuirky_ = false;
+};
