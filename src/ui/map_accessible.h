@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A map for assistive technology: the view is named as its map, its labels are children, the clickable ones buttons
+// with a press action. MapView installs and informs it.
+#pragma once
+
+#include <QAccessibleWidget>
+#include <QHash>
+#include <QPointer>
+
+class MapView;
+
+class AccessibleMapView : public QAccessibleWidget {
+ public:
+  explicit AccessibleMapView(MapView* view);
+  ~AccessibleMapView() override;
+
+  int childCount() const override;
+  QAccessibleInterface* child(int index) const override;
+  int indexOfChild(const QAccessibleInterface* child) const override;
+  QAccessibleInterface* childAt(int x, int y) const override;
+  QAccessibleInterface* focusChild() const override;
+
+  // Serves all map views from the first call on.
+  static void Install();
+  // Tell whoever listens.
+  static void LabelsChanged(MapView* view);
+  static void FocusMoved(MapView* view);
+
+ private:
+  MapView* View() const;
+
+  mutable QHash<int, QAccessible::Id> labels_;  // by index, made when asked for
+};
+
+class AccessibleMapLabel : public QAccessibleInterface, public QAccessibleActionInterface {
+ public:
+  AccessibleMapLabel(MapView* view, int index);
+
+  int Index() const { return index_; }
+  bool isValid() const override;
+  QObject* object() const override { return nullptr; }
+  QWindow* window() const override;
+  QAccessibleInterface* parent() const override;
+  int childCount() const override { return 0; }
+  QAccessibleInterface* child(int) const override { return nullptr; }
+  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+  QString text(QAccessible::Text kind) const override;
+  void setText(QAccessible::Text, const QString&) override {}
+  QRect rect() const override;
+  QAccessible::Role role() const override;
+  QAccessible::State state() const override;
+  void* interface_cast(QAccessible::InterfaceType type) override;
+
+  QStringList actionNames() const override;
+  void doAction(const QString& actionName) override;
+  QStringList keyBindingsForAction(const QString&) const override { return {}; }
+
+ private:
+  bool IsClickable() const;
+
+  QPointer<MapView> view_;
+  int index_;
+};
