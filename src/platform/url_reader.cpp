@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/url_reader.h"
 
+#include "platform/cookie_store.h"
 #include "platform/url_transfer.h"
 
 namespace {
@@ -30,6 +31,8 @@ class UrlWorker : public QObject {
     BeginWaiting();
   }
 
+  void TakeCookies(const CookieList& cookies) { cookies_ = cookies; }
+
  private:
   struct Waiting {
     quint64 id = 0;
@@ -51,7 +54,7 @@ class UrlWorker : public QObject {
   }
 
   void BeginRead(const Waiting& read) {
-    auto* transfer = new UrlTransfer(access_, limits_, this);
+    auto* transfer = new UrlTransfer(access_, limits_, cookies_, this);
     running_.insert(read.id, {transfer, read.url.host()});
     ++busy_[read.url.host()];
     const quint64 id = read.id;
@@ -66,6 +69,7 @@ class UrlWorker : public QObject {
       Report({.kind = UrlNetwork::Answer::Kind::Failed, .id = id, .body = {}});
       Drop(id);
     });
+    connect(transfer, &UrlTransfer::CookiesTold, this, &UrlWorker::RenewCookies);
     transfer->Begin(read.url);
   }
 
@@ -79,6 +83,14 @@ class UrlWorker : public QObject {
     running_.erase(found);
   }
 
+  // Here at once, for the next step of a chain of redirects; the store decides what stays, as the user may just have
+  // signed out.
+  void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told) {
+    if (!cookies_.Renew(url, told)) return;
+    QMetaObject::invokeMethod(
+        &network_, [network = &network_, url, told]() { network->RenewCookies(url, told); }, Qt::QueuedConnection);
+  }
+
   void Report(const UrlNetwork::Answer& answer) {
     QMetaObject::invokeMethod(
         &network_, [network = &network_, answer]() { network->Take(answer); }, Qt::QueuedConnection);
@@ -87,6 +99,7 @@ class UrlWorker : public QObject {
   UrlNetwork& network_;
   const UrlLimits limits_;
   QNetworkAccessManager access_;
+  CookieList cookies_;
   QList<Waiting> waiting_;
   QHash<quint64, Running> running_;
   QHash<QString, int> busy_;
@@ -105,6 +118,22 @@ UrlNetwork::UrlNetwork(const UrlLimits& limits, QObject* parent)
 UrlNetwork::~UrlNetwork() {
   thread_.quit();
   thread_.wait();
+}
+
+void UrlNetwork::SetCookies(CookieStore& store) {
+  if (cookies_) cookies_->disconnect(this);
+  cookies_ = &store;
+  connect(&store, &CookieStore::Changed, this, &UrlNetwork::PassCookies);
+  PassCookies();
+}
+
+void UrlNetwork::PassCookies() {
+  QMetaObject::invokeMethod(
+      worker_, [worker = worker_, list = cookies_->List()]() { worker->TakeCookies(list); }, Qt::QueuedConnection);
+}
+
+void UrlNetwork::RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told) {
+  if (cookies_) cookies_->Renew(url, told);
 }
 
 quint64 UrlNetwork::Begin(UrlReader* reader, const QString& key, const QUrl& url) {

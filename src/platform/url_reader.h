@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QNetworkCookie>
 #include <QObject>
 #include <QPointer>
 #include <QQueue>
@@ -21,6 +22,7 @@ struct UrlLimits {
   int maxRedirects = 10;
 };
 
+class CookieStore;
 class UrlReader;
 class UrlWorker;
 
@@ -30,6 +32,10 @@ class UrlNetwork : public QObject {
  public:
   explicit UrlNetwork(const UrlLimits& limits = {}, QObject* parent = nullptr);
   ~UrlNetwork() override;  // ends all reads; none of them answers
+
+  // From now on reads carry the store's cookies to the hosts that they belong to, and these hosts may renew or expire
+  // them. Without a store, and to any other host, no cookie goes out and none is kept.
+  void SetCookies(CookieStore& store);
 
  private:
   friend class UrlReader;
@@ -50,6 +56,8 @@ class UrlNetwork : public QObject {
 
   quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url);
   void End(quint64 id);
+  void PassCookies();
+  void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told);
   void Take(const Answer& answer);
   void HandOut();
   void Raise(const Answer& answer);
@@ -57,6 +65,7 @@ class UrlNetwork : public QObject {
   // Sockets, TLS and unpacking run on a thread of their own: none of it can hold the event loop.
   QThread thread_;
   UrlWorker* worker_;
+  QPointer<CookieStore> cookies_;
   QHash<quint64, Asker> askers_;
   quint64 lastId_ = 0;
   // Answers wait here and are handed out a few milliseconds at a time: a page of them arrives at once.

@@ -59,8 +59,9 @@ QNetworkRequest RequestFor(const QUrl& url) {
 
 }  // namespace
 
-UrlTransfer::UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, QObject* parent)
-    : QObject(parent), access_(access), limits_(limits), stall_(this), deadline_(this) {
+UrlTransfer::UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, const CookieList& cookies,
+                         QObject* parent)
+    : QObject(parent), access_(access), limits_(limits), cookies_(cookies), stall_(this), deadline_(this) {
   stall_.setSingleShot(true);
   deadline_.setSingleShot(true);
   connect(&stall_, &QTimer::timeout, this, &UrlTransfer::Fail);
@@ -82,7 +83,9 @@ void UrlTransfer::Request(const QUrl& url) {
     QMetaObject::invokeMethod(this, &UrlTransfer::Fail, Qt::QueuedConnection);
     return;
   }
-  reply_ = access_.get(RequestFor(url));
+  QNetworkRequest request = RequestFor(url);
+  if (const QByteArray cookies = cookies_.HeaderFor(url); !cookies.isEmpty()) request.setRawHeader("Cookie", cookies);
+  reply_ = access_.get(request);
   connect(reply_, &QNetworkReply::metaDataChanged, this, &UrlTransfer::OnHeaders);
   connect(reply_, &QNetworkReply::readyRead, this, &UrlTransfer::OnData);
   connect(reply_, &QNetworkReply::finished, this, &UrlTransfer::OnFinished);
@@ -90,6 +93,8 @@ void UrlTransfer::Request(const QUrl& url) {
 
 void UrlTransfer::OnHeaders() {
   stall_.start(limits_.stall);
+  const auto cookies = reply_->header(QNetworkRequest::SetCookieHeader).value<QList<QNetworkCookie>>();
+  if (!cookies.isEmpty()) Q_EMIT CookiesTold(reply_->url(), cookies);
   if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > limits_.maxBody) Fail();
 }
 

@@ -10,13 +10,16 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "platform/cookie_list.h"
 #include "platform/url_reader.h"
 
 class UrlTransfer : public QObject {
   Q_OBJECT
 
  public:
-  UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, QObject* parent = nullptr);
+  // Each request carries those of the cookies that belong to its own address.
+  UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, const CookieList& cookies,
+              QObject* parent = nullptr);
   ~UrlTransfer() override;
 
   // Never answers before it returns.
@@ -26,6 +29,8 @@ class UrlTransfer : public QObject {
   void Progress(qint64 max, qint64 read);
   void Done(const QByteArray& body);
   void Failed();
+  // An answer, that of a redirect too, came with cookies.
+  void CookiesTold(const QUrl& url, const QList<QNetworkCookie>& cookies);
 
  private:
   void Request(const QUrl& url);
@@ -40,6 +45,7 @@ class UrlTransfer : public QObject {
 
   QNetworkAccessManager& access_;
   const UrlLimits limits_;
+  const CookieList& cookies_;
   QNetworkReply* reply_ = nullptr;
   QTimer stall_;
   QTimer deadline_;
