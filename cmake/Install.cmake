@@ -10,6 +10,10 @@ install(TARGETS omni-perch RUNTIME DESTINATION lib/omni-perch)
 if(TARGET omni-perch-picture)
   install(TARGETS omni-perch-picture RUNTIME DESTINATION lib/omni-perch)
 endif()
+# Beside the program, which loads it from there when the first browser window opens.
+if(TARGET omni_web)
+  install(TARGETS omni_web LIBRARY DESTINATION lib/omni-perch)
+endif()
 install(PROGRAMS data/desktop/launcher.sh DESTINATION bin RENAME omni-perch)
 
 install(FILES data/Omni-Perch.cfg data/WXsites.lst data/Help.txt DESTINATION share/omni-perch)

@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the program asks of its browser windows. They live in the shared library omni_web, which is loaded when the first
-// of them opens, so that the program itself does not pay for a browser.
+// What the program asks of its browser windows; web_library makes them. A window or a sign-in that shows a web page
+// takes this, so that its test needs no browser.
 #pragma once
 
 #include <QObject>
 #include <QString>
 #include <QUrl>
-
-#include "platform/cookie_store.h"
 
 class BrowserWindows : public QObject {
   Q_OBJECT
@@ -15,32 +13,14 @@ class BrowserWindows : public QObject {
  public:
   using QObject::QObject;
 
-  // Opens a window of its own on a page, or raises the one that shows a page of that title. The cookies that the pages
-  // set go into the store, and the store's go to the pages.
+  // Opens a window of its own on a page, or raises the one of that title as it is. The cookies that the pages set go
+  // into the store, and the store's go to the pages. http and https only.
   virtual void OpenPage(const QString& title, const QUrl& url) = 0;
-  // Removes what the pages of an address have left in the browser: cookies, storage.
+  // Removes what the pages of an address have left: cookies, in the store too, and storage; its windows close.
   virtual void Forget(const QUrl& url) = 0;
   virtual void CloseAll() = 0;
 
  Q_SIGNALS:
-  // A window was closed by the user or by CloseAll.
+  // A window was closed by the user, by Forget or by CloseAll. All that its pages had set is in the store by then.
   void Closed(const QString& title);
-};
-
-// Makes the browser windows at the first call and keeps them; nullptr where the library cannot be loaded. Destroy it
-// before the application object.
-class WebLibrary {
- public:
-  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone.
-  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies);
-  ~WebLibrary();
-
-  BrowserWindows* Windows();
-  bool IsLoaded() const { return windows_ != nullptr; }
-
- private:
-  QString libraryFolder_;
-  QString profileFolder_;
-  CookieStore& cookies_;
-  BrowserWindows* windows_ = nullptr;
 };

@@ -1,0 +1,69 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/web_library.h"
+
+#include <QFileInfo>
+#include <QLibrary>
+
+#include "ui/web_port.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class LoadedWindows : public BrowserWindows, private WebPort {
+ public:
+  LoadedWindows(OmniWebMake make, const QString& profileFolder, CookieStore& cookies)
+      : cookies_(cookies), pages_(make(profileFolder, *this)) {
+    connect(&cookies_, &CookieStore::Changed, this, &LoadedWindows::OnChanged);
+  }
+  // The pages' last words go into the store, and must not come back to pages that are half gone.
+  ~LoadedWindows() override {
+    cookies_.disconnect(this);
+    pages_.reset();
+  }
+
+  void OpenPage(const QString& title, const QUrl& url) override { pages_->OpenPage(title, url); }
+
+  void Forget(const QUrl& url) override {
+    pages_->CloseSite(url);
+    cookies_.RemoveOf(url);
+    pages_->ClearStorage(url);
+  }
+
+  void CloseAll() override { pages_->CloseAll(); }
+
+ private:
+  void OnChanged() { pages_->SyncCookies(); }
+  QList<QNetworkCookie> Cookies() const override { return cookies_.All(); }
+  void TakeCookies(const QList<CookieChange>& changes) override { cookies_.Apply(changes); }
+  void PageClosed(const QString& title) override { Q_EMIT Closed(title); }
+
+  CookieStore& cookies_;
+  std::unique_ptr<WebPages> pages_;
+};
+
+}  // namespace
+
+WebLibrary::WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies)
+    : libraryFolder_(std::move(libraryFolder)), profileFolder_(std::move(profileFolder)), cookies_(cookies) {}
+
+WebLibrary::~WebLibrary() = default;
+
+BrowserWindows* WebLibrary::Windows() {
+  if (windows_) return windows_.get();
+  QLibrary library(libraryFolder_ + u"/libomni_web.so"_s);
+  // A browser leaves threads behind that run its code until the process ends.
+  library.setLoadHints(QLibrary::PreventUnloadHint);
+  if (const auto make = reinterpret_cast<OmniWebMake>(library.resolve(kOmniWebMake)))
+    windows_ = std::make_unique<LoadedWindows>(make, profileFolder_, cookies_);
+  return windows_.get();
+}
+
+void WebLibrary::Forget(const QUrl& url) {
+  const bool hasRun = IsLoaded() || QFileInfo::exists(profileFolder_);
+  if (BrowserWindows* windows = hasRun ? Windows() : nullptr) {
+    windows->Forget(url);
+  } else {
+    cookies_.RemoveOf(url);
+  }
+}

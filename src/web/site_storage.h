@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Empties what pages of one origin have stored in the browser beside cookies. web_pages makes one when a site is to be
+// forgotten.
+#pragma once
+
+#include <QTimer>
+#include <QUrl>
+#include <QWebEnginePage>
+
+// An empty page that belongs to the origin without asking its server for anything: only a page of the origin itself can
+// remove what the origin has stored.
+class SiteStorage : public QWebEnginePage {
+  Q_OBJECT
+
+ public:
+  SiteStorage(const QUrl& url, QWebEngineProfile* profile, QObject* parent);
+
+ Q_SIGNALS:
+  // Emptied, or given up after a few seconds; it may be deleted now.
+  void Finished(SiteStorage* storage);
+
+ private:
+  void OnLoaded();
+  void OnTitle(const QString& title);
+  void Finish();
+
+  QTimer patience_;
+};

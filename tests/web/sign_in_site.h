@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A site on loopback with a sign-in: its login page sends its form by itself, the answer sets a cookie, and its pages
+// say who is signed in. Some of its pages try what a page is not to do.
+#pragma once
+
+#include <QHash>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QUrl>
+
+class SignInSite : public QTcpServer {
+  Q_OBJECT
+
+ public:
+  explicit SignInSite(const QString& host = QStringLiteral("127.0.0.1")) {
+    connect(this, &QTcpServer::newConnection, this, &SignInSite::Accept);
+    listen(QHostAddress(host));
+  }
+
+  QUrl Url(const QString& path) const {
+    return QUrl(QStringLiteral("http://%1:%2%3").arg(serverAddress().toString()).arg(serverPort()).arg(path));
+  }
+
+  // By path: how often it was asked for, and with which cookies the last time.
+  QHash<QByteArray, int> asked;
+  QHash<QByteArray, QByteArray> cookies;
+  // Pages beside those of the sign-in; their title is what the tests see of them.
+  QHash<QByteArray, QByteArray> pages;
+
+ private:
+  void Accept() {
+    while (QTcpSocket* socket = nextPendingConnection()) {
+      connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+      connect(socket, &QTcpSocket::readyRead, socket, [this, socket]() {
+        const QByteArray request = socket->property("request").toByteArray() + socket->readAll();
+        socket->setProperty("request", request);
+        const qsizetype head = request.indexOf("\r\n\r\n");
+        if (head < 0 || request.size() < head + 4 + Field(request, "content-length").toInt()) return;
+        socket->setProperty("request", QByteArray());
+        socket->write(Answer(request));
+        socket->disconnectFromHost();
+      });
+    }
+  }
+
+  static QByteArray Field(const QByteArray& request, const QByteArray& name) {
+    const QByteArrayList lines = request.left(request.indexOf("\r\n\r\n")).split('\n');
+    for (const QByteArray& line : lines)
+      if (line.toLower().startsWith(name + ':')) return line.sliced(name.size() + 1).trimmed();
+    return {};
+  }
+
+  QByteArray Answer(const QByteArray& request) {
+    const QByteArray path = request.split(' ').value(1);
+    const QByteArray cookie = Field(request, "cookie");
+    ++asked[path];
+    cookies[path] = cookie;
+    if (path == "/session" && request.endsWith("call=ZZ1AA&password=secret"))
+      return "HTTP/1.1 303 Go on\r\nLocation: /home\r\nConnection: close\r\n"
+             "Set-Cookie: session=abc; HttpOnly; Path=/\r\n"
+             "Set-Cookie: remember=me; Max-Age=864000; Path=/home\r\n\r\n";
+    QByteArray page = pages.value(path);
+    if (path == "/login")
+      page =
+          "<title>login</title><form action=/session method=post><input name=call value=ZZ1AA>"
+          "<input name=password type=password value=secret></form><script>document.forms[0].submit()</script>";
+    if (path == "/home") page = cookie.contains("session=abc") ? "<title>Hello ZZ1AA</title>" : "<title>Who?</title>";
+    return "HTTP/1.1 " + QByteArray(page.isEmpty() ? "404 None" : "200 OK") +
+           "\r\nContent-Type: text/html\r\nConnection: close\r\n\r\n" + page;
+  }
+};
