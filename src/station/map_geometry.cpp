@@ -48,7 +48,7 @@ const PolarMap& PolarMapOf(MapName map) {
 
 MapPoint UnroundedWorldPoint(double lat, double lon) {
   const bool south = lat < 0;
-  const auto distance = static_cast<double>(static_cast<float>(std::abs(lat)));
+  const auto distance = static_cast<double>(static_cast<float>(std::min(std::abs(lat), 90.0)));
   if (!(distance < 90)) return PlaceOnWorldMap(south, lon, 18, 0, static_cast<double>(RobinsonTable.adjust[18]));
   const int row = static_cast<int>(distance / 5);
   // Whole degrees only, and the floor of a negative latitude is the degree beyond: 33.9 N counts as 33, 33.9 S as 34.

@@ -38,7 +38,7 @@ GeoPoint PointOf(const QJsonArray& pair) {
 GeoLine LineOf(const QJsonArray& points) {
   GeoLine line;
   line.reserve(points.size());
-  for (const QJsonValue& point : points) line.append(PointOf(point.toArray()));
+  for (const auto& point : points) line.append(PointOf(point.toArray()));
   return line;
 }
 
@@ -50,7 +50,7 @@ void ForEachPart(const QJsonObject& geometry, const QString& coordinates, Take t
     take(parts);
     return;
   }
-  for (const QJsonValue& part : parts) take(part.toArray());
+  for (const auto& part : parts) take(part.toArray());
 }
 
 // Slivers of leased or disputed ground, whose outlines would only be mistaken for borders on maps of this size.
@@ -66,11 +66,11 @@ class TopologyReader {
   explicit TopologyReader(const QJsonObject& topology) { ReadArcs(topology); }
 
   Atlas Read(const QJsonArray& geometries) {
-    for (const QJsonValue& value : geometries) {
+    for (const auto& value : geometries) {
       const QJsonObject geometry = value.toObject();
       country_ = Area{geometry["properties"_L1].toObject()["name"_L1].toString(), 0, {}};
       ForEachPart(geometry, u"arcs"_s, [this](const QJsonArray& rings) {
-        for (const QJsonValue& ring : rings) country_.rings.append(JoinArcs(ring.toArray()));
+        for (const auto& ring : rings) country_.rings.append(JoinArcs(ring.toArray()));
       });
       atlas_.countries.append(country_);
     }
@@ -83,10 +83,10 @@ class TopologyReader {
     const QJsonObject transform = topology["transform"_L1].toObject();
     const GeoPoint scale = PointOf(transform["scale"_L1].toArray());
     const GeoPoint origin = PointOf(transform["translate"_L1].toArray());
-    for (const QJsonValue& arc : topology["arcs"_L1].toArray()) {
+    for (const auto& arc : topology["arcs"_L1].toArray()) {
       GeoLine line;
       GeoPoint sum;
-      for (const QJsonValue& step : arc.toArray()) {
+      for (const auto& step : arc.toArray()) {
         const GeoPoint delta = PointOf(step.toArray());
         sum = {sum.lat + delta.lat, sum.lon + delta.lon};
         line.append({sum.lat * scale.lat + origin.lat, sum.lon * scale.lon + origin.lon});
@@ -99,7 +99,7 @@ class TopologyReader {
   // A negative number means the arc ~number, walked backwards. Neighbouring arcs share their end point.
   GeoLine JoinArcs(const QJsonArray& numbers) {
     GeoLine ring;
-    for (const QJsonValue& value : numbers) {
+    for (const auto& value : numbers) {
       const int number = value.toInt();
       const qsizetype index = number < 0 ? ~number : number;
       if (index >= arcs_.size()) continue;
@@ -137,7 +137,7 @@ bool ReadAtlas(const QString& path, Atlas& atlas) {
 template <typename Take>
 bool ReadLayer(const QString& path, Take take) {
   const QJsonArray features = ReadJson(path)["features"_L1].toArray();
-  for (const QJsonValue& value : features) {
+  for (const auto& value : features) {
     const QJsonObject feature = value.toObject();
     take(feature["properties"_L1].toObject(), feature["geometry"_L1].toObject());
   }
@@ -148,7 +148,7 @@ bool ReadAreas(const QString& path, QList<Area>& areas) {
   return ReadLayer(path, [&areas](const QJsonObject& properties, const QJsonObject& geometry) {
     Area area{properties["name"_L1].toString(), properties["scalerank"_L1].toInt(), {}};
     ForEachPart(geometry, u"coordinates"_s, [&area](const QJsonArray& rings) {
-      for (const QJsonValue& ring : rings) area.rings.append(LineOf(ring.toArray()));
+      for (const auto& ring : rings) area.rings.append(LineOf(ring.toArray()));
     });
     areas.append(area);
   });

@@ -12,7 +12,7 @@ struct SeaName {
   QList<MapName> maps;
 };
 
-QList<SeaName> SeaNames();
-QList<Town> DutchTowns();
+const QList<SeaName>& SeaNames();
+const QList<Town>& DutchTowns();
 // What is written for a country of the atlas; empty for specks that need no name.
 QString CountryLabel(const QString& name);

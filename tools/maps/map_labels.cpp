@@ -70,9 +70,13 @@ class MapLabels {
       const int rank = town.capital ? town.rank - 1 : town.rank;
       if (rank <= sheet_.townRank && !isOwn(town)) towns.append(town);
     }
-    std::stable_sort(towns.begin(), towns.end(), [](const Town& a, const Town& b) {
-      return std::tuple(a.rank, !a.capital, -a.people) < std::tuple(b.rank, !b.capital, -b.people);
-    });
+    // The data ranks some small towns before large ones next to them.
+    const auto order = [](const Town& town) {
+      const int large = (town.people > 300'000 ? 1 : 0) + (town.people > 1'000'000 ? 1 : 0);
+      return std::tuple(town.rank - large, !town.capital, -town.people);
+    };
+    std::stable_sort(towns.begin(), towns.end(),
+                     [&order](const Town& a, const Town& b) { return order(a) < order(b); });
     return towns;
   }
 

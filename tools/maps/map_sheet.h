@@ -30,7 +30,7 @@ struct MapSheet {
   QList<int> countryPixels;  // heights of countries' names, largest first
 };
 
-QList<MapSheet> MapSheets();
+const QList<MapSheet>& MapSheets();
 
 namespace MapColours {
 constexpr QRgb kPaper = 0xffe9eff2;  // around the oval of the World map

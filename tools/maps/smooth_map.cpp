@@ -69,7 +69,8 @@ MapPoint SmoothWorldPoint(double lat, double lon) {
   return PlaceOnWorldMap(floored < 0, lon, row, rows - row, SmoothAdjust(lat));
 }
 
-double MiddleLon(MapName map) {
+// Any degree near the middle: the opposite side of the globe is on no picture.
+int MiddleLon(MapName map) {
   switch (map) {
     case MapName::NorthAmerica:
       return -95;
@@ -107,12 +108,14 @@ QPointF GraticuleMapPoint(MapName map, double lat, double lon) {
 
 GeoWindow WindowOf(MapName map, const QSize& size) {
   if (map == MapName::World) return {-170, 190, -90, 90};
-  constexpr double step = 0.25;
+  constexpr int parts = 4;  // places tried a degree
   constexpr double margin = 1.5;
-  const double west = MiddleLon(map) - 180;
-  GeoWindow window{west + 360, west, 90, -90};
-  for (double lat = -90; lat <= 90; lat += step) {
-    for (double lon = west; lon <= west + 360; lon += step) {
+  const int west = MiddleLon(map) - 180;
+  GeoWindow window{west + 360.0, double(west), 90, -90};
+  for (int row = -90 * parts; row <= 90 * parts; ++row) {
+    for (int column = west * parts; column <= (west + 360) * parts; ++column) {
+      const double lat = double(row) / parts;
+      const double lon = double(column) / parts;
       const QPointF point = SmoothMapPoint(map, lat, lon);
       if (point.x() < 0 || point.y() < 0 || point.x() > size.width() || point.y() > size.height()) continue;
       window = {std::min(window.west, lon), std::max(window.east, lon), std::min(window.south, lat),
