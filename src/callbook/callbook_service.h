@@ -11,15 +11,15 @@
 inline constexpr int kCallbookServices = 5;
 
 struct CallbookService {
-  int index = 0;                   // a Database and a CallbookIndex, from 1
-  QLatin1String name;              // as at start and in messages
-  QLatin1String comboName;         // as the chooser of the lookup window spells it
+  int index = 0;            // a Database and a CallbookIndex, from 1
+  QLatin1String name;       // as at start and in messages
+  QLatin1String comboName;  // as the chooser of the lookup window spells it
   QString Hosts::*host = nullptr;
-  QLatin1String pagePath;          // the call follows
-  QLatin1String rootPath;          // of the page that tells of the login
-  QLatin1String loginText;         // stands in a page for a user who is logged in; empty: no page tells
-  QLatin1String loginPath;         // the service's own login page; empty: it has none
-  bool needsLogin = false;         // its data come to a user who is logged in only
+  QLatin1String pagePath;   // the call follows
+  QLatin1String rootPath;   // of the page that tells of the login
+  QLatin1String loginText;  // stands in a page for a user who is logged in; empty: no page tells
+  QLatin1String loginPath;  // the service's own login page; empty: it has none
+  bool needsLogin = false;  // its data come to a user who is logged in only
 };
 
 // nullptr for an index outside 1 to 5.

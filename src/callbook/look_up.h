@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// ucLookUp asks a public callbook service about a call and reads name, address, place and licence out of the text of its
-// page. Each window that looks calls up owns one; the windows decide what to do with what it finds.
+// ucLookUp asks a public callbook service about a call and reads name, address, place and licence out of the text of
+// its page. Each window that looks calls up owns one; the windows decide what to do with what it finds.
 #pragma once
 
 #include <QByteArray>
+#include <QFutureWatcher>
+#include <QHash>
 #include <QObject>
 #include <QString>
+#include <QUrl>
 
+#include "callbook/page_reader.h"
 #include "core/hosts.h"
-#include "platform/background.h"
 #include "platform/url_reader.h"
 
 class ucLookUp : public QObject {
@@ -57,4 +60,27 @@ class ucLookUp : public QObject {
   void UpdatesNotFound();
   // A page read could not be started: the pointer is to be set back to normal.
   void PointerNormal();
+
+ private:
+  enum class CurrentOp { None, CheckUpdates, IsLoggedIn, GetPage, GetPicture };
+  // A page whose text is being made beside the event loop, and what it was read for.
+  struct Decode {
+    QFutureWatcher<QString>* text = nullptr;
+    CurrentOp op = CurrentOp::None;
+  };
+
+  bool Start(const QString& key, const QUrl& address);
+  void TakeBody(const QString& key, const QByteArray& body);
+  void TakeFailure(const QString& key);
+  void BeginDecode(const QString& key, const QByteArray& body);
+  void TakeText(const QString& key);
+
+  const Hosts hosts_;
+  QByteArray& lookupBytes_;
+  PageReader page_;
+  CurrentOp currentOp_ = CurrentOp::None;  // of the operation begun last; what completes is taken for one of its kind
+  QUrl pageAddress_;
+  // PendingReads are the keys of the two: those on the network, and those that have come and are not text yet.
+  UrlReader reads_;
+  QHash<QString, Decode> decodes_;
 };

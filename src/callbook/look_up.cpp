@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "callbook/look_up.h"
+
+#include <QPromise>
+#include <QThreadPool>
+#include <memory>
+
+#include "callbook/callbook_service.h"
+#include "callbook/db_rec.h"
+#include "platform/html_text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A page's text is searched some twenty times within one handler: a longer one, which no service has, would hold the
+// event loop. Its beginning counts.
+constexpr qsizetype kMostText = 1024 * 1024;
+
+// Of the read that asks for the version; no call is spelled like it.
+QString UpdatesKey() {
+  return u"CheckUpdates"_s;
+}
+
+// Addresses are spelled with plain zeros.
+QString WithPlainZeros(QString call) {
+  return call.replace(u'Ø', u'0');
+}
+
+// An ordinary call goes into an address as it is, with its "/". Whatever would end the path, begin a query or add to
+// one is escaped, so that a call is never more than a call.
+QByteArray InAddress(const QString& call) {
+  return call.toUtf8().toPercentEncoding("/");
+}
+
+bool HasDotSegment(const QUrl& url) {
+  const QStringList segments = url.path(QUrl::FullyEncoded).split(u'/');
+  return segments.contains(u"."_s) || segments.contains(u".."_s);
+}
+
+// Invalid where there is no host, and where a call such as "../x" would lead out of the page's folder.
+QUrl AddressOf(const QString& host, const QByteArray& path) {
+  if (host.isEmpty()) return {};
+  const QUrl url = QUrl::fromEncoded(host.toUtf8() + path);
+  return HasDotSegment(url) ? QUrl() : url;
+}
+
+bool CanBeRead(const QUrl& url) {
+  return url.isValid() && !url.host().isEmpty() && (url.scheme() == "http"_L1 || url.scheme() == "https"_L1);
+}
+
+}  // namespace
+
+ucLookUp::ucLookUp(UrlNetwork& network, const Hosts& hosts, QByteArray& lookupBytes, QObject* parent)
+    : QObject(parent), hosts_(hosts), lookupBytes_(lookupBytes), reads_(network) {
+  connect(&reads_, &UrlReader::Done, this, &ucLookUp::TakeBody);
+  connect(&reads_, &UrlReader::Failed, this, &ucLookUp::TakeFailure);
+}
+
+// A text that is still being made goes nowhere then; nobody waits for it.
+ucLookUp::~ucLookUp() = default;
+
+void ucLookUp::GetPage(const QString& call) {
+  currentOp_ = CurrentOp::GetPage;
+  page_.PageText.clear();
+  if (const CallbookService* service = FindCallbookService(Database)) {
+    pageAddress_ = AddressOf(hosts_.*service->host, service->pagePath.latin1() + InAddress(WithPlainZeros(call)));
+  }
+  if (!Start(call, pageAddress_)) Q_EMIT PointerNormal();
+}
+
+void ucLookUp::GetPicture(const QString& call) {
+  currentOp_ = CurrentOp::GetPicture;
+  // The folder is named by the call as it was written: a slashed zero at its end stays one there, in lower case.
+  const QByteArray folder = InAddress(call.right(1).toLower());
+  const QByteArray plain = InAddress(WithPlainZeros(call).toLower());
+  const QUrl address = AddressOf(hosts_.Pictures, '/' + folder + '/' + plain + '/' + plain + ".jpg");
+  if (!Start(call, address)) Q_EMIT NoPic(call);
+}
+
+void ucLookUp::IsLoggedIn(const QString& key) {
+  currentOp_ = CurrentOp::IsLoggedIn;
+  page_.PageText.clear();
+  const CallbookService* service = FindCallbookService(Database);
+  const QUrl address = service == nullptr ? QUrl() : AddressOf(hosts_.*service->host, service->rootPath.latin1());
+  if (!Start(key, address)) Q_EMIT SiteNotFound(key);
+}
+
+void ucLookUp::CheckUpdates() {
+  currentOp_ = CurrentOp::CheckUpdates;
+  if (!Start(UpdatesKey(), AddressOf(hosts_.Author, "/"))) Q_EMIT UpdatesNotFound();
+}
+
+bool ucLookUp::Start(const QString& key, const QUrl& address) {
+  reads_.Cancel(key);
+  delete decodes_.take(key).text;
+  if (!CanBeRead(address)) return false;
+  reads_.Start(key, address);
+  return true;
+}
+
+// One operation stands for all reads of the instance: a page that arrives after a picture was asked for is a picture.
+void ucLookUp::TakeBody(const QString& key, const QByteArray& body) {
+  lookupBytes_ = body;
+  if (currentOp_ == CurrentOp::GetPicture) {
+    Q_EMIT GotPic(key);
+  } else {
+    BeginDecode(key, body);
+  }
+}
+
+void ucLookUp::TakeFailure(const QString& key) {
+  switch (currentOp_) {
+    case CurrentOp::GetPage:
+      Q_EMIT PageNotFound(key);
+      break;
+    case CurrentOp::GetPicture:
+      Q_EMIT NoPic(key);
+      break;
+    case CurrentOp::IsLoggedIn:
+      Q_EMIT SiteNotFound(key);
+      break;
+    case CurrentOp::CheckUpdates:
+      Q_EMIT UpdatesNotFound();
+      break;
+    case CurrentOp::None:
+      break;
+  }
+}
+
+// Beside the event loop, as a stranger's page may be of any size and shape.
+void ucLookUp::BeginDecode(const QString& key, const QByteArray& body) {
+  auto* text = new QFutureWatcher<QString>(this);
+  decodes_.insert(key, {text, currentOp_});
+  connect(text, &QFutureWatcherBase::finished, this, [this, key]() { TakeText(key); });
+  const auto promise = std::make_shared<QPromise<QString>>();
+  text->setFuture(promise->future());
+  QThreadPool::globalInstance()->start([promise, html = body.left(kMostHtml)]() {
+    promise->start();
+    promise->addResult(HTMLDecode(AnsiText(html)).left(kMostText));
+    promise->finish();
+  });
+}
+
+void ucLookUp::TakeText(const QString& key) {
+  const Decode decode = decodes_.take(key);
+  page_.PageText = decode.text->result();
+  decode.text->deleteLater();
+  // The signals come last: who hears them may read again, or close the window that owns this.
+  switch (decode.op) {
+    case CurrentOp::GetPage:
+      Q_EMIT GotPage(key, page_.LoggedIn(Database));
+      break;
+    case CurrentOp::IsLoggedIn:
+      Q_EMIT LoginChecked(key, page_.LoggedIn(Database));
+      break;
+    case CurrentOp::CheckUpdates:
+      Q_EMIT UpdateFound(QString(page_.PageText));
+      break;
+    case CurrentOp::GetPicture:
+    case CurrentOp::None:
+      break;
+  }
+}
+
+QString ucLookUp::cName(const QString& call) {
+  const NameReading reading = page_.cName(Database, call);
+  if (reading.event == NameReading::Event::CallNotFound) Q_EMIT CallNotFound(call);
+  if (reading.event == NameReading::Event::LoginRequired) Q_EMIT LoginRequired(call);
+  return reading.name;
+}
+
+QString ucLookUp::Add1() {
+  return page_.Add1(Database);
+}
+
+QString ucLookUp::Add2() {
+  return page_.Add2(Database);
+}
+
+QString ucLookUp::ctry() {
+  return page_.ctry(Database);
+}
+
+double ucLookUp::Latitude() {
+  return page_.Latitude(Database);
+}
+
+double ucLookUp::Longitude() {
+  return page_.Longitude(Database);
+}
+
+QString ucLookUp::Class() {
+  return page_.Class(Database);
+}
+
+QString ucLookUp::DateOfBirth() {
+  return page_.DateOfBirth(Database);
+}
+
+QString ucLookUp::PrevCall() {
+  return page_.PrevCall(Database);
+}
+
+QString ucLookUp::Grid() {
+  return page_.Grid(Database);
+}
+
+QString ucLookUp::WebAddress() {
+  return page_.WebAddress(Database);
+}
