@@ -6,7 +6,10 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "callbook/call_database.h"
 #include "demo_folder.h"
+#include "operators.h"
+#include "station/map_projection.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -86,6 +89,29 @@ class TestDemoFolder : public QObject {
                     .contains("01" + QByteArray::number(slot).rightJustified(2, '0')));
       }
     }
+  }
+
+  // Something to be seen on every map, and senders that only a callbook service knows or can place.
+  void databaseHasAPlaceOnEveryMap() {
+    const QTemporaryDir folder;
+    StationBand band;
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    const Demo demo = BuildDemo(band, now);
+    QVERIFY(SeedFolder(folder.path(), band, demo, now));
+    CallDatabase database(folder.path());
+    QSet<QString> maps;
+    int missing = 0;
+    int unplaced = 0;
+    for (const Operator& person : Operators()) {
+      const TargetLocation target = database.LookupTargetLocation(person.call.toString());
+      missing += target.InDatabase ? 0 : 1;
+      unplaced += target.InDatabase && target.TargetLat == 0 && person.lat != 0 ? 1 : 0;
+      if (target.TargetLat != 0) maps << FindMapName(target.TargetLat, target.TargetLon);
+    }
+    QCOMPARE(maps.size(), 9);
+    QVERIFY(missing >= 5 && unplaced >= 3);
+    // The Asian ones are stations: no sender lives there.
+    for (const QString& call : {u"VU2QLR"_s, u"YB0QRC"_s}) QVERIFY(band.Find(call) != nullptr);
   }
 };
 
