@@ -44,12 +44,11 @@ QString BlanksTrimmed(QStringView text) {
   return text.toString();
 }
 
-// Count of the alphanumeric characters that the text begins with.
+}  // namespace
+
 qsizetype LeadingWord(const QString& text) {
   return std::find_if_not(text.cbegin(), text.cend(), IsAlphaNumeric) - text.cbegin();
 }
-
-}  // namespace
 
 QString CleanCall(QString& text) {
   if (text.isEmpty() || text == "SWL"_L1) return text;

@@ -8,6 +8,8 @@
 // The bare callsign of a text, "SWL", or empty. Rewrites its argument as callers expect it: cut and cleaned, and left
 // cut where it holds no digit.
 QString CleanCall(QString& text);
+// Count of the letters and digits that a text begins with, as CleanCall sees them.
+qsizetype LeadingWord(const QString& text);
 // True when a call is not to be reported. Trims and upper-cases its argument, but for "SWL" and the empty text.
 bool IsBadCall(QString& call, const QStringList& lstBadCalls);
 // The calls refused until a list from the server replaces them.

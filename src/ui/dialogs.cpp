@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/dialogs.h"
 
+#include <QFileDialog>
 #include <QMessageBox>
 
 #include "core/program.h"
+
+using namespace Qt::StringLiterals;
 
 void Dialogs::Inform(QWidget* parent, const QString& text, bool exclamation) {
   QMessageBox box(exclamation ? QMessageBox::Warning : QMessageBox::Information, Program::Title(), text,
@@ -17,4 +20,12 @@ bool Dialogs::AskRetry(QWidget* parent, const QString& text) {
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Retry);
   return box.exec() == QMessageBox::Retry;
+}
+
+QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter) {
+  QFileDialog dialog(parent, Program::Title(), folder, filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(filter.section("(*."_L1, 1).section(u')', 0, 0).section(u' ', 0, 0));
+  dialog.selectFile(name);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }

@@ -16,4 +16,8 @@ class Dialogs {
   virtual void Inform(QWidget* parent, const QString& text, bool exclamation);
   // A question with Retry and Cancel; true for Retry.
   virtual bool AskRetry(QWidget* parent, const QString& text);
+  // Path of a file to be written, in folder and called name unless the user wants it otherwise; the user has agreed to
+  // replace one that is there. filter as in "bmp files (*.bmp)": its first ending is added to a name without one. Empty
+  // when cancelled.
+  virtual QString AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter);
 };

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "callbook/call_entry.h"
+
+#include <algorithm>
+
+#include "callbook/db_rec.h"
+#include "station/callsign.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Bounds of the characters that a pasted call is made of. They let ":" to "@" and "[" to "`" pass, which no cleaned
+// call holds; that is how users know it.
+constexpr int kFirstPasted = 48;   // "0"
+constexpr int kLastPasted = 122;   // "z"
+constexpr int kSlashedZero = 216;  // "Ø"
+
+bool BelongsToPastedCall(QChar c) {
+  const int code = static_cast<unsigned char>(AnsiBytes(c).at(0));
+  return code >= kFirstPasted && (code <= kLastPasted || code == kSlashedZero);
+}
+
+}  // namespace
+
+QString CutAtFirstOther(const QString& text) {
+  return text.left(LeadingWord(text));
+}
+
+QString CallOfClipboard(const QString& text) {
+  QString call = text.toUpper();
+  call = CleanCall(call).replace(u'0', u'Ø');
+  if (call.startsWith("DE "_L1)) call.remove(0, 3);
+  call.truncate(std::find_if_not(call.cbegin(), call.cend(), BelongsToPastedCall) - call.cbegin());
+  return call;
+}
+
+QString CallOfField(const QString& text) {
+  QString copy = text;
+  // The raw text goes on, so that the lookup cuts it in its own way.
+  return CleanCall(copy).isEmpty() ? QString() : text;
+}
+
+QString CallOfCaption(const QString& text, const QStringList& lstBadCalls) {
+  QString call = CutAtFirstOther(text);
+  return IsBadCall(call, lstBadCalls) ? QString() : call;
+}
