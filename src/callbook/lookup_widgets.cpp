@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "callbook/lookup_widgets.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kFocusRing = 2;
+constexpr int kLeastLetters = 8;
+constexpr int kSignSide = 16;
+
+// A page's text may hold what no line of a window can show.
+QString OneLine(QString text) {
+  for (QChar& c : text) {
+    if (c.category() == QChar::Other_Control) c = u' ';
+  }
+  return text.trimmed();
+}
+
+}  // namespace
+
+FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLabel(parent) {
+  setObjectName(name);
+  setTextFormat(Qt::PlainText);
+  setTextInteractionFlags(Qt::TextSelectableByMouse);
+  // In line with the login state, which has its ring there.
+  setIndent(kFocusRing);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+void FieldLabel::SetField(const QString& text, const QString& role) {
+  full_ = OneLine(text);
+  setAccessibleName(full_.isEmpty() ? role : full_);
+  setAccessibleDescription(full_.isEmpty() ? QString() : role);
+  Elide();
+}
+
+void FieldLabel::Elide() {
+  const QString shown = fontMetrics().elidedText(full_, Qt::ElideRight, width() - kFocusRing);
+  if (shown != text()) setText(shown);
+  setToolTip(shown == full_ ? QString() : full_.toHtmlEscaped());
+}
+
+QSize FieldLabel::minimumSizeHint() const {
+  return {fontMetrics().averageCharWidth() * kLeastLetters, fontMetrics().height()};
+}
+
+QSize FieldLabel::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(full_) + kFocusRing, fontMetrics().height()};
+}
+
+void FieldLabel::resizeEvent(QResizeEvent* event) {
+  QLabel::resizeEvent(event);
+  Elide();
+}
+
+void FieldLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) Elide();
+}
+
+StatusLink::StatusLink(const QString& name, QWidget* parent) : QToolButton(parent) {
+  setObjectName(name);
+  setAutoRaise(true);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+void StatusLink::SetStatus(const QString& text, const QString& action) {
+  setText(text);
+  isLink_ = !text.isEmpty() && !action.isEmpty();
+  setEnabled(isLink_);
+  setFocusPolicy(isLink_ ? Qt::StrongFocus : Qt::NoFocus);
+  setCursor(isLink_ ? Qt::PointingHandCursor : Qt::ArrowCursor);
+  setAccessibleName(text);
+  setAccessibleDescription(isLink_ ? action : QString());
+  // The text may be cut.
+  setToolTip(isLink_ ? text + u'\n' + action : text);
+  updateGeometry();
+  update();
+}
+
+QSize StatusLink::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(text()) + 2 * kFocusRing, fontMetrics().height() + 2 * kFocusRing};
+}
+
+QSize StatusLink::minimumSizeHint() const {
+  return {fontMetrics().averageCharWidth() * kLeastLetters, sizeHint().height()};
+}
+
+void StatusLink::paintEvent(QPaintEvent* event) {
+  Q_UNUSED(event)
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  if (hasFocus()) {
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+  }
+  QFont shown = font();
+  shown.setUnderline(isLink_);
+  painter.setFont(shown);
+  // A state that cannot be clicked is still a text to be read: not greyed.
+  painter.setPen(palette().color(QPalette::Active, isLink_ ? QPalette::Link : QPalette::WindowText));
+  const QRect room = rect().adjusted(kFocusRing, 0, -kFocusRing, 0);
+  painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | static_cast<int>(Qt::AlignLeft) | Qt::TextSingleLine,
+                   fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+}
+
+PictureButton::PictureButton(const QString& name, QWidget* parent) : QAbstractButton(parent) {
+  setObjectName(name);
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::PointingHandCursor);
+  hide();
+}
+
+void PictureButton::SetPicture(const QImage& picture, QSize size) {
+  picture_ = picture;
+  setVisible(!picture_.isNull());
+  setFixedSize(picture_.isNull() ? QSize(0, 0) : size + QSize(2 * kFocusRing, 2 * kFocusRing));
+  update();
+}
+
+void PictureButton::paintEvent(QPaintEvent* event) {
+  Q_UNUSED(event)
+  QPainter painter(this);
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+  painter.drawImage(QRectF(rect()).adjusted(kFocusRing, kFocusRing, -kFocusRing, -kFocusRing), picture_);
+  if (!hasFocus() && !underMouse()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), kFocusRing));
+  painter.drawRect(QRectF(rect()).adjusted(1, 1, -1, -1));
+}
+
+void PictureButton::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    click();
+    return;
+  }
+  QAbstractButton::keyPressEvent(event);
+}
+
+void PictureButton::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  Q_EMIT MenuWanted(byKeyboard ? mapToGlobal(rect().center()) : event->globalPos(), byKeyboard);
+  event->accept();
+}
+
+QIcon KeySign(const QPalette& palette, double pixelRatio) {
+  QIcon icon;
+  for (const QIcon::Mode mode : {QIcon::Normal, QIcon::Disabled}) {
+    const auto group = mode == QIcon::Normal ? QPalette::Active : QPalette::Disabled;
+    QPixmap sign((QSizeF(kSignSide, kSignSide) * pixelRatio).toSize());
+    sign.setDevicePixelRatio(pixelRatio);
+    sign.fill(Qt::transparent);
+    QPainter painter(&sign);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette.color(group, QPalette::ButtonText), 1.6, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter.drawEllipse(QPointF(5, 8), 3, 3);
+    painter.drawPolyline(QPolygonF({{8, 8}, {14, 8}, {14, 11}}));
+    painter.drawLine(QPointF(11, 8), QPointF(11, 10.5));
+    painter.end();
+    icon.addPixmap(sign, mode);
+  }
+  return icon;
+}

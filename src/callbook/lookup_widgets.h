@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the lookup window is made of besides the usual: a line of text that is cut where it does not fit, the login
+// state that can be clicked, and the operator's picture as a button. Form12 makes them.
+#pragma once
+
+#include <QAbstractButton>
+#include <QImage>
+#include <QLabel>
+#include <QSizeF>
+#include <QToolButton>
+
+// One line; a text that is too long ends in dots, and stands whole in the tip and for screen readers.
+class FieldLabel : public QLabel {
+  Q_OBJECT
+
+ public:
+  FieldLabel(const QString& name, QWidget* parent);
+
+  // role: what the field is, for screen readers.
+  void SetField(const QString& text, const QString& role);
+  QString FullText() const { return full_; }
+  QSize minimumSizeHint() const override;
+  QSize sizeHint() const override;
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void Elide();
+
+  QString full_;
+};
+
+// Plain text, or a link where there is something to be done about it.
+class StatusLink : public QToolButton {
+  Q_OBJECT
+
+ public:
+  StatusLink(const QString& name, QWidget* parent);
+
+  // action: what a click does; empty: nothing.
+  void SetStatus(const QString& text, const QString& action);
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  bool isLink_ = false;
+};
+
+// A picture of the size that it is told; pressed by click or key, its menu opened by the right button or the menu key.
+class PictureButton : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  PictureButton(const QString& name, QWidget* parent);
+
+  // A null picture hides the button.
+  void SetPicture(const QImage& picture, QSize size);
+
+ Q_SIGNALS:
+  void MenuWanted(const QPoint& globalPoint, bool byKeyboard);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  QImage picture_;
+};
+
+// A key, drawn in the colour of the text.
+QIcon KeySign(const QPalette& palette, double pixelRatio);

@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Form12 tells who a callsign is. The main window, the maps and the lists open it beside the call that was clicked; one
+// window serves them all, one call after the other. LookupSession decides, this shows.
+#pragma once
+
+#include <QComboBox>
+#include <QPushButton>
+#include <QToolButton>
+#include <QWidget>
+#include <functional>
+
+#include "callbook/lookup_menus.h"
+#include "callbook/lookup_session.h"
+#include "callbook/lookup_widgets.h"
+#include "callbook/operator_picture_window.h"
+#include "ui/bar_label.h"
+#include "ui/browser_windows.h"
+#include "ui/dialogs.h"
+#include "ui/menu_window.h"
+
+class Form12 : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Parts {
+    Program& program;
+    UrlNetwork& network;
+    PictureTool& tool;
+    Background& background;
+    const Hosts& hosts;
+    CookieStore& cookies;
+    // Of the web library: its windows, asked for when a page is to be opened, and the end of a sign-in.
+    std::function<BrowserWindows*()> browser;
+    std::function<void(const QUrl&)> forget;
+    Dialogs& dialogs;
+  };
+
+  // owner: the main window, above which this one stays.
+  Form12(const Parts& parts, QWidget* owner);
+
+  // Looks a call up, as its caller spells it, and shows the window beside what was clicked (pixels of the screen).
+  void Open(const QString& lookupCall, const QRect& besideGlobal);
+  // Places the window below what was clicked, or above it, whole on its monitor. The second form takes the control of
+  // that name on the calling window.
+  void PositionMe(const QRect& besideGlobal);
+  void PositionMe(const QWidget* caller, const QString& controlName);
+  // What callers do with the pointer when the call came by menu or key.
+  void CentrePointer();
+
+  // Handlers of menus 11 and 12, by the index of their entries.
+  void MnuMapsClick(int index);
+  void MnuPicClick(int index);
+
+ Q_SIGNALS:
+  // The location picker is wanted; TargetLat and TargetLon are those of the call.
+  void MapWanted(const QString& call);
+  // PageViewUrl holds what to open.
+  void PageViewWanted();
+  // The database has a new or changed record of the call.
+  void Stored(const QString& call);
+  // The map windows and Form15 are to be set on top again.
+  void Closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void MakeLayout();
+  void ConnectParts();
+  void ShowTexts();
+  void ShowView();
+  void ShowSignIn();
+  void OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at, bool byKeyboard);
+  void OpenMapsMenu();
+  void OpenPictureMenu(const QPoint& at, bool byKeyboard);
+  void OpenPicture();
+  void Chosen(int number, int index);
+  void StatusClicked();
+  void SignInOrOut();
+  void SignIn();
+  void SignOut();
+  void BrowserClosed(const QString& title);
+  void WithWholePicture(const std::function<void(const QImage&)>& then);
+  void CopyPicture();
+  void SavePicture();
+
+  Parts parts_;
+  LookupSession session_;
+  FieldLabel* lblCall;
+  FieldLabel* lblName;
+  FieldLabel* lblAdd1;
+  FieldLabel* lblAdd2;
+  FieldLabel* lblCtry;
+  FieldLabel* lblDxAz;
+  StatusLink* lblStatus;
+  PictureButton* Image1;
+  QComboBox* cboDB;
+  QToolButton* cmdSignIn;
+  QPushButton* cmdUpdate;
+  BarLabel* lblMaps;
+  frmMenu menu_;  // with tmrMenus
+  Form13 picture_;
+  QString signInTitle_;  // of the browser window that is open for it
+};

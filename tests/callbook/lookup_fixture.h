@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A program on a temporary folder whose lookups go to the simulated callbook services and their picture store.
+#pragma once
+
+#include <QBuffer>
+#include <QDir>
+#include <QFile>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "callbook/lookup_session.h"
+#include "callbook_host.h"
+#include "station_band.h"
+
+struct LookupFixture {
+  QTemporaryDir folder;
+  StationBand band;
+  Hosts hosts;
+  Program program;
+  Background background;
+  PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
+  CookieStore cookies{folder.path()};
+  UrlNetwork network{{.stall = std::chrono::milliseconds(400), .deadline = std::chrono::seconds(20)}};
+
+  LookupFixture() {
+    hosts.eHam = band.HostUrl(QStringLiteral("eHam"));
+    hosts.QRZ = band.HostUrl(QStringLiteral("QRZ"));
+    hosts.QRZCQ = band.HostUrl(QStringLiteral("QRZCQ"));
+    hosts.Callook = band.HostUrl(QStringLiteral("Callook"));
+    hosts.HamCall = band.HostUrl(QStringLiteral("HamCall"));
+    hosts.Pictures = band.HostUrl(QStringLiteral("Pictures"));
+    hosts.Maps = QStringLiteral("https://maps.example");
+    network.SetCookies(cookies);
+    program.AppDataDir = folder.path();
+    program.SaveDir = folder.path();
+    program.ZeroGlyph = QChar(u'0');
+    program.config.LanguageName = QStringLiteral("English");
+    program.config.MyLat = 40;
+    program.config.MyLon = -75;
+    program.lstBadCalls = QStringList{QStringLiteral("N0CALL")};
+    Choose(1);
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
+  }
+
+  LookupSession::Parts Parts() { return {program, network, tool, background, hosts, cookies}; }
+
+  void Choose(int service) {
+    program.config.CallbookIndex = service;
+    program.config.CallbookName = FindCallbookService(service)->name;
+  }
+  Host& Service() const { return *band.FindHost(FindCallbookService(program.config.CallbookIndex)->name); }
+
+  // What the browser window does: posts the service's form, and keeps the cookie that it gets.
+  void SignIn() {
+    QNetworkAccessManager browser;
+    QNetworkRequest request(LoginUrl(*FindCallbookService(program.config.CallbookIndex), hosts));
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/x-www-form-urlencoded"));
+    QNetworkReply* reply = browser.post(request, QByteArray("user=me&password=") + kCallbookPassword);
+    QTRY_VERIFY(reply->isFinished());
+    for (const QNetworkCookie& cookie :
+         reply->header(QNetworkRequest::SetCookieHeader).value<QList<QNetworkCookie>>()) {
+      cookies.Add(cookie, request.url().host());
+    }
+  }
+
+  void File(const QString& call, const QString& name, const QString& lat, const QString& lon) const {
+    CallDatabase database(folder.path());
+    database.FindRecord(call);
+    database.ClearRecord();
+    database.DbCurrent.Call = call;
+    database.DbCurrent.Name = name;
+    database.DbCurrent.Add1 = QStringLiteral("1 Mill Lane");
+    database.DbCurrent.Ctry = QStringLiteral("Nowhere");
+    database.DbCurrent.Lat = lat;
+    database.DbCurrent.Lon = lon;
+    QVERIFY(database.AddRecord() && database.SortDatabase());
+  }
+  // Name, latitude, longitude and class of a record; empty where there is none.
+  QString Filed(const QString& call) const {
+    CallDatabase database(folder.path());
+    if (database.FindRecord(call) == 0) return {};
+    const DbRec& record = database.DbCurrent;
+    return QStringList{record.Name.Text(), record.Lat.Text(), record.Lon.Text(), record.Class.Text()}.join(u'*');
+  }
+  int Records() const { return CallDatabase(folder.path()).RecordCount(); }
+
+  QString PicturePath(const QString& call) const { return OperatorPicturePath(folder.path(), call); }
+  void WritePicture(const QString& call, const QByteArray& bytes) const {
+    QDir(folder.path()).mkpath(QStringLiteral("images/qrzImages"));
+    QFile file(PicturePath(call));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+  }
+  QByteArray Picture(const QString& call) const {
+    QFile file(PicturePath(call));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  int PictureRequests() const { return band.FindHost(QStringLiteral("Pictures"))->TotalRequests(); }
+};
+
+// A picture of plain colour as a JPEG.
+inline QByteArray PlainJpeg(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(QColor(40, 90, 160));
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "JPG");
+  return bytes;
+}

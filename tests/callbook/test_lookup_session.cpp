@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the lookup window shows and keeps, against the simulated services: over the network, with real pictures.
+#include <QTest>
+
+#include "lookup_fixture.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kQrz = 2;
+constexpr int kQrzcq = 3;
+constexpr int kCallook = 4;
+constexpr int kHamCall = 5;
+
+struct SessionFixture : LookupFixture {
+  LookupSession session{Parts()};
+  const LookupView& view = session.View();
+
+  void Look(const QString& call) {
+    program.LookupCall = call;
+    session.StartLookup();
+  }
+  // Reads a call to the end, its record included.
+  void LookToTheEnd(const QString& call) {
+    Look(call);
+    QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
+    Settle();
+  }
+  // What was handed to the other thread by now is done.
+  void Settle() {
+    bool done = false;
+    background.Run<bool>(
+        &session, [] { return true; }, [&done](bool) { done = true; });
+    QTRY_VERIFY(done);
+  }
+  QString Text(TextLine line) const { return program.language[line]; }
+};
+
+}  // namespace
+
+class TestLookupSession : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void AsksEachService_data() {
+    QTest::addColumn<int>("service");
+    QTest::addColumn<bool>("signedIn");
+    QTest::addColumn<bool>("hasData");
+    QTest::addColumn<TextLine>("status");
+    for (int service = 1; service <= kCallbookServices; ++service) {
+      const CallbookService* row = FindCallbookService(service);
+      const TextLine stranger = service == kQrzcq     ? TextLine::kQrzcqStatus
+                                : service == kCallook ? TextLine::kCallookStatus
+                                                      : TextLine::kNotLoggedIn;
+      const bool open = service == kQrzcq || service == kCallook;
+      QTest::addRow("%s without login", row->name.latin1()) << service << false << open << stranger;
+      if (service == kCallook) continue;
+      QTest::addRow("%s signed in", row->name.latin1()) << service << true << true << TextLine::kLoggedIn;
+    }
+  }
+
+  void AsksEachService() {
+    QFETCH(const int, service);
+    QFETCH(const bool, signedIn);
+    QFETCH(const bool, hasData);
+    QFETCH(const TextLine, status);
+    SessionFixture f;
+    f.Choose(service);
+    f.program.nicknames.lstNicknames = QStringList{u"K1QPE*Marty"_s};
+    if (signedIn) f.SignIn();
+    f.Look(u"k1qpe/P"_s);
+    QCOMPARE(f.view.title, u"Callsign k1qpe/P"_s);
+    QCOMPARE(f.view.call, u"Reading %1. . ."_s.arg(f.program.config.CallbookName));
+    QVERIFY(f.view.busy);
+    QTRY_VERIFY_WITH_TIMEOUT(!f.view.busy, 10'000);
+    f.Settle();
+    QCOMPARE(f.view.status, f.Text(status));
+    QCOMPARE(f.program.LookupStatus, f.Text(status));
+    if (!hasData) {
+      QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.ctry + f.view.dxAz, QString());
+      QCOMPARE(f.Records(), 0);
+      QCOMPARE(f.PictureRequests(), 0);
+      return;
+    }
+    QCOMPARE(f.view.call, u"K1QPE  (From %1)"_s.arg(f.program.config.CallbookName));
+    QCOMPARE(f.view.name, u"Marty  (Martha)"_s);
+    QCOMPARE(f.view.add1, u"88 Maple Street"_s);
+    QVERIFY2(f.view.add2.startsWith(u"East Harrow"_s), qPrintable(f.view.add2));
+    QVERIFY2(f.view.ctry == u"United States"_s || f.view.ctry == u"U.S.A."_s, qPrintable(f.view.ctry));
+    QCOMPARE(f.view.dxAz, u"604 km 39° "_s);
+    QVERIFY2(f.Filed(u"K1QPE"_s).startsWith(u"Martha*44.1*-70.2*Extra"_s), qPrintable(f.Filed(u"K1QPE"_s)));
+    QTRY_VERIFY(!f.view.picture.isNull());
+    QVERIFY(!f.Picture(u"K1QPE"_s).isEmpty());
+  }
+
+  void AnswersFromTheDatabase_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("lat");
+    QTest::addColumn<QString>("lon");
+    QTest::addColumn<double>("myLat");
+    QTest::addColumn<QString>("dxAz");  // empty: the service is asked
+    QTest::newRow("known") << u"Robin"_s << u"51,5"_s << u"0.1"_s << 40.0 << u"5,711 km 50° "_s;
+    QTest::newRow("own place unknown") << u"Robin"_s << u"51.5"_s << u"0.1"_s << 0.0
+                                       << u"Set your own location first (Setup)"_s;
+    QTest::newRow("no longitude") << u"Robin"_s << u"51.5"_s << u"0"_s << 40.0 << u"Location unknown"_s;
+    QTest::newRow("no latitude") << u"Robin"_s << u"0"_s << u"0.1"_s << 40.0 << QString();
+    QTest::newRow("no name") << QString() << u"51.5"_s << u"0.1"_s << 40.0 << QString();
+  }
+
+  void AnswersFromTheDatabase() {
+    QFETCH(const QString, name);
+    QFETCH(const QString, dxAz);
+    QFETCH(const QString, lat);
+    QFETCH(const QString, lon);
+    QFETCH(const double, myLat);
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.program.config.MyLat = myLat;
+    f.File(u"K1QPE"_s, name, lat, lon);
+    QSignalSpy front(&f.session, &LookupSession::FrontWanted);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(front.isEmpty(), dxAz.isEmpty());
+    QCOMPARE(f.Service().TotalRequests(), dxAz.isEmpty() ? 1 : 0);
+    QCOMPARE(f.Records(), 1);
+    if (dxAz.isEmpty()) {
+      QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 1), u"Martha*44.1"_s);
+      return;
+    }
+    QCOMPARE(f.view.call, u"K1QPE  (from the local database)"_s);
+    QCOMPARE(f.view.name, u"Robin"_s);
+    QCOMPARE(f.view.add1 + u'/' + f.view.add2 + u'/' + f.view.ctry, u"1 Mill Lane//Nowhere"_s);
+    QCOMPARE(f.view.dxAz, dxAz);
+    QTRY_VERIFY(!f.view.picture.isNull());
+  }
+
+  void TakesTheSitesPlace() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.LookToTheEnd(u"W1QXM"_s);
+    QCOMPARE(f.view.dxAz, u"No coordinates on Callook"_s);
+    QCOMPARE(f.Filed(u"W1QXM"_s), u"Nobody Knowsplace*0*0*Novice"_s);
+    SiteRec site;
+    site.Call = u"W1QXM"_s;
+    site.Lat = 43.5;
+    site.Lon = -72.25;
+    f.program.sites.Sites.append(site);
+    f.program.sites.SitePosMask.append(QString(20, u'0'));
+    f.program.sites.SortSites();
+    f.LookToTheEnd(u"W1QXM"_s);
+    QVERIFY2(f.view.dxAz.contains(u" km "_s), qPrintable(f.view.dxAz));
+    QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 1, 2), u"43.5*-72.25"_s);
+  }
+
+  void SaysWhatItDidNotFind() {
+    SessionFixture f;
+    QSignalSpy beeps(&f.session, &LookupSession::Beep);
+    for (int service = 1; service <= kCallbookServices; ++service) {
+      f.Choose(service);
+      if (service != kCallook) f.SignIn();
+      f.LookToTheEnd(u"QQ7QQQ"_s);
+      QCOMPARE(f.view.call, u"Not found: QQ7QQQ"_s);
+      QCOMPARE(f.view.name, QString());
+    }
+    QCOMPARE(beeps.count(), 0);
+
+    // QRZ shows this one to others only.
+    f.Choose(kQrz);
+    f.LookToTheEnd(u"G3QXR"_s);
+    QCOMPARE(beeps.count(), 1);
+    QCOMPARE(f.view.name, QString());
+    QVERIFY(f.view.call.startsWith(u"G3QXR"_s));
+    QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+
+    f.Service().Misbehave({}, Behaviour::Stall);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.view.call, u"Not found: K1QPE"_s);
+    f.Service().Misbehave({}, Behaviour::RedirectLoop);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.view.call, u"Not found: K1QPE"_s);
+    QCOMPARE(f.Records(), 0);
+  }
+
+  // A page read before leaves its place behind; a name cut from there belongs to nobody.
+  void KeepsNoNameOfAnUnknownCall() {
+    SessionFixture f;
+    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
+    f.hosts.HamCall = host.Base();
+    f.Choose(kHamCall);
+    QByteArray page = CallPage(Callbook::HamCall, u"K1QPE"_s, FindOperator(u"K1QPE"_s), true);
+    host.SetPage(u"call"_s, [&page]() { return page; });
+    f.LookToTheEnd(u"K1QPE"_s);
+    const QString filed = f.Filed(u"K1QPE"_s);
+    QVERIFY(filed.startsWith(u"Martha*"_s));
+    page = "<html><body>Log Out. No such station, and nothing but words on this page, enough of them.</body></html>";
+    f.session.Update();
+    QTRY_VERIFY(!f.view.busy);
+    f.Settle();
+    QCOMPARE(f.view.call, u"Not found: K1QPE"_s);
+    QCOMPARE(f.view.name, QString());
+    QCOMPARE(f.Filed(u"K1QPE"_s), filed);
+  }
+
+  void KeepsOutBadCalls_data() {
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("shown");
+    const QString progress = u"Reading Callook. . ."_s;
+    QTest::newRow("nothing") << QString() << progress;
+    QTest::newRow("blanks") << u"   "_s << progress;
+    QTest::newRow("a separator first") << u"/ZZ9QX"_s << progress;
+    QTest::newRow("a zero alone") << u"Ø"_s << u"Not found: 0"_s;
+    QTest::newRow("a prefix first") << u"VE3/ZZ9QX"_s << u"Not found: VE3"_s;
+    QTest::newRow("a folder above") << u"../../K1QPE"_s << progress;
+    QTest::newRow("200 characters") << QString(200, u'A') << u"Not found: "_s + QString(200, u'A');
+    QTest::newRow("200 digits") << QString(200, u'7') << u"Not found: "_s + QString(200, u'7');
+    QTest::newRow("a query") << u"K1Q?x=1#y"_s << u"Not found: K1Q"_s;
+    QTest::newRow("an accent") << u"É1QPEX"_s << u"Not found: É1QPEX"_s;
+  }
+
+  void KeepsOutBadCalls() {
+    QFETCH(const QString, call);
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.LookToTheEnd(call);
+    QTEST(f.view.call, "shown");
+    QCOMPARE(f.Records(), 0);
+    QCOMPARE(QDir(f.folder.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).filter(u"images"_s),
+             QStringList());
+    QCOMPARE(f.PictureRequests(), 0);
+    f.session.ChooseService(kCallook - 1);
+    f.session.Update();
+    QTRY_VERIFY(!f.view.busy);
+    QVERIFY(f.Service().Log().filter(u".."_s).isEmpty());
+
+    // Whatever a caller hands in, the file lies in its folder and has a name of letters and digits.
+    const QString path = OperatorPicturePath(u"/data"_s, call);
+    QVERIFY2(path.isEmpty() || QFileInfo(path).path() == u"/data/images/qrzImages"_s, qPrintable(path));
+    QVERIFY(QFileInfo(path).completeBaseName().size() <= 20);
+  }
+
+  void KeepsPicturesWhole() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    const QByteArray old = PlainJpeg(QSize(300, 200));
+    // The store has a file of that name which is no picture, and for the other call nothing but an error page.
+    for (const QString& call : {u"N8QXG"_s, u"N7QWM"_s}) {
+      f.WritePicture(call, old);
+      f.LookToTheEnd(call);
+      QVERIFY(!f.view.name.isEmpty());
+      QTRY_VERIFY(!f.view.picture.isNull());
+      QCOMPARE(f.Picture(call), old);
+      QCOMPARE(f.view.pictureUnits, QSizeF(57, 38));
+    }
+    f.WritePicture(u"K1QPE"_s, old);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QTRY_VERIFY(f.Picture(u"K1QPE"_s) != old && !f.view.picture.isNull());
+    QVERIFY(f.Picture(u"K1QPE"_s).startsWith("\xFF\xD8"));
+  }
+
+  void ReadsEmptyPicturesAgain() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
+    f.WritePicture(u"K1QPE"_s, QByteArray());
+    f.Look(u"K1QPE"_s);
+    QTRY_VERIFY(!f.view.picture.isNull());
+    QCOMPARE(f.PictureRequests(), 1);
+    QVERIFY(!f.Picture(u"K1QPE"_s).isEmpty());
+    f.Look(u"K1QPE"_s);
+    QVERIFY(f.view.picture.isNull());
+    QTRY_VERIFY(!f.view.picture.isNull());
+    QCOMPARE(f.PictureRequests(), 1);
+    QCOMPARE(f.Service().TotalRequests(), 0);
+  }
+
+  void SizesPictures() {
+    const QList<std::pair<QSize, QSizeF>> sizes{{{570, 100}, {57, 10}},   {{30, 20}, {57, 38}},
+                                                {{400, 280}, {57, 39.9}}, {{400, 300}, {52, 39}},
+                                                {{100, 390}, {10, 39}},   {{0, 10}, {-1, -1}}};
+    for (const auto& [pixels, units] : sizes) {
+      const QSizeF size = PictureUnits(pixels);
+      QVERIFY(std::abs(size.width() - units.width()) < 1e-9 && std::abs(size.height() - units.height()) < 1e-9);
+    }
+  }
+
+  void DropsFormerCalls() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.Service().SetLatency(std::chrono::milliseconds(150));
+    f.Look(u"K1QPE"_s);
+    QTRY_COMPARE(f.Service().TotalRequests(), 1);
+    f.Service().SetLatency(std::chrono::milliseconds(0));
+    f.LookToTheEnd(u"W5QUJ"_s);
+    QCOMPARE(f.view.name, u"Buck R."_s);
+    f.Service().SetLatency(std::chrono::milliseconds(150));
+    QSignalSpy stored(&f.session, &LookupSession::Stored);
+    f.Look(u"K6QVL"_s);
+    f.session.EndLookup();
+    QVERIFY(!f.view.busy);
+    // By the time that a third has been through, the other two would have come.
+    f.LookToTheEnd(u"N0QZP"_s);
+    QTRY_COMPARE(stored.count(), 1);
+    QCOMPARE(stored.first().first().toString(), u"N0QZP"_s);
+    QVERIFY(f.view.call.startsWith(u"N0QZP"_s));
+    QCOMPARE(f.Filed(u"K1QPE"_s) + f.Filed(u"K6QVL"_s), QString());
+  }
+
+  void ChangesTheService() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QTRY_VERIFY(!f.view.picture.isNull());
+    f.session.ChooseService(2);
+    QCOMPARE(f.program.config.CallbookIndex, kQrzcq);
+    QCOMPARE(f.program.config.CallbookName, u"QRZCQ.com"_s);
+    QCOMPARE(f.view.updateCaption, u"Update from QRZCQ.com"_s);
+    QVERIFY(f.view.status.isEmpty() && f.view.picture.isNull() && f.view.busy);
+    QTRY_COMPARE(f.view.call, u"K1QPE  (From QRZCQ.com)"_s);
+    for (const int outside : {-1, 5}) f.session.ChooseService(outside);
+    QCOMPARE(f.program.config.CallbookIndex, kQrzcq);
+    QVERIFY(!f.view.busy);
+
+    f.session.Update();
+    QCOMPARE(f.view.call, u"Reading QRZCQ.com. . ."_s);
+    QCOMPARE(f.view.name + f.view.add1 + f.view.add2 + f.view.ctry + f.view.dxAz, QString());
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
+    f.Settle();
+    QCOMPARE(f.Records(), 1);
+  }
+
+  void SignsInAndOut() {
+    SessionFixture f;
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    f.session.AwaitSignIn();
+    f.SignIn();
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    const int asked = f.Service().TotalRequests();
+    // The window that is closed now has been heard of already.
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+
+    // Another window of the program has a record to show: what is known of the login goes on.
+    f.Look(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
+    QCOMPARE(f.view.name, QString());
+    QVERIFY(f.cookies.All().isEmpty());
+    QCOMPARE(f.Service().TotalRequests(), asked + 1);
+
+    // A user who gives up closes the window: the call is read once.
+    f.session.AwaitSignIn();
+    f.session.SignInClosed();
+    QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
+    QTRY_VERIFY(!f.view.busy);
+
+    f.session.ChooseService(kCallook - 1);
+    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
+    for (const QString& language :
+         {u"Dutch"_s, u"French"_s, u"German"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s, u"Spanish"_s, u"Klingon"_s}) {
+      QCOMPARE(SignInText(language, u"QRZ"_s).count(u"QRZ"_s), 1);
+      QCOMPARE(SignInText(language, {}) == SignInText(u"English"_s, {}), language == u"Klingon"_s);
+      QVERIFY(SignOutText(language, u"QRZ"_s) != SignInText(language, u"QRZ"_s));
+    }
+  }
+};
+
+OMNI_TEST(TestLookupSession)
+#include "test_lookup_session.moc"

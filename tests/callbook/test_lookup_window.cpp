@@ -1,0 +1,239 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The lookup window as a user meets it: by mouse and keyboard, with its menus, the picture and the sign-in.
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QScreen>
+#include <QTest>
+
+#include "callbook/lookup_window.h"
+#include "lookup_fixture.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class RecordingBrowser : public BrowserWindows {
+ public:
+  QStringList done;
+  void OpenPage(const QString& title, const QUrl& url) override { done += title + u' ' + url.path(); }
+  void Forget(const QUrl& url) override { done += u"forget "_s + url.host(); }
+  void CloseAll() override {}
+};
+
+struct ScriptedAnswers : Dialogs {
+  QStringList told;
+  QString savePath;
+  void Inform(QWidget*, const QString& text, bool) override { told += text; }
+  QString AskSaveFile(QWidget*, const QString& folder, const QString& name, const QString&) override {
+    told += folder + u'/' + name;
+    return savePath;
+  }
+};
+
+struct FormFixture : LookupFixture {
+  QWidget owner;
+  RecordingBrowser windows;
+  bool hasBrowser = true;
+  ScriptedAnswers dialogs;
+  Form12 form{{program, network, tool, background, hosts, cookies,
+               [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; },
+               [this](const QUrl& url) { windows.Forget(url); }, dialogs},
+              &owner};
+
+  FormFixture() { Choose(4); }
+  void Open(const QString& call) {
+    form.Open(call, QRect(100, 100, 60, 20));
+    QTRY_VERIFY(form.cursor().shape() != Qt::BusyCursor);
+  }
+  template <typename Widget>
+  Widget* Part(const QString& name) const {
+    return form.findChild<Widget*>(name);
+  }
+  QString Text(const QString& name) const { return Part<FieldLabel>(name)->FullText(); }
+};
+
+QMenu* OpenMenu() {
+  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+QAction* EntryThat(const QMenu* menu, const QString& text) {
+  for (QAction* action : menu->actions()) {
+    if (action->text().contains(text)) return action;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+class TestLookupWindow : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ShowsACall() {
+    FormFixture f;
+    f.program.config.CallbookIndex = 3;
+    f.WritePicture(u"VK9QXL"_s, PlainJpeg(QSize(400, 300)));
+    f.File(u"VK9QXL"_s, u"Name"_s, u"-29.1"_s, u"167.9"_s);
+    f.Open(u"VK9QXL"_s);
+    QCOMPARE(f.form.windowTitle(), u"Callsign VK9QXL"_s);
+    QCOMPARE(f.form.size(), QSize(350, 200));
+    QCOMPARE(f.Text(u"lblCall"_s), u"VK9QXL  (from the local database)"_s);
+    auto* image = f.Part<PictureButton>(u"Image1"_s);
+    QTRY_VERIFY(image->isVisible());
+    QCOMPARE(image->height() - 4, 98);  // 39 units
+    const QColor middle = f.form.grab().toImage().pixelColor(image->geometry().center());
+    QVERIFY2(std::abs(middle.blue() - 160) < 12 && std::abs(middle.red() - 40) < 12, qPrintable(middle.name()));
+
+    QTest::keyClick(&f.form, Qt::Key_F5);
+    QTRY_VERIFY(f.Text(u"lblName"_s).startsWith(u"Bartholomew"_s));
+    auto* name = f.Part<FieldLabel>(u"lblName"_s);
+    QVERIFY(name->text() != name->FullText() && name->text().endsWith(u'…'));
+    QVERIFY(name->accessibleName() == name->FullText() && name->toolTip().contains(u"Maximilian"_s));
+    const QList<QWidget*> parts = f.form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (const QWidget* part : parts) {
+      if (part->isVisible()) QVERIFY2(!part->accessibleName().isEmpty(), qPrintable(part->objectName()));
+    }
+  }
+
+  void WorksByKeyboard() {
+    FormFixture f;
+    QSignalSpy closed(&f.form, &Form12::Closed);
+    f.WritePicture(u"K1QPE"_s, PlainJpeg(QSize(240, 180)));
+    f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
+    f.Open(u"K1QPE"_s);
+    auto* image = f.Part<PictureButton>(u"Image1"_s);
+    QTRY_VERIFY(image->isVisible());
+    QTest::keyClick(image, Qt::Key_Return);
+    auto* whole = f.form.findChild<Form13*>();
+    QTRY_VERIFY(whole->isVisible());
+    QCOMPARE(whole->size(), QSize(260, 200));
+    QVERIFY(whole->windowTitle().contains(u"K1QPE"_s));
+    QTest::keyClick(whole, Qt::Key_Escape);
+    QVERIFY(!whole->isVisible() && f.form.isVisible());
+
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
+    QApplication::sendEvent(image, &byKey);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QTRY_COMPARE(QApplication::clipboard()->image().size(), QSize(240, 180));
+
+    f.dialogs.savePath = f.folder.filePath(u"saved.bmp"_s);
+    f.form.MnuPicClick(3);
+    QTRY_COMPARE(QImage(f.dialogs.savePath, "BMP").size(), QSize(240, 180));
+    QCOMPARE(f.dialogs.told, QStringList{f.folder.filePath(u"K1QPE.bmp"_s)});
+
+    // What is still being read when the window closes is never told.
+    f.Service().SetLatency(std::chrono::milliseconds(100));
+    QTest::keyClick(&f.form, Qt::Key_F5);
+    QTRY_COMPARE(f.Service().TotalRequests(), 1);
+    QTest::keyClick(f.Part<QWidget>(u"cmdUpdate"_s), Qt::Key_Escape);
+    QCOMPARE(closed.count(), 1);
+    QVERIFY(!f.form.isVisible() && f.form.cursor().shape() != Qt::BusyCursor);
+    f.Open(u"W5QUJ"_s);
+    QCOMPARE(f.Text(u"lblName"_s), u"Buck R."_s);
+    QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 0), u"Robin"_s);
+  }
+
+  void OpensMaps() {
+    FormFixture f;
+    QSignalSpy maps(&f.form, &Form12::MapWanted);
+    QSignalSpy views(&f.form, &Form12::PageViewWanted);
+    f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"-0.1"_s);
+    f.Open(u"K1QPE"_s);
+    QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QVERIFY(!OpenMenu()->actions().at(1)->isEnabled());
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QTRY_COMPARE(maps.count(), 1);
+    QCOMPARE(maps.first().first().toString(), u"K1QPE"_s);
+    QCOMPARE(QPointF(f.program.TargetLat, f.program.TargetLon), QPointF(51.5, -0.1));
+    f.form.MnuMapsClick(1);
+    QCOMPARE(views.count(), 1);
+    QVERIFY(f.program.PageViewUrl.startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
+    QVERIFY(f.program.PageViewUrl.endsWith(u"*K1QPE"_s) && !f.form.isVisible());
+
+    f.Open(u"W1QXM"_s);
+    for (const int index : {0, 1, 2}) f.form.MnuMapsClick(index);
+    QCOMPARE(maps.count() + views.count(), 2);
+    QVERIFY(f.form.isVisible());
+  }
+
+  void SignsInAndOut() {
+    FormFixture f;
+    f.Choose(1);
+    f.Open(u"K1QPE"_s);
+    auto* status = f.Part<StatusLink>(u"lblStatus"_s);
+    QCOMPARE(status->text(), u"Not logged in"_s);
+    QCOMPARE(status->accessibleDescription(), u"Sign in to eHam"_s);
+    f.hasBrowser = false;
+    QTest::keyClick(status, Qt::Key_Space);
+    QCOMPARE(f.dialogs.told.size(), 1);
+    f.hasBrowser = true;
+    QTest::mouseClick(status, Qt::LeftButton);
+    QCOMPARE(f.windows.done, QStringList{u"eHam /login"_s});
+    f.SignIn();
+    QTRY_COMPARE(f.Text(u"lblName"_s), u"Martha"_s);
+    QCOMPARE(status->text(), u"Logged in"_s);
+
+    QTest::keyClick(status, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QCOMPARE(OpenMenu()->actions().first()->text(), u"Sign out of eHam"_s);
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QTRY_COMPARE(status->text(), u"Not logged in"_s);
+    QVERIFY(f.windows.done.last().startsWith(u"forget "_s) && f.Text(u"lblName"_s).isEmpty());
+
+    // The key beside the chooser does the same; a window that is closed without a sign-in reads the page once more.
+    auto* key = f.Part<QToolButton>(u"cmdSignIn"_s);
+    QTest::mouseClick(key, Qt::LeftButton);
+    const int asked = f.Service().TotalRequests();
+    Q_EMIT f.windows.Closed(u"another page"_s);
+    Q_EMIT f.windows.Closed(u"eHam"_s);
+    Q_EMIT f.windows.Closed(u"eHam"_s);
+    QTRY_COMPARE(f.Service().TotalRequests(), asked + 1);
+
+    auto* chooser = f.Part<QComboBox>(u"cboDB"_s);
+    chooser->setFocus();
+    for (int i = 0; i < 3; ++i) QTest::keyClick(chooser, Qt::Key_Down);
+    QCOMPARE(f.program.config.CallbookName, u"Callook.info"_s);
+    QTRY_COMPARE(f.Text(u"lblCall"_s), u"K1QPE  (From Callook.info)"_s);
+    QVERIFY(!key->isEnabled() && !status->isEnabled());
+    QCOMPARE(f.Part<QPushButton>(u"cmdUpdate"_s)->text(), u"Update from Callook.info"_s);
+  }
+
+  void StandsBesideTheCall_data() {
+    QTest::addColumn<QRect>("control");  // parts of the monitor, in percent, with a size in pixels
+    QTest::addColumn<bool>("below");
+    QTest::newRow("in the middle") << QRect(40, 30, 60, 20) << true;
+    QTest::newRow("in the corner") << QRect(99, 98, 60, 20) << false;
+    QTest::newRow("at the left end") << QRect(-5, 10, 60, 20) << true;
+  }
+
+  void StandsBesideTheCall() {
+    QFETCH(const QRect, control);
+    QFETCH(const bool, below);
+    FormFixture f;
+    const QRect monitor = f.form.screen()->availableGeometry();
+    const QPoint corner(monitor.width() * control.x() / 100, monitor.height() * control.y() / 100);
+    const QRect beside(monitor.topLeft() + corner, control.size());
+    f.form.Open(u"K1QPE"_s, beside);
+    const QRect place = f.form.frameGeometry();
+    QVERIFY2(monitor.contains(place), qPrintable(QDebug::toString(place) + QDebug::toString(monitor)));
+    QCOMPARE(place.top() > beside.bottom(), below);
+    QCOMPARE(place.bottom() < beside.top(), !below);
+
+    QWidget control2(&f.owner);
+    control2.setObjectName(u"lblCallFrom"_s);
+    f.owner.setGeometry(200, 150, 300, 200);
+    control2.setGeometry(20, 30, 50, 16);
+    f.form.PositionMe(&f.owner, u"lblCallFrom"_s);
+    QCOMPARE(f.form.pos().x(), 220);
+    QVERIFY(f.form.pos().y() > 195 && f.form.pos().y() < 240);
+    QTRY_VERIFY(f.form.cursor().shape() != Qt::BusyCursor);
+  }
+};
+
+OMNI_TEST(TestLookupWindow)
+#include "test_lookup_window.moc"
