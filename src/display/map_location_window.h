@@ -55,7 +55,7 @@ class frmMapLoc : public QWidget {
   QWidget* owner_;
   MapTarget target_;
   int reads_ = 0;  // of pictures asked for; only the last one's answer counts
-  QSize frameAllowance_;
+  QSize frameAllowance_ = QSize(0, 0);
   std::optional<QPointF> keep_;
 
   MapView* picOuter_;

@@ -101,8 +101,8 @@ class LocationMapTest : public QObject {
     QCOMPARE(Labels(map), (QStringList{u"lblCall(0)=ZZ1AA\r\n  Dx 551 km  Az 153° "_s, u"lblMe= Me "_s}));
     QCOMPARE(map.info, u"ZZ1AA  Dx 551 km  Az 153°"_s);
     const MapOverlay::Label& call = map.overlay.labels.at(0);
-    QCOMPARE(call.place, QRectF(target.x() - 80, target.y() - 65, 160, 40));
-    QCOMPARE(call.box, QRectF(QPointF(target.x() - 82, target.y() - 67), QPointF(target.x() + 84, target.y() - 21)));
+    QCOMPARE(call.place, QRectF(target.x() - 84, target.y() - 65, 168, 40));
+    QCOMPARE(call.box, QRectF(QPointF(target.x() - 86, target.y() - 67), QPointF(target.x() + 88, target.y() - 21)));
     QVERIFY(call.clickable);
 
     const QPointF own = map.overlay.circles.last().centre;
