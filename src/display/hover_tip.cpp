@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "callbook/station_place.h"
 #include "platform/paths.h"
 #include "station/callsign.h"
 #include "station/distance.h"
@@ -47,7 +48,7 @@ QString FirstWord(const QString& name) {
 // The database knows best. A site that it does not place is where the list of sites says.
 Operator LookUp(const Program& program, CallDatabase& database, const QString& sender) {
   const QString call = Cut(sender);
-  const TargetLocation target = database.LookupTargetLocation(call);
+  const TargetLocation target = PlaceOf(program, database, call);
   Operator result{target.InDatabase, {}, {}, {}, target.TargetLat, target.TargetLon};
   if (result.inDatabase) {
     result.name = database.DbCurrent.Name.Text();
@@ -60,12 +61,6 @@ Operator LookUp(const Program& program, CallDatabase& database, const QString& s
   }
   const std::optional<QString> nickname = Nickname(program.nicknames.lstNicknames, call);
   result.name = nickname.value_or(FirstWord(result.name));
-  if (IsKnownPosition(result.lat, result.lon)) return result;
-  const int site = program.sites.FindCall(sender);
-  if (site >= 0) {
-    result.lat = program.sites.Sites.at(site).Lat;
-    result.lon = program.sites.Sites.at(site).Lon;
-  }
   return result;
 }
 

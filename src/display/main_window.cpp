@@ -41,6 +41,7 @@ Form1::Form1(const Parts& parts)
       pic_(new MenuStrip(this)),
       picAll_(new PageView(parts.program, logic_.grid, this)),
       menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)),
+      stations_(new StationWindows({program_, logic_, hosts_, dialogs_, database_, *pic_, *picAll_, *menus_}, this)),
       picToolTip_(new TipWindow(this)) {
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
@@ -74,6 +75,7 @@ void Form1::ConnectHover() {
   connect(picAll_, &PageView::HoverLeft, &hover_, &HoverTip::Leave);
   connect(picAll_, &PageView::FocusChanged, &hover_, [this](int slot, bool in) { hover_.Focus(in ? slot : -1); });
   connect(picAll_, &PageView::CellPressed, &hover_, &HoverTip::Close);
+  connect(picAll_, &PageView::SenderPressed, &hover_, &HoverTip::Close);
   connect(menus_, &WindowMenus::AboutToOpen, &hover_, &HoverTip::Close);
   connect(&logic_.poll, &PollCycle::HoverForgotten, &hover_, &HoverTip::Close);
   connect(&hover_, &HoverTip::Show, this, &Form1::ShowTip);
@@ -118,8 +120,7 @@ bool Form1::Load(bool anotherRuns) {
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
   // Their windows are not built yet; each is enabled when its window comes.
-  for (QWidget* part :
-       std::initializer_list<QWidget*>{pic_->lblCam, pic_->cmdGo, pic_->lblOnAirNow, pic_->lblPropagation}) {
+  for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblOnAirNow, pic_->lblPropagation}) {
     part->setEnabled(false);
   }
   ShowPageLabel();
@@ -276,6 +277,7 @@ void Form1::MnuLanguageClick(int index) {
   RefreshCaptions();
   ShowPageLabel();
   picAll_->TakeLanguage();
+  stations_->TakeLanguage();
   logic_.poll.LanguageChange();
 }
 
@@ -333,6 +335,7 @@ void Form1::SecondClosingStep() {
 void Form1::LastClosingStep() {
   message_.reset();
   closing_ = Closing::Done;
+  stations_->CloseAll();
   const QWidgetList windows = QApplication::topLevelWidgets();
   for (QWidget* window : windows) {
     if (window != this) window->close();

@@ -16,6 +16,7 @@
 #include "display/load_sequence.h"
 #include "display/menu_strip.h"
 #include "display/page_view.h"
+#include "display/station_windows.h"
 #include "display/tip_window.h"
 #include "display/window_menus.h"
 #include "platform/clock.h"
@@ -105,6 +106,7 @@ class Form1 : public QWidget {
   MenuStrip* pic_;
   PageView* picAll_;
   WindowMenus* menus_;
+  StationWindows* stations_;
   TipWindow* picToolTip_;
   int tips_ = 0;  // opened so far
   std::unique_ptr<frmShowMsg> message_;
