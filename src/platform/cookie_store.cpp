@@ -62,8 +62,8 @@ QList<QNetworkCookie> CookieStore::CookiesFor(const QUrl& url) const {
   return list_.For(url);
 }
 
-void CookieStore::Add(QNetworkCookie cookie, const QString& host) {
-  Finish(list_.Add(std::move(cookie), host));
+void CookieStore::Add(const QNetworkCookie& cookie, const QString& host) {
+  Finish(list_.Add(cookie, host));
 }
 
 void CookieStore::Remove(const QNetworkCookie& cookie) {

@@ -31,7 +31,7 @@ class CookieStore : public QObject {
   const CookieList& List() const { return list_; }
   // host: where a cookie without a domain came from. A domain that begins with "." is the cookie's domain, another one
   // its only host.
-  void Add(QNetworkCookie cookie, const QString& host);
+  void Add(const QNetworkCookie& cookie, const QString& host);
   void Remove(const QNetworkCookie& cookie);
   // All of a host and of the domains above it that it would get, and all below these: the end of a sign-in.
   void RemoveOf(const QUrl& url);

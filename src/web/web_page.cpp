@@ -18,6 +18,7 @@ WebPage::WebPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(p
   own->setAttribute(QWebEngineSettings::PluginsEnabled, false);
   own->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, false);
   own->setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, false);
+  own->setAttribute(QWebEngineSettings::AutoLoadIconsForPage, false);  // nothing shows them
   own->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
   connect(this, &QWebEnginePage::featurePermissionRequested, this, &WebPage::RefuseFeature);
   connect(this, &QWebEnginePage::certificateError, this, &WebPage::RefuseCertificate);

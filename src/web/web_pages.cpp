@@ -106,6 +106,7 @@ void BrowserPages::CloseSite(const QUrl& url) {
 void BrowserPages::ClearStorage(const QUrl& url) {
   if (!IsWebUrl(url)) return;
   profile_->clearHttpCache();
+  profile_->clearAllVisitedLinks();
   auto* storage = new SiteStorage(url, profile_.get(), this);
   emptying_ += storage;
   connect(storage, &SiteStorage::Finished, this, &BrowserPages::OnEmptied);
@@ -123,6 +124,8 @@ void BrowserPages::SyncCookies() {
 
 void BrowserPages::RefuseDownload(QWebEngineDownloadRequest* request) {
   request->cancel();
+  auto* page = qobject_cast<WebPage*>(request->page());
+  if (page) Q_EMIT page->Told(u"Not saved: "_s + request->suggestedFileName());
 }
 
 extern "C" Q_DECL_EXPORT WebPages* OmniWebMakePages(const QString& profileFolder, WebPort& port) {

@@ -80,6 +80,7 @@ void WebWindow::MakeBar(QBoxLayout* bar) {
   bar->setContentsMargins(2, 2, 2, 2);
   addButton(QWebEnginePage::Back, u"Back"_s, QStyle::SP_ArrowBack, QKeySequence::Back);
   addButton(QWebEnginePage::Reload, u"Reload"_s, QStyle::SP_BrowserReload, QKeySequence::Refresh);
+  lock_->setMargin(4);
   lock_->setAccessibleName(u"Connection"_s);
   bar->addWidget(lock_);
   // To be read before a password is typed: the user types it for whoever stands here.

@@ -47,6 +47,13 @@ QByteArray FileOf(const QTemporaryDir& folder) {
 class CookieStoreTest : public QObject {
   Q_OBJECT
 
+  static void Read(UrlNetwork& network, const QUrl& url) {
+    UrlReader reader(network);
+    const QSignalSpy done(&reader, &UrlReader::Done);
+    reader.Start(u"page"_s, url);
+    QTRY_COMPARE_WITH_TIMEOUT(done.count(), 1, kPatienceMs);
+  }
+
  private Q_SLOTS:
   void GoWhereTheyBelong_data() {
     QTest::addColumn<QString>("url");
@@ -294,14 +301,6 @@ class CookieStoreTest : public QObject {
     list.RemoveOf(u"www.q.x"_s);
     QVERIFY(!list.Renew(url, {Cookie("id=3; domain=q.x")}));
     QVERIFY(list.All().isEmpty());
-  }
-
- private:
-  static void Read(UrlNetwork& network, const QUrl& url) {
-    UrlReader reader(network);
-    const QSignalSpy done(&reader, &UrlReader::Done);
-    reader.Start(u"page"_s, url);
-    QTRY_COMPARE_WITH_TIMEOUT(done.count(), 1, kPatienceMs);
   }
 };
 

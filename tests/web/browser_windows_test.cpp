@@ -49,6 +49,34 @@ int ModeOf(const QString& path) {
 class BrowserWindowsTest : public QObject {
   Q_OBJECT
 
+  void Start() {
+    store_ = std::make_unique<CookieStore>(folder_->path());
+    library_ = std::make_unique<WebLibrary>(QStringLiteral(PROGRAM_DIR), folder_->filePath(u"browser"_s), *store_);
+  }
+  void Restart() {
+    library_.reset();
+    Start();
+  }
+
+  void OpenAndWaitFor(SignInSite& site, const char* path, const char* next) {
+    library_->Windows()->OpenPage(QString::fromLatin1(path), site.Url(QString::fromLatin1(path)));
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked.value(next), 1, kPatienceMs);
+  }
+
+  QByteArray CookiesOfRead(SignInSite& site) {
+    UrlNetwork network;
+    network.SetCookies(*store_);
+    UrlReader reader(network);
+    const QSignalSpy done(&reader, &UrlReader::Done);
+    reader.Start(u"page"_s, site.Url(u"/home"_s));
+    return QTest::qWaitFor([&done]() { return done.count() == 1; }, kPatienceMs) ? site.cookies.value("/home")
+                                                                                 : QByteArray("no answer");
+  }
+
+  std::unique_ptr<QTemporaryDir> folder_;
+  std::unique_ptr<CookieStore> store_;
+  std::unique_ptr<WebLibrary> library_;
+
  private Q_SLOTS:
   void init() {
     folder_ = std::make_unique<QTemporaryDir>();
@@ -182,35 +210,6 @@ class BrowserWindowsTest : public QObject {
     windows->OpenPage(u"A"_s, site.Url(u"/home"_s));
     QCOMPARE(WindowsTitled(u"Omni-Perch  A"_s).size(), 1);
   }
-
- private:
-  void Start() {
-    store_ = std::make_unique<CookieStore>(folder_->path());
-    library_ = std::make_unique<WebLibrary>(QStringLiteral(PROGRAM_DIR), folder_->filePath(u"browser"_s), *store_);
-  }
-  void Restart() {
-    library_.reset();
-    Start();
-  }
-
-  void OpenAndWaitFor(SignInSite& site, const char* path, const char* next) {
-    library_->Windows()->OpenPage(QString::fromLatin1(path), site.Url(QString::fromLatin1(path)));
-    QTRY_COMPARE_WITH_TIMEOUT(site.asked.value(next), 1, kPatienceMs);
-  }
-
-  QByteArray CookiesOfRead(SignInSite& site) {
-    UrlNetwork network;
-    network.SetCookies(*store_);
-    UrlReader reader(network);
-    const QSignalSpy done(&reader, &UrlReader::Done);
-    reader.Start(u"page"_s, site.Url(u"/home"_s));
-    return QTest::qWaitFor([&done]() { return done.count() == 1; }, kPatienceMs) ? site.cookies.value("/home")
-                                                                                 : QByteArray("no answer");
-  }
-
-  std::unique_ptr<QTemporaryDir> folder_;
-  std::unique_ptr<CookieStore> store_;
-  std::unique_ptr<WebLibrary> library_;
 };
 
 OMNI_TEST(BrowserWindowsTest)
