@@ -88,8 +88,9 @@ void LoadSequence::MakeFolders() {
 void LoadSequence::FindMaps() {
   program_.lstMap.clear();
   for (const QString& name : FilesOf(ResolvePath(program_.AppDataDir, u"Maps"_s))) {
+    // Entries keep their extension; a folder from a system that does not tell cases apart may spell them in any.
     const QString map = name.chopped(std::min<qsizetype>(4, name.size()));
-    if (map.endsWith("Map"_L1)) program_.lstMap.append(map);
+    if (map.endsWith("Map"_L1, Qt::CaseInsensitive)) program_.lstMap.append(name);
   }
 }
 
