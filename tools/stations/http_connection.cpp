@@ -41,6 +41,8 @@ QByteArray StatusLine(int status) {
 
 HttpConnection::HttpConnection(QTcpSocket* socket, Host& host) : QObject(&host), socket_(socket), host_(host) {
   socket_->setParent(this);
+  // Head and body go out at once; a caller's delayed acknowledgement would hold the body back by some 40 ms.
+  socket_->setSocketOption(QAbstractSocket::LowDelayOption, 1);
   connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::ReadMore);
   connect(socket_, &QTcpSocket::disconnected, this, &QObject::deleteLater);
   connect(&drip_, &QTimer::timeout, this, &HttpConnection::DripByte);
