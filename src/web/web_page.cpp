@@ -63,6 +63,7 @@ void WebPage::RefuseFeature(const QUrl& origin, QWebEnginePage::Feature feature)
 
 void WebPage::RefuseCertificate(const QWebEngineCertificateError& error) {
   QWebEngineCertificateError(error).rejectCertificate();
+  Q_EMIT Distrusted(error.url().host());
   Q_EMIT Told(u"Refused, its certificate does not hold: "_s + error.url().host() + u": "_s + error.description());
 }
 

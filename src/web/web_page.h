@@ -21,6 +21,8 @@ class WebPage : public QWebEnginePage {
  Q_SIGNALS:
   // Something the page wanted was refused, or it had something to say that no box is opened for; one line of text.
   void Told(const QString& text);
+  // A server of that host could not show who it is.
+  void Distrusted(const QString& host);
 
  protected:
   bool acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) override;

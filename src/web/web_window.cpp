@@ -53,6 +53,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   message_->hide();
 
   connect(page_, &WebPage::Told, this, &WebWindow::Tell);
+  connect(page_, &WebPage::Distrusted, this, &WebWindow::OnDistrusted);
   connect(page_, &QWebEnginePage::urlChanged, this, &WebWindow::ShowAddress);
   connect(page_, &QWebEnginePage::loadStarted, this, &WebWindow::OnLoadStarted);
   connect(page_, &QWebEnginePage::renderProcessTerminated, this, &WebWindow::OnProcessEnded);
@@ -106,7 +107,8 @@ void WebWindow::Load(const QUrl& url) {
 
 void WebWindow::ShowAddress(const QUrl& url) {
   const bool safe = url.scheme() == "https"_L1;
-  lock_->setText(safe ? u"Encrypted"_s : u"Not encrypted"_s);
+  const bool refused = safe && url.host() == distrusted_;
+  lock_->setText(refused ? u"Not trusted"_s : (safe ? u"Encrypted"_s : u"Not encrypted"_s));
   // The password of user:password@host is nobody's to read over a shoulder.
   address_->setText(url.toDisplayString(QUrl::RemoveUserInfo));
   address_->setCursorPosition(0);
@@ -122,7 +124,13 @@ void WebWindow::ShowMenu(const QPoint& at) {
   menu->popup(view_->mapToGlobal(at));
 }
 
+void WebWindow::OnDistrusted(const QString& host) {
+  distrusted_ = host;
+  ShowAddress(page_->requestedUrl());
+}
+
 void WebWindow::OnLoadStarted() {
+  distrusted_.clear();
   message_->hide();
 }
 

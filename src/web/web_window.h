@@ -33,12 +33,14 @@ class WebWindow : public QWidget {
   void MakeBar(QBoxLayout* bar);
   void ShowAddress(const QUrl& url);
   void ShowMenu(const QPoint& at);
+  void OnDistrusted(const QString& host);
   void OnLoadStarted();
   void OnProcessEnded();
   void Tell(const QString& text);
 
   QString title_;
   QUrl asked_;
+  QString distrusted_;  // the last host whose certificate was refused
   QWebEngineView* view_;
   WebPage* page_;
   QLabel* lock_;
