@@ -9,17 +9,16 @@ bool IsSpace(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-QByteArray InCase(std::string_view word, LetterCase letterCase) {
+std::string InCase(std::string_view word, LetterCase letterCase, bool* isInWord) {
   const QString text = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
-  if (letterCase == LetterCase::Upper) return text.toUpper().toUtf8();
-  if (letterCase == LetterCase::Lower) return text.toLower().toUtf8();
+  if (letterCase == LetterCase::Upper) return text.toUpper().toStdString();
+  if (letterCase == LetterCase::Lower) return text.toLower().toStdString();
   QString capital = text;
-  bool isInWord = false;
   for (QChar& letter : capital) {
-    if (!isInWord) letter = letter.toUpper();
-    isInWord = letter.isLetterOrNumber() || letter == u'\'' || letter == u'\u2019';
+    if (!*isInWord) letter = letter.toUpper();
+    *isInWord = letter.isLetterOrNumber() || letter == u'\'' || letter == u'\u2019';
   }
-  return capital.toUtf8();
+  return capital.toStdString();
 }
 
 }  // namespace
@@ -53,12 +52,12 @@ void HtmlLines::AddWord(std::string_view word, const ElementStyle& style) {
   if (style.letterCase == LetterCase::AsWritten) {
     Write(word);
   } else {
-    const QByteArray changed = InCase(word, style.letterCase);
-    Write({changed.constData(), static_cast<size_t>(changed.size())});
+    Write(InCase(word, style.letterCase, &isInWord_));
   }
 }
 
 void HtmlLines::AddBlank(const ElementStyle& style) {
+  isInWord_ = false;
   Line& line = lines_.back();
   if (line.isAtStart || line.hasBlank || line.earlyBlank >= 0) return;
   line.hasBlank = true;
@@ -66,6 +65,7 @@ void HtmlLines::AddBlank(const ElementStyle& style) {
 }
 
 void HtmlLines::AddObject() {
+  isInWord_ = false;
   WriteBlank();
   lines_.back().isAtStart = false;
 }
@@ -85,6 +85,7 @@ void HtmlLines::AskForBreaks(int breaks) {
 }
 
 void HtmlLines::EndLine() {
+  isInWord_ = false;
   DropBlank();
   lines_.back().isAtStart = true;
 }
@@ -98,7 +99,7 @@ void HtmlLines::EnterAside() {
   Line& line = lines_.back();
   if (line.hasBlank && line.isBlankSeen) {
     Write(" ");
-    line.earlyBlank = text_.size() - 1;
+    line.earlyBlank = static_cast<qsizetype>(text_.size()) - 1;
     line.hasBlank = false;
   }
   lines_.emplace_back();
@@ -114,17 +115,17 @@ QString HtmlLines::Take() {
   lines_.emplace_back();
   if (!dropped_.empty()) {
     std::sort(dropped_.begin(), dropped_.end());
-    QByteArray kept;
+    std::string kept;
     kept.reserve(text_.size());
-    qsizetype from = 0;
+    size_t from = 0;
     for (const qsizetype at : dropped_) {
-      kept.append(QByteArrayView(text_).sliced(from, at - from));
-      from = at + 1;
+      kept.append(text_, from, static_cast<size_t>(at) - from);
+      from = static_cast<size_t>(at) + 1;
     }
-    kept.append(QByteArrayView(text_).sliced(from));
+    kept.append(text_, from);
     text_ = kept;
   }
-  return QString::fromUtf8(text_);
+  return QString::fromStdString(text_);
 }
 
 void HtmlLines::WriteBlank() {
@@ -142,8 +143,8 @@ void HtmlLines::DropBlank() {
 }
 
 void HtmlLines::Write(std::string_view text) {
-  if (!text_.isEmpty())
-    for (int i = 0; i < breaks_; ++i) text_.append("\r\n");
+  if (!text_.empty())
+    for (int i = 0; i < breaks_; ++i) text_ += "\r\n";
   breaks_ = 0;
-  text_.append(text.data(), static_cast<qsizetype>(text.size()));
+  text_ += text;
 }

@@ -3,8 +3,8 @@
 // once text follows. Called by html_text, which tells it where lines, boxes and blocks begin and end.
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -49,7 +49,9 @@ class HtmlLines {
   void DropBlank();
   void Write(std::string_view text);
 
-  QByteArray text_;
+  std::string text_;
+  // For capitals at the beginning of words, which several pieces of text may make up.
+  bool isInWord_ = false;
   int breaks_ = 0;
   std::vector<Line> lines_;
   // Early blanks that turned out to stand at a line's end.

@@ -3,9 +3,11 @@
 
 #include <QLatin1StringView>
 #include <algorithm>
+#include <array>
 #include <vector>
 
 #include "platform/html_doctype.h"
+#include "platform/html_tags.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,222 +15,247 @@ namespace {
 
 constexpr size_t kDeepest = 500;
 
-bool IsLetter(char c) {
-  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
-}
-
-bool IsSpace(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
-}
-
-bool IsAny(GumboTag tag, std::initializer_list<GumboTag> tags) {
-  return std::find(tags.begin(), tags.end(), tag) != tags.end();
-}
-
-bool HoldsRawText(GumboTag tag) {
-  return IsAny(tag, {GUMBO_TAG_SCRIPT, GUMBO_TAG_STYLE, GUMBO_TAG_TEXTAREA, GUMBO_TAG_TITLE, GUMBO_TAG_XMP,
-                     GUMBO_TAG_IFRAME, GUMBO_TAG_NOEMBED, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOSCRIPT});
-}
-
-bool IsVoid(GumboTag tag) {
-  return IsAny(tag, {GUMBO_TAG_AREA, GUMBO_TAG_BASE, GUMBO_TAG_BASEFONT, GUMBO_TAG_BGSOUND, GUMBO_TAG_BR, GUMBO_TAG_COL,
-                     GUMBO_TAG_EMBED, GUMBO_TAG_FRAME, GUMBO_TAG_HR, GUMBO_TAG_IMAGE, GUMBO_TAG_IMG, GUMBO_TAG_INPUT,
-                     GUMBO_TAG_KEYGEN, GUMBO_TAG_LINK, GUMBO_TAG_META, GUMBO_TAG_PARAM, GUMBO_TAG_SOURCE,
-                     GUMBO_TAG_TRACK, GUMBO_TAG_WBR});
-}
-
-// Their end tags are mostly left out, and the next one of the kind ends them: they do not nest by themselves.
-bool EndsItself(GumboTag tag) {
-  return IsAny(tag, {GUMBO_TAG_P, GUMBO_TAG_LI, GUMBO_TAG_DD, GUMBO_TAG_DT, GUMBO_TAG_OPTION, GUMBO_TAG_OPTGROUP,
-                     GUMBO_TAG_COLGROUP, GUMBO_TAG_HTML, GUMBO_TAG_HEAD, GUMBO_TAG_BODY, GUMBO_TAG_FRAMESET});
-}
-
-bool IsInTable(GumboTag tag) {
-  return IsAny(tag, {GUMBO_TAG_TD, GUMBO_TAG_TH, GUMBO_TAG_TR, GUMBO_TAG_TBODY, GUMBO_TAG_THEAD, GUMBO_TAG_TFOOT,
-                     GUMBO_TAG_CAPTION});
-}
-
-// An end tag of something else does not reach beyond these.
-bool IsBarrier(GumboTag tag) {
-  return IsInTable(tag) ||
-         IsAny(tag, {GUMBO_TAG_TABLE, GUMBO_TAG_OBJECT, GUMBO_TAG_APPLET, GUMBO_TAG_MARQUEE, GUMBO_TAG_TEMPLATE});
-}
-
-bool IsBlock(GumboTag tag) {
-  return EndsItself(tag) || tag == GUMBO_TAG_TABLE || (IsInTable(tag) && tag != GUMBO_TAG_TD && tag != GUMBO_TAG_TH) ||
-         IsAny(tag, {GUMBO_TAG_ADDRESS, GUMBO_TAG_ARTICLE, GUMBO_TAG_ASIDE,   GUMBO_TAG_BLOCKQUOTE, GUMBO_TAG_BR,
-                     GUMBO_TAG_CENTER,  GUMBO_TAG_DIR,     GUMBO_TAG_DIV,     GUMBO_TAG_DL,         GUMBO_TAG_FIELDSET,
-                     GUMBO_TAG_FOOTER,  GUMBO_TAG_FORM,    GUMBO_TAG_H1,      GUMBO_TAG_H2,         GUMBO_TAG_H3,
-                     GUMBO_TAG_H4,      GUMBO_TAG_H5,      GUMBO_TAG_H6,      GUMBO_TAG_HEADER,     GUMBO_TAG_HR,
-                     GUMBO_TAG_MAIN,    GUMBO_TAG_MENU,    GUMBO_TAG_NAV,     GUMBO_TAG_OL,         GUMBO_TAG_PRE,
-                     GUMBO_TAG_SECTION, GUMBO_TAG_SUMMARY, GUMBO_TAG_DETAILS, GUMBO_TAG_UL});
-}
-
 // The elements that are open, as far as the depth is concerned.
 class OpenElements {
  public:
-  size_t Depth() const { return open_.size(); }
+  void Follow(const TagScanner::Tag& tag) {
+    constexpr quint8 kWithoutDepth = TagTrait::kVoid | TagTrait::kEndsItself | TagTrait::kRawText;
+    const bool isOfItsOwn = tag.closesItself && tag.name == GUMBO_TAG_UNKNOWN;
+    if (tag.kind == TagScanner::Kind::Comment || isOfItsOwn || (TraitsOf(tag.name) & kWithoutDepth) != 0) return;
+    if (tag.kind == TagScanner::Kind::End) {
+      End(tag.name);
+    } else {
+      Start(tag.name);
+    }
+  }
+
+  // Between the cells of a table stray text is thrown out of it, and the parser looks at each tag that parts it.
+  bool IsBetweenCells() const {
+    for (size_t i = open_.size(); i > 0; --i) {
+      const GumboTag tag = open_[i - 1];
+      if (tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH || tag == GUMBO_TAG_CAPTION) return false;
+      if (tag == GUMBO_TAG_TABLE || IsInTable(tag)) return true;
+    }
+    return false;
+  }
+
+  bool IsTooDeep() const { return open_.size() > kDeepest; }
+
+ private:
+  static bool IsInTable(GumboTag tag) { return (TraitsOf(tag) & TagTrait::kInTable) != 0; }
 
   void Start(GumboTag tag) {
     if (IsInTable(tag)) {
-      const qsizetype table = LastOf(GUMBO_TAG_TABLE);
-      // A cell stands in its row and section, a row in its section: three levels under the table at most.
-      if (table >= 0) open_.resize(std::min(open_.size(), static_cast<size_t>(table) + LevelsAbove(tag)));
+      const auto table = std::find(open_.rbegin(), open_.rend(), GUMBO_TAG_TABLE);
+      const auto below = static_cast<size_t>(table - open_.rbegin());
+      // A cell stands in its row and section, a row in its section.
+      const size_t levels = tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH ? 2 : tag == GUMBO_TAG_TR ? 1 : 0;
+      if (table != open_.rend() && below > levels) open_.resize(open_.size() - below + levels);
     }
     open_.push_back(tag);
   }
 
   void End(GumboTag tag) {
+    const bool isOfTable = IsInTable(tag) || tag == GUMBO_TAG_TABLE;
     for (size_t i = open_.size(); i > 0; --i) {
-      if (open_[i - 1] == tag) {
+      const GumboTag open = open_[i - 1];
+      if (open == tag) {
         open_.resize(i - 1);
         return;
       }
-      const bool stops =
-          IsInTable(tag) || tag == GUMBO_TAG_TABLE ? open_[i - 1] == GUMBO_TAG_TABLE : IsBarrier(open_[i - 1]);
-      if (stops) return;
+      if (isOfTable ? open == GUMBO_TAG_TABLE : (TraitsOf(open) & TagTrait::kBarrier) != 0) return;
     }
-  }
-
- private:
-  static size_t LevelsAbove(GumboTag tag) {
-    if (tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH) return 3;
-    return tag == GUMBO_TAG_TR ? 2 : 1;
-  }
-
-  qsizetype LastOf(GumboTag tag) const {
-    for (size_t i = open_.size(); i > 0; --i)
-      if (open_[i - 1] == tag) return static_cast<qsizetype>(i) - 1;
-    return -1;
   }
 
   std::vector<GumboTag> open_;
 };
 
-// True at a control character that the parser does not let through. The bytes that Windows-1252 leaves open are among
-// them (0x81, 0x8D, 0x8F, 0x90, 0x9D): they stand in every page that was UTF-8 and is read as Windows-1252.
-bool IsControl(QByteArrayView text, qsizetype at) {
-  const char c = text[at];
-  if (c == '\xC2') {
-    const QByteArrayView kOpen("\x81\x8D\x8F\x90\x9D");
-    return at + 1 < text.size() && kOpen.contains(text[at + 1]);
-  }
-  return (c > 0 && c < ' ' && !IsSpace(c)) || c == '\x7F';
+// What may stand in a run: the parser changes everything else, or sees markup in it.
+bool IsPlain(std::string_view text, size_t at) {
+  static const std::array<bool, 256> kPlain = [] {
+    std::array<bool, 256> plain = {};
+    for (size_t c = 0; c < 256; ++c) plain[c] = (c >= ' ' && c != 0x7F) || c == '\t' || c == '\n' || c == '\f';
+    plain['&'] = plain['<'] = false;
+    return plain;
+  }();
+  // The bytes that Windows-1252 leaves open stand in every page that was UTF-8 and is read as Windows-1252.
+  constexpr std::string_view kOpen("\x81\x8D\x8F\x90\x9D");
+  if (text[at] == '\xC2' && at + 1 < text.size()) return kOpen.find(text[at + 1]) == std::string_view::npos;
+  return kPlain[static_cast<uchar>(text[at])];
 }
 
-// Controls as character references.
-void AppendWithControls(QByteArrayView text, QByteArray* source) {
-  qsizetype copied = 0;
-  for (qsizetype at = 0; at < text.size(); ++at) {
-    if (!IsControl(text, at)) continue;
-    source->append(text.sliced(copied, at - copied));
-    const bool isLong = text[at] == '\xC2';
-    source->append("&#" + QByteArray::number(static_cast<uchar>(text[at + (isLong ? 1 : 0)])) + ';');
-    at += isLong ? 1 : 0;
-    copied = at + 1;
-  }
-  source->append(text.sliced(copied));
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\f';
 }
+
+bool IsOfReference(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '#';
+}
+
+bool Matters(QByteArrayView name, bool hasSheets) {
+  static constexpr std::array kAlways = {"style"_L1, "hidden"_L1, "open"_L1,    "type"_L1,
+                                         "align"_L1, "media"_L1,  "controls"_L1};
+  const QLatin1StringView text(name);
+  const auto isName = [text](QLatin1StringView known) {
+    return known.size() == text.size() && known.compare(text, Qt::CaseInsensitive) == 0;
+  };
+  return std::any_of(kAlways.begin(), kAlways.end(), isName) || (hasSheets && (isName("class"_L1) || isName("id"_L1)));
+}
+
+// Makes the source that the parser gets.
+class Reducer {
+ public:
+  explicit Reducer(const QByteArray& html)
+      : html_(html), page_(html.constData(), static_cast<size_t>(html.size())), mayHoldRuns_(!html.contains('\xF3')) {
+    source_.hasSheets = QLatin1StringView(html).contains("<style"_L1, Qt::CaseInsensitive);
+    if (source_.hasSheets) NoteBlanks(html);
+    const QLatin1StringView text(html);
+    isPlainPage_ = !text.contains("style"_L1, Qt::CaseInsensitive) && !text.contains("hidden"_L1, Qt::CaseInsensitive);
+  }
+
+  PageSource Run() {
+    const DocumentType type = ReadDocumentType(html_);
+    source_.text.reserve(page_.size() + 32);
+    if (!type.isQuirky) source_.text += "<!DOCTYPE html>";
+    // A second body tag keeps a later frameset from taking the body's place.
+    source_.text += "<body><body>";
+    TagScanner scanner(html_);
+    TagScanner::Tag tag;
+    OpenElements open;
+    qsizetype copied = type.end;
+    while (scanner.Next(&tag)) {
+      if (tag.begin < copied) continue;
+      AddText(Slice(copied, tag.begin));
+      copied = tag.rawEnd;
+      if (IsWithoutEffect(tag, open)) continue;
+      AddTag(tag);
+      open.Follow(tag);
+      if (open.IsTooDeep()) return {};
+    }
+    AddText(Slice(copied, html_.size()));
+    return std::move(source_);
+  }
+
+ private:
+  std::string_view Slice(qsizetype begin, qsizetype end) const {
+    return page_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
+  }
+
+  // On a page without any style the tags of bold type, of links and their like change no text.
+  bool IsWithoutEffect(const TagScanner::Tag& tag, const OpenElements& open) const {
+    return isPlainPage_ && tag.kind != TagScanner::Kind::Comment && (TraitsOf(tag.name) & TagTrait::kLook) != 0 &&
+           !tag.isInDrawing && !isTextOpen_ && !open.IsBetweenCells();
+  }
+
+  void AddTag(const TagScanner::Tag& tag) {
+    isTextOpen_ = false;
+    std::string& text = source_.text;
+    if (tag.isInDrawing) {
+      text += Slice(tag.begin, tag.rawEnd);
+      return;
+    }
+    if (tag.kind == TagScanner::Kind::Comment) {
+      text += "<!---->";
+      return;
+    }
+    text += tag.kind == TagScanner::Kind::End ? "</" : "<";
+    text.append(tag.writtenName.data(), static_cast<size_t>(tag.writtenName.size()));
+    for (const TagScanner::Attribute& attribute : tag.attributes) {
+      if (!Matters(attribute.name, source_.hasSheets)) continue;
+      NoteBlanks(attribute.source);
+      text += ' ';
+      text.append(attribute.source.data(), static_cast<size_t>(attribute.source.size()));
+    }
+    text += tag.closesItself ? " />" : ">";
+    if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
+    const bool isSeen = tag.name == GUMBO_TAG_STYLE || tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT;
+    if (isSeen) text += Slice(tag.end, tag.rawEnd);
+  }
+
+  // A style that might keep white space, in a sheet or an attribute.
+  void NoteBlanks(QByteArrayView style) {
+    if (QLatin1StringView(style).contains("white-space"_L1, Qt::CaseInsensitive)) mayKeepBlanks_ = true;
+  }
+
+  void AddText(std::string_view text) {
+    size_t at = 0;
+    if (!text.empty()) isTextOpen_ = false;
+    while (at < text.size()) {
+      size_t end = at;
+      while (end < text.size() && IsPlain(text, end)) ++end;
+      // Behind a "<" that begins no tag stands a tag that the source's end has cut.
+      const bool isCutTag = at > 0 && text[at - 1] == '<';
+      if (isCutTag) {
+        source_.text += text.substr(at, end - at);
+      } else {
+        AddPlain(text.substr(at, end - at));
+      }
+      if (end < text.size()) {
+        end = AddSpecial(text, end);
+        isTextOpen_ = end >= text.size();
+      }
+      at = end;
+    }
+  }
+
+  void AddPlain(std::string_view text) {
+    constexpr size_t kShortest = 8;
+    // As many characters as a plane of private use has.
+    constexpr size_t kMost = 65533;
+    const bool isBlank = std::all_of(text.begin(), text.end(), IsBlank);
+    if (isBlank && !mayKeepBlanks_) text = text.substr(0, 1);
+    // The parser must see that a text begins with a blank.
+    const size_t begin = !text.empty() && IsBlank(text.front()) ? 1 : 0;
+    if (isBlank || !mayHoldRuns_ || text.size() - begin < kShortest || source_.runs.size() >= kMost) {
+      source_.text += text;
+      return;
+    }
+    const size_t index = source_.runs.size();
+    source_.runs.push_back(text.substr(begin));
+    source_.text += text.substr(0, begin);
+    // U+F0000 and up.
+    source_.text += '\xF3';
+    source_.text += static_cast<char>(0xB0 | (index >> 12));
+    source_.text += static_cast<char>(0x80 | ((index >> 6) & 0x3F));
+    source_.text += static_cast<char>(0x80 | (index & 0x3F));
+  }
+
+  // A character reference stays together, a control goes in as one; the parser would not let it through.
+  size_t AddSpecial(std::string_view text, size_t at) {
+    size_t end = at + 1;
+    if (text[at] == '&') {
+      while (end < text.size() && IsOfReference(text[end])) ++end;
+      if (end < text.size() && text[end] == ';') ++end;
+    } else if (text[at] != '<' && text[at] != '\r' && text[at] != 0) {
+      if (text[at] == '\xC2') end = at + 2;
+      source_.text += "&#" + std::to_string(static_cast<uchar>(text[end - 1])) + ';';
+      return end;
+    }
+    source_.text += text.substr(at, end - at);
+    return end;
+  }
+
+  QByteArrayView html_;
+  std::string_view page_;
+  // A page that uses the characters of the runs itself is handed over as it is.
+  bool mayHoldRuns_;
+  bool isPlainPage_ = false;
+  // The text so far ends in a character reference or a "<", which what follows must not become part of.
+  bool isTextOpen_ = false;
+  // From here on more than one blank may count.
+  bool mayKeepBlanks_ = false;
+  PageSource source_;
+};
 
 }  // namespace
 
-bool TagScanner::Next(Tag* tag) {
-  while (true) {
-    at_ = html_.indexOf('<', at_);
-    if (at_ < 0 || at_ + 1 >= html_.size()) return false;
-    const bool isEnd = html_[at_ + 1] == '/';
-    const qsizetype name = at_ + (isEnd ? 2 : 1);
-    if (name >= html_.size()) return false;
-    if (!IsLetter(html_[name])) {
-      at_ = EndOfOther(at_);
-      continue;
-    }
-    qsizetype nameEnd = name;
-    while (nameEnd < html_.size() && !IsSpace(html_[nameEnd]) && html_[nameEnd] != '>' && html_[nameEnd] != '/')
-      ++nameEnd;
-    const qsizetype end = EndOfTag(nameEnd);
-    if (end < 0) return false;
-    const QByteArrayView text = html_.sliced(name, nameEnd - name);
-    tag->name = text.size() > 20 ? GUMBO_TAG_UNKNOWN : gumbo_tagn_enum(text.data(), static_cast<unsigned>(text.size()));
-    tag->isEnd = isEnd;
-    tag->closesItself = html_[end - 2] == '/';
-    tag->begin = at_;
-    tag->end = end;
-    at_ = end;
-    if (!isEnd && HoldsRawText(tag->name)) at_ = EndOfRawText(end, text);
-    if (!isEnd && tag->name == GUMBO_TAG_PLAINTEXT) at_ = html_.size();
-    return true;
-  }
+PageSource ParserSource(const QByteArray& html) {
+  return Reducer(html).Run();
 }
 
-qsizetype TagScanner::EndOfOther(qsizetype at) const {
-  const QByteArrayView rest = html_.sliced(at);
-  if (rest.startsWith("<!-->")) return at + 5;
-  if (rest.startsWith("<!--->")) return at + 6;
-  if (rest.startsWith("<!--")) {
-    const qsizetype end = html_.indexOf(QByteArrayView("-->"), at + 4);
-    return end < 0 ? html_.size() : end + 3;
-  }
-  if (rest.startsWith("<!") || rest.startsWith("<?") || rest.startsWith("</")) return Past(">", at + 2);
-  return at + 1;
-}
-
-// A ">" within a quoted value does not end the tag; a quote counts only behind "=".
-qsizetype TagScanner::EndOfTag(qsizetype at) const {
-  while (at < html_.size() && html_[at] != '>') {
-    if (html_[at++] != '=') continue;
-    while (at < html_.size() && IsSpace(html_[at])) ++at;
-    if (at >= html_.size() || (html_[at] != '"' && html_[at] != '\'')) continue;
-    const qsizetype quote = html_.indexOf(html_[at], at + 1);
-    if (quote < 0) return -1;
-    at = quote + 1;
-  }
-  return at < html_.size() ? at + 1 : -1;
-}
-
-qsizetype TagScanner::EndOfRawText(qsizetype from, QByteArrayView name) const {
-  for (qsizetype at = html_.indexOf(QByteArrayView("</"), from); at >= 0;
-       at = html_.indexOf(QByteArrayView("</"), at + 2)) {
-    const QByteArrayView rest = html_.sliced(at + 2);
-    if (rest.size() > name.size() && qstrnicmp(rest.data(), name.data(), static_cast<size_t>(name.size())) == 0 &&
-        !IsLetter(rest[name.size()]))
-      return at;
-  }
-  return html_.size();
-}
-
-qsizetype TagScanner::Past(QByteArrayView text, qsizetype from) const {
-  const qsizetype found = from < html_.size() ? html_.indexOf(text, from) : -1;
-  return found < 0 ? html_.size() : found + text.size();
-}
-
-QByteArray ParserSource(const QByteArray& html) {
-  const DocumentType type = ReadDocumentType(html);
-  QByteArray source;
-  source.reserve(html.size() + 32);
-  if (!type.isQuirky) source.append("<!DOCTYPE html>");
-  // A second body tag keeps a later frameset from taking the body's place.
-  source.append("<body><body>");
-  qsizetype copied = type.end;
-  TagScanner scanner(html);
-  TagScanner::Tag tag;
-  // A browser takes what stands in a noscript for text that is not shown; the parser would see elements in it.
-  const bool hasAny = QLatin1StringView(html).contains("<noscript"_L1, Qt::CaseInsensitive);
-  while (hasAny && scanner.Next(&tag)) {
-    if (tag.name != GUMBO_TAG_NOSCRIPT || tag.begin < copied) continue;
-    AppendWithControls(QByteArrayView(html).sliced(copied, tag.begin - copied), &source);
-    copied = tag.end;
-    if (tag.isEnd) continue;
-    copied = html.size();
-    if (scanner.Next(&tag)) copied = tag.end;
-  }
-  AppendWithControls(QByteArrayView(html).sliced(copied), &source);
-  return source;
-}
-
-QByteArray FlatSource(const QByteArray& html) {
-  QByteArray flat("<body>");
-  flat.reserve(html.size());
+PageSource FlatSource(const QByteArray& html) {
+  std::string flat("<body>");
+  flat.reserve(static_cast<size_t>(html.size()) + 16);
   TagScanner scanner(html);
   TagScanner::Tag tag;
   qsizetype copied = 0;
@@ -236,33 +263,16 @@ QByteArray FlatSource(const QByteArray& html) {
   while (scanner.Next(&tag)) {
     const QByteArrayView text = QByteArrayView(html).sliced(copied, tag.begin - copied);
     if (!text.trimmed().isEmpty()) isBroken = false;
-    flat.append(text);
-    copied = tag.end;
-    if (!tag.isEnd && HoldsRawText(tag.name)) copied = scanner.Next(&tag) ? tag.end : html.size();
-    if (IsBlock(tag.name) && !isBroken) {
-      flat.append("<br>");
+    flat.append(text.data(), static_cast<size_t>(text.size()));
+    copied = tag.rawEnd;
+    if (tag.kind == TagScanner::Kind::Comment) continue;
+    if ((TraitsOf(tag.name) & TagTrait::kBlock) != 0 && !isBroken) {
+      flat += "<br>";
       isBroken = true;
     } else {
-      flat.append(' ');
+      flat += ' ';
     }
   }
-  flat.append(QByteArrayView(html).sliced(copied));
-  return flat;
-}
-
-bool NestsTooDeep(QByteArrayView html) {
-  OpenElements open;
-  TagScanner scanner(html);
-  TagScanner::Tag tag;
-  while (scanner.Next(&tag)) {
-    const bool isOfItsOwn = tag.closesItself && tag.name == GUMBO_TAG_UNKNOWN;
-    if (IsVoid(tag.name) || EndsItself(tag.name) || HoldsRawText(tag.name) || isOfItsOwn) continue;
-    if (tag.isEnd) {
-      open.End(tag.name);
-    } else {
-      open.Start(tag.name);
-    }
-    if (open.Depth() > kDeepest) return true;
-  }
-  return false;
+  flat.append(html.constData() + copied, static_cast<size_t>(html.size() - copied));
+  return {std::move(flat), {}, false};
 }

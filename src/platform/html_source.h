@@ -1,48 +1,40 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An HTML page made ready for the parser. The parser takes time with the square of the nesting and knows pages only as
-// a browser without scripts sees them; what would hurt is taken out of the source before. Called by html_tree.
+// An HTML page made ready for the parser, whose time goes with the square of the nesting and with every character of
+// what no text needs. Called by html_tree.
 #pragma once
 
-#include <gumbo.h>
-
 #include <QByteArray>
-#include <QByteArrayView>
+#include <string>
+#include <string_view>
+#include <vector>
 
-// The page as the body of a document of its own, in the mode that its document type asks for, `noscript` elements taken
-// out.
-QByteArray ParserSource(const QByteArray& html);
-
-// The tags of a page without its structure: a line break for a run of block tags, nothing for the others, scripts,
-// styles and comments gone. What is left of a page that the parser cannot take in reasonable time.
-QByteArray FlatSource(const QByteArray& html);
-
-// True if elements are nested more than 500 deep, by a quick count that follows implied end tags roughly.
-bool NestsTooDeep(QByteArrayView html);
-
-// Goes from tag to tag through a source, over comments and over the text of scripts, styles and their like.
-class TagScanner {
- public:
-  explicit TagScanner(QByteArrayView html) : html_(html) {}
-
-  // Positions in the source: the tag's "<" and one past its ">".
-  struct Tag {
-    GumboTag name = GUMBO_TAG_UNKNOWN;
-    bool isEnd = false;
-    bool closesItself = false;
-    qsizetype begin = 0;
-    qsizetype end = 0;
-  };
-
-  // False at the end of the source; a tag that the source's end cuts is none.
-  bool Next(Tag* tag);
-
- private:
-  // One past the markup that begins with the "<" at a position, or -1 if a tag begins there.
-  qsizetype EndOfOther(qsizetype at) const;
-  qsizetype EndOfTag(qsizetype at) const;
-  qsizetype EndOfRawText(qsizetype from, QByteArrayView name) const;
-  qsizetype Past(QByteArrayView text, qsizetype from) const;
-
-  QByteArrayView html_;
-  qsizetype at_ = 0;
+struct PageSource {
+  // Empty if the page's elements are nested more than 500 deep, by a quick count that follows implied end tags roughly.
+  std::string text;
+  // Longer runs of plain text, which the parser would only carry around: the source holds one character in the place of
+  // each. They point into the page.
+  std::vector<std::string_view> runs;
+  bool hasSheets = false;
 };
+
+// The page as the body of a document of its own, in the mode that its document type asks for, without the content of
+// comments, scripts and their like and without attributes that cannot matter.
+PageSource ParserSource(const QByteArray& html);
+
+// The tags of a page without its structure: a line break for a run of block tags, nothing for the others. What is left
+// of a page that the parser cannot take in reasonable time.
+PageSource FlatSource(const QByteArray& html);
+
+// Hands a text of the tree, with its runs back in their places, piece by piece to a function that takes a string_view.
+template <typename Take>
+void ForEachPiece(std::string_view text, const std::vector<std::string_view>& runs, Take take) {
+  while (!text.empty()) {
+    const size_t mark = runs.empty() ? std::string_view::npos : text.find('\xF3');
+    if (mark != 0) take(text.substr(0, mark));
+    if (mark == std::string_view::npos || mark + 4 > text.size()) return;
+    const auto bits = [&](size_t place) { return static_cast<size_t>(text[mark + place]) & 0x3F; };
+    const size_t index = ((bits(1) & 0x0F) << 12) | (bits(2) << 6) | bits(3);
+    if (index < runs.size()) take(runs[index]);
+    text.remove_prefix(mark + 4);
+  }
+}

@@ -5,6 +5,7 @@
 #include <cstdlib>
 
 #include "platform/html_elements.h"
+#include "platform/html_tree.h"
 
 namespace {
 
@@ -171,8 +172,8 @@ void PageStyles::Cascade::Apply(const Declarations& declarations, quint32 rank) 
   }
 }
 
-PageStyles::PageStyles(const GumboNode* body, bool isQuirky) : isQuirky_(isQuirky), comparisons_(kMostComparisons) {
-  ReadStyleElements(body);
+PageStyles::PageStyles(const HtmlTree& tree) : isQuirky_(tree.IsQuirky()), comparisons_(kMostComparisons) {
+  if (tree.HasSheets()) ReadStyleElements(tree.Body());
 }
 
 void PageStyles::ReadStyleElements(const GumboNode* body) {

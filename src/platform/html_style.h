@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+class HtmlTree;
+
 enum class Display : quint8 {
   None,
   Inline,
@@ -42,8 +44,8 @@ struct ElementStyle {
 
 class PageStyles {
  public:
-  // Reads the style elements below a body.
-  PageStyles(const GumboNode* body, bool isQuirky);
+  // Reads the page's style elements.
+  explicit PageStyles(const HtmlTree& tree);
 
   // The style of an element whose parent has the given one.
   ElementStyle Of(const GumboNode* element, const ElementStyle& parent) const;

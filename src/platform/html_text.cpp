@@ -22,10 +22,10 @@ bool IsBlank(std::string_view text) {
 // Goes through the tree without recursion: a page may nest as deep as it likes.
 class PageWalk {
  public:
-  PageWalk(const GumboNode* body, bool isQuirky) : body_(body), styles_(body, isQuirky) {}
+  explicit PageWalk(const HtmlTree& tree) : tree_(tree), styles_(tree) {}
 
   QString Run() {
-    open_.push_back({body_, 0, ElementStyle()});
+    open_.push_back({tree_.Body(), 0, ElementStyle()});
     while (!open_.empty()) {
       Open& top = open_.back();
       if (top.next < ChildrenOf(top.element).length) {
@@ -65,7 +65,7 @@ class PageWalk {
     if (element.tag == GUMBO_TAG_SELECT || element.tag == GUMBO_TAG_OPTGROUP || element.tag == GUMBO_TAG_SVG ||
         IsClosed(parent.element))
       return;
-    lines_.AddText(text, parent.style);
+    ForEachPiece(text, tree_.Runs(), [&](std::string_view piece) { lines_.AddText(piece, parent.style); });
   }
 
   void Begin(const GumboNode* element) {
@@ -139,7 +139,7 @@ class PageWalk {
     return false;
   }
 
-  const GumboNode* body_;
+  const HtmlTree& tree_;
   PageStyles styles_;
   HtmlLines lines_;
   std::vector<Open> open_;
@@ -150,5 +150,5 @@ class PageWalk {
 QString HTMLDecode(const QString& html) {
   const HtmlTree tree(html.left(kMostHtml).toUtf8());
   if (tree.Body() == nullptr) return {};
-  return PageWalk(tree.Body(), tree.IsQuirky()).Run();
+  return PageWalk(tree).Run();
 }

@@ -8,6 +8,8 @@
 #include <QByteArray>
 #include <memory>
 
+#include "platform/html_source.h"
+
 class HtmlTree {
  public:
   // The page in UTF-8. A page that nests beyond all measure, or that the parser does not master within its limits, is
@@ -19,14 +21,18 @@ class HtmlTree {
   const GumboNode* Body() const { return body_; }
   // True if the page asks for the rendering of old browsers (no document type, or an old one).
   bool IsQuirky() const { return isQuirky_; }
+  bool HasSheets() const { return source_.hasSheets; }
+  // What ForEachPiece needs for a text of the tree.
+  const std::vector<std::string_view>& Runs() const { return source_.runs; }
 
  private:
   struct Memory;
-  void Parse(const QByteArray& source);
+  void Parse(PageSource source);
 
   std::unique_ptr<Memory> memory_;
-  // The tree points into it.
-  QByteArray source_;
+  // The tree points into them.
+  QByteArray html_;
+  PageSource source_;
   const GumboNode* body_ = nullptr;
   bool isQuirky_ = false;
 };

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Goes from tag to tag through the source of a page, without a tree. Called by html_source.
+#pragma once
+
+#include <gumbo.h>
+
+#include <QByteArrayView>
+#include <vector>
+
+// What a quick reader has to know of the elements, as bits.
+namespace TagTrait {
+inline constexpr quint8 kVoid = 1;
+// The end tag is mostly left out, and the next element of the kind ends it: it does not nest by itself.
+inline constexpr quint8 kEndsItself = 2;
+// What it holds is text whatever it looks like.
+inline constexpr quint8 kRawText = 4;
+inline constexpr quint8 kInTable = 8;
+// The end tag of something else does not reach beyond it.
+inline constexpr quint8 kBarrier = 16;
+inline constexpr quint8 kBlock = 32;
+inline constexpr quint8 kKeepsBlanks = 64;
+// Nothing but the look of a text within its line.
+inline constexpr quint8 kLook = 128;
+}  // namespace TagTrait
+
+quint8 TraitsOf(GumboTag tag);
+
+class TagScanner {
+ public:
+  struct Attribute {
+    QByteArrayView name;
+    QByteArrayView source;  // name and value
+  };
+
+  enum class Kind : quint8 { Start, End, Comment };
+
+  // Positions in the source: the "<", one past the ">", and one past the raw text that a start tag begins (the tag's
+  // end if it begins none).
+  struct Tag {
+    Kind kind = Kind::Start;
+    GumboTag name = GUMBO_TAG_UNKNOWN;
+    bool closesItself = false;
+    bool isInDrawing = false;
+    qsizetype begin = 0;
+    qsizetype end = 0;
+    qsizetype rawEnd = 0;
+    QByteArrayView writtenName;
+    std::vector<Attribute> attributes;
+  };
+
+  explicit TagScanner(QByteArrayView html) : html_(html) {}
+
+  // False at the end of the source; a tag that the source's end cuts is none.
+  bool Next(Tag* tag);
+
+ private:
+  void SkipComment();
+  bool ReadTag(qsizetype name, Tag* tag);
+  // One past the value at a position, or the source's size.
+  qsizetype EndOfValue(qsizetype at) const;
+  void FollowDrawings(const Tag& tag);
+  qsizetype EndOfRawText(qsizetype from, QByteArrayView name) const;
+  qsizetype EndOfScript(qsizetype from) const;
+  qsizetype Past(QByteArrayView text, qsizetype from) const;
+
+  QByteArrayView html_;
+  qsizetype at_ = 0;
+  // Within a drawing or a formula other rules hold: no raw text, and tags may close themselves.
+  bool isInDrawing_ = false;
+};
