@@ -121,6 +121,13 @@ void frmMapLoc::Redraw_Map() {
   store_.Read(program_.lstMap.value(program_.config.MapIndex), this, [this, read = ++reads_](const QImage& picture) {
     if (read == reads_) Display_Map(picture);
   });
+  // While the picture is read, what the first show takes: styles, fonts, sizes. The native window has to wait, as one
+  // that is there already is placed without its decoration.
+  if (testAttribute(Qt::WA_WState_Polished)) return;
+  ensurePolished();
+  const QList<QWidget*> parts = findChildren<QWidget*>();
+  for (const QWidget* part : parts) part->ensurePolished();
+  imgMenuBar_.layout()->activate();
 }
 
 void frmMapLoc::Display_Map(const QImage& picture) {

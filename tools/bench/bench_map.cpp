@@ -175,9 +175,10 @@ int main(int argc, char** argv) {
   MapView wide(nullptr);
   const QSize large = kScreen + QSize(400, 400);
   wide.SetPicture(MadeUpPicture(large));
-  wide.show();
+  PaintWatch wideWatch(&wide);
   wide.FitMapToWindow(kScreen, 0);
-  QApplication::processEvents();
+  wide.show();
+  while (!wideWatch.painted) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   const Frames calm = Pan(wide);
   wide.SetOverlay(BusyOverlay(wide, large));
   QElapsedTimer timer;
