@@ -145,9 +145,17 @@ void MenuWindow::FindTyped(const QString& text) {
     const qsizetype place = (first + step) % rows_.size();
     const QString name = entries_.at(place).text.trimmed();
     if (entries_.at(place).enabled && name.startsWith(typed_, Qt::CaseInsensitive)) {
-      setActiveAction(rows_.at(place));
+      SelectByKeys(rows_.at(place));
       return;
     }
+  }
+}
+
+// As arrow keys select: to set the active row would open its sub-menu at once, and the next key would be lost in there.
+void MenuWindow::SelectByKeys(const QAction* row) {
+  for (qsizetype step = 0; step < rows_.size() && activeAction() != row; ++step) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QMenu::keyPressEvent(&down);
   }
 }
 

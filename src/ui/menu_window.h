@@ -33,6 +33,7 @@ class MenuWindow : public QMenu {
  private:
   QAction* MakeRow(const MenuEntry& entry);
   void FindTyped(const QString& text);
+  void SelectByKeys(const QAction* row);
 
   int number_ = 0;
   QList<MenuEntry> entries_;

@@ -88,6 +88,7 @@ class MenuWindowTest : public QObject {
     QTest::newRow("into the sub-menu") << u"uurde"_s << u"10:101"_s;
     QTest::newRow("out of the sub-menu") << u"uurlde"_s << u"4:104"_s;
     QTest::newRow("letter in the sub-menu") << u"uurTe"_s << u"10:101"_s;
+    QTest::newRow("letter of a sub-menu") << u"Crde"_s << u"10:101"_s;
     QTest::newRow("escape") << u"dx"_s << u"closed"_s;
     QTest::newRow("escape from the sub-menu") << u"uurx"_s << u"open"_s;
   }
@@ -181,6 +182,7 @@ class MenuWindowTest : public QObject {
     opened.Open(monitor.bottomRight());
     QVERIFY(monitor.contains(opened.menu.geometry()));
     QTest::keyClick(&opened.menu, 'c');
+    QTest::keyClick(&opened.menu, Qt::Key_Right);
     QMenu* sub = opened.Row(u"Cherry"_s)->menu();
     QTRY_VERIFY(sub->isVisible());
     QVERIFY(monitor.contains(sub->geometry()));
