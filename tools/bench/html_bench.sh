@@ -53,17 +53,19 @@ chromium_peer() {
   grep -q "pages=$count" "$work/chromium.txt"
 }
 
-time_of() { # command
-  local before after
-  before=$(date +%s%N)
+time_of() { # command; the milliseconds come in $elapsed, no other process is started for the clock
+  local before=${EPOCHREALTIME//[!0-9]/}
   "$@"
-  after=$(date +%s%N)
-  awk -v ns=$((after - before)) 'BEGIN { printf "%.2f", ns / 1e6 }'
+  local us=$((${EPOCHREALTIME//[!0-9]/} - before))
+  printf -v elapsed '%d.%02d' $((us / 1000)) $((us % 1000 / 10))
 }
 
 for round in $(seq 0 "$rounds"); do
-  html=$(time_of own)
-  w3m=$(time_of w3m_peer)
-  chromium=$(time_of chromium_peer)
+  time_of own
+  html=$elapsed
+  time_of w3m_peer
+  w3m=$elapsed
+  time_of chromium_peer
+  chromium=$elapsed
   [ "$round" -eq 0 ] || echo "html=$html html_w3m=$w3m html_chromium=$chromium"
 done
