@@ -5,7 +5,7 @@
 //   omni-perch-bench-band DATA_FOLDER LATENCY_MS
 //
 // Writes a data folder for it and, beside the folder, urls.txt with the pictures' addresses; prints "ready" and serves
-// until its input ends. The stations answer after LATENCY_MS; the connectivity page at once.
+// until its input ends. Stations and callbook services answer after LATENCY_MS; the connectivity page at once.
 
 #include <QDir>
 #include <QGuiApplication>
@@ -46,6 +46,9 @@ void FillBand(StationBand& band, std::chrono::milliseconds latency) {
     station.SetRecipe(recipe);
     station.SetMarker(QSize(index % 4 == 0 ? 1 : 2, 100 + index));
     station.SetLatency(latency);
+  }
+  for (const QString& service : {u"eHam"_s, u"QRZ"_s, u"QRZCQ"_s, u"Callook"_s, u"HamCall"_s, u"Pictures"_s}) {
+    band.FindHost(service)->SetLatency(latency);
   }
 }
 
