@@ -62,7 +62,7 @@ frmMapLoc::frmMapLoc(Program& program, MapStore& store, QWidget* owner)
   connect(picOuter_, &MapView::LabelClicked, this,
           [this](const QString&, const QPoint& at, bool byKeyboard) { OpenPopup(at, byKeyboard); });
   connect(&menu_, &frmMenu::Chosen, this, [this](int, int index) { MnuPopupClick(index); });
-  SetTexts();
+  FillTexts();
   picOuter_->setFocus();
 }
 
@@ -93,6 +93,13 @@ void frmMapLoc::MakeBar() {
 }
 
 void frmMapLoc::SetTexts() {
+  FillTexts();
+  if (!isVisible()) return;
+  Draw();
+  PlaceInfo();
+}
+
+void frmMapLoc::FillTexts() {
   const LanguageTexts& language = program_.language;
   const QString maps = language[TextLine::kMapsWord].trimmed();
   lblMaps_.setText(maps);
@@ -117,7 +124,7 @@ void frmMapLoc::PickMapForTarget(const QString& callsign) {
 }
 
 void frmMapLoc::Redraw_Map() {
-  SetTexts();
+  FillTexts();
   store_.Read(program_.lstMap.value(program_.config.MapIndex), this, [this, read = ++reads_](const QImage& picture) {
     if (read == reads_) Display_Map(picture);
   });

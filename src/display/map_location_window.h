@@ -24,7 +24,7 @@ class frmMapLoc : public QWidget {
 
   // Chooses the map for the program's TargetLat and TargetLon and shows the window when its picture has been read.
   void PickMapForTarget(const QString& callsign);
-  // The texts of the language and the names of the maps, once more after either has changed.
+  // The texts of the language, once more after it has changed; what is drawn on an open map follows.
   void SetTexts();
   void MnuPopupClick(int index);
 
@@ -39,6 +39,7 @@ class frmMapLoc : public QWidget {
 
  private:
   void MakeBar();
+  void FillTexts();
   void Redraw_Map();
   void Display_Map(const QImage& picture);
   void Draw();

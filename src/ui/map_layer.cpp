@@ -67,8 +67,7 @@ const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
 QRegion MapLayer::Shift(const QPoint& by) {
   const QRect whole = image_.rect();
   const QRect kept = whole & whole.translated(by);
-  // Around a picture smaller than its frame nothing moves along, so that all is drawn anew.
-  if (kept.isEmpty() || !PictureRect().contains(whole) || !PictureRect().translated(by).contains(whole)) return whole;
+  if (kept.isEmpty()) return whole;
   const QRect from = kept.translated(-by);
   const qsizetype line = image_.bytesPerLine();
   uchar* bits = image_.bits();

@@ -19,6 +19,8 @@ namespace {
 
 constexpr int kKeyStep = 40;
 constexpr int kFastStep = 200;
+// No picture is that large; a label of a position far off it has no place in whole pixels.
+constexpr QRectF kNearby(-100'000, -100'000, 200'000, 200'000);
 
 }  // namespace
 
@@ -78,7 +80,7 @@ QSizeF MapView::LabelSize(const QString& text) const {
 QRect MapView::LabelRect(qsizetype index) const {
   if (index < 0 || index >= Overlay().labels.size()) return {};
   const MapOverlay::Label& label = Overlay().labels.at(index);
-  return label.place.united(label.box).toAlignedRect().translated(fit_.place);
+  return (label.place.united(label.box) & kNearby).toAlignedRect().translated(fit_.place);
 }
 
 qsizetype MapView::LabelAt(const QPoint& place) const {
@@ -240,7 +242,7 @@ void MapView::FocusLabel(qsizetype index) {
 void MapView::ShowLabel(qsizetype index) {
   const QRect label = LabelRect(index);
   const QRect seen = rect().adjusted(0, 0, 0, -HiddenRows());
-  if (index < 0 || seen.contains(label)) return;
+  if (label.isEmpty() || seen.contains(label)) return;
   // The shortest way; of a label larger than the frame its beginning.
   const QPoint step(std::max(0, -label.left()) - std::max(0, label.right() - seen.right()),
                     std::max(0, -label.top()) - std::max(0, label.bottom() - seen.bottom()));

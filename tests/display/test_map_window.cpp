@@ -166,6 +166,11 @@ class MapWindowTest : public QObject {
     QCOMPARE(info->y(), f.View().y() + 4);
     QCOMPARE(info->width(), info->findChild<QLabel*>()->sizeHint().width() + 40);
 
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"Russian"_s, 8, Program::ProgVersion(), f.program.language);
+    f.window->SetTexts();
+    QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 км  Az 153°"_s);
+    QCOMPARE(f.View().Overlay().labels.last().text.trimmed(), u"Я"_s);
+
     // Closed and opened again for another station.
     QTest::keyClick(f.window.get(), Qt::Key_Escape);
     QVERIFY(!f.window->isVisible());

@@ -157,9 +157,18 @@ class MapViewTest : public QObject {
     QTest::keyClick(shown.view, Qt::Key_Tab);
     QVERIFY(!shown.view->hasFocus());
     QCOMPARE(shown.view->FocusedLabel(), -1);
-    // A new map without that label takes the focus off it.
+    // One far off the map can be pressed, and moves nothing.
+    MapOverlay far;
+    far.labels = {Label(u"lost"_s, {-2147483648.0, 2147483647.0}, true)};
+    shown.view->SetOverlay(far);
+    const QPoint place = shown.Place();
     shown.view->setFocus();
     QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Return);
+    QCOMPARE(shown.clicked.last().at(0).toString(), u"lost"_s);
+    QCOMPARE(shown.Place(), place);
+    // A new map without that label takes the focus off it.
+    QCOMPARE(shown.view->FocusedLabel(), 0);
     shown.view->SetOverlay({});
     QCOMPARE(shown.view->FocusedLabel(), -1);
   }
@@ -239,28 +248,31 @@ class MapViewTest : public QObject {
   void Lines_data() {
     QTest::addColumn<QPointF>("from");
     QTest::addColumn<QPointF>("to");
+    QTest::addColumn<double>("width");
     QTest::addColumn<double>("covered");
-    QTest::newRow("level") << QPointF(10, 50) << QPointF(90, 50) << 160.0;
-    QTest::newRow("upright, backwards") << QPointF(50, 90) << QPointF(50, 10) << 160.0;
-    QTest::newRow("slanted") << QPointF(10, 20) << QPointF(90, 80) << 200.0;
-    QTest::newRow("diagonal") << QPointF(20, 80) << QPointF(80, 20) << 169.7;
-    QTest::newRow("through all of it") << QPointF(-1e9, 50) << QPointF(1e9, 50) << 192.0;
-    QTest::newRow("steep from far off") << QPointF(50, -2147483648.0) << QPointF(50, 2147483647.0) << 192.0;
-    QTest::newRow("beside it") << QPointF(-10, -50) << QPointF(-10, 150) << 0.0;
-    QTest::newRow("no length") << QPointF(50, 50) << QPointF(50, 50) << 0.0;
-    QTest::newRow("no number") << QPointF(qQNaN(), 50) << QPointF(50, 50) << 0.0;
-    QTest::newRow("no end") << QPointF(-qInf(), 50) << QPointF(50, 50) << 0.0;
+    QTest::newRow("level") << QPointF(10, 50) << QPointF(90, 50) << 2.0 << 160.0;
+    QTest::newRow("upright, backwards") << QPointF(50, 90) << QPointF(50, 10) << 2.0 << 160.0;
+    QTest::newRow("slanted") << QPointF(10, 20) << QPointF(90, 80) << 2.0 << 200.0;
+    QTest::newRow("diagonal") << QPointF(20, 80) << QPointF(80, 20) << 2.0 << 169.7;
+    QTest::newRow("through all of it") << QPointF(-1e9, 50) << QPointF(1e9, 50) << 2.0 << 192.0;
+    QTest::newRow("steep from far off") << QPointF(50, -2147483648.0) << QPointF(50, 2147483647.0) << 2.0 << 192.0;
+    QTest::newRow("wide, along the edge") << QPointF(10, 4) << QPointF(90, 4) << 8.0 << 480.0;
+    QTest::newRow("beside it") << QPointF(-10, -50) << QPointF(-10, 150) << 2.0 << 0.0;
+    QTest::newRow("no length") << QPointF(50, 50) << QPointF(50, 50) << 2.0 << 0.0;
+    QTest::newRow("no number") << QPointF(qQNaN(), 50) << QPointF(50, 50) << 2.0 << 0.0;
+    QTest::newRow("no end") << QPointF(-qInf(), 50) << QPointF(50, 50) << 2.0 << 0.0;
   }
 
   void Lines() {
     QFETCH(QPointF, from);
     QFETCH(QPointF, to);
+    QFETCH(double, width);
     QFETCH(double, covered);
     const QRect clip(2, 2, 96, 96);
     for (const bool smooth : {false, true}) {
       QImage image(100, 100, QImage::Format_RGB32);
       image.fill(Qt::white);
-      MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), 2, smooth});
+      MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), width, smooth});
       double ink = 0;
       for (int y = 0; y < 100; ++y) {
         for (int x = 0; x < 100; ++x) {
