@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/web_library.h"
 
-#include <QFileInfo>
+#include <QDir>
 #include <QLibrary>
 
 #include "ui/web_port.h"
@@ -60,10 +60,11 @@ BrowserWindows* WebLibrary::Windows() {
 }
 
 void WebLibrary::Forget(const QUrl& url) {
-  const bool hasRun = IsLoaded() || QFileInfo::exists(profileFolder_);
-  if (BrowserWindows* windows = hasRun ? Windows() : nullptr) {
-    windows->Forget(url);
-  } else {
-    cookies_.RemoveOf(url);
+  if (windows_) {
+    windows_->Forget(url);
+    return;
   }
+  cookies_.RemoveOf(url);
+  // What pages have stored lies in the engine's own files. Without it they go as a whole: no sign-in depends on them.
+  if (!profileFolder_.isEmpty()) QDir(profileFolder_).removeRecursively();
 }

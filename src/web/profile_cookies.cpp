@@ -89,13 +89,17 @@ void ProfileCookies::Put(const QNetworkCookie& cookie) {
 }
 
 void ProfileCookies::OnAdded(const QNetworkCookie& cookie) {
+  // The echo of one that came from the store is no news for it; the store may have forgotten it meanwhile.
+  const auto isIt = [&cookie](const QNetworkCookie& put) { return IsSame(put, cookie); };
+  if (std::any_of(awaited_.cbegin(), awaited_.cend(), isIt)) {
+    RemoveFrom(awaited_, cookie);
+    if (awaited_.isEmpty()) SetReady();
+    return;
+  }
   RemoveFrom(held_, cookie);
   held_ += cookie;
   pending_ += {cookie, false};
   if (!flush_.isActive()) flush_.start(kGather);
-  if (awaited_.isEmpty()) return;
-  RemoveFrom(awaited_, cookie);
-  if (awaited_.isEmpty()) SetReady();
 }
 
 // Comes also before each replacement, and then an addition follows.

@@ -148,6 +148,27 @@ class BrowserWindowsTest : public QObject {
     QCOMPARE(CookiesOfRead(site), QByteArray());
   }
 
+  // A user may sign out in a run in which no browser window has been open yet.
+  void SignsOutWithoutTheBrowser() {
+    SignInSite site;
+    OpenAndWaitFor(site, "/login", "/home");
+    library_->Windows()->CloseAll();
+    Restart();
+    QVERIFY(!CookiesOfRead(site).isEmpty());
+    library_->Forget(site.Url(u"/login"_s));
+    QVERIFY(!library_->IsLoaded());
+    QCOMPARE(CookiesOfRead(site), QByteArray());
+    QVERIFY(!QFileInfo::exists(folder_->filePath(u"browser"_s)));
+    // The same at once after the engine has been given the cookies.
+    store_->Add(QNetworkCookie("session", "abc"), u"127.0.0.1"_s);
+    library_->Windows()->Forget(site.Url(u"/login"_s));
+    site.asked.clear();
+    OpenAndWaitFor(site, "/home", "/home");
+    library_->Windows()->CloseAll();
+    QCOMPARE(site.cookies.value("/home"), QByteArray());
+    QVERIFY(store_->All().isEmpty());
+  }
+
   // What a page finds stored it tells by the path that it asks for next.
   void StorageLastsUntilForgotten() {
     SignInSite site;
