@@ -135,6 +135,7 @@ void frmMapLoc::Redraw_Map() {
   const QList<QWidget*> parts = findChildren<QWidget*>();
   for (const QWidget* part : parts) part->ensurePolished();
   imgMenuBar_.layout()->activate();
+  picOuter_->Prepare((owner_ == nullptr ? this : owner_)->screen()->availableGeometry().size());
 }
 
 void frmMapLoc::Display_Map(const QImage& picture) {

@@ -3,11 +3,16 @@
 
 #include <QFontMetricsF>
 #include <QPainter>
+#include <QSemaphore>
+#include <QThreadPool>
 #include <cmath>
 #include <cstring>
+#include <span>
 #include <vector>
 
 #include "ui/map_line.h"
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -15,6 +20,7 @@ namespace {
 constexpr double kSmoothPixels = 800'000;
 // Lines are drawn tile by tile: a steep line across the whole frame would miss the processor's caches at each row.
 constexpr int kTile = 512;
+constexpr std::size_t kLinesForTwo = 1000;
 
 // Text that can be read on a colour given from outside.
 QColor TextOn(const QColor& back) {
@@ -48,13 +54,14 @@ void MapLayer::SetLook(const MapLook& look) {
 const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
   const QSize size = (QSizeF(frame) * look_.ratio).toSize();
   const QPoint offset = (QPointF(place) * look_.ratio).toPoint();
-  if (image_.size() != size) {
-    image_ = QImage(size, QImage::Format_RGB32);
+  if (frame_.size() != size) {
+    MakeRoom(size);
+    frame_ = QRect(QPoint(0, 0), size);
     stale_ = true;
   }
   QRegion missing;
   if (stale_) {
-    missing = image_.rect();
+    missing = frame_;
   } else if (offset != offset_) {
     missing = Shift(offset - offset_);
   }
@@ -64,8 +71,27 @@ const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
   return image_;
 }
 
+void MapLayer::MakeRoom(const QSize& size) {
+  const QSize room = image_.size().expandedTo(size);
+  if (room != image_.size()) image_ = QImage(room, QImage::Format_RGB32);
+}
+
+void MapLayer::Prepare(const QSize& frame) {
+  MakeRoom((QSizeF(frame) * look_.ratio).toSize());
+  image_.fill(look_.back);
+  stale_ = true;
+  QPainter painter(&image_);
+  MapOverlay::Label label;
+  label.text = u"0°"_s;
+  label.place = QRectF(0, 0, 40, 20);
+  painter.setFont(look_.font);
+  PaintLabel(painter, label);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawEllipse(label.place);
+}
+
 QRegion MapLayer::Shift(const QPoint& by) {
-  const QRect whole = image_.rect();
+  const QRect whole = frame_;
   const QRect kept = whole & whole.translated(by);
   if (kept.isEmpty()) return whole;
   const QRect from = kept.translated(-by);
@@ -125,12 +151,26 @@ void MapLayer::ComposeLines(const QRect& part) {
     strokes.push_back(
         {ToImage(line.from), ToImage(line.to), {line.colour.rgba(), line.width * look_.ratio, smoothLines_}});
   }
+  std::vector<MapLineCanvas> tiles;
   for (int top = part.top(); top <= part.bottom(); top += kTile) {
     for (int left = part.left(); left <= part.right(); left += kTile) {
-      MapLineCanvas canvas(image_, part & QRect(left, top, kTile, kTile));
-      for (const Stroke& stroke : strokes) canvas.Draw(stroke.from, stroke.to, stroke.style);
+      tiles.emplace_back(image_, part & QRect(left, top, kTile, kTile));
     }
   }
+  const auto draw = [&strokes](std::span<MapLineCanvas> some) {
+    for (MapLineCanvas& tile : some) {
+      for (const Stroke& stroke : strokes) tile.Draw(stroke.from, stroke.to, stroke.style);
+    }
+  };
+  // Thousands of lines: half of the tiles on another core. The halves touch different pixels.
+  const std::size_t half = strokes.size() >= kLinesForTwo ? tiles.size() / 2 : 0;
+  QSemaphore done;
+  const bool helped = half > 0 && QThreadPool::globalInstance()->tryStart([&]() {
+    draw(std::span(tiles).first(half));
+    done.release();
+  });
+  draw(std::span(tiles).subspan(helped ? half : 0));
+  if (helped) done.acquire();
 }
 
 void MapLayer::ComposeMarks(const QRect& part) {

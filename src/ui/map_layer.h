@@ -31,10 +31,14 @@ class MapLayer {
   const QImage& Picture() const { return picture_; }
   const MapOverlay& Overlay() const { return overlay_; }
 
-  // The frame with the picture at place (pixels of the map), frame * ratio device pixels large.
+  // The frame with the picture at place (pixels of the map): the first frame * ratio device pixels of the image, which
+  // may be larger.
   const QImage& Frame(const QSize& frame, const QPoint& place);
+  // Takes the memory for frames up to that size, and the fonts, so that the first frame does not wait for them.
+  void Prepare(const QSize& frame);
 
  private:
+  void MakeRoom(const QSize& size);
   QRegion Shift(const QPoint& by);
   void Compose(const QRect& part);
   void ComposePicture(const QRect& part);
@@ -49,7 +53,8 @@ class MapLayer {
   MapOverlay overlay_;
   MapLook look_;
   bool smoothLines_ = true;
-  QImage image_;
+  QImage image_;   // as large as the largest frame so far: fresh memory costs more than painting
+  QRect frame_;    // the part of it that is used
   QPoint offset_;  // of the picture in image_, device pixels
   bool stale_ = true;
 };

@@ -48,6 +48,11 @@ void MapView::SetOverlay(const MapOverlay& overlay) {
   update();
 }
 
+void MapView::Prepare(const QSize& frame) {
+  UpdateLook();
+  layer_.Prepare(frame);
+}
+
 void MapView::FitMapToWindow(const QSize& window, int menuBarHeight) {
   fit_.FitMapToWindow(window);
   setGeometry(QRect(QPoint(0, menuBarHeight), window));
@@ -107,7 +112,7 @@ void MapView::paintEvent(QPaintEvent* event) {
   painter.setClipRegion(event->region());
   // Pixel by pixel, as the image has the device's own.
   painter.scale(1 / ratio, 1 / ratio);
-  painter.drawImage(0, 0, image);
+  painter.drawImage(QPoint(0, 0), image, QRect(QPoint(0, 0), (QSizeF(size()) * ratio).toSize()));
   painter.resetTransform();
   if (!hasFocus()) return;
   painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
@@ -252,7 +257,7 @@ void MapView::ShowLabel(qsizetype index) {
 void MapView::focusInEvent(QFocusEvent* event) {
   QWidget::focusInEvent(event);
   if (event->reason() == Qt::BacktabFocusReason) FocusLabel(NextClickable(Overlay().labels.size(), -1));
-  update();
+  if (focused_ >= 0) update();
 }
 
 void MapView::focusOutEvent(QFocusEvent* event) {
@@ -260,11 +265,12 @@ void MapView::focusOutEvent(QFocusEvent* event) {
   // A menu of the label, or another window, gives the focus back to it.
   const bool leaves = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
                       event->reason() == Qt::MouseFocusReason;
+  if (focused_ >= 0) update();
   if (leaves) focused_ = -1;
-  update();
 }
 
 void MapView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  update();
+  // A window that becomes active looks as before, and painting all of a map again is not cheap.
+  if (event->type() != QEvent::ActivationChange) update();
 }

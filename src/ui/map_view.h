@@ -20,6 +20,8 @@ class MapView : public QWidget {
   void SetOverlay(const MapOverlay& overlay);
   const MapOverlay& Overlay() const { return layer_.Overlay(); }
 
+  // Makes ready for a first picture in a frame of that size, while the picture is being read.
+  void Prepare(const QSize& frame);
   // picOuter takes the window's width below its bar, and the window's whole height: its lowest rows are cut off.
   void FitMapToWindow(const QSize& window, int menuBarHeight);
   // Moves the point of the picture into view; the Home key comes back to it.

@@ -94,7 +94,9 @@ class PaintWatch : public QObject {
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() == QEvent::Paint && !view_->Picture().isNull()) {
-      QTimer::singleShot(0, this, [this]() { painted = true; });
+      // In turn after the event that paints and sends the frame.
+      QMetaObject::invokeMethod(
+          this, [this]() { painted = true; }, Qt::QueuedConnection);
     }
     return false;
   }
@@ -115,6 +117,13 @@ double Open(Opener& opener, PaintWatch& watch) {
   Press(opener, Qt::Key_M);
   while (!watch.painted) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   return Ms(timer);
+}
+
+// Until the window manager has done what a closed window leaves it to do.
+void Rest() {
+  QEventLoop loop;
+  QTimer::singleShot(300, &loop, &QEventLoop::quit);
+  loop.exec();
 }
 
 struct Frames {
@@ -168,7 +177,7 @@ int main(int argc, char** argv) {
   PaintWatch watch(map->findChild<MapView*>());
   const double first = Open(opener, watch);
   map->close();
-  QApplication::processEvents();
+  Rest();
   const double again = Open(opener, watch);
 
   // A view of its own, so that the size does not depend on the screen.
