@@ -255,13 +255,12 @@ void MapView::ShowLabel(qsizetype index) {
 }
 
 void MapView::focusInEvent(QFocusEvent* event) {
-  QWidget::focusInEvent(event);
+  // Not the inherited handler here and below: it paints the whole map again.
   if (event->reason() == Qt::BacktabFocusReason) FocusLabel(NextClickable(Overlay().labels.size(), -1));
   if (focused_ >= 0) update();
 }
 
 void MapView::focusOutEvent(QFocusEvent* event) {
-  QWidget::focusOutEvent(event);
   // A menu of the label, or another window, gives the focus back to it.
   const bool leaves = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
                       event->reason() == Qt::MouseFocusReason;
