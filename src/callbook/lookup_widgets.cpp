@@ -65,6 +65,19 @@ void FieldLabel::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) Elide();
 }
 
+namespace {
+
+// The desktop's colour for links. Some dark desktops leave it at a dark blue, which nobody could read there.
+QColor LinkColour(const QPalette& palette) {
+  constexpr int kReadable = 90;  // of 255, between grey values
+  const QColor link = palette.color(QPalette::Active, QPalette::Link);
+  const QColor back = palette.color(QPalette::Active, QPalette::Window);
+  const bool readable = std::abs(qGray(link.rgb()) - qGray(back.rgb())) >= kReadable;
+  return readable ? link : palette.color(QPalette::Active, QPalette::WindowText);
+}
+
+}  // namespace
+
 StatusLink::StatusLink(const QString& name, QWidget* parent) : QToolButton(parent) {
   setObjectName(name);
   setAutoRaise(true);
@@ -105,7 +118,7 @@ void StatusLink::paintEvent(QPaintEvent* event) {
   shown.setUnderline(isLink_);
   painter.setFont(shown);
   // A state that cannot be clicked is still a text to be read: not greyed.
-  painter.setPen(palette().color(QPalette::Active, isLink_ ? QPalette::Link : QPalette::WindowText));
+  painter.setPen(isLink_ ? LinkColour(palette()) : palette().color(QPalette::Active, QPalette::WindowText));
   const QRect room = rect().adjusted(kFocusRing, 0, -kFocusRing, 0);
   painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | static_cast<int>(Qt::AlignLeft) | Qt::TextSingleLine,
                    fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));

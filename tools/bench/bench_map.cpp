@@ -88,7 +88,10 @@ class Opener : public QWidget {
 // Tells when the view has painted with a picture and the frame has gone to the screen.
 class PaintWatch : public QObject {
  public:
-  explicit PaintWatch(MapView* view) : view_(view) { view->installEventFilter(this); }
+  void Watch(MapView* view) {
+    view_ = view;
+    view->installEventFilter(this);
+  }
   bool painted = false;
 
  protected:
@@ -102,7 +105,7 @@ class PaintWatch : public QObject {
   }
 
  private:
-  MapView* view_;
+  MapView* view_ = nullptr;
 };
 
 void Press(QWidget& widget, Qt::Key key) {
@@ -168,13 +171,19 @@ int main(int argc, char** argv) {
   program.TargetLon = 18.4;
   MapStore store(folder.path());
   frmMapLoc* map = nullptr;
-  Opener opener([&]() { map->PickMapForTarget(u"ZZ1AA"_s); });
+  PaintWatch watch;
+  // The first time the window is made too, as in the program.
+  Opener opener([&]() {
+    if (map == nullptr) {
+      map = new frmMapLoc(program, store, &opener);
+      watch.Watch(map->findChild<MapView*>());
+    }
+    map->PickMapForTarget(u"ZZ1AA"_s);
+  });
   opener.resize(400, 300);
   opener.show();
   QApplication::processEvents();
 
-  map = new frmMapLoc(program, store, &opener);
-  PaintWatch watch(map->findChild<MapView*>());
   const double first = Open(opener, watch);
   map->close();
   Rest();
@@ -184,7 +193,8 @@ int main(int argc, char** argv) {
   MapView wide(nullptr);
   const QSize large = kScreen + QSize(400, 400);
   wide.SetPicture(MadeUpPicture(large));
-  PaintWatch wideWatch(&wide);
+  PaintWatch wideWatch;
+  wideWatch.Watch(&wide);
   wide.FitMapToWindow(kScreen, 0);
   wide.show();
   while (!wideWatch.painted) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
