@@ -18,13 +18,7 @@
 #include <functional>
 #include <vector>
 
-#include "core/hosts.h"
-#include "core/program.h"
-#include "display/main_window.h"
-#include "platform/companion_link.h"
-#include "platform/paths.h"
-#include "platform/settings_store.h"
-#include "ui/dialogs.h"
+#include "bench_window.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -140,17 +134,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   AccessibleCell::Install();
-  Program program;
-  program.AppDataDir = DefaultAppDataDir();
-  program.ProgramDir = QApplication::applicationDirPath();
-  const Hosts hosts = Hosts::Read(program.AppDataDir);
-  SettingsStore store(program.AppDataDir + "/settings.ini"_L1);
-  const Clock clock;
-  Dialogs dialogs;
-  Form1 window({program, store, hosts, dialogs, clock, program.ProgramDir + "/omni-perch-picture"_L1,
-                CompanionLink::DefaultSocketDir(), UrlLimits(), 1ms});
-  QObject::connect(&window, &Form1::Closed, &app, []() { QCoreApplication::exit(0); });
-  const LookupBench bench(app, program, window, rounds, arguments.mid(2));
-  if (!window.Load(false)) return 1;
+  BenchWindow at;
+  const LookupBench bench(app, at.program, *at.window, rounds, arguments.mid(2));
+  if (!at.window->Load(false)) return 1;
   return QApplication::exec();
 }

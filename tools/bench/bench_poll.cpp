@@ -20,14 +20,8 @@
 #include <functional>
 #include <optional>
 
-#include "core/hosts.h"
-#include "core/program.h"
-#include "display/main_window.h"
-#include "platform/companion_link.h"
-#include "platform/paths.h"
-#include "platform/settings_store.h"
+#include "bench_window.h"
 #include "platform/text_file.h"
-#include "ui/dialogs.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -237,17 +231,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   AccessibleCell::Install();
-  Program program;
-  program.AppDataDir = DefaultAppDataDir();
-  program.ProgramDir = QApplication::applicationDirPath();
-  const Hosts hosts = Hosts::Read(program.AppDataDir);
-  SettingsStore store(program.AppDataDir + "/settings.ini"_L1);
-  const Clock clock;
-  Dialogs dialogs;
-  Form1 window({program, store, hosts, dialogs, clock, program.ProgramDir + "/omni-perch-picture"_L1,
-                CompanionLink::DefaultSocketDir(), UrlLimits(), 1ms});
-  QObject::connect(&window, &Form1::Closed, &app, []() { QCoreApplication::exit(0); });
-  const PollBench bench(app, window, peers, rounds);
-  if (!window.Load(false)) return 1;
+  const BenchWindow at;
+  const PollBench bench(app, *at.window, peers, rounds);
+  if (!at.window->Load(false)) return 1;
   return QApplication::exec();
 }
