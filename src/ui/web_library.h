@@ -3,6 +3,7 @@
 // itself does not pay for a browser. main makes one of these.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/cookie_store.h"
@@ -12,8 +13,10 @@
 // before the application object and before the store.
 class WebLibrary {
  public:
-  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone.
-  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies);
+  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone; languageName: of
+  // the windows that open, asked for each; without it they speak English.
+  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies,
+             std::function<QString()> languageName = {});
   ~WebLibrary();
 
   BrowserWindows* Windows();
@@ -25,5 +28,6 @@ class WebLibrary {
   QString libraryFolder_;
   QString profileFolder_;
   CookieStore& cookies_;
+  std::function<QString()> languageName_;
   std::unique_ptr<BrowserWindows> windows_;
 };

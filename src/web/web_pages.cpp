@@ -13,6 +13,7 @@
 #include "web/site_storage.h"
 #include "web/web_page.h"
 #include "web/web_window.h"
+#include "web/web_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -68,7 +69,7 @@ void BrowserPages::OpenPage(const QString& title, const QUrl& url) {
     return;
   }
   if (!IsWebUrl(url)) return;
-  auto* window = new WebWindow(title, profile_.get());
+  auto* window = new WebWindow(title, profile_.get(), WebWordsOf(port_.LanguageName()));
   windows_ += window;
   connect(window, &WebWindow::Closed, this, &BrowserPages::OnClosed);
   connect(window, &QObject::destroyed, this, [this, window]() { closing_.removeOne(window); });
@@ -125,7 +126,7 @@ void BrowserPages::SyncCookies() {
 void BrowserPages::RefuseDownload(QWebEngineDownloadRequest* request) {
   request->cancel();
   auto* page = qobject_cast<WebPage*>(request->page());
-  if (page) Q_EMIT page->Told(u"Not saved: "_s + request->suggestedFileName());
+  if (page) Q_EMIT page->Told(WebWordsOf(port_.LanguageName()).notSaved.toString() + request->suggestedFileName());
 }
 
 extern "C" Q_DECL_EXPORT WebPages* OmniWebMakePages(const QString& profileFolder, WebPort& port) {

@@ -13,6 +13,7 @@
 #include <QWebEngineView>
 
 #include "web/web_page.h"
+#include "web/web_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,10 +23,11 @@ constexpr QSize kSize(1000, 760);
 
 }  // namespace
 
-WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
+WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const WebWords& words)
     : title_(title),
+      words_(words),
       view_(new QWebEngineView(this)),
-      page_(new WebPage(profile, view_)),
+      page_(new WebPage(profile, words, view_)),
       lock_(new QLabel(this)),
       address_(new QLineEdit(this)),
       message_(new QLabel(this)) {
@@ -34,7 +36,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   setAccessibleName(windowTitle());
   resize(kSize);
   view_->setPage(page_);
-  view_->setAccessibleName(u"Page"_s);
+  view_->setAccessibleName(words_.page.toString());
   view_->setContextMenuPolicy(Qt::CustomContextMenu);
 
   auto* column = new QVBoxLayout(this);
@@ -45,7 +47,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   column->addLayout(bar);
   column->addWidget(view_, 1);
   column->addWidget(message_);
-  message_->setAccessibleName(u"Message"_s);
+  message_->setAccessibleName(words_.message.toString());
   // A page's words are words, whatever they look like.
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
@@ -79,14 +81,14 @@ void WebWindow::MakeBar(QBoxLayout* bar) {
     bar->addWidget(button);
   };
   bar->setContentsMargins(2, 2, 2, 2);
-  addButton(QWebEnginePage::Back, u"Back"_s, QStyle::SP_ArrowBack, QKeySequence::Back);
-  addButton(QWebEnginePage::Reload, u"Reload"_s, QStyle::SP_BrowserReload, QKeySequence::Refresh);
+  addButton(QWebEnginePage::Back, words_.back.toString(), QStyle::SP_ArrowBack, QKeySequence::Back);
+  addButton(QWebEnginePage::Reload, words_.reload.toString(), QStyle::SP_BrowserReload, QKeySequence::Refresh);
   lock_->setMargin(4);
-  lock_->setAccessibleName(u"Connection"_s);
+  lock_->setAccessibleName(words_.connection.toString());
   bar->addWidget(lock_);
   // To be read before a password is typed: the user types it for whoever stands here.
   address_->setReadOnly(true);
-  address_->setAccessibleName(u"Address"_s);
+  address_->setAccessibleName(words_.address.toString());
   bar->addWidget(address_, 1);
 }
 
@@ -108,7 +110,8 @@ void WebWindow::Load(const QUrl& url) {
 void WebWindow::ShowAddress(const QUrl& url) {
   const bool safe = url.scheme() == "https"_L1;
   const bool refused = safe && url.host() == distrusted_;
-  lock_->setText(refused ? u"Not trusted"_s : (safe ? u"Encrypted"_s : u"Not encrypted"_s));
+  const QStringView state = refused ? words_.notTrusted : (safe ? words_.encrypted : words_.notEncrypted);
+  lock_->setText(state.toString());
   // The password of user:password@host is nobody's to read over a shoulder.
   address_->setText(url.toDisplayString(QUrl::RemoveUserInfo));
   address_->setCursorPosition(0);
@@ -118,9 +121,15 @@ void WebWindow::ShowAddress(const QUrl& url) {
 void WebWindow::ShowMenu(const QPoint& at) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  for (const QWebEnginePage::WebAction which : {QWebEnginePage::Back, QWebEnginePage::Reload, QWebEnginePage::Cut,
-                                                QWebEnginePage::Copy, QWebEnginePage::Paste, QWebEnginePage::SelectAll})
-    menu->addAction(page_->action(which));
+  const std::initializer_list<std::pair<QWebEnginePage::WebAction, QStringView>> entries = {
+      {QWebEnginePage::Back, words_.back},   {QWebEnginePage::Reload, words_.reload},
+      {QWebEnginePage::Cut, words_.cut},     {QWebEnginePage::Copy, words_.copy},
+      {QWebEnginePage::Paste, words_.paste}, {QWebEnginePage::SelectAll, words_.selectAll}};
+  for (const auto& [which, text] : entries) {
+    QAction* action = page_->action(which);
+    action->setText(text.toString());
+    menu->addAction(action);
+  }
   menu->popup(view_->mapToGlobal(at));
 }
 
@@ -135,7 +144,7 @@ void WebWindow::OnLoadStarted() {
 }
 
 void WebWindow::OnProcessEnded() {
-  Tell(u"The page has stopped. Reload shows it again."_s);
+  Tell(words_.stopped.toString());
 }
 
 void WebWindow::Tell(const QString& text) {

@@ -12,12 +12,14 @@ class QLineEdit;
 class QWebEngineProfile;
 class QWebEngineView;
 class WebPage;
+struct WebWords;
 
 class WebWindow : public QWidget {
   Q_OBJECT
 
  public:
-  WebWindow(const QString& title, QWebEngineProfile* profile);
+  // The words are to outlive it.
+  WebWindow(const QString& title, QWebEngineProfile* profile, const WebWords& words);
 
   const QString& Title() const { return title_; }
   bool Shows(const QString& host) const;  // a page of that host or of one below it
@@ -39,6 +41,7 @@ class WebWindow : public QWidget {
   void Tell(const QString& text);
 
   QString title_;
+  const WebWords& words_;
   QUrl asked_;
   QString distrusted_;  // the last host whose certificate was refused
   QWebEngineView* view_;

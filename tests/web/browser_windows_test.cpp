@@ -51,7 +51,8 @@ class BrowserWindowsTest : public QObject {
 
   void Start() {
     store_ = std::make_unique<CookieStore>(folder_->path());
-    library_ = std::make_unique<WebLibrary>(QStringLiteral(PROGRAM_DIR), folder_->filePath(u"browser"_s), *store_);
+    library_ = std::make_unique<WebLibrary>(QStringLiteral(PROGRAM_DIR), folder_->filePath(u"browser"_s), *store_,
+                                            [this]() { return language_; });
   }
   void Restart() {
     library_.reset();
@@ -76,6 +77,7 @@ class BrowserWindowsTest : public QObject {
   std::unique_ptr<QTemporaryDir> folder_;
   std::unique_ptr<CookieStore> store_;
   std::unique_ptr<WebLibrary> library_;
+  QString language_;
 
  private Q_SLOTS:
   void init() {
@@ -83,6 +85,7 @@ class BrowserWindowsTest : public QObject {
     Start();
   }
   void cleanup() {
+    language_.clear();
     library_.reset();
     store_.reset();
     // The browser's threads finish their files after the windows have gone.
@@ -207,6 +210,33 @@ class BrowserWindowsTest : public QObject {
       library_->Windows()->OpenPage(u"Calls"_s, QUrl(url));
       QVERIFY2(WindowsTitled(u"Omni-Perch  Calls"_s).isEmpty(), qPrintable(url));
     }
+  }
+
+  // Each window speaks the language of its opening, and has every word of it.
+  void SpeaksTheLanguage() {
+    SignInSite site;
+    const QStringList languages = {u"Klingon"_s, u"English"_s,  u"Dutch"_s,  u"French"_s, u"German"_s,
+                                   u"Spanish"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s};
+    QHash<QString, QStringList> spoken;
+    for (const QString& language : languages) {
+      language_ = language;
+      library_->Windows()->OpenPage(language, site.Url(u"/home"_s));
+      const QWidget* window = WindowsTitled(u"Omni-Perch  "_s + language).value(0);
+      QVERIFY(window);
+      for (const auto* button : window->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) {
+        spoken[language] += button->accessibleName();
+        QVERIFY2(button->toolTip().startsWith(button->accessibleName()), qPrintable(button->toolTip()));
+      }
+      auto* lock = window->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+      QTRY_VERIFY_WITH_TIMEOUT(!lock->text().isEmpty(), kPatienceMs);
+      spoken[language] += lock->text();
+      spoken[language] += window->findChild<QLineEdit*>()->accessibleName();
+      QCOMPARE(spoken[language].size(), 4);
+      QVERIFY2(!spoken[language].contains(QString()), qPrintable(language));
+    }
+    QCOMPARE(spoken[u"Klingon"_s], spoken[u"English"_s]);
+    QCOMPARE(spoken[u"German"_s], (QStringList{u"Zurück"_s, u"Neu laden"_s, u"Nicht verschlüsselt"_s, u"Adresse"_s}));
+    QCOMPARE(QSet<QStringList>(spoken.cbegin(), spoken.cend()).size(), 8);
   }
 
   void WindowsCloseByKeyAndTogether() {
