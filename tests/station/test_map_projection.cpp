@@ -48,9 +48,12 @@ class TestMapProjection : public QObject {
  private Q_SLOTS:
   void PlacesPoints_data();
   void PlacesPoints();
+  void FollowsTheWorldTable();
   void MovesLongitudesPastTheDateLine();
   void ChoosesTheMap_data();
   void ChoosesTheMap();
+  void EndsAtTheEdges_data();
+  void EndsAtTheEdges();
   void KnowsMapsByName();
   void FitsThePictures_data();
   void FitsThePictures();
@@ -85,6 +88,22 @@ void TestMapProjection::PlacesPoints_data() {
   row("skew 36 from a half", MapName::NorthAmerica, 40, -130.5, {18, 317});
   row("skew 36 in the east", MapName::NorthAmerica, 40, -59.4, {1306, 320});
 
+  // Far corners of the cones: a turn that is a little off is still right in their middle.
+  row("off the Azores", MapName::Europe, 30, -22, {-388, 1098});
+  row("Karelia", MapName::Europe, 59, 53, {1348, 352});
+  row("west of Tasmania", MapName::Australia, -44, 123, {408, 1241});
+  row("Coral Sea", MapName::Australia, -11, 154, {1440, 128});
+  row("Stewart Island", MapName::NewZealand, -47, 167, {96, 1381});
+  row("Kermadec", MapName::NewZealand, -34, 178, {974, 2});
+  row("off Ireland", MapName::Uk, 50, -11, {-5, 1108});
+  row("Shetland", MapName::Uk, 59, 2, {876, 59});
+  row("Okinawa", MapName::Japan, 26, 127, {30, 1214});
+  row("Kuril Islands", MapName::Japan, 44, 147, {942, 204});
+  row("Polynesia", MapName::NorthAmerica, 10, -134, {-334, 989});
+  row("Labrador", MapName::NorthAmerica, 54, -56, {1229, -33});
+  row("a pixel right of where pi itself would be", MapName::NewZealand, -46, 173, {530, 1260});
+
+  row("Asia just beyond the equator", MapName::Asia, -0.5, 40, {130, 938});
   row("a half above an odd pixel", MapName::Asia, 1, 40, {130, 920});
   row("a half above an even pixel", MapName::Asia, -1, 40, {130, 944});
   row("Asia beyond the equator", MapName::Asia, -10, 100, {953, 1067});
@@ -119,6 +138,20 @@ void TestMapProjection::PlacesPoints() {
   QTEST(Place(map, lat, lon), "pixel");
 }
 
+// Every row of the World map's table, north of the equator at its right end and south of it at its left.
+void TestMapProjection::FollowsTheWorldTable() {
+  const QList<QPoint> north{{2699, 706}, {2697, 663}, {2692, 619}, {2686, 576}, {2676, 533}, {2663, 490}, {2646, 446},
+                            {2624, 403}, {2596, 360}, {2563, 317}, {2526, 275}, {2482, 234}, {2434, 193}, {2384, 154},
+                            {2330, 117}, {2271, 82},  {2203, 50},  {2140, 25},  {2090, 8}};
+  const QList<QPoint> south{{98, 706},   {100, 749},  {104, 793},  {112, 836},  {122, 879},  {134, 922},  {150, 966},
+                            {173, 1009}, {199, 1052}, {232, 1095}, {269, 1137}, {311, 1178}, {358, 1219}, {408, 1258},
+                            {462, 1295}, {520, 1330}, {588, 1362}, {652, 1387}, {706, 1404}};
+  for (int row = 0; row <= 18; ++row) {
+    QCOMPARE(Place(MapName::World, 5 * row, 180), north.at(row));
+    QCOMPARE(Place(MapName::World, -5 * row, -160), south.at(row));
+  }
+}
+
 void TestMapProjection::MovesLongitudesPastTheDateLine() {
   const auto moved = [](MapName map, double lon) {
     double lat = 45;
@@ -145,15 +178,11 @@ void TestMapProjection::ChoosesTheMap_data() {
   row("Auckland", -36.8, 174.8, u"New Zealand Map"_s);
   row("Dublin", 53.3, -6.3, u"UK Map"_s);
   row("east of the UK box", 53, 3.9, u"N-Nederland Map"_s);
-  row("the UK box ends at 3", 53, 3, u"Europe Map"_s);
   row("Berlin", 52.5, 13.4, u"Europe Map"_s);
-  row("south of N-Nederland", 52.18, 5, u"Europe Map"_s);
   row("Europe's northern edge", 60, 0, u"World Map"_s);
-  row("Europe's eastern edge is Asia's western", 40, 54, u"World Map"_s);
   row("Seoul", 37.6, 127, u"Japan Map"_s);
   row("Tibet", 30, 100, u"Asia Map"_s);
   row("east of Asia", 30, 150, u"World Map"_s);
-  row("Japan's southern edge", 25, 130, u"Asia Map"_s);
   row("Rio de Janeiro", -22.9, -43.2, u"World Map"_s);
   row("nowhere", kNaN, kNaN, u"World Map"_s);
 }
@@ -162,6 +191,38 @@ void TestMapProjection::ChoosesTheMap() {
   QFETCH(const double, lat);
   QFETCH(const double, lon);
   QTEST(QString(FindMapName(lat, lon)), "name");
+}
+
+void TestMapProjection::EndsAtTheEdges_data() {
+  QTest::addColumn<double>("west");
+  QTest::addColumn<double>("east");
+  QTest::addColumn<double>("south");
+  QTest::addColumn<double>("north");
+  QTest::newRow("North America Map") << -135.0 << -55.0 << 9.0 << 55.0;
+  QTest::newRow("Australia Map") << 122.0 << 155.0 << -45.0 << -10.0;
+  QTest::newRow("New Zealand Map") << 166.0 << 179.0 << -48.0 << -33.0;
+  QTest::newRow("UK Map") << -12.0 << 3.0 << 49.0 << 60.0;
+  QTest::newRow("N-Nederland Map") << 3.817 << 8.0 << 52.18 << 53.72;
+  QTest::newRow("Europe Map") << -23.0 << 54.0 << 29.0 << 60.0;
+  QTest::newRow("Japan Map") << 126.0 << 148.0 << 25.0 << 45.0;
+  QTest::newRow("Asia Map") << 54.0 << 148.0 << -26.0 << 62.0;
+}
+
+// A hair inside each edge the map is the best one, on the edge itself another is.
+void TestMapProjection::EndsAtTheEdges() {
+  QFETCH(const double, west);
+  QFETCH(const double, east);
+  QFETCH(const double, south);
+  QFETCH(const double, north);
+  const double lat = (south + north) / 2;
+  const double lon = (west + east) / 2;
+  const QLatin1String name(QTest::currentDataTag());
+  for (const double hair : {0.001, 0.0}) {
+    for (const auto& [atLat, atLon] : {std::pair(lat, west + hair), std::pair(lat, east - hair),
+                                       std::pair(south + hair, lon), std::pair(north - hair, lon)}) {
+      QVERIFY2((FindMapName(atLat, atLon) == name) == (hair > 0), qPrintable(u"%1 %2"_s.arg(atLat).arg(atLon)));
+    }
+  }
 }
 
 void TestMapProjection::KnowsMapsByName() {
