@@ -29,5 +29,6 @@ QStringList MapListNames(const QStringList& lstMap);
 int BestMapIndex(const QStringList& lstMap, double lat, double lon);
 
 // The map at MapIndex, its picture of that size, with the target upon it. Moves an own latitude beyond 89 degrees back
-// to it, in the configuration too. Without a formula for the map nothing is drawn.
+// to it, in the configuration too; the World map moves an own longitude there as it does the target's. Without a
+// formula for the map nothing is drawn.
 LocationMap BuildLocationMap(Program& program, MapTarget& target, const QSize& picture, const LabelMeasure& measure);

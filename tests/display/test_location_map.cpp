@@ -136,28 +136,55 @@ class LocationMapTest : public QObject {
     QCOMPARE(map.overlay.circles.size(), 2);
   }
 
-  // The picture ends where the target or own position lies, or a pixel before.
+  // A target on the very edge of the picture is on it, own position there is not.
   void Edges_data() {
-    QTest::addColumn<bool>("byOwn");
-    QTest::addColumn<int>("rest");
+    QTest::addColumn<QPoint>("target");
+    QTest::addColumn<QPoint>("own");
     QTest::addColumn<bool>("stub");
-    QTest::newRow("target on the edge") << false << 0 << false;
-    QTest::newRow("target beyond the edge") << false << -1 << true;
-    QTest::newRow("own position on the edge") << true << 0 << false;
-    QTest::newRow("own position before the edge") << true << 1 << true;
+    const QPoint inside(300, 700);
+    const QPoint off(-500, 700);
+    QTest::newRow("target at the left") << QPoint(0, 500) << inside << false;
+    QTest::newRow("target off the left") << QPoint(-1, 500) << inside << true;
+    QTest::newRow("target at the right") << QPoint(1010, 500) << inside << false;
+    QTest::newRow("target off the right") << QPoint(1011, 500) << inside << true;
+    QTest::newRow("target at the top") << QPoint(500, 0) << inside << false;
+    QTest::newRow("target off the top") << QPoint(500, -1) << inside << true;
+    QTest::newRow("target at the bottom") << QPoint(500, 1180) << inside << false;
+    QTest::newRow("target off the bottom") << QPoint(500, 1181) << inside << true;
+    QTest::newRow("own position at the left") << off << QPoint(0, 500) << false;
+    QTest::newRow("own position inside the left") << off << QPoint(1, 500) << true;
+    QTest::newRow("own position at the right") << off << QPoint(1010, 500) << false;
+    QTest::newRow("own position inside the right") << off << QPoint(1009, 500) << true;
+    QTest::newRow("own position at the top") << off << QPoint(500, 0) << false;
+    QTest::newRow("own position inside the top") << off << QPoint(500, 1) << true;
+    QTest::newRow("own position at the bottom") << off << QPoint(500, 1180) << false;
+    QTest::newRow("own position inside the bottom") << off << QPoint(500, 1179) << true;
+    QTest::newRow("both off") << off << QPoint(500, 2000) << false;
   }
 
   void Edges() {
-    QFETCH(bool, byOwn);
-    QFETCH(int, rest);
-    Picked picked;
-    const QPointF target = *picked.Build().keep;
-    const QPointF own = picked.Build().overlay.circles.last().centre;
-    // Own position lies to the left of the target and above it.
-    QVERIFY(own.x() < target.x() && own.y() < target.y());
-    const QPointF edge = byOwn ? own : target;
-    picked.picture = QSize(static_cast<int>(edge.x()) + rest, byOwn ? 1490 : static_cast<int>(edge.y()) + 100);
-    QTEST(!picked.Build().overlay.lines.isEmpty(), "stub");
+    QFETCH(QPoint, target);
+    QFETCH(QPoint, own);
+    // The plainest of the maps: its pixels can be turned back into degrees.
+    Picked picked(u"N-Nederland Map.jpg"_s);
+    picked.picture = QSize(1010, 1180);
+    const auto lat = [](const QPoint& pixel) { return 52.184 + (584 - pixel.y()) / 386.36; };
+    const auto lon = [](const QPoint& pixel) { return 3.828 + (pixel.x() + 14) / 240.16; };
+    picked.target = {u"ZZ1AA"_s, lat(target), lon(target)};
+    picked.program.config.MyLat = lat(own);
+    picked.program.config.MyLon = lon(own);
+    const LocationMap map = picked.Build();
+    const bool stub = !map.overlay.lines.isEmpty();
+    QTEST(stub, "stub");
+    QCOMPARE(*map.keep, QPointF(stub ? own : target));
+    QCOMPARE(map.overlay.circles.last().centre, QPointF(own));
+
+    // Without own position there is nothing that the way could begin at.
+    picked.program.config.MyLat = picked.program.config.MyLon = 0;
+    const LocationMap alone = picked.Build();
+    QVERIFY(alone.overlay.lines.isEmpty());
+    QCOMPARE(alone.overlay.labels.size(), 1);
+    QCOMPARE(*alone.keep, QPointF(target));
   }
 
   void OwnPosition_data() {
@@ -204,6 +231,10 @@ class LocationMapTest : public QObject {
     world.picture = QSize(2800, 1412);
     QVERIFY(world.Build().keep->x() > 2600);
     QCOMPARE(world.target.lon, 185.0);
+    // Own position is moved past the date line like any other.
+    world.program.config.MyLon = -175;
+    QVERIFY(world.Build().overlay.circles.last().centre.x() > 2400);
+    QCOMPARE(world.program.config.MyLon, 185.0);
     for (const double far : {1e300, -1e300, qInf()}) {
       for (const QString& name : {u"Europe Map.jpg"_s, u"World Map.jpg"_s, u"Asia Map.jpg"_s}) {
         Picked picked(name);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The location map in its window, on real picture files of all kinds.
 #include <QDir>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
 #include <QSignalSpy>
@@ -265,6 +266,29 @@ class MapWindowTest : public QObject {
     if (stored) expected[row] = f.View().Fit().place.x();
     QCOMPARE(f.program.MapLeft, expected);
     QCOMPARE(f.program.MapTop, QList<int>(kMapOffsets, 1));  // it cannot be dragged up or down
+  }
+
+  // A station near the lower edge leaves the picture's end to the rows that the bar has pushed off the window.
+  void DragsFromTheLowerEdge() {
+    MapFixture f;
+    f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
+    f.Open();
+    f.Pick(31, 20);
+    const QPoint before = f.View().Fit().place;
+    QCOMPARE(before.y(), f.View().height() - 1490 - 25);
+    QVERIFY(before.x() < -20 && before.x() > f.View().width() - 1790);
+    const QPoint start(300, 100);
+    const QPoint end = start + QPoint(20, 60);
+    QTest::mousePress(&f.View(), Qt::LeftButton, {}, start);
+    QMouseEvent move(QEvent::MouseMove, end, f.View().mapToGlobal(end), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&f.View(), &move);
+    QCOMPARE(f.View().Fit().place, before + QPoint(20, 60));
+    QCOMPARE(f.program.MapLeft.at(0), before.x() + 20);
+    QCOMPARE(f.program.MapTop.at(0), before.y() + 60);
+    QTest::mouseRelease(&f.View(), Qt::LeftButton, {}, end);
+    // Opened again, the map shows its station, not the place that it was dragged to.
+    f.Pick(31, 20);
+    QTRY_COMPARE(f.View().Fit().place, before);
   }
 
   void WithoutMaps() {
