@@ -99,6 +99,7 @@ void Form12::MakeLayout() {
 void Form12::ConnectParts() {
   connect(&session_, &LookupSession::Changed, this, &Form12::ShowView);
   connect(&session_, &LookupSession::FrontWanted, this, &Form12::raise);
+  // The desktop's own: how high and how long it sounds is the user's choice.
   connect(&session_, &LookupSession::Beep, this, &QApplication::beep);
   connect(&session_, &LookupSession::Stored, this, &Form12::Stored);
   // Told of the user's choices only; setting the row while a call is opened is none.
@@ -114,7 +115,7 @@ void Form12::ConnectParts() {
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
   menu_.close();
-  picture_.close();
+  picture_.Dismiss();
   parts_.program.LookupCall = lookupCall;
   ShowTexts();
   session_.SetPictureBox(PixelsOf(kLargestUnits) * devicePixelRatioF());
@@ -259,6 +260,7 @@ void Form12::CopyPicture() {
 }
 
 void Form12::SavePicture() {
+  // The dialog lists bitmaps by its filter; a name of "*.bmp" in its field would be taken for one to save under.
   const QString path =
       parts_.dialogs.AskSaveFile(this, parts_.program.SaveDir, session_.Call() + u".bmp"_s, u"bmp files (*.bmp)"_s);
   if (path.isEmpty()) return;
@@ -317,7 +319,7 @@ void Form12::SignOut() {
 
 void Form12::closeEvent(QCloseEvent* event) {
   menu_.close();
-  picture_.close();
+  picture_.Dismiss();
   session_.EndLookup();
   QWidget::closeEvent(event);
   Q_EMIT Closed();

@@ -33,6 +33,11 @@ void Form13::ShowPicture(const QString& path, const QString& title, const QPoint
   });
 }
 
+void Form13::Dismiss() {
+  ++asked_;
+  close();
+}
+
 void Form13::Place(const QImage& picture, const QString& title, const QPoint& over) {
   setWindowTitle(u"Omni-Perch  "_s + title);
   setAccessibleName(windowTitle());

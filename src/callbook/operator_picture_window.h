@@ -17,6 +17,8 @@ class Form13 : public QWidget {
   // Shows the window once the picture has been decoded: centred over the point, whole on its monitor, scaled down where
   // it is larger than that. A file that is no picture shows nothing.
   void ShowPicture(const QString& path, const QString& title, const QPoint& over);
+  // Closes it; a picture that is still being decoded will not open it again.
+  void Dismiss();
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;

@@ -112,6 +112,18 @@ class TestLookupWindow : public QObject {
     QVERIFY(whole->windowTitle().contains(u"K1QPE"_s));
     QTest::keyClick(whole, Qt::Key_Escape);
     QVERIFY(!whole->isVisible() && f.form.isVisible());
+    // Nor does it come when the lookup has been closed before the picture was decoded.
+    QTest::keyClick(image, Qt::Key_Return);
+    f.form.close();
+    int decoded = 0;
+    for (int i = 0; i < 3; ++i) {
+      f.tool.View(f.PicturePath(u"K1QPE"_s), QSize(9, 9), &f.form, [&](const PictureAnswer&) { ++decoded; });
+    }
+    QTRY_COMPARE(decoded, 3);
+    QVERIFY(!whole->isVisible());
+    QCOMPARE(closed.count(), 1);
+    f.Open(u"K1QPE"_s);
+    QTRY_VERIFY(image->isVisible());
 
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
     QApplication::sendEvent(image, &byKey);
@@ -130,7 +142,7 @@ class TestLookupWindow : public QObject {
     QTest::keyClick(&f.form, Qt::Key_F5);
     QTRY_COMPARE(f.Service().TotalRequests(), 1);
     QTest::keyClick(f.Part<QWidget>(u"cmdUpdate"_s), Qt::Key_Escape);
-    QCOMPARE(closed.count(), 1);
+    QCOMPARE(closed.count(), 2);
     QVERIFY(!f.form.isVisible() && f.form.cursor().shape() != Qt::BusyCursor);
     f.Open(u"W5QUJ"_s);
     QCOMPARE(f.Text(u"lblName"_s), u"Buck R."_s);
@@ -201,6 +213,36 @@ class TestLookupWindow : public QObject {
     QTRY_COMPARE(f.Text(u"lblCall"_s), u"K1QPE  (From Callook.info)"_s);
     QVERIFY(!key->isEnabled() && !status->isEnabled());
     QCOMPARE(f.Part<QPushButton>(u"cmdUpdate"_s)->text(), u"Update from Callook.info"_s);
+  }
+
+  // Some languages have long words for a login: a little less room does not cut them.
+  void CutsTheStatusLate_data() {
+    QTest::addColumn<int>("percent");  // of the room that the text would like
+    QTest::addColumn<bool>("whole");
+    QTest::newRow("room enough") << 100 << true;
+    QTest::newRow("a little narrow") << 88 << true;
+    QTest::newRow("too narrow") << 60 << false;
+  }
+
+  void CutsTheStatusLate() {
+    QFETCH(const int, percent);
+    QFETCH(const bool, whole);
+    const QString text = u"Niet aangemeld, gegevens mogelijk onvolledig"_s;
+    QWidget window;
+    StatusLink status(u"lblStatus"_s, &window);
+    window.show();
+    QVERIFY(!status.isVisible());
+    status.SetStatus(text, u"Aanmelden"_s);
+    QVERIFY(status.isVisible());
+    status.resize(status.sizeHint().width() * percent / 100, status.height());
+    QCOMPARE(status.ShownText() == text, whole);
+    QCOMPARE(status.ShownText().endsWith(u'…'), !whole);
+    // What is shown is drawn within the room: the last columns stay empty.
+    QImage drawn = status.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const QRgb back = drawn.pixel(0, 0);
+    for (int y = 0; y < drawn.height(); ++y) QCOMPARE(drawn.pixel(drawn.width() - 1, y), back);
+    status.SetStatus(QString(), QString());
+    QVERIFY(!status.isVisible());
   }
 
   void StandsBesideTheCall_data() {
