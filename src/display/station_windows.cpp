@@ -43,7 +43,7 @@ Form12& StationWindows::Lookup() {
     lookup_ = std::make_unique<Form12>(Form12::Parts{program_, logic_.network, logic_.tool, logic_.background, hosts_,
                                                      cookies_, browser, forget, dialogs_},
                                        window_);
-    connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowOnMap);
+    connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
     connect(lookup_.get(), &Form12::Closed, this, &StationWindows::RaiseMaps);
   }
   return *lookup_;
@@ -130,6 +130,11 @@ void StationWindows::ShowOnMap(const QString& shown) {
   program_.TargetLat = target.TargetLat;
   program_.TargetLon = target.TargetLon;
   if (!IsKnownPosition(target.TargetLat, target.TargetLon)) return;
+  Map().PickMapForTarget(ShownCall(call, program_.ZeroGlyph));
+}
+
+// Where the lookup has one coordinate only, the map is drawn with the other at 0: a station on the meridian has none.
+void StationWindows::ShowLookedUp(const QString& call) {
   Map().PickMapForTarget(ShownCall(call, program_.ZeroGlyph));
 }
 

@@ -60,6 +60,8 @@ class StationWindows : public QObject {
   // Shows a call beside a place on the screen.
   void LookUp(const QString& call, const QRect& beside);
   void ShowOnMap(const QString& shown);
+  // The call that the lookup window shows; its place is the target already.
+  void ShowLookedUp(const QString& call);
   // The map windows come up again when the lookup has been closed.
   void RaiseMaps();
   Form12& Lookup();

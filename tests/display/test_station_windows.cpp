@@ -68,6 +68,14 @@ struct StationsFixture : WindowFixture {
   }
 };
 
+struct RaiseCounter : QObject {
+  int count = 0;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::ZOrderChange) ++count;
+    return false;
+  }
+};
+
 }  // namespace
 
 class StationWindowsTest : public QObject {
@@ -158,6 +166,24 @@ class StationWindowsTest : public QObject {
     // Its call opens the lookup again.
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"K1QPE"_s, QRect(300, 300, 50, 20));
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"K1QPE  (From QRZCQ)"_s);
+    // Which asks for a map with one coordinate too: on the meridian the other is 0.
+    CallDatabase database(f.folder.path());
+    QCOMPARE(database.FindRecord(u"ZZ9MER"_s), 0);
+    database.DbCurrent.Call = u"ZZ9MER"_s;
+    database.DbCurrent.Name = u"Robin"_s;
+    database.DbCurrent.Lat = u"51.5"_s;
+    database.DbCurrent.Lon = u"0"_s;
+    QVERIFY(database.AddRecord() && database.SortDatabase());
+    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
+    QTRY_VERIFY(showsMap(u"Australia Map"_s));
+    Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"ZZ9MER"_s, QRect(300, 300, 50, 20));
+    f.Find<Form12>()->MnuMapsClick(0);
+    QTRY_VERIFY(showsMap(u"UK Map"_s));
+
+    RaiseCounter raises;
+    f.Find<frmMapLoc>()->installEventFilter(&raises);
+    f.CloseLookup();
+    QVERIFY2(raises.count > 0, "an open map comes up again when the lookup goes");
     f.Close();
   }
 };
