@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the location map draws, in both of its cases, and how it finds its map.
+#include <QDir>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include "display/load_sequence.h"
 #include "display/location_map.h"
 #include "test_suite.h"
 
@@ -67,6 +70,26 @@ class LocationMapTest : public QObject {
     QTEST(MapListNames({file}).constFirst(), "listed");
     QCOMPARE(MapTitle({file}, 1), QString());
     QCOMPARE(MapTitle({file}, -1), QString());
+  }
+
+  // The files of the maps' folder that are listed at the start, with their offsets.
+  void Catalogue() {
+    const QTemporaryDir folder;
+    Program program;
+    program.AppDataDir = folder.path();
+    QDir(folder.path()).mkpath(u"maps/Folder Map.jpg"_s);  // the letter case is the user's
+    for (const QString& name : {u"World Map.jpg"_s, u"UK map.GIF"_s, u"Asia Map.jpg"_s, u"Homemap.png"_s, u"Map.jpg"_s,
+                                u"Map of Mars.jpg"_s, u"Moon Map.jpeg"_s, u"map"_s}) {
+      QFile file(folder.filePath(u"maps/"_s + name));
+      QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    SettingsStore store(folder.filePath(u"settings.ini"_s));
+    store.SetValue(u"Omni-Perch"_s, u"MapLeft"_s, u"8"_s, u"-7"_s);
+    HeightTable heights;
+    const Clock clock;
+    LoadSequence(program, heights, store, clock).ReadSettings(true);
+    QCOMPARE(program.lstMap.join(u", "_s), u"Asia Map.jpg, Homemap.png, Map.jpg, UK map.GIF, World Map.jpg"_s);
+    QCOMPARE(program.MapLeft.at(8), -7);
   }
 
   void BestMap_data() {
