@@ -79,12 +79,14 @@ struct LookupFixture {
     database.DbCurrent.Lon = lon;
     QVERIFY(database.AddRecord() && database.SortDatabase());
   }
-  // Name, latitude, longitude and class of a record; empty where there is none.
+  // Name, latitude, longitude, class, the address in three lines and year of a record; empty where there is none.
   QString Filed(const QString& call) const {
     CallDatabase database(folder.path());
     if (database.FindRecord(call) == 0) return {};
     const DbRec& record = database.DbCurrent;
-    return QStringList{record.Name.Text(), record.Lat.Text(), record.Lon.Text(), record.Class.Text()}.join(u'*');
+    return QStringList{record.Name.Text(), record.Lat.Text(),  record.Lon.Text(),  record.Class.Text(),
+                       record.Add1.Text(), record.Add2.Text(), record.Ctry.Text(), record.YearBorn.Text()}
+        .join(u'*');
   }
   int Records() const { return CallDatabase(folder.path()).RecordCount(); }
 

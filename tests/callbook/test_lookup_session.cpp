@@ -74,6 +74,7 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.view.title, u"Callsign k1qpe/P"_s);
     QCOMPARE(f.view.call, u"Reading %1. . ."_s.arg(f.program.config.CallbookName));
     QVERIFY(f.view.busy);
+    QCOMPARE(f.program.LookupCall, u"k1qpe"_s);
     QTRY_VERIFY_WITH_TIMEOUT(!f.view.busy, 10'000);
     f.Settle();
     QCOMPARE(f.view.status, f.Text(status));
@@ -90,7 +91,10 @@ class TestLookupSession : public QObject {
     QVERIFY2(f.view.add2.startsWith(u"East Harrow"_s), qPrintable(f.view.add2));
     QVERIFY2(f.view.ctry == u"United States"_s || f.view.ctry == u"U.S.A."_s, qPrintable(f.view.ctry));
     QCOMPARE(f.view.dxAz, u"604 km 39° "_s);
-    QVERIFY2(f.Filed(u"K1QPE"_s).startsWith(u"Martha*44.1*-70.2*Extra"_s), qPrintable(f.Filed(u"K1QPE"_s)));
+    const QString filed = f.Filed(u"K1QPE"_s);
+    QVERIFY2(filed.startsWith(u"Martha*44.1*-70.2*Extra"_s), qPrintable(filed));
+    QCOMPARE(filed.section(u'*', 4, 6), (QStringList{f.view.add1, f.view.add2, f.view.ctry}.join(u'*')));
+    QCOMPARE(filed.section(u'*', 7), service == kQrz || service == kHamCall ? u"1951"_s : QString());
     QTRY_VERIFY(!f.view.picture.isNull());
     QVERIFY(!f.Picture(u"K1QPE"_s).isEmpty());
   }
@@ -118,6 +122,7 @@ class TestLookupSession : public QObject {
     SessionFixture f;
     f.Choose(kCallook);
     f.program.config.MyLat = myLat;
+    f.program.nicknames.lstNicknames = QStringList{u"K1QPE*Rob"_s};
     f.File(u"K1QPE"_s, name, lat, lon);
     QSignalSpy front(&f.session, &LookupSession::FrontWanted);
     f.LookToTheEnd(u"K1QPE"_s);
@@ -129,7 +134,7 @@ class TestLookupSession : public QObject {
       return;
     }
     QCOMPARE(f.view.call, u"K1QPE  (from the local database)"_s);
-    QCOMPARE(f.view.name, u"Robin"_s);
+    QCOMPARE(f.view.name, u"Rob  (Robin)"_s);
     QCOMPARE(f.view.add1 + u'/' + f.view.add2 + u'/' + f.view.ctry, u"1 Mill Lane//Nowhere"_s);
     QCOMPARE(f.view.dxAz, dxAz);
     QTRY_VERIFY(!f.view.picture.isNull());
@@ -140,7 +145,7 @@ class TestLookupSession : public QObject {
     f.Choose(kCallook);
     f.LookToTheEnd(u"W1QXM"_s);
     QCOMPARE(f.view.dxAz, u"No coordinates on Callook"_s);
-    QCOMPARE(f.Filed(u"W1QXM"_s), u"Nobody Knowsplace*0*0*Novice"_s);
+    QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 0, 3), u"Nobody Knowsplace*0*0*Novice"_s);
     SiteRec site;
     site.Call = u"W1QXM"_s;
     site.Lat = 43.5;
@@ -151,6 +156,31 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"W1QXM"_s);
     QVERIFY2(f.view.dxAz.contains(u" km "_s), qPrintable(f.view.dxAz));
     QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 1, 2), u"43.5*-72.25"_s);
+
+    // Half a place on the page is none: both coordinates come from the site.
+    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
+    f.hosts.Callook = host.Base();
+    host.SetPage(u"W1QXM"_s, []() {
+      return CallPage(Callbook::Callook, u"W1QXM"_s, FindOperator(u"K1QPE"_s), false).replace("Longitude", "Length");
+    });
+    f.Look(u"W1QXM"_s);
+    f.session.Update();
+    QTRY_VERIFY(!f.view.busy);
+    f.Settle();
+    QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 0, 2), u"Martha*43.5*-72.25"_s);
+  }
+
+  void KnowsNoSixthService() {
+    SessionFixture f;
+    f.program.config.CallbookIndex = 6;
+    f.program.config.CallbookName.clear();
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.view.call, u"Reading . . ."_s);
+    QCOMPARE(f.view.status + f.view.name, QString());
+    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
+    QCOMPARE(f.Records(), 0);
+    f.session.ChooseService(kCallook - 1);
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
   }
 
   void SaysWhatItDidNotFind() {
@@ -172,6 +202,13 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.view.name, QString());
     QVERIFY(f.view.call.startsWith(u"G3QXR"_s));
     QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+    // Of what another service told, the name goes and nothing else.
+    f.Choose(kQrzcq);
+    f.LookToTheEnd(u"G3QXR"_s);
+    QVERIFY(!f.view.name.isEmpty());
+    f.session.ChooseService(kQrz - 1);
+    QTRY_COMPARE(beeps.count(), 2);
+    QVERIFY(f.view.name.isEmpty() && !f.view.add1.isEmpty() && !f.view.busy);
 
     f.Service().Misbehave({}, Behaviour::Stall);
     f.LookToTheEnd(u"K1QPE"_s);
@@ -179,7 +216,7 @@ class TestLookupSession : public QObject {
     f.Service().Misbehave({}, Behaviour::RedirectLoop);
     f.LookToTheEnd(u"K1QPE"_s);
     QCOMPARE(f.view.call, u"Not found: K1QPE"_s);
-    QCOMPARE(f.Records(), 0);
+    QCOMPARE(f.Records(), 1);  // what the other service told
   }
 
   // A page read before leaves its place behind; a name cut from there belongs to nobody.
@@ -200,6 +237,9 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.view.call, u"Not found: K1QPE"_s);
     QCOMPARE(f.view.name, QString());
     QCOMPARE(f.Filed(u"K1QPE"_s), filed);
+    page = CallPage(Callbook::HamCall, u"K1QPE"_s, FindOperator(u"K1QPE"_s), true);
+    f.session.Update();
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
   }
 
   void KeepsOutBadCalls_data() {
@@ -274,6 +314,27 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.Service().TotalRequests(), 0);
   }
 
+  // One that is still being decoded when another read or another call begins.
+  void ShowsNoFormerPicture() {
+    enum { AnotherCall, AnUpdate, AService };
+    for (const int way : {AnotherCall, AnUpdate, AService}) {
+      SessionFixture f;
+      f.Choose(kCallook);
+      f.File(u"QQ7QQQ"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
+      f.WritePicture(u"QQ7QQQ"_s, PlainJpeg(QSize(1600, 1200)));
+      f.Look(u"QQ7QQQ"_s);
+      QVERIFY(f.view.name == u"Robin"_s && f.view.picture.isNull());
+      if (way == AnotherCall) f.Look(u"QQ7QQR"_s);
+      if (way == AnUpdate) f.session.Update();
+      if (way == AService) f.session.ChooseService(kCallook - 1);
+      QTRY_VERIFY(f.view.call.startsWith(u"Not found: "_s));
+      bool decoded = false;
+      f.tool.View(f.PicturePath(u"QQ7QQQ"_s), QSize(9, 9), &f.session, [&](const PictureAnswer&) { decoded = true; });
+      QTRY_VERIFY(decoded);
+      QVERIFY(f.view.picture.isNull());
+    }
+  }
+
   void SizesPictures() {
     const QList<std::pair<QSize, QSizeF>> sizes{{{570, 100}, {57, 10}},   {{30, 20}, {57, 38}},
                                                 {{400, 280}, {57, 39.9}}, {{400, 300}, {52, 39}},
@@ -327,6 +388,14 @@ class TestLookupSession : public QObject {
     QTRY_COMPARE(f.view.name, u"Martha"_s);
     f.Settle();
     QCOMPARE(f.Records(), 1);
+
+    // Without a login this one has nothing to show, not even what stood there.
+    QTRY_VERIFY(!f.view.picture.isNull());
+    f.session.ChooseService(0);
+    QVERIFY(!f.view.name.isEmpty());
+    QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
+    QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.add2 + f.view.ctry + f.view.dxAz, QString());
+    QVERIFY(!f.view.busy && f.view.picture.isNull());
   }
 
   void SignsInAndOut() {
@@ -357,7 +426,12 @@ class TestLookupSession : public QObject {
     QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
     QTRY_VERIFY(!f.view.busy);
 
+    // Whoever has chosen another service waits no longer for this one.
+    f.session.AwaitSignIn();
     f.session.ChooseService(kCallook - 1);
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
     QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
     for (const QString& language :
          {u"Dutch"_s, u"French"_s, u"German"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s, u"Spanish"_s, u"Klingon"_s}) {

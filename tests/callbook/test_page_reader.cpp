@@ -49,8 +49,8 @@ void TestPageReader::ReadsWholePages_data() {
   };
   row("eHam", eHam,
       "Home Logout\nSearch Results\nZZ9QX  \n  Zoë Example \n1 Mill Lane\nMill Town\nNowhere\nCountry: no\n"
-      "Latitude:-33.9\nLongitude:151.2 E\nLicense Class:Extra\nBorn 1961\n",
-      "Zoë Example|1 Mill Lane|Mill Town|Nowhere|Extra|", -33.9, 151.2);
+      "Latitude:33.9 S\nLongitude:151.2 W\nLicense Class:Extra\nBorn 1961\n",
+      "Zoë Example|1 Mill Lane|Mill Town|Nowhere|Extra|", 33.9, 151.2);
   row("QRZ", QRZ,
       "Class of 1999 \nZZ9QX\nNowhere\n Zoë Example, trustee\n1 Mill Lane\nMill Town\nNowhere\nQRZ Record ZZ9QX\n"
       "Latitude\t-33.9 (south)\nLongitude 151.2 E\nClassExtra\nCodes HAI\nBorn1961\n",
