@@ -24,7 +24,8 @@ StationWindows::StationWindows(const Parts& parts, QWidget* window)
       menus_(parts.menus),
       window_(window),
       cookies_(parts.program.AppDataDir),
-      web_(parts.program.ProgramDir, parts.program.AppDataDir + u"/browser"_s, cookies_),
+      web_(parts.program.ProgramDir, parts.program.AppDataDir + u"/browser"_s, cookies_,
+           [&program = parts.program]() { return program.config.LanguageName; }),
       maps_(parts.program.AppDataDir) {
   logic_.network.SetCookies(cookies_);
   pic_.txtCall->installEventFilter(this);
@@ -62,7 +63,8 @@ QRect StationWindows::CallFieldPlace() const {
 }
 
 bool StationWindows::eventFilter(QObject* watched, QEvent* event) {
-  if (watched != pic_.txtCall || event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  // It watches txtCall alone, also while the bar is being taken down.
+  if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key == Qt::Key_F8) {
     PasteCall();
