@@ -54,7 +54,7 @@ BrowserPages::BrowserPages(const QString& profileFolder, WebPort& port) : port_(
 
 // Pages before their profile, or the engine complains and leaves files half written.
 BrowserPages::~BrowserPages() {
-  CloseAll();
+  BrowserPages::CloseAll();
   const QList<WebWindow*> closing = closing_;
   qDeleteAll(closing);
   qDeleteAll(findChildren<SiteStorage*>(Qt::FindDirectChildrenOnly));
