@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "web/web_window.h"
 
+#include <QAccessible>
 #include <QAction>
 #include <QCloseEvent>
 #include <QLabel>
@@ -47,7 +48,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const Web
   column->addLayout(bar);
   column->addWidget(view_, 1);
   column->addWidget(message_);
-  message_->setAccessibleName(words_.message.toString());
+  message_->setAccessibleDescription(words_.message.toString());
   // A page's words are words, whatever they look like.
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
@@ -84,7 +85,7 @@ void WebWindow::MakeBar(QBoxLayout* bar) {
   addButton(QWebEnginePage::Back, words_.back.toString(), QStyle::SP_ArrowBack, QKeySequence::Back);
   addButton(QWebEnginePage::Reload, words_.reload.toString(), QStyle::SP_BrowserReload, QKeySequence::Refresh);
   lock_->setMargin(4);
-  lock_->setAccessibleName(words_.connection.toString());
+  lock_->setAccessibleDescription(words_.connection.toString());
   bar->addWidget(lock_);
   // To be read before a password is typed: the user types it for whoever stands here.
   address_->setReadOnly(true);
@@ -112,6 +113,8 @@ void WebWindow::ShowAddress(const QUrl& url) {
   const bool refused = safe && url.host() == distrusted_;
   const QStringView state = refused ? words_.notTrusted : (safe ? words_.encrypted : words_.notEncrypted);
   lock_->setText(state.toString());
+  // To be heard, too, before a password is typed.
+  lock_->setAccessibleName(lock_->text());
   // The password of user:password@host is nobody's to read over a shoulder.
   address_->setText(url.toDisplayString(QUrl::RemoveUserInfo));
   address_->setCursorPosition(0);
@@ -150,7 +153,10 @@ void WebWindow::OnProcessEnded() {
 void WebWindow::Tell(const QString& text) {
   constexpr qsizetype kMostText = 400;
   message_->setText(text.left(kMostText));
+  message_->setAccessibleName(message_->text());
   message_->show();
+  QAccessibleEvent alert(message_, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
 }
 
 void WebWindow::closeEvent(QCloseEvent* event) {

@@ -117,7 +117,9 @@ class BrowserWindowsTest : public QObject {
     auto* address = PartNamed<QLineEdit>(shown.first(), u"Address"_s);
     QVERIFY(address && address->isReadOnly());
     QTRY_COMPARE_WITH_TIMEOUT(address->text(), site.Url(u"/home"_s).toString(), kPatienceMs);
-    QCOMPARE(PartNamed<QLabel>(shown.first(), u"Connection"_s)->text(), u"Not encrypted"_s);
+    const auto* lock = PartNamed<QLabel>(shown.first(), u"Not encrypted"_s);
+    QVERIFY(lock && lock->isVisible());
+    QCOMPARE(lock->text() + u' ' + lock->accessibleDescription(), u"Not encrypted Connection"_s);
 
     windows->OpenPage(u"Calls"_s, stranger.Url(u"/login"_s));
     QCOMPARE(WindowsTitled(u"Omni-Perch  Calls"_s), shown);
@@ -203,6 +205,18 @@ class BrowserWindowsTest : public QObject {
     QCOMPARE(site.asked.value("/window"), 0);
     QCOMPARE(WindowsTitled(u"Omni-Perch  /try"_s).size(), 1);
     QVERIFY(!QApplication::activeModalWidget());
+  }
+
+  void TellsWhatAPageSays() {
+    SignInSite site;
+    site.pages["/try"] = "<body><script>alert('<b>Hello</b>\\n there')</script>";
+    library_->Windows()->OpenPage(u"Calls"_s, site.Url(u"/try"_s));
+    const QWidget* window = WindowsTitled(u"Omni-Perch  Calls"_s).value(0);
+    QVERIFY(window);
+    const auto said = [window]() { return PartNamed<QLabel>(window, u"<b>Hello</b> there"_s); };
+    QTRY_VERIFY_WITH_TIMEOUT(said(), kPatienceMs);
+    QVERIFY(said()->isVisible() && said()->textFormat() == Qt::PlainText);
+    QCOMPARE(said()->accessibleDescription(), u"Message"_s);
   }
 
   void AddressesThatAreNotOfTheWeb() {
