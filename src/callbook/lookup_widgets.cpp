@@ -14,6 +14,7 @@ namespace {
 constexpr int kFocusRing = 2;
 constexpr int kLeastLetters = 8;
 constexpr int kSignSide = 16;
+constexpr int kNarrowest = 85;  // percent of a letter's width that can still be read well
 
 // A page's text may hold what no line of a window can show.
 QString OneLine(QString text) {
@@ -81,7 +82,10 @@ QColor LinkColour(const QPalette& palette) {
 StatusLink::StatusLink(const QString& name, QWidget* parent) : QToolButton(parent) {
   setObjectName(name);
   setAutoRaise(true);
-  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  policy.setRetainSizeWhenHidden(true);
+  setSizePolicy(policy);
+  hide();
 }
 
 void StatusLink::SetStatus(const QString& text, const QString& action) {
@@ -94,6 +98,8 @@ void StatusLink::SetStatus(const QString& text, const QString& action) {
   setAccessibleDescription(isLink_ ? action : QString());
   // The text may be cut.
   setToolTip(isLink_ ? text + u'\n' + action : text);
+  // A screen reader would call it a button without a name.
+  setVisible(!text.isEmpty());
   updateGeometry();
   update();
 }
@@ -106,6 +112,23 @@ QSize StatusLink::minimumSizeHint() const {
   return {fontMetrics().averageCharWidth() * kLeastLetters, sizeHint().height()};
 }
 
+int StatusLink::Room() const {
+  return width() - 2 * kFocusRing;
+}
+
+QFont StatusLink::ShownFont() const {
+  QFont narrow = font();
+  for (const int percent : {100, 95, 90, kNarrowest}) {
+    narrow.setStretch(percent);
+    if (QFontMetrics(narrow).horizontalAdvance(text()) <= Room()) break;
+  }
+  return narrow;
+}
+
+QString StatusLink::ShownText() const {
+  return QFontMetrics(ShownFont()).elidedText(text(), Qt::ElideRight, Room());
+}
+
 void StatusLink::paintEvent(QPaintEvent* event) {
   Q_UNUSED(event)
   QPainter painter(this);
@@ -114,14 +137,14 @@ void StatusLink::paintEvent(QPaintEvent* event) {
     painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
   }
-  QFont shown = font();
+  QFont shown = ShownFont();
   shown.setUnderline(isLink_);
   painter.setFont(shown);
   // A state that cannot be clicked is still a text to be read: not greyed.
   painter.setPen(isLink_ ? LinkColour(palette()) : palette().color(QPalette::Active, QPalette::WindowText));
   const QRect room = rect().adjusted(kFocusRing, 0, -kFocusRing, 0);
   painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | static_cast<int>(Qt::AlignLeft) | Qt::TextSingleLine,
-                   fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));
+                   ShownText());
 }
 
 PictureButton::PictureButton(const QString& name, QWidget* parent) : QAbstractButton(parent) {

@@ -32,7 +32,8 @@ class FieldLabel : public QLabel {
   QString full_;
 };
 
-// Plain text, or a link where there is something to be done about it.
+// Plain text, or a link where there is something to be done about it. A text that is a little too long is written more
+// narrowly, a longer one ends in dots; without a text it is hidden and keeps its room.
 class StatusLink : public QToolButton {
   Q_OBJECT
 
@@ -41,6 +42,8 @@ class StatusLink : public QToolButton {
 
   // action: what a click does; empty: nothing.
   void SetStatus(const QString& text, const QString& action);
+  // What stands in the window, with the dots.
+  QString ShownText() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -48,6 +51,9 @@ class StatusLink : public QToolButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  int Room() const;
+  QFont ShownFont() const;
+
   bool isLink_ = false;
 };
 
