@@ -80,6 +80,7 @@ class TestLookupWindow : public QObject {
     QCOMPARE(f.form.windowTitle(), u"Callsign VK9QXL"_s);
     QCOMPARE(f.form.size(), QSize(350, 200));
     QCOMPARE(f.Text(u"lblCall"_s), u"VK9QXL  (from the local database)"_s);
+    QCOMPARE(f.Part<QComboBox>(u"cboDB"_s)->currentText(), u"QRZCQ.com"_s);
     auto* image = f.Part<PictureButton>(u"Image1"_s);
     QTRY_VERIFY(image->isVisible());
     QCOMPARE(image->height() - 4, 98);  // 39 units
