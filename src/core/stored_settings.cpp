@@ -63,6 +63,14 @@ QString WrittenSection(const Row& row) {
   return row.setting == Setting::MapTop ? u"Maptop"_s : QString(row.section);
 }
 
+// Where the nine maps that come with the program lie in their windows until they are dragged, in the order of lstMap.
+constexpr std::array<int, StoredSettings::kMaps> kFirstLeft = {0, 0, 0, 0, 0, 0, 0, 0, -303};
+constexpr std::array<int, StoredSettings::kMaps> kFirstTop = {0, -1, -294, -109, -140, 0, -103, -267, -78};
+
+int NumberOr(const QString& text, int fallback) {
+  return HasLeadingNumber(text) ? WholeNumber(Val(text)) : fallback;
+}
+
 // Show states of a minimized window.
 constexpr int kShowMinimized = 2;
 constexpr int kMinimize = 6;
@@ -75,7 +83,7 @@ constexpr int kFarthestEdge = 1'000'000;
 int StoredSettings::Number(Setting setting, int index) const {
   const Row& row = RowOf(setting);
   const QString text = store_.Value(row.application, row.section, KeyOf(row, index), QString());
-  const int value = HasLeadingNumber(text) ? WholeNumber(Val(text)) : row.fallback;
+  const int value = NumberOr(text, row.fallback);
   return row.type == Type::Check ? static_cast<int>(value != 0) : value;
 }
 
@@ -121,9 +129,10 @@ void StoredSettings::StorePlacement(const WindowPlacement& placement) {
 }
 
 QList<int> StoredSettings::ReadMapOffsets(Setting mapSide) const {
+  const auto& first = mapSide == Setting::MapLeft ? kFirstLeft : kFirstTop;
   QList<int> offsets;
   for (int map = 0; map < kMaps; ++map) {
-    offsets.append(Number(mapSide, map));
+    offsets.append(NumberOr(Text(mapSide, map, {}), first[static_cast<std::size_t>(map)]));
   }
   return offsets;
 }

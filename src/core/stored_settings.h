@@ -70,7 +70,7 @@ class StoredSettings {
   // A minimized window is stored as a normal one, so that the program never comes back minimized.
   void StorePlacement(const WindowPlacement& placement);
 
-  // Entries 0 to 8 of MapLeft or MapTop.
+  // Entries 0 to 8 of MapLeft or MapTop; each map has a default of its own.
   QList<int> ReadMapOffsets(Setting mapSide) const;
   void StoreMapOffsets(const QList<int>& mapLeft, const QList<int>& mapTop);
 

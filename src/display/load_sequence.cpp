@@ -15,8 +15,9 @@ namespace {
 
 constexpr int kNoCamMinutes = 6;  // a minute count from here on never comes to five
 
+// In alphabetical order, which the stored offsets of the maps follow; "uk map.jpg" stands where "UK Map.jpg" would.
 QStringList FilesOf(const QString& folder) {
-  return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+  return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
 }
 
 LoadStop NotFound(const QString& name) {

@@ -63,7 +63,12 @@ void StoredSettingsTest::MapOffsetsMeetInBothSpellings() {
   const QList<int> top = {-1, -2};
   {
     SettingsStore store(path);
+    // What the maps begin with; a stored value counts, a broken one does not.
     store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"0"_s, u"77"_s);
+    store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"7"_s, u"high"_s);
+    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), (QList<int>{0, 0, 0, 0, 0, 0, 0, 0, -303}));
+    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop),
+             (QList<int>{77, -1, -294, -109, -140, 0, -103, -267, -78}));
     StoredSettings(store).StoreMapOffsets(left, top);
     QVERIFY(store.Save());
   }

@@ -78,7 +78,7 @@ class LocationMapTest : public QObject {
     Program program;
     program.AppDataDir = folder.path();
     QDir(folder.path()).mkpath(u"maps/Folder Map.jpg"_s);  // the letter case is the user's
-    for (const QString& name : {u"World Map.jpg"_s, u"UK map.GIF"_s, u"Asia Map.jpg"_s, u"Homemap.png"_s, u"Map.jpg"_s,
+    for (const QString& name : {u"World Map.jpg"_s, u"uk map.GIF"_s, u"Asia Map.jpg"_s, u"Homemap.png"_s, u"Map.jpg"_s,
                                 u"Map of Mars.jpg"_s, u"Moon Map.jpeg"_s, u"map"_s}) {
       QFile file(folder.filePath(u"maps/"_s + name));
       QVERIFY(file.open(QIODevice::WriteOnly));
@@ -88,8 +88,9 @@ class LocationMapTest : public QObject {
     HeightTable heights;
     const Clock clock;
     LoadSequence(program, heights, store, clock).ReadSettings(true);
-    QCOMPARE(program.lstMap.join(u", "_s), u"Asia Map.jpg, Homemap.png, Map.jpg, UK map.GIF, World Map.jpg"_s);
+    QCOMPARE(program.lstMap.join(u", "_s), u"Asia Map.jpg, Homemap.png, Map.jpg, uk map.GIF, World Map.jpg"_s);
     QCOMPARE(program.MapLeft.at(8), -7);
+    QCOMPARE(program.MapTop.at(7), -267);
   }
 
   void BestMap_data() {
