@@ -206,8 +206,9 @@ QList<MenuEntry> MenuTables::SubMenu(int number) const {
     case sub_menu_number::kLanguage:
       return LanguageMenu();
     case sub_menu_number::kMapOfCall:
-    case sub_menu_number::kLookups:
       return SiteOrSender();
+    case sub_menu_number::kLookups:
+      return LookupMenu();
     case sub_menu_number::kPageViews:
       return PageViews();
     default:
@@ -314,6 +315,18 @@ QList<MenuEntry> MenuTables::SiteOrSender() const {
   entries[1].text = ShownField(Caller) + u' ' + entries[1].text;
   entries[1].enabled = HasSender();
   return entries;
+}
+
+// Below the calls stands whether the last lookup found the user logged in: a text, not a choice.
+QList<MenuEntry> MenuTables::LookupMenu() const {
+  QList<MenuEntry> entries = SiteOrSender();
+  if (program_.LookupStatus.isEmpty()) return entries;
+  MenuEntry status;
+  status.text = program_.LookupStatus;
+  status.action = static_cast<int>(entries.size());
+  status.enabled = false;
+  status.separatorBefore = true;
+  return entries << status;
 }
 
 QList<MenuEntry> MenuTables::PageViews() const {

@@ -39,6 +39,7 @@ class MenuTables {
   QList<MenuEntry> PopupMenu(const Cell* cell) const;
   QList<MenuEntry> LanguageMenu() const;
   QList<MenuEntry> SiteOrSender() const;
+  QList<MenuEntry> LookupMenu() const;
   QList<MenuEntry> PageViews() const;
   bool WxPageIsEmpty() const;
   QString Field(ThumbField field) const;

@@ -139,6 +139,9 @@ class MenuTablesTest : public QObject {
     Made made;
     QCOMPARE(TextsOf(made.tables.SubMenu(30)), QStringList({u"DLØABC here"_s, u"PAØXYZ there"_s}));
     QCOMPARE(TextsOf(made.tables.SubMenu(32)), TextsOf(made.tables.SubMenu(30)));
+    made.program.LookupStatus = u"Not logged in"_s;
+    QCOMPARE(TextsOf(made.tables.SubMenu(32)), TextsOf(made.tables.SubMenu(30)) << u"Not logged in"_s);
+    QCOMPARE(Where(made.tables.SubMenu(32), &MenuEntry::enabled, false), u"2"_s);
     QCOMPARE(TextsOf(made.tables.SubMenu(31)),
              QStringList({u"DLØABC street"_s, u"DLØABC degrees"_s, u"PAØXYZ street"_s, u"PAØXYZ degrees"_s}));
     made.program.page.Field(3, Caller) = u"Not found"_s;
