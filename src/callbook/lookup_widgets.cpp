@@ -14,7 +14,7 @@ namespace {
 constexpr int kFocusRing = 2;
 constexpr int kLeastLetters = 8;
 constexpr int kSignSide = 16;
-constexpr int kNarrowest = 85;  // percent of a letter's width that can still be read well
+constexpr int kSmallest = 85;  // percent of the letters' size that can still be read well
 
 // A page's text may hold what no line of a window can show.
 QString OneLine(QString text) {
@@ -117,12 +117,13 @@ int StatusLink::Room() const {
 }
 
 QFont StatusLink::ShownFont() const {
-  QFont narrow = font();
-  for (const int percent : {100, 95, 90, kNarrowest}) {
-    narrow.setStretch(percent);
-    if (QFontMetrics(narrow).horizontalAdvance(text()) <= Room()) break;
+  QFont smaller = font();
+  for (int percent = 95; percent >= kSmallest && QFontMetrics(smaller).horizontalAdvance(text()) > Room();
+       percent -= 5) {
+    // As resolved: a font may have been asked for in pixels.
+    smaller.setPointSizeF(QFontInfo(font()).pointSizeF() * percent / 100);
   }
-  return narrow;
+  return smaller;
 }
 
 QString StatusLink::ShownText() const {

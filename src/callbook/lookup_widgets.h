@@ -32,8 +32,8 @@ class FieldLabel : public QLabel {
   QString full_;
 };
 
-// Plain text, or a link where there is something to be done about it. A text that is a little too long is written more
-// narrowly, a longer one ends in dots; without a text it is hidden and keeps its room.
+// Plain text, or a link where there is something to be done about it. A text that is a little too long is written in
+// smaller letters, a longer one ends in dots; without a text it is hidden and keeps its room.
 class StatusLink : public QToolButton {
   Q_OBJECT
 
