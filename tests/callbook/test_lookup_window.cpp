@@ -8,6 +8,7 @@
 
 #include "callbook/lookup_window.h"
 #include "lookup_fixture.h"
+#include "open_menu.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -53,17 +54,6 @@ struct FormFixture : LookupFixture {
   }
   QString Text(const QString& name) const { return Part<FieldLabel>(name)->FullText(); }
 };
-
-QMenu* OpenMenu() {
-  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-}
-
-QAction* EntryThat(const QMenu* menu, const QString& text) {
-  for (QAction* action : menu->actions()) {
-    if (action->text().contains(text)) return action;
-  }
-  return nullptr;
-}
 
 }  // namespace
 

@@ -1,28 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's menus and tips as a user meets them: by mouse and by keyboard, in any language.
-#include <QMenu>
 #include <QTest>
 
+#include "open_menu.h"
 #include "test_suite.h"
 #include "window_fixture.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// The menu that stands open over the window.
-QMenu* OpenMenu() {
-  return qobject_cast<QMenu*>(QApplication::activePopupWidget());
-}
-
-QAction* EntryThat(const QMenu* menu, const QString& text) {
-  for (QAction* action : menu->actions()) {
-    if (action->text().contains(text)) return action;
-  }
-  return nullptr;
-}
-
-}  // namespace
 
 class WindowMenusTest : public QObject {
   Q_OBJECT
