@@ -165,7 +165,8 @@ void Form12::ShowView() {
   lblAdd1->SetField(view.add1, role(TextLine::kAddressLabel));
   lblAdd2->SetField(view.add2, role(TextLine::kCityLabel));
   lblCtry->SetField(view.ctry, role(TextLine::kCountryLabel));
-  lblDxAz->SetField(view.dxAz, role(TextLine::kDistanceLabel));
+  // The distance says itself what it is.
+  lblDxAz->SetField(view.dxAz, QString());
   cmdUpdate->setText(QString(view.updateCaption).replace(u'&', "&&"_L1));
   cmdUpdate->setAccessibleName(view.updateCaption);
   Image1->SetPicture(view.picture, PixelsOf(view.pictureUnits));
