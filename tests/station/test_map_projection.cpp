@@ -51,6 +51,13 @@ void Row(const char* what, MapName map, double lat, double lon, QPoint pixel) {
   QTest::newRow(what) << map << lat << lon << pixel;
 }
 
+void ComparePoint() {
+  QFETCH(const MapName, map);
+  QFETCH(const double, lat);
+  QFETCH(const double, lon);
+  QTEST(Place(map, lat, lon), "pixel");
+}
+
 }  // namespace
 
 class TestMapProjection : public QObject {
@@ -70,9 +77,6 @@ class TestMapProjection : public QObject {
   void KnowsMapsByName();
   void FitsThePictures_data();
   void FitsThePictures();
-
- private:
-  static void ComparePoint();
 };
 
 void TestMapProjection::PlacesPoints_data() {
@@ -151,13 +155,6 @@ void TestMapProjection::PlacesOddPoints_data() {
 
 void TestMapProjection::PlacesOddPoints() {
   ComparePoint();
-}
-
-void TestMapProjection::ComparePoint() {
-  QFETCH(const MapName, map);
-  QFETCH(const double, lat);
-  QFETCH(const double, lon);
-  QTEST(Place(map, lat, lon), "pixel");
 }
 
 // Every row of the World map's table, north of the equator at its right end and south of it at its left.
