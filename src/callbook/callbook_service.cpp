@@ -9,7 +9,6 @@ namespace {
 
 constexpr std::array<CallbookService, kCallbookServices> kServices = {{
     {.index = 1,
-     .name = "eHam"_L1,
      .comboName = "eHam"_L1,
      .host = &Hosts::eHam,
      .pagePath = "/callbook/"_L1,
@@ -18,7 +17,6 @@ constexpr std::array<CallbookService, kCallbookServices> kServices = {{
      .loginPath = "/login"_L1,
      .needsLogin = true},
     {.index = 2,
-     .name = "QRZ"_L1,
      .comboName = "QRZ"_L1,
      .host = &Hosts::QRZ,
      .pagePath = "/db/"_L1,
@@ -28,7 +26,6 @@ constexpr std::array<CallbookService, kCallbookServices> kServices = {{
      .needsLogin = true},
     // The chooser spells this one and the next with their domains, the program's start without.
     {.index = 3,
-     .name = "QRZCQ"_L1,
      .comboName = "QRZCQ.com"_L1,
      .host = &Hosts::QRZCQ,
      .pagePath = "/call/"_L1,
@@ -37,7 +34,6 @@ constexpr std::array<CallbookService, kCallbookServices> kServices = {{
      .loginPath = "/login"_L1,
      .needsLogin = false},
     {.index = 4,
-     .name = "Callook"_L1,
      .comboName = "Callook.info"_L1,
      .host = &Hosts::Callook,
      .pagePath = "/"_L1,
@@ -46,7 +42,6 @@ constexpr std::array<CallbookService, kCallbookServices> kServices = {{
      .loginPath = {},
      .needsLogin = false},
     {.index = 5,
-     .name = "HamCall"_L1,
      .comboName = "HamCall"_L1,
      .host = &Hosts::HamCall,
      .pagePath = "/call?callsign="_L1,

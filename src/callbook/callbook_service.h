@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The five callbook services as one table: their pages, how a page tells of a login, what they are called. The lookup
-// control, the windows with a choice of service and the sign-in take a service from here.
+// The five callbook services as one table: their pages, how a page tells of a login, how the chooser spells them. The
+// lookup control, the windows with a choice of service and the sign-in take a service from here.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,6 @@ inline constexpr int kCallbookServices = 5;
 
 struct CallbookService {
   int index = 0;            // a Database and a CallbookIndex, from 1
-  QLatin1String name;       // as at start and in messages
   QLatin1String comboName;  // as the chooser of the lookup window spells it
   QString Hosts::*host = nullptr;
   QLatin1String pagePath;   // the call follows

@@ -6,7 +6,6 @@
 #include <QSaveFile>
 
 #include "callbook/call_entry.h"
-#include "platform/paths.h"
 #include "station/callsign.h"
 #include "station/distance.h"
 
@@ -21,8 +20,6 @@ constexpr int kCallook = 4;
 constexpr double kUnitsWide = 57;
 constexpr double kUnitsHigh = 39;
 constexpr double kFlatShape = 0.75;  // height to width, below which the width decides
-
-constexpr qsizetype kLongestPictureName = 20;
 
 // A sign-in page sets several cookies, and a page that is read between two of them would know nothing of it yet.
 constexpr std::chrono::milliseconds kCookiePause = 400ms;
@@ -50,15 +47,6 @@ QSizeF PictureUnits(QSize pixels) {
   // Between the two shapes a picture comes out a little higher than the others.
   const bool flat = size.height() / size.width() < kFlatShape;
   return size / (flat ? size.width() / kUnitsWide : size.height() / kUnitsHigh);
-}
-
-QString OperatorPicturePath(const QString& appDataDir, const QString& call) {
-  QString name;
-  for (const QChar c : call) {
-    if (c.isLetterOrNumber() && name.size() < kLongestPictureName) name += c;
-  }
-  if (name.isEmpty()) return {};
-  return ResolvePath(appDataDir, "images/qrzImages/"_L1 + name + ".jpg"_L1);
 }
 
 LookupSession::LookupSession(const Parts& parts, QObject* parent)
@@ -202,8 +190,8 @@ void LookupSession::GotPage(const QString& call, bool loggedIn) {
   toldBy_ = lookUp_->Database;
   if (loggedIn) awaitingSignIn_ = false;
   ShowStatus(loggedIn);
-  const int service = lookUp_->Database;
-  if (!loggedIn && service != kQrzcq && service != kCallook) {
+  const CallbookService* service = FindCallbookService(lookUp_->Database);
+  if (!loggedIn && (service == nullptr || service->needsLogin)) {
     BlankFields();
     view_.busy = false;
   } else {

@@ -16,6 +16,7 @@
 #include "callbook/call_database.h"
 #include "callbook/callbook_service.h"
 #include "callbook/look_up.h"
+#include "callbook/operator_picture.h"
 #include "callbook/sign_in.h"
 #include "core/hosts.h"
 #include "core/program.h"
@@ -42,8 +43,6 @@ struct LookupView {
 
 // Size of a picture in the lookup window, in its units, enlarged too; empty for an empty one.
 QSizeF PictureUnits(QSize pixels);
-// File of a call's picture. Of the call only letters and digits get into the name, 20 at the most; empty without any.
-QString OperatorPicturePath(const QString& appDataDir, const QString& call);
 
 class LookupSession : public QObject {
   Q_OBJECT

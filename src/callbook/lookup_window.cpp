@@ -32,7 +32,7 @@ QSize PixelsOf(const QSizeF& units) {
 Form12::Form12(const Parts& parts, QWidget* owner)
     : QWidget(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       parts_(parts),
-      session_({parts.program, parts.network, parts.tool, parts.background, parts.hosts, parts.cookies}),
+      session_(parts),
       lblCall(new FieldLabel(u"lblCall"_s, this)),
       lblName(new FieldLabel(u"lblName"_s, this)),
       lblAdd1(new FieldLabel(u"lblAdd1"_s, this)),

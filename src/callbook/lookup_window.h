@@ -22,13 +22,7 @@ class Form12 : public QWidget {
   Q_OBJECT
 
  public:
-  struct Parts {
-    Program& program;
-    UrlNetwork& network;
-    PictureTool& tool;
-    Background& background;
-    const Hosts& hosts;
-    CookieStore& cookies;
+  struct Parts : LookupSession::Parts {
     // Of the web library: its windows, asked for when a page is to be opened, and the end of a sign-in.
     std::function<BrowserWindows*()> browser;
     std::function<void(const QUrl&)> forget;

@@ -113,11 +113,15 @@ void Config::Read(const QStringList& lines) {
   }
   OnAirCode = OnAirLanguageCode(LanguageName, OnAirCode);
   CallbookIndex = std::max(CallbookIndex, 1);
-  const auto service = static_cast<std::size_t>(CallbookIndex - 1);
-  CallbookName = service < kCallbooks.size() ? QString(kCallbooks[service]) : QString();
+  CallbookName = CallbookNameOf(CallbookIndex);
   AutoPollCams = std::min(AutoPollCams, 1);
   GuiMode = std::clamp(GuiMode, 0, 3);
   AutoRefreshMinutes = std::clamp(AutoRefreshMinutes, 1, 5);
+}
+
+QString CallbookNameOf(int index) {
+  const auto service = static_cast<std::size_t>(index - 1);
+  return service < kCallbooks.size() ? QString(kCallbooks[service]) : QString();
 }
 
 void Config::ReadReportLine(const QString& line) {

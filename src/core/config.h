@@ -50,5 +50,7 @@ struct Config {
   bool unreadable_ = false;
 };
 
+// Name of a callbook service as it is at the start and in messages; empty outside 1 to 5.
+QString CallbookNameOf(int index);
 // The on-air language code of a language name; fallback for a name that is not known.
 QString OnAirLanguageCode(const QString& languageName, const QString& fallback);

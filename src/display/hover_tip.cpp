@@ -2,11 +2,11 @@
 #include "display/hover_tip.h"
 
 #include <QFileInfo>
-#include <algorithm>
 #include <optional>
 
+#include "callbook/call_entry.h"
+#include "callbook/operator_picture.h"
 #include "callbook/station_place.h"
-#include "platform/paths.h"
 #include "station/callsign.h"
 #include "station/distance.h"
 
@@ -29,11 +29,6 @@ struct Operator {
   double lon = 0;
 };
 
-QString Cut(const QString& call) {
-  const auto end = std::find_if_not(call.begin(), call.end(), [](QChar c) { return c.isLetterOrNumber(); });
-  return call.left(end - call.begin());
-}
-
 // The sender as a call, or empty where the cell shows none: no picture, or one of those that the site itself sent.
 QString SenderOf(const Program& program, int slot) {
   const QString& caller = program.page.Field(slot, Caller);
@@ -47,7 +42,7 @@ QString FirstWord(const QString& name) {
 
 // The database knows best. A site that it does not place is where the list of sites says.
 Operator LookUp(const Program& program, CallDatabase& database, const QString& sender) {
-  const QString call = Cut(sender);
+  const QString call = CutAtFirstOther(sender);
   const TargetLocation target = PlaceOf(program, database, call);
   Operator result{target.InDatabase, {}, {}, {}, target.TargetLat, target.TargetLon};
   if (result.inDatabase) {
@@ -90,9 +85,9 @@ QString TipTexts::Shown() const {
 
 TipTexts PictureTip(const Program& program, CallDatabase& database, int slot) {
   const QString sender = SenderOf(program, slot);
-  if (!program.page.OnDsstvPage() || Cut(sender).isEmpty()) return {};
+  if (!program.page.OnDsstvPage() || CutAtFirstOther(sender).isEmpty()) return {};
   TipTexts tip;
-  tip.call = Cut(sender);
+  tip.call = CutAtFirstOther(sender);
   const QString shownCall = ShownCall(tip.call, program.ZeroGlyph);
   if (!IsKnownPosition(program.config.MyLat, program.config.MyLon)) {
     tip.imgTip = program.language[TextLine::kSetLocation];
@@ -112,7 +107,7 @@ TipTexts CaptionTip(const Program& program, CallDatabase& database, int slot, Ti
   const QString sender = part == TipPart::Call ? QString() : SenderOf(program, slot);
   const QString whose = sender.isEmpty() ? program.page.Field(slot, SlotCall) : sender;
   TipTexts tip;
-  tip.call = Cut(whose);
+  tip.call = CutAtFirstOther(whose);
   if (tip.call.isEmpty()) return tip;
   if (!IsKnownPosition(program.config.MyLat, program.config.MyLon)) {
     tip.HoverText = program.language[TextLine::kSetLocation];
@@ -193,7 +188,7 @@ void HoverTip::HideTip() {
 }
 
 QString HoverTip::PicturePath() const {
-  const QString path = ResolvePath(program_.AppDataDir, u"images/qrzImages"_s) + u'/' + texts_.call + u".jpg"_s;
+  const QString path = OperatorPicturePath(program_.AppDataDir, texts_.call);
   // A lookup that failed leaves an empty file.
   const QFileInfo file(path);
   return file.isFile() && file.size() > 0 ? path : QString();

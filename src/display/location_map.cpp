@@ -5,13 +5,13 @@
 #include <cmath>
 
 #include "station/distance.h"
+#include "station/map_geometry.h"
 #include "station/map_projection.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMapPi = 3.14159625;  // the pi of the maps, digits as they are
 constexpr double kHighestOwnLat = 89;
 constexpr double kStub = 100;  // pixels from own position towards a target off the picture
 constexpr double kTargetMark = 25;
@@ -62,7 +62,7 @@ class Sketch {
 
   // From own position 100 pixels towards a target that is off the picture, the label at the end.
   void Stub(const QPointF& own) {
-    const double angle = ((way_ ? way_->azimuth : 0) - 90) / 180 * kMapPi;
+    const double angle = ((way_ ? way_->azimuth : 0) - 90) / 180 * PI2;
     const QPointF end = own + QPointF(std::cos(angle), std::sin(angle)) * kStub;
     overlay_.lines.append({own, end, kBlue, 2});
     const QString text = u" To "_s + target_.call + DistanceText();

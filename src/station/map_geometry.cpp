@@ -6,9 +6,6 @@
 
 namespace {
 
-// Not pi: the maps were fitted with these digits, and the radii are long enough for the difference to show.
-constexpr double PI2 = 3.14159625;
-
 // Angle in degrees: angle + (lon - angleLon) * anglePerLon. Radius in pixels: radius + (lat - radiusLat) *
 // radiusPerLat.
 struct PolarMap {

@@ -7,6 +7,9 @@
 
 #include "station/map_projection.h"
 
+// Not pi: the maps were fitted with these digits, and the radii are long enough for the difference to show.
+inline constexpr double PI2 = 3.14159625;
+
 // A place on a map's picture, in pixels and fractions of them.
 struct MapPoint {
   double x = 0;

@@ -49,9 +49,9 @@ struct LookupFixture {
 
   void Choose(int service) {
     program.config.CallbookIndex = service;
-    program.config.CallbookName = FindCallbookService(service)->name;
+    program.config.CallbookName = CallbookNameOf(service);
   }
-  Host& Service() const { return *band.FindHost(FindCallbookService(program.config.CallbookIndex)->name); }
+  Host& Service() const { return *band.FindHost(CallbookNameOf(program.config.CallbookIndex)); }
 
   // What the browser window does: posts the service's form, and keeps the cookie that it gets.
   void SignIn() {

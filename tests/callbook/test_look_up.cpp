@@ -6,6 +6,7 @@
 
 #include "callbook/callbook_service.h"
 #include "callbook/look_up.h"
+#include "core/config.h"
 #include "station_band.h"
 #include "test_suite.h"
 
@@ -371,7 +372,8 @@ void TestLookUp::NamesTheServices() {
   QStringList told;
   for (int i = -1; i <= 6; ++i) {
     if (const CallbookService* s = FindCallbookService(i)) {
-      told += s->name + u' ' + s->comboName + u' ' + LoginUrl(*s, hosts).toString() + (s->needsLogin ? u'!' : u'.');
+      told += CallbookNameOf(i) + u' ' + s->comboName + u' ' + LoginUrl(*s, hosts).toString() +
+              (s->needsLogin ? u'!' : u'.');
     }
   }
   QCOMPARE(told, (QStringList{u"eHam eHam http://127.0.0.1:1/login!"_s, u"QRZ QRZ !"_s, u"QRZCQ QRZCQ.com ."_s,

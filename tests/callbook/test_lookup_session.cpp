@@ -50,14 +50,14 @@ class TestLookupSession : public QObject {
     QTest::addColumn<bool>("hasData");
     QTest::addColumn<TextLine>("status");
     for (int service = 1; service <= kCallbookServices; ++service) {
-      const CallbookService* row = FindCallbookService(service);
       const TextLine stranger = service == kQrzcq     ? TextLine::kQrzcqStatus
                                 : service == kCallook ? TextLine::kCallookStatus
                                                       : TextLine::kNotLoggedIn;
       const bool open = service == kQrzcq || service == kCallook;
-      QTest::addRow("%s without login", row->name.latin1()) << service << false << open << stranger;
+      QTest::addRow("%s without login", qPrintable(CallbookNameOf(service))) << service << false << open << stranger;
       if (service == kCallook) continue;
-      QTest::addRow("%s signed in", row->name.latin1()) << service << true << true << TextLine::kLoggedIn;
+      QTest::addRow("%s signed in", qPrintable(CallbookNameOf(service)))
+          << service << true << true << TextLine::kLoggedIn;
     }
   }
 

@@ -13,6 +13,7 @@
 #include "callbook/db_rec.h"
 #include "callbook/page_reader.h"
 #include "callbook_host.h"
+#include "core/config.h"
 #include "operators.h"
 #include "picture_store.h"
 #include "platform/html_text.h"
@@ -35,7 +36,7 @@ struct Got {
 
 const CallbookService& ServiceOf(const QString& name) {
   for (int i = 1; i < kCallbookServices; ++i) {
-    if (FindCallbookService(i)->name == name) return *FindCallbookService(i);
+    if (CallbookNameOf(i) == name) return *FindCallbookService(i);
   }
   return *FindCallbookService(kCallbookServices);
 }
@@ -73,7 +74,7 @@ class TestCallbookServices : public QObject {
   }
 
   static QString PageUrl(const StationBand& band, const CallbookService& service, const QString& call) {
-    return band.HostUrl(service.name) + service.pagePath + call;
+    return band.HostUrl(CallbookNameOf(service.index)) + service.pagePath + call;
   }
 
  private Q_SLOTS:
