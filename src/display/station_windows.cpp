@@ -41,9 +41,8 @@ Form12& StationWindows::Lookup() {
   if (!lookup_) {
     const auto browser = [this]() { return web_.Windows(); };
     const auto forget = [this](const QUrl& url) { web_.Forget(url); };
-    lookup_ = std::make_unique<Form12>(Form12::Parts{program_, logic_.network, logic_.tool, logic_.background, hosts_,
-                                                     cookies_, browser, forget, dialogs_},
-                                       window_);
+    const LookupSession::Parts session{program_, logic_.network, logic_.tool, logic_.background, hosts_, cookies_};
+    lookup_ = std::make_unique<Form12>(Form12::Parts{session, browser, forget, dialogs_}, window_);
     connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
     connect(lookup_.get(), &Form12::Closed, this, &StationWindows::RaiseMaps);
   }
