@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/html_doctype.h"
+#include "platform/html_look.h"
 #include "platform/html_tags.h"
 
 using namespace Qt::StringLiterals;
@@ -19,7 +20,7 @@ constexpr size_t kDeepest = 500;
 class OpenElements {
  public:
   void Follow(const TagScanner::Tag& tag) {
-    constexpr quint8 kWithoutDepth = TagTrait::kVoid | TagTrait::kEndsItself | TagTrait::kRawText;
+    constexpr quint16 kWithoutDepth = TagTrait::kVoid | TagTrait::kEndsItself | TagTrait::kRawText;
     const bool isOfItsOwn = tag.closesItself && tag.name == GUMBO_TAG_UNKNOWN;
     if (tag.kind == TagScanner::Kind::Comment || isOfItsOwn || (TraitsOf(tag.name) & kWithoutDepth) != 0) return;
     if (tag.kind == TagScanner::Kind::End) {
@@ -34,18 +35,28 @@ class OpenElements {
     for (size_t i = open_.size(); i > 0; --i) {
       const GumboTag tag = open_[i - 1];
       if (tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH || tag == GUMBO_TAG_CAPTION) return false;
-      if (tag == GUMBO_TAG_TABLE || IsInTable(tag)) return true;
+      if (IsOfTable(tag)) return true;
     }
     return false;
   }
 
+  bool IsInTable() const {
+    const auto around = std::find_if(open_.rbegin(), open_.rend(),
+                                     [](GumboTag tag) { return tag == GUMBO_TAG_TABLE || tag == GUMBO_TAG_TEMPLATE; });
+    return around != open_.rend() && *around == GUMBO_TAG_TABLE;
+  }
+
+  static bool IsOfTable(GumboTag tag) { return tag == GUMBO_TAG_TABLE || IsPartOfTable(tag); }
+
   bool IsTooDeep() const { return open_.size() > kDeepest; }
 
  private:
-  static bool IsInTable(GumboTag tag) { return (TraitsOf(tag) & TagTrait::kInTable) != 0; }
+  static bool IsPartOfTable(GumboTag tag) { return (TraitsOf(tag) & TagTrait::kInTable) != 0; }
 
   void Start(GumboTag tag) {
-    if (IsInTable(tag)) {
+    // A table between the cells of another one ends that one.
+    if (tag == GUMBO_TAG_TABLE && IsBetweenCells()) End(tag);
+    if (IsPartOfTable(tag)) {
       const auto table = std::find(open_.rbegin(), open_.rend(), GUMBO_TAG_TABLE);
       const auto below = static_cast<size_t>(table - open_.rbegin());
       // A cell stands in its row and section, a row in its section.
@@ -56,7 +67,7 @@ class OpenElements {
   }
 
   void End(GumboTag tag) {
-    const bool isOfTable = IsInTable(tag) || tag == GUMBO_TAG_TABLE;
+    const bool isOfTable = IsOfTable(tag);
     for (size_t i = open_.size(); i > 0; --i) {
       const GumboTag open = open_[i - 1];
       if (open == tag) {
@@ -70,47 +81,61 @@ class OpenElements {
   std::vector<GumboTag> open_;
 };
 
-// What may stand in a run: the parser changes everything else, or sees markup in it.
-bool IsPlain(std::string_view text, size_t at) {
+constexpr std::string_view kHardBlank("&nbsp;");
+
+// What may stand in a run: the parser changes everything else, or sees markup in it. A carriage return is as good as a
+// blank where blanks do not count.
+size_t PlainEnd(std::string_view text, size_t at, bool mayKeepBlanks) {
   static const std::array<bool, 256> kPlain = [] {
     std::array<bool, 256> plain = {};
-    for (size_t c = 0; c < 256; ++c) plain[c] = (c >= ' ' && c != 0x7F) || c == '\t' || c == '\n' || c == '\f';
+    for (size_t c = 0; c < 256; ++c) plain[c] = (c >= ' ' && c != 0x7F && c != 0xC2) || c == '\t' || c == '\n';
+    plain['\f'] = true;
     plain['&'] = plain['<'] = false;
     return plain;
   }();
   // The bytes that Windows-1252 leaves open stand in every page that was UTF-8 and is read as Windows-1252.
   constexpr std::string_view kOpen("\x81\x8D\x8F\x90\x9D");
-  if (text[at] == '\xC2' && at + 1 < text.size()) return kOpen.find(text[at + 1]) == std::string_view::npos;
-  return kPlain[static_cast<uchar>(text[at])];
+  while (at < text.size()) {
+    const char c = text[at];
+    if (kPlain[static_cast<uchar>(c)] || (c == '\r' && !mayKeepBlanks)) {
+      ++at;
+    } else if (c == '&' && text.substr(at, kHardBlank.size()) == kHardBlank) {
+      at += kHardBlank.size();
+    } else if (c == '\xC2' && (at + 1 == text.size() || kOpen.find(text[at + 1]) == std::string_view::npos)) {
+      ++at;
+    } else {
+      return at;
+    }
+  }
+  return at;
+}
+
+std::string_view Text(QByteArrayView bytes) {
+  return {bytes.data(), static_cast<size_t>(bytes.size())};
 }
 
 bool IsBlank(char c) {
-  return c == ' ' || c == '\t' || c == '\n' || c == '\f';
+  return c == ' ' || c == '\t' || c == '\n' || c == '\f' || c == '\r';
+}
+
+bool IsBlankText(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), IsBlank);
 }
 
 bool IsOfReference(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '#';
 }
 
-bool Matters(QByteArrayView name, bool hasSheets) {
-  static constexpr std::array kAlways = {"style"_L1, "hidden"_L1, "open"_L1,    "type"_L1,
-                                         "align"_L1, "media"_L1,  "controls"_L1};
-  const QLatin1StringView text(name);
-  const auto isName = [text](QLatin1StringView known) {
-    return known.size() == text.size() && known.compare(text, Qt::CaseInsensitive) == 0;
-  };
-  return std::any_of(kAlways.begin(), kAlways.end(), isName) || (hasSheets && (isName("class"_L1) || isName("id"_L1)));
-}
-
 // Makes the source that the parser gets.
 class Reducer {
  public:
   explicit Reducer(const QByteArray& html)
-      : html_(html), page_(html.constData(), static_cast<size_t>(html.size())), mayHoldRuns_(!html.contains('\xF3')) {
-    source_.hasSheets = QLatin1StringView(html).contains("<style"_L1, Qt::CaseInsensitive);
-    if (source_.hasSheets) NoteBlanks(html);
-    const QLatin1StringView text(html);
-    isPlainPage_ = !text.contains("style"_L1, Qt::CaseInsensitive) && !text.contains("hidden"_L1, Qt::CaseInsensitive);
+      : html_(html),
+        page_(html.constData(), static_cast<size_t>(html.size())),
+        look_(page_),
+        mayHoldRuns_(!html.contains('\xF3')),
+        mayKeepBlanks_(look_.KeepsBlanks()) {
+    source_.hasSheets = look_.HasSheets();
   }
 
   PageSource Run() {
@@ -121,16 +146,21 @@ class Reducer {
     source_.text += "<body><body>";
     TagScanner scanner(html_);
     TagScanner::Tag tag;
-    OpenElements open;
     qsizetype copied = type.end;
     while (scanner.Next(&tag)) {
       if (tag.begin < copied) continue;
-      AddText(Slice(copied, tag.begin));
+      const bool beginsLine = BeginsLine(tag);
+      const bool isOfTable = tag.kind != TagScanner::Kind::Comment && OpenElements::IsOfTable(tag.name);
+      const std::string_view text = Slice(copied, tag.begin);
       copied = tag.rawEnd;
-      if (IsWithoutEffect(tag, open)) continue;
+      if (!IsAtLinesEdge(text, beginsLine, isOfTable)) AddText(text);
+      if (IsWithoutEffect(tag)) continue;
       AddTag(tag);
-      open.Follow(tag);
-      if (open.IsTooDeep()) return {};
+      isAtLineBegin_ = beginsLine;
+      isBehindTableTag_ = isOfTable;
+      isInDrawing_ = tag.isInDrawing;
+      open_.Follow(tag);
+      if (open_.IsTooDeep()) return {};
     }
     AddText(Slice(copied, html_.size()));
     return std::move(source_);
@@ -141,16 +171,86 @@ class Reducer {
     return page_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
   }
 
-  // On a page without any style the tags of bold type, of links and their like change no text.
-  bool IsWithoutEffect(const TagScanner::Tag& tag, const OpenElements& open) const {
-    return isPlainPage_ && tag.kind != TagScanner::Kind::Comment && (TraitsOf(tag.name) & TagTrait::kLook) != 0 &&
-           !tag.isInDrawing && !isTextOpen_ && !open.IsBetweenCells();
+  // True if the text ahead of a tag and the text behind it stand in different lines for certain.
+  bool BeginsLine(const TagScanner::Tag& tag) {
+    const bool isChoice = tag.name == GUMBO_TAG_SELECT || tag.name == GUMBO_TAG_OPTGROUP;
+    if (isChoice && tag.kind == TagScanner::Kind::Start) isInChoice_ = true;
+    if (tag.name == GUMBO_TAG_SELECT && tag.kind == TagScanner::Kind::End) isInChoice_ = false;
+    if (!look_.IsPlain() || tag.isInDrawing || isInDrawing_ || tag.kind == TagScanner::Kind::Comment) return false;
+    const bool isStart = tag.kind == TagScanner::Kind::Start;
+    // Stray text behind a table's start tag goes ahead of the table.
+    if (tag.name == GUMBO_TAG_TABLE) return !HasAsideTable(tag) && !isStart && open_.IsInTable();
+    const quint16 traits = TraitsOf(tag.name);
+    if ((traits & TagTrait::kInTable) != 0) return (isStart || tag.name == GUMBO_TAG_TR) && open_.IsInTable();
+    return isStart ? (traits & TagTrait::kBeginsLine) != 0 : tag.name == GUMBO_TAG_P || tag.name == GUMBO_TAG_BR;
+  }
+
+  // Tables beside the line: what stands around them goes on.
+  bool HasAsideTable(const TagScanner::Tag& tag) {
+    const auto isAside = [](const TagScanner::Attribute& attribute) {
+      return IsName(attribute.name, "align") &&
+             !QLatin1StringView(attribute.source).contains("center"_L1, Qt::CaseInsensitive);
+    };
+    hasAsideTable_ = hasAsideTable_ || std::any_of(tag.attributes.begin(), tag.attributes.end(), isAside);
+    return hasAsideTable_;
+  }
+
+  // Blanks at the begin or end of a line are none.
+  bool IsAtLinesEdge(std::string_view text, bool isLineEnd, bool isTableTagNext) const {
+    if (isInChoice_ || !look_.IsPlain() || mayKeepBlanks_ || !IsBlankText(text)) return false;
+    if (open_.IsBetweenCells()) return isBehindTableTag_ && isTableTagNext && open_.IsInTable();
+    return isLineEnd || isAtLineBegin_;
+  }
+
+  // The tags of a document's frame, and on a page without any style those of bold type, of links and their like, change
+  // no text.
+  bool IsWithoutEffect(const TagScanner::Tag& tag) const {
+    // Where blanks count, a line break behind the tag that keeps them does not, but behind any other it does.
+    if (tag.isInDrawing || isInDrawing_ || isTextOpen_ || mayKeepBlanks_ || open_.IsBetweenCells()) return false;
+    if (tag.kind == TagScanner::Kind::Comment) return true;
+    if (isTitleOpen_ && tag.name == GUMBO_TAG_TITLE) return false;
+    const quint16 traits = TraitsOf(tag.name);
+    if ((traits & TagTrait::kUnseen) == 0)
+      return look_.IsPlain() && !isInChoice_ && !isInForm_ && (traits & TagTrait::kLook) != 0;
+    return std::none_of(tag.attributes.begin(), tag.attributes.end(),
+                        [&](const auto& attribute) { return look_.Matters(attribute, tag.name); });
+  }
+
+  // The parser knows where cells and rows end.
+  static bool IsImplied(GumboTag end, const TagScanner::Tag& next) {
+    if (next.kind == TagScanner::Kind::Comment || next.isInDrawing) return false;
+    const bool isCell = next.name == GUMBO_TAG_TD || next.name == GUMBO_TAG_TH;
+    const bool isRow = next.name == GUMBO_TAG_TR;
+    const bool isSection = next.name == GUMBO_TAG_TBODY || next.name == GUMBO_TAG_THEAD || next.name == GUMBO_TAG_TFOOT;
+    if (next.kind == TagScanner::Kind::Start) return isRow || isSection || (isCell && end != GUMBO_TAG_TR);
+    return next.name == GUMBO_TAG_TABLE || (isRow && end != GUMBO_TAG_TR);
+  }
+
+  // Holds the end tag of a cell or row back until it is seen what follows.
+  bool Hold(const TagScanner::Tag& tag) {
+    const bool mayBeImplied = tag.name == GUMBO_TAG_TD || tag.name == GUMBO_TAG_TH || tag.name == GUMBO_TAG_TR;
+    if (!mayBeImplied || tag.kind != TagScanner::Kind::End || isInDrawing_) return false;
+    heldEnd_ = tag.name;
+    return true;
+  }
+
+  void WriteHeld() {
+    if (heldEnd_ == GUMBO_TAG_UNKNOWN) return;
+    source_.text += "</";
+    source_.text += gumbo_normalized_tagname(heldEnd_);
+    source_.text += '>';
+    heldEnd_ = GUMBO_TAG_UNKNOWN;
   }
 
   void AddTag(const TagScanner::Tag& tag) {
+    if (IsImplied(heldEnd_, tag)) heldEnd_ = GUMBO_TAG_UNKNOWN;
+    WriteHeld();
     isTextOpen_ = false;
+    if (tag.name == GUMBO_TAG_FORM) isInForm_ = tag.kind == TagScanner::Kind::Start;
+    isTitleOpen_ = tag.name == GUMBO_TAG_TITLE && tag.kind == TagScanner::Kind::Start;
     std::string& text = source_.text;
     if (tag.isInDrawing) {
+      if (KeepsBlanks(Slice(tag.begin, tag.end))) mayKeepBlanks_ = true;
       text += Slice(tag.begin, tag.rawEnd);
       return;
     }
@@ -158,31 +258,40 @@ class Reducer {
       text += "<!---->";
       return;
     }
+    if (Hold(tag)) return;
+    // The parser holds text back until the next element begins or ends, but forgets it when a form ends: the text would
+    // slip out of the form. A comment brings it in.
+    if (tag.name == GUMBO_TAG_FORM && tag.kind == TagScanner::Kind::End) text += "<!---->";
     text += tag.kind == TagScanner::Kind::End ? "</" : "<";
-    text.append(tag.writtenName.data(), static_cast<size_t>(tag.writtenName.size()));
+    text += Text(tag.writtenName);
     for (const TagScanner::Attribute& attribute : tag.attributes) {
-      if (!Matters(attribute.name, source_.hasSheets)) continue;
-      NoteBlanks(attribute.source);
+      if (!look_.Matters(attribute, tag.name)) continue;
+      if (KeepsBlanks(Text(attribute.source))) mayKeepBlanks_ = true;
       text += ' ';
-      text.append(attribute.source.data(), static_cast<size_t>(attribute.source.size()));
+      text += Text(attribute.source);
     }
     text += tag.closesItself ? " />" : ">";
     if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
-    const bool isSeen = tag.name == GUMBO_TAG_STYLE || tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT;
-    if (isSeen) text += Slice(tag.end, tag.rawEnd);
+    if (tag.kind != TagScanner::Kind::Start) return;
+    if (tag.name == GUMBO_TAG_STYLE && look_.HasSheets()) AddSheet(Slice(tag.end, tag.rawEnd));
+    if (tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT) text += Slice(tag.end, tag.rawEnd);
   }
 
-  // A style that might keep white space, in a sheet or an attribute.
-  void NoteBlanks(QByteArrayView style) {
-    if (QLatin1StringView(style).contains("white-space"_L1, Qt::CaseInsensitive)) mayKeepBlanks_ = true;
+  void AddSheet(std::string_view sheet) {
+    if (MayAddRun() && sheet.find_first_of(std::string_view("<\0", 2)) == std::string_view::npos) {
+      AddRun(sheet);
+    } else {
+      source_.text += sheet;
+    }
   }
 
   void AddText(std::string_view text) {
+    if (text.empty()) return;
+    WriteHeld();
+    isTextOpen_ = isAtLineBegin_ = isBehindTableTag_ = false;
     size_t at = 0;
-    if (!text.empty()) isTextOpen_ = false;
     while (at < text.size()) {
-      size_t end = at;
-      while (end < text.size() && IsPlain(text, end)) ++end;
+      size_t end = PlainEnd(text, at, mayKeepBlanks_);
       // Behind a "<" that begins no tag stands a tag that the source's end has cut.
       const bool isCutTag = at > 0 && text[at - 1] == '<';
       if (isCutTag) {
@@ -199,20 +308,26 @@ class Reducer {
   }
 
   void AddPlain(std::string_view text) {
-    constexpr size_t kShortest = 8;
-    // As many characters as a plane of private use has.
-    constexpr size_t kMost = 65533;
-    const bool isBlank = std::all_of(text.begin(), text.end(), IsBlank);
-    if (isBlank && !mayKeepBlanks_) text = text.substr(0, 1);
-    // The parser must see that a text begins with a blank.
-    const size_t begin = !text.empty() && IsBlank(text.front()) ? 1 : 0;
-    if (isBlank || !mayHoldRuns_ || text.size() - begin < kShortest || source_.runs.size() >= kMost) {
+    // A run takes four bytes.
+    constexpr size_t kShortest = 4;
+    // The parser must see the blanks that a text begins with.
+    const auto firstLetter = std::find_if_not(text.begin(), text.end(), IsBlank);
+    const auto blanks = static_cast<size_t>(firstLetter - text.begin());
+    source_.text += text.substr(0, mayKeepBlanks_ ? blanks : std::min<size_t>(blanks, 1));
+    text.remove_prefix(blanks);
+    if (MayAddRun() && text.size() >= kShortest) {
+      AddRun(text);
+    } else {
       source_.text += text;
-      return;
     }
+  }
+
+  // As many characters as a plane of private use has.
+  bool MayAddRun() const { return mayHoldRuns_ && source_.runs.size() < 65533; }
+
+  void AddRun(std::string_view text) {
     const size_t index = source_.runs.size();
-    source_.runs.push_back(text.substr(begin));
-    source_.text += text.substr(0, begin);
+    source_.runs.push_back(text);
     // U+F0000 and up.
     source_.text += '\xF3';
     source_.text += static_cast<char>(0xB0 | (index >> 12));
@@ -237,13 +352,27 @@ class Reducer {
 
   QByteArrayView html_;
   std::string_view page_;
+  PageLook look_;
   // A page that uses the characters of the runs itself is handed over as it is.
   bool mayHoldRuns_;
-  bool isPlainPage_ = false;
   // The text so far ends in a character reference or a "<", which what follows must not become part of.
   bool isTextOpen_ = false;
+  // A title was begun, whose text hides everything up to its end tag.
+  bool isTitleOpen_ = false;
   // From here on more than one blank may count.
-  bool mayKeepBlanks_ = false;
+  bool mayKeepBlanks_;
+  // Within a choice the parser passes over nearly every tag, and a group of options shows no text of its own.
+  bool isInChoice_ = false;
+  // What still stands open at a form's end tag stays open, and with it the form's line.
+  bool isInForm_ = false;
+  bool hasAsideTable_ = false;
+  // Only blanks and tags without effect stand between here and a tag that begins a line.
+  bool isAtLineBegin_ = false;
+  bool isBehindTableTag_ = false;
+  // The last tag was part of a drawing.
+  bool isInDrawing_ = false;
+  GumboTag heldEnd_ = GUMBO_TAG_UNKNOWN;
+  OpenElements open_;
   PageSource source_;
 };
 

@@ -11,8 +11,8 @@
 struct PageSource {
   // Empty if the page's elements are nested more than 500 deep, by a quick count that follows implied end tags roughly.
   std::string text;
-  // Longer runs of plain text, which the parser would only carry around: the source holds one character in the place of
-  // each. They point into the page.
+  // Runs of plain text and of "&nbsp;", and the style sheets, which the parser would only carry around: the source
+  // holds one character in the place of each. They point into the page.
   std::vector<std::string_view> runs;
   bool hasSheets = false;
 };
@@ -25,6 +25,20 @@ PageSource ParserSource(const QByteArray& html);
 // of a page that the parser cannot take in reasonable time.
 PageSource FlatSource(const QByteArray& html);
 
+// A run without its references, piece by piece.
+template <typename Take>
+void ForEachPieceOfRun(std::string_view run, Take take) {
+  constexpr std::string_view kHardBlank("&nbsp;");
+  size_t at = run.find('&');
+  while (at != std::string_view::npos && run.substr(at).starts_with(kHardBlank)) {
+    if (at > 0) take(run.substr(0, at));
+    take(std::string_view("\xC2\xA0"));
+    run.remove_prefix(at + kHardBlank.size());
+    at = run.find('&');
+  }
+  if (!run.empty()) take(run);
+}
+
 // Hands a text of the tree, with its runs back in their places, piece by piece to a function that takes a string_view.
 template <typename Take>
 void ForEachPiece(std::string_view text, const std::vector<std::string_view>& runs, Take take) {
@@ -34,7 +48,7 @@ void ForEachPiece(std::string_view text, const std::vector<std::string_view>& ru
     if (mark == std::string_view::npos || mark + 4 > text.size()) return;
     const auto bits = [&](size_t place) { return static_cast<size_t>(text[mark + place]) & 0x3F; };
     const size_t index = ((bits(1) & 0x0F) << 12) | (bits(2) << 6) | bits(3);
-    if (index < runs.size()) take(runs[index]);
+    if (index < runs.size()) ForEachPieceOfRun(runs[index], take);
     text.remove_prefix(mark + 4);
   }
 }

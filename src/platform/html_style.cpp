@@ -173,11 +173,11 @@ void PageStyles::Cascade::Apply(const Declarations& declarations, quint32 rank) 
 }
 
 PageStyles::PageStyles(const HtmlTree& tree) : isQuirky_(tree.IsQuirky()), comparisons_(kMostComparisons) {
-  if (tree.HasSheets()) ReadStyleElements(tree.Body());
+  if (tree.HasSheets()) ReadStyleElements(tree);
 }
 
-void PageStyles::ReadStyleElements(const GumboNode* body) {
-  std::vector<const GumboNode*> pending = {body};
+void PageStyles::ReadStyleElements(const HtmlTree& tree) {
+  std::vector<const GumboNode*> pending = {tree.Body()};
   std::vector<string_view> found;
   while (!pending.empty()) {
     const GumboNode* node = pending.back();
@@ -185,7 +185,10 @@ void PageStyles::ReadStyleElements(const GumboNode* body) {
     const GumboVector& children = node->v.element.children;
     if (node->v.element.tag == GUMBO_TAG_STYLE) {
       if (children.length == 0 || !IsForScreens(AttributeOf(node, "media"))) continue;
-      sheets_.push_back(WithoutComments(static_cast<const GumboNode*>(children.data[0])->v.text.text));
+      std::string sheet;
+      ForEachPiece(static_cast<const GumboNode*>(children.data[0])->v.text.text, tree.Runs(),
+                   [&sheet](string_view piece) { sheet += piece; });
+      sheets_.push_back(WithoutComments(sheet));
       continue;
     }
     for (unsigned i = children.length; i > 0; --i) {

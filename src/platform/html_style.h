@@ -86,7 +86,7 @@ class PageStyles {
   static bool ReadSelector(std::string_view text, std::vector<Compound>* selector);
   static bool ReadCompound(std::string_view text, Compound* compound);
   static bool IsForScreens(std::string_view query);
-  void ReadStyleElements(const GumboNode* body);
+  void ReadStyleElements(const HtmlTree& tree);
   void ReadSheet(std::string_view sheet);
   void AddRules(std::string_view selectors, std::string_view block);
   void ApplySheets(const GumboNode* element, Cascade* cascade) const;

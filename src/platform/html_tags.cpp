@@ -15,12 +15,12 @@ bool IsSpace(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
-using TraitTable = std::array<quint8, GUMBO_TAG_LAST + 1>;
+using TraitTable = std::array<quint16, GUMBO_TAG_LAST + 1>;
 
 TraitTable MakeTraits() {
   using namespace TagTrait;
   TraitTable traits = {};
-  const auto add = [&traits](quint8 trait, std::initializer_list<GumboTag> tags) {
+  const auto add = [&traits](quint16 trait, std::initializer_list<GumboTag> tags) {
     for (const GumboTag tag : tags) traits[tag] |= trait;
   };
   add(kVoid, {GUMBO_TAG_AREA, GUMBO_TAG_BASE, GUMBO_TAG_BASEFONT, GUMBO_TAG_BGSOUND, GUMBO_TAG_BR, GUMBO_TAG_COL,
@@ -34,6 +34,8 @@ TraitTable MakeTraits() {
                  GUMBO_TAG_IFRAME, GUMBO_TAG_NOEMBED, GUMBO_TAG_NOFRAMES, GUMBO_TAG_NOSCRIPT});
   add(kInTable | kBarrier,
       {GUMBO_TAG_TD, GUMBO_TAG_TH, GUMBO_TAG_TR, GUMBO_TAG_TBODY, GUMBO_TAG_THEAD, GUMBO_TAG_TFOOT, GUMBO_TAG_CAPTION});
+  add(kUnseen, {GUMBO_TAG_HTML, GUMBO_TAG_HEAD, GUMBO_TAG_BODY, GUMBO_TAG_META, GUMBO_TAG_LINK, GUMBO_TAG_BASE,
+                GUMBO_TAG_TITLE});
   add(kBarrier, {GUMBO_TAG_TABLE, GUMBO_TAG_OBJECT, GUMBO_TAG_APPLET, GUMBO_TAG_MARQUEE, GUMBO_TAG_TEMPLATE});
   add(kBlock, {GUMBO_TAG_ADDRESS, GUMBO_TAG_ARTICLE,  GUMBO_TAG_ASIDE,   GUMBO_TAG_BLOCKQUOTE, GUMBO_TAG_BR,
                GUMBO_TAG_CAPTION, GUMBO_TAG_CENTER,   GUMBO_TAG_DETAILS, GUMBO_TAG_DIR,        GUMBO_TAG_DIV,
@@ -42,6 +44,21 @@ TraitTable MakeTraits() {
                GUMBO_TAG_HEADER,  GUMBO_TAG_HR,       GUMBO_TAG_MAIN,    GUMBO_TAG_MENU,       GUMBO_TAG_NAV,
                GUMBO_TAG_OL,      GUMBO_TAG_PRE,      GUMBO_TAG_SECTION, GUMBO_TAG_SUMMARY,    GUMBO_TAG_TABLE,
                GUMBO_TAG_TBODY,   GUMBO_TAG_TFOOT,    GUMBO_TAG_THEAD,   GUMBO_TAG_TR,         GUMBO_TAG_UL});
+  add(kBeginsLine,
+      {GUMBO_TAG_ADDRESS, GUMBO_TAG_ARTICLE, GUMBO_TAG_ASIDE, GUMBO_TAG_BLOCKQUOTE, GUMBO_TAG_BR,   GUMBO_TAG_CENTER,
+       GUMBO_TAG_DD,      GUMBO_TAG_DIR,     GUMBO_TAG_DIV,   GUMBO_TAG_DL,         GUMBO_TAG_DT,   GUMBO_TAG_FIELDSET,
+       GUMBO_TAG_FOOTER,  GUMBO_TAG_H1,      GUMBO_TAG_H2,    GUMBO_TAG_H3,         GUMBO_TAG_H4,   GUMBO_TAG_H5,
+       GUMBO_TAG_H6,      GUMBO_TAG_HEADER,  GUMBO_TAG_HR,    GUMBO_TAG_LI,         GUMBO_TAG_MAIN, GUMBO_TAG_MENU,
+       GUMBO_TAG_NAV,     GUMBO_TAG_OL,      GUMBO_TAG_P,     GUMBO_TAG_SECTION,    GUMBO_TAG_UL});
+  add(kEndsDrawing,
+      {GUMBO_TAG_B,       GUMBO_TAG_BIG,  GUMBO_TAG_BLOCKQUOTE, GUMBO_TAG_BODY,  GUMBO_TAG_BR,   GUMBO_TAG_CENTER,
+       GUMBO_TAG_CODE,    GUMBO_TAG_DD,   GUMBO_TAG_DIV,        GUMBO_TAG_DL,    GUMBO_TAG_DT,   GUMBO_TAG_EM,
+       GUMBO_TAG_EMBED,   GUMBO_TAG_H1,   GUMBO_TAG_H2,         GUMBO_TAG_H3,    GUMBO_TAG_H4,   GUMBO_TAG_H5,
+       GUMBO_TAG_H6,      GUMBO_TAG_HEAD, GUMBO_TAG_HR,         GUMBO_TAG_I,     GUMBO_TAG_IMG,  GUMBO_TAG_LI,
+       GUMBO_TAG_LISTING, GUMBO_TAG_MENU, GUMBO_TAG_META,       GUMBO_TAG_NOBR,  GUMBO_TAG_OL,   GUMBO_TAG_P,
+       GUMBO_TAG_PRE,     GUMBO_TAG_RUBY, GUMBO_TAG_S,          GUMBO_TAG_SMALL, GUMBO_TAG_SPAN, GUMBO_TAG_STRONG,
+       GUMBO_TAG_STRIKE,  GUMBO_TAG_SUB,  GUMBO_TAG_SUP,        GUMBO_TAG_TABLE, GUMBO_TAG_TT,   GUMBO_TAG_U,
+       GUMBO_TAG_UL,      GUMBO_TAG_VAR});
   add(kKeepsBlanks, {GUMBO_TAG_PRE, GUMBO_TAG_XMP, GUMBO_TAG_LISTING, GUMBO_TAG_PLAINTEXT});
   add(kLook, {GUMBO_TAG_A,    GUMBO_TAG_ABBR, GUMBO_TAG_ACRONYM, GUMBO_TAG_B,     GUMBO_TAG_BIG,    GUMBO_TAG_BLINK,
               GUMBO_TAG_CITE, GUMBO_TAG_CODE, GUMBO_TAG_DEL,     GUMBO_TAG_DFN,   GUMBO_TAG_EM,     GUMBO_TAG_FONT,
@@ -60,7 +77,7 @@ bool IsTagOf(QByteArrayView text, QByteArrayView beginning) {
 
 }  // namespace
 
-quint8 TraitsOf(GumboTag tag) {
+quint16 TraitsOf(GumboTag tag) {
   static const TraitTable kTraits = MakeTraits();
   return kTraits[tag];
 }
@@ -159,8 +176,7 @@ void TagScanner::FollowDrawings(const Tag& tag) {
   const bool isFrame = tag.name == GUMBO_TAG_SVG || tag.name == GUMBO_TAG_MATH;
   if (isFrame) {
     isInDrawing_ = tag.kind == Kind::Start && !tag.closesItself;
-  } else if ((tag.kind == Kind::Start || tag.name == GUMBO_TAG_P || tag.name == GUMBO_TAG_BR) &&
-             (TraitsOf(tag.name) & (TagTrait::kBlock | TagTrait::kVoid)) != 0) {
+  } else if (tag.kind == Kind::Start && (TraitsOf(tag.name) & TagTrait::kEndsDrawing) != 0) {
     isInDrawing_ = false;
   }
 }

@@ -9,21 +9,27 @@
 
 // What a quick reader has to know of the elements, as bits.
 namespace TagTrait {
-inline constexpr quint8 kVoid = 1;
+inline constexpr quint16 kVoid = 1;
 // The end tag is mostly left out, and the next element of the kind ends it: it does not nest by itself.
-inline constexpr quint8 kEndsItself = 2;
+inline constexpr quint16 kEndsItself = 2;
 // What it holds is text whatever it looks like.
-inline constexpr quint8 kRawText = 4;
-inline constexpr quint8 kInTable = 8;
+inline constexpr quint16 kRawText = 4;
+inline constexpr quint16 kInTable = 8;
 // The end tag of something else does not reach beyond it.
-inline constexpr quint8 kBarrier = 16;
-inline constexpr quint8 kBlock = 32;
-inline constexpr quint8 kKeepsBlanks = 64;
+inline constexpr quint16 kBarrier = 16;
+inline constexpr quint16 kBlock = 32;
+inline constexpr quint16 kKeepsBlanks = 64;
 // Nothing but the look of a text within its line.
-inline constexpr quint8 kLook = 128;
+inline constexpr quint16 kLook = 128;
+// Wherever its start tag stands, it begins a line of its own.
+inline constexpr quint16 kBeginsLine = 256;
+// Nothing of it is ever seen, nor does it part what stands around it.
+inline constexpr quint16 kUnseen = 512;
+// No drawing holds it: its start tag ends the drawing that it stands in.
+inline constexpr quint16 kEndsDrawing = 1024;
 }  // namespace TagTrait
 
-quint8 TraitsOf(GumboTag tag);
+quint16 TraitsOf(GumboTag tag);
 
 class TagScanner {
  public:
