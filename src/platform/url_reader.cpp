@@ -1,13 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/url_reader.h"
 
+#include <QHostInfo>
+
 #include "platform/cookie_store.h"
+#include "platform/flood_watch.h"
 #include "platform/url_transfer.h"
 
 namespace {
 
 constexpr int kReadsPerHost = 6;
 constexpr qint64 kHandOutMs = 4;
+constexpr int kLooksOfQuiet = 5;
 
 }  // namespace
 
@@ -16,9 +20,16 @@ class UrlWorker : public QObject {
   Q_OBJECT
 
  public:
-  UrlWorker(UrlNetwork& network, const UrlLimits& limits) : network_(network), limits_(limits), access_(this) {}
-  // Before the access manager goes, and its replies with it.
-  ~UrlWorker() override { qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly)); }
+  UrlWorker(UrlNetwork& network, const UrlLimits& limits)
+      : network_(network), limits_(limits), access_(this), watch_(this) {
+    watch_.setInterval(limits.quiet / kLooksOfQuiet);
+    connect(&watch_, &QTimer::timeout, this, &UrlWorker::Watch);
+  }
+  // Before the access manager goes, and its replies with it. A flood would hold both up.
+  ~UrlWorker() override {
+    qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly));
+    if (isUnanswered_) FloodWatch::Cut(FloodWatch::Unread());
+  }
 
   void Add(quint64 id, const QUrl& url) {
     waiting_ += {id, url};
@@ -70,7 +81,63 @@ class UrlWorker : public QObject {
       Drop(id);
     });
     connect(transfer, &UrlTransfer::CookiesTold, this, &UrlWorker::RenewCookies);
+    connect(transfer, &UrlTransfer::Heard, this, [this]() {
+      wasHeard_ = true;
+      isUnanswered_ = false;
+    });
+    isUnanswered_ = true;
+    if (!watch_.isActive()) watch_.start();
     transfer->Begin(read.url);
+  }
+
+  // When no server at all was heard for a while, one of those that are being read may be flooding.
+  void Watch() {
+    if (std::exchange(wasHeard_, false) || running_.isEmpty()) {
+      quietLooks_ = 0;
+      addresses_.clear();
+      floods_.Forget();
+      if (running_.isEmpty()) watch_.stop();
+      return;
+    }
+    if (++quietLooks_ < kLooksOfQuiet) return;
+    QHash<quint64, QList<FloodWatch::Peer>> peers;
+    QList<FloodWatch::Peer> all;
+    for (auto read = running_.cbegin(); read != running_.cend(); ++read) {
+      peers[read.key()] = PeersOf(read->transfer->Asked());
+      all += peers[read.key()];
+    }
+    const QList<FloodWatch::Flood> floods = floods_.Look(all);
+    // The read fails before its connection is cut: Qt would ask such a server again.
+    for (auto read = peers.cbegin(); read != peers.cend(); ++read)
+      for (const FloodWatch::Flood& flood : floods)
+        if (read->contains(flood.peer)) FailFlooded(read.key());
+    FloodWatch::Cut(floods);
+  }
+
+  void FailFlooded(quint64 id) {
+    const auto found = running_.constFind(id);
+    if (found == running_.cend()) return;
+    found->transfer->Stop();
+    Report({.kind = UrlNetwork::Answer::Kind::Failed, .id = id, .body = {}});
+    Drop(id);
+  }
+
+  // Without an address until the name is looked up.
+  QList<FloodWatch::Peer> PeersOf(const QUrl& url) {
+    const auto port = static_cast<quint16>(url.port(url.scheme() == u"https" ? 443 : 80));
+    QList<FloodWatch::Peer> peers;
+    for (const QHostAddress& address : AddressesOf(url.host())) peers += {address, port};
+    return peers;
+  }
+
+  QList<QHostAddress> AddressesOf(const QString& host) {
+    if (!addresses_.contains(host)) {
+      addresses_.insert(host, {});
+      QHostInfo::lookupHost(host, this, [this, host](const QHostInfo& found) {
+        if (addresses_.contains(host)) addresses_.insert(host, found.addresses());
+      });
+    }
+    return addresses_.value(host);
   }
 
   void Release(quint64 id) {
@@ -103,6 +170,13 @@ class UrlWorker : public QObject {
   QList<Waiting> waiting_;
   QHash<quint64, Running> running_;
   QHash<QString, int> busy_;
+  QTimer watch_;
+  bool wasHeard_ = false;
+  // Nothing was heard since a read began; it may have been dropped meanwhile.
+  bool isUnanswered_ = false;
+  int quietLooks_ = 0;
+  QHash<QString, QList<QHostAddress>> addresses_;
+  FloodWatch floods_;
 };
 
 UrlNetwork::UrlNetwork(const UrlLimits& limits, QObject* parent)

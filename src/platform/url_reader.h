@@ -18,6 +18,7 @@
 struct UrlLimits {
   std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte
   std::chrono::milliseconds deadline = std::chrono::minutes(10);  // in all, against a slow drip
+  std::chrono::milliseconds quiet = std::chrono::seconds(5);      // of all servers, before floods are looked for
   qint64 maxBody = 64LL * 1024 * 1024;                            // unpacked bytes
   int maxRedirects = 10;
 };

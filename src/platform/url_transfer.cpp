@@ -92,6 +92,7 @@ void UrlTransfer::Request(const QUrl& url) {
 }
 
 void UrlTransfer::OnHeaders() {
+  Q_EMIT Heard();
   stall_.start(limits_.stall);
   const auto cookies = reply_->header(QNetworkRequest::SetCookieHeader).value<QList<QNetworkCookie>>();
   if (!cookies.isEmpty()) Q_EMIT CookiesTold(reply_->url(), cookies);
@@ -99,6 +100,7 @@ void UrlTransfer::OnHeaders() {
 }
 
 void UrlTransfer::OnData() {
+  Q_EMIT Heard();
   stall_.start(limits_.stall);
   if (!Drain()) return;
   if (sinceProgress_.isValid() && sinceProgress_.elapsed() < kProgressEveryMs) return;
@@ -121,16 +123,15 @@ bool UrlTransfer::Drain() {
 }
 
 void UrlTransfer::OnFinished() {
+  Q_EMIT Heard();
   if (!Drain()) return;
   if (!IsAnswer(*reply_) || body_.size() < ToldLength()) {
     Fail();
     return;
   }
   if (Follow()) return;
-  stall_.stop();
-  deadline_.stop();
   const qint64 max = ToldLength();
-  DropReply();
+  Stop();
   Q_EMIT Progress(max, body_.size());
   Q_EMIT Done(body_);
 }
@@ -150,10 +151,14 @@ bool UrlTransfer::Follow() {
 }
 
 void UrlTransfer::Fail() {
+  Stop();
+  Q_EMIT Failed();
+}
+
+void UrlTransfer::Stop() {
   stall_.stop();
   deadline_.stop();
   DropReply();
-  Q_EMIT Failed();
 }
 
 void UrlTransfer::DropReply() {

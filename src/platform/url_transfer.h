@@ -24,8 +24,14 @@ class UrlTransfer : public QObject {
 
   // Never answers before it returns.
   void Begin(const QUrl& url);
+  // Ends the read without a word.
+  void Stop();
+  // What is being asked, a redirect's target too; empty when nothing is.
+  QUrl Asked() const { return reply_ ? reply_->url() : QUrl(); }
 
  Q_SIGNALS:
+  // The server was heard.
+  void Heard();
   void Progress(qint64 max, qint64 read);
   void Done(const QByteArray& body);
   void Failed();
