@@ -4,6 +4,7 @@
 #include <QImage>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
+#include <QTcpSocket>
 #include <QTest>
 
 #include "station_band.h"
@@ -144,6 +145,24 @@ class TestStationBand : public QObject {
 
     station.Misbehave(u"image1"_s, Behaviour::Normal);
     QCOMPARE(Read(station.Url()).body, picture);
+  }
+
+  // By a plain socket: a reader of Qt's would not come back.
+  void sendsAHeadWithoutEnd() {
+    StationBand band;
+    Station& station = band.AddStation(u"ZZ9QX"_s);
+    station.SetPicture("0123456789");
+    station.Misbehave(u"image1"_s, Behaviour::EndlessHead);
+    const QUrl url(station.Url());
+    QTcpSocket socket;
+    socket.connectToHost(url.host(), static_cast<quint16>(url.port()));
+    socket.write("GET " + url.path().toLatin1() + " HTTP/1.1\r\nHost: x\r\n\r\n");
+    QByteArray head;
+    connect(&socket, &QTcpSocket::readyRead, this, [&]() { head += socket.readAll(); });
+    QTRY_VERIFY_WITH_TIMEOUT(head.size() > 1 << 20, 20'000);
+    QVERIFY(head.startsWith("HTTP/1.1 200 ") && !head.contains("\r\n\r\n"));
+    socket.abort();
+    QCOMPARE(QImage::fromData(Read(station.Base() + u"/checknew.jpg"_s).body).width(), 2);
   }
 
   void dripsAndWaits() {

@@ -103,7 +103,13 @@ void HttpConnection::Send(const Answer& answer, Behaviour behaviour) {
       WritePart(answer, size, size / 2);
       return;
     case Behaviour::Endless:
-      BeginFlood(answer);
+      keepAlive_ = false;
+      WriteHead(answer, -1);
+      BeginFlood(answer.body.isEmpty() ? QByteArray(4096, 'x') : answer.body);
+      return;
+    case Behaviour::EndlessHead:
+      socket_->write(StatusLine(answer.status));
+      BeginFlood(QByteArray("X-Log: sent again and again\r\n").repeated(200));
       return;
     case Behaviour::Drip:
       BeginDrip(answer);
@@ -144,10 +150,9 @@ void HttpConnection::WritePart(const Answer& answer, qint64 claimed, qint64 sent
   if (!headOnly_) socket_->write(answer.body.constData(), sent);
 }
 
-void HttpConnection::BeginFlood(const Answer& answer) {
+void HttpConnection::BeginFlood(const QByteArray& bytes) {
   keepAlive_ = false;
-  rest_ = answer.body.isEmpty() ? QByteArray(4096, 'x') : answer.body;
-  WriteHead(answer, -1);
+  rest_ = bytes;
   connect(socket_, &QTcpSocket::bytesWritten, this, &HttpConnection::Flood);
   Flood();
 }

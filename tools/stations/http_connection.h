@@ -28,7 +28,7 @@ class HttpConnection : public QObject {
   void WriteHead(const Answer& answer, qint64 length);
   void WriteWhole(const Answer& answer);
   void WritePart(const Answer& answer, qint64 claimed, qint64 sent);
-  void BeginFlood(const Answer& answer);
+  void BeginFlood(const QByteArray& bytes);
   void Flood();
   void BeginDrip(const Answer& answer);
   void DripByte();

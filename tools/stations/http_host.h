@@ -25,6 +25,7 @@ enum class Behaviour {
   ShortBody,       // tells a longer body than it sends, then closes
   Truncated,       // half the picture in an answer that is whole
   Endless,         // bytes until the reader gives up
+  EndlessHead,     // header lines until the reader gives up
   Stall,           // takes the request and never answers
   StallMidBody,    // falls silent in the middle of the body
   Drip,            // a byte now and then
