@@ -43,5 +43,8 @@ QString CallOfField(const QString& text) {
 
 QString CallOfCaption(const QString& text, const QStringList& lstBadCalls) {
   QString call = CutAtFirstOther(text);
-  return IsBadCall(call, lstBadCalls) ? QString() : call;
+  if (IsBadCall(call, lstBadCalls)) return {};
+  // A menu may show slashed zeros; the list of refused calls has plain ones.
+  QString plain = QString(call).replace(u'Ø', u'0');
+  return IsBadCall(plain, lstBadCalls) ? QString() : call;
 }

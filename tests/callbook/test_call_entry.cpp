@@ -30,6 +30,7 @@ class TestCallEntry : public QObject {
     QTest::newRow("accent") << u"ÉE9QX"_s << none << u"ÉE9QX"_s << u"ÉE9QX"_s;
     QTest::newRow("no digit") << u"HELLO"_s << none << none << u"HELLO"_s;
     QTest::newRow("refused") << u"noCall-1"_s << none << none << none;
+    QTest::newRow("refused, as menus show it") << u"NØCALL sender"_s << u"NØCALL"_s << u"NØCALL sender"_s << none;
     QTest::newRow("nothing") << none << none << none << none;
     QTest::newRow("lines") << u"73 de\r\nZZ9QX"_s << none << none << none;
   }
@@ -38,7 +39,7 @@ class TestCallEntry : public QObject {
     QFETCH(const QString, text);
     QTEST(CallOfClipboard(text), "clipboard");
     QTEST(CallOfField(text), "field");
-    QTEST(CallOfCaption(text, {u"NOCALL"_s}), "caption");
+    QTEST(CallOfCaption(text, {u"NOCALL"_s, u"N0CALL"_s}), "caption");
     QVERIFY(text.startsWith(CutAtFirstOther(text)));
   }
 
