@@ -23,6 +23,9 @@ constexpr double kFlatShape = 0.75;  // height to width, below which the width d
 
 // A sign-in page sets several cookies, and a page that is read between two of them would know nothing of it yet.
 constexpr std::chrono::milliseconds kCookiePause = 400ms;
+// A cookie that comes during a read may belong to the sign-in, or be one that the service gives with every page. It is
+// worth one more read; a read after each of them would never end.
+constexpr int kReadsForCookies = 2;
 
 bool WritePicture(const QString& path, const QByteArray& bytes) {
   if (!QDir().mkpath(QFileInfo(path).path())) return false;
@@ -332,11 +335,14 @@ QUrl LookupSession::SignInUrl() const {
 
 void LookupSession::AwaitSignIn() {
   awaitingSignIn_ = true;
+  readsForCookies_ = 0;
   cookiesSeen_ = ServiceCookies();
 }
 
 void LookupSession::CookiesChanged() {
-  if (awaitingSignIn_) cookieTimer_.start();
+  if (!awaitingSignIn_) return;
+  if (!view_.busy) readsForCookies_ = 0;
+  cookieTimer_.start();
 }
 
 void LookupSession::CookiesSettled() {
@@ -346,6 +352,8 @@ void LookupSession::CookiesSettled() {
     return;
   }
   cookiesSeen_ = ServiceCookies();
+  if (readsForCookies_ == kReadsForCookies) return;
+  ++readsForCookies_;
   Update();
 }
 
@@ -362,5 +370,7 @@ void LookupSession::SignOut() {
   awaitingSignIn_ = false;
   parts_.cookies.RemoveOf(url);
   loggedIn_.reset();
+  // There may be no call to read again.
+  Q_EMIT Changed();
   Update();
 }

@@ -133,6 +133,7 @@ class LookupSession : public QObject {
   int generation_ = 0;            // of the call shown; answers of a former one are dropped
   QSize pictureBox_{142, 108};
   bool awaitingSignIn_ = false;
+  int readsForCookies_ = 0;  // since the browser has last changed one
   QList<QNetworkCookie> cookiesSeen_;
   QTimer cookieTimer_;
 };

@@ -440,6 +440,54 @@ class TestLookupSession : public QObject {
       QVERIFY(SignOutText(language, u"QRZ"_s) != SignInText(language, u"QRZ"_s));
     }
   }
+
+  // A service that gives a new cookie with every page is not asked for ever while the user types the password.
+  void AwaitsTheSignInQuietly() {
+    SessionFixture f;
+    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
+    f.hosts.eHam = host.Base();
+    const auto give = [&f](const QByteArray& value) { f.cookies.Add(QNetworkCookie("seen", value), u"127.0.0.1"_s); };
+    host.SetPage(u"callbook/K1QPE"_s, [&]() {
+      give(QByteArray::number(host.TotalRequests()));
+      return QByteArray("<p>Nothing for strangers</p>");
+    });
+    f.LookToTheEnd(u"K1QPE"_s);
+    f.session.AwaitSignIn();
+    give("the login page's");
+    QTRY_COMPARE(host.TotalRequests(), 3);
+    QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
+    // What the browser is given then counts as before.
+    give("the user's");
+    QTRY_COMPARE(host.TotalRequests(), 5);
+  }
+
+  void KnowsOfASignOutWithoutACall() {
+    SessionFixture f;
+    f.SignIn();
+    f.Look(QString());
+    QSignalSpy changed(&f.session, &LookupSession::Changed);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    QCOMPARE(changed.count(), 1);
+  }
+
+  // Nothing can be written, and the lookup tells all the same what it has read.
+  void ShowsWhatItCannotKeep() {
+    SessionFixture f;
+    f.Choose(kCallook);
+    QVERIFY(QDir(f.folder.path()).mkpath(u"Omni-Perch-DB.db"_s) && QDir(f.folder.path()).mkpath(u"images"_s));
+    QFile inTheWay(f.folder.filePath(u"images/qrzImages"_s));
+    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    QSignalSpy stored(&f.session, &LookupSession::Stored);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.view.name, u"Martha"_s);
+    QTRY_COMPARE(f.PictureRequests(), 1);
+    QVERIFY(stored.isEmpty());
+    f.LookToTheEnd(u"W5QUJ"_s);
+    QCOMPARE(f.view.name, u"Buck R."_s);
+    QCOMPARE(inTheWay.size(), 0);
+  }
 };
 
 OMNI_TEST(TestLookupSession)
