@@ -37,8 +37,10 @@ FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLabel(parent) {
 
 void FieldLabel::SetField(const QString& text, const QString& role) {
   full_ = OneLine(text);
-  setAccessibleName(full_.isEmpty() ? role : full_);
-  setAccessibleDescription(full_.isEmpty() ? QString() : role);
+  // Screen readers are told of each setting, of the same text too.
+  if (const QString name = full_.isEmpty() ? role : full_; name != accessibleName()) setAccessibleName(name);
+  const QString description = full_.isEmpty() ? QString() : role;
+  if (description != accessibleDescription()) setAccessibleDescription(description);
   Elide();
 }
 

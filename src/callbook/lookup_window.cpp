@@ -165,8 +165,7 @@ void Form12::ShowView() {
   lblAdd1->SetField(view.add1, role(TextLine::kAddressLabel));
   lblAdd2->SetField(view.add2, role(TextLine::kCityLabel));
   lblCtry->SetField(view.ctry, role(TextLine::kCountryLabel));
-  // The distance says itself what it is.
-  lblDxAz->SetField(view.dxAz, QString());
+  lblDxAz->SetField(view.dxAz, DistanceLabelText(parts_.program.config.LanguageName));
   cmdUpdate->setText(QString(view.updateCaption).replace(u'&', "&&"_L1));
   cmdUpdate->setAccessibleName(view.updateCaption);
   Image1->SetPicture(view.picture, PixelsOf(view.pictureUnits));
@@ -177,6 +176,20 @@ void Form12::ShowView() {
     unsetCursor();
   }
   ShowSignIn();
+  TellView();
+}
+
+// Nobody hears a label that has changed. What the window shows is therefore the description of the two controls by
+// which it is read: of the one in focus a screen reader says it when the window opens and whenever it is another.
+void Form12::TellView() {
+  QStringList told;
+  for (const FieldLabel* label : {lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz}) told += label->FullText();
+  told += session_.View().status.trimmed();
+  told.removeAll(QString());
+  const QString text = told.join(", "_L1);
+  for (QWidget* control : std::initializer_list<QWidget*>{cmdUpdate, cboDB}) {
+    if (control->accessibleDescription() != text) control->setAccessibleDescription(text);
+  }
 }
 
 void Form12::ShowSignIn() {
@@ -333,6 +346,11 @@ void Form12::keyPressEvent(QKeyEvent* event) {
       break;
     case Qt::Key_F5:
       session_.Update();
+      break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      // Not all desktops let it press a button.
+      if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->click();
       break;
     default:
       QWidget::keyPressEvent(event);

@@ -66,6 +66,7 @@ class Form12 : public QWidget {
   void ShowTexts();
   void ShowView();
   void ShowSignIn();
+  void TellView();
   void OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at, bool byKeyboard);
   void OpenMapsMenu();
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);

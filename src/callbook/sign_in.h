@@ -19,3 +19,5 @@ QString SignOutText(const QString& languageName, const QString& service);
 QString NoBrowserText(const QString& languageName);
 // What the small window with the operator's picture is called.
 QString PictureText(const QString& languageName, const QString& call);
+// What the line with the distance is, for screen readers.
+QString DistanceLabelText(const QString& languageName);

@@ -89,6 +89,32 @@ class TestLookupWindow : public QObject {
     }
   }
 
+  // What a screen reader says: the window opens with the update button in focus, and its description is the answer.
+  void IsHeard() {
+    FormFixture f;
+    f.Choose(1);
+    f.Open(u"K1QPE"_s);
+    QWidget* focus = f.form.focusWidget();
+    QCOMPARE(focus->objectName(), u"cmdUpdate"_s);
+    QCOMPARE(focus->accessibleDescription(), u"Not logged in"_s);
+    // Empty fields are told by what they would hold.
+    for (const FieldLabel* label : f.form.findChildren<FieldLabel*>()) {
+      QVERIFY2(!label->accessibleName().isEmpty() && label->accessibleDescription().isEmpty(),
+               qPrintable(label->objectName()));
+    }
+    f.Service().SetLatency(std::chrono::milliseconds(100));
+    QTest::keyClick(focus, Qt::Key_Return);
+    QCOMPARE(focus->accessibleDescription(), u"Reading eHam. . ., Not logged in"_s);
+    auto* chooser = f.Part<QComboBox>(u"cboDB"_s);
+    chooser->setFocus();
+    for (int i = 0; i < 3; ++i) QTest::keyClick(chooser, Qt::Key_Down);
+    QTRY_COMPARE(f.Text(u"lblName"_s), u"Martha"_s);
+    const QString told = chooser->accessibleDescription();
+    QVERIFY2(told.startsWith(u"K1QPE  (From Callook.info), Martha, 88 Maple Street, East Harrow"_s) &&
+                 told.endsWith(u", U.S.A., 604 km 39°, No login needed"_s),
+             qPrintable(told));
+  }
+
   void WorksByKeyboard() {
     FormFixture f;
     QSignalSpy closed(&f.form, &Form12::Closed);
@@ -173,8 +199,9 @@ class TestLookupWindow : public QObject {
     QCOMPARE(status->text(), u"Not logged in"_s);
     QCOMPARE(status->accessibleDescription(), u"Sign in to eHam"_s);
     f.hasBrowser = false;
-    QTest::keyClick(status, Qt::Key_Space);
-    QCOMPARE(f.dialogs.told.size(), 1);
+    status->setFocus();
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(status, key);
+    QCOMPARE(f.dialogs.told.size(), 3);
     f.hasBrowser = true;
     QTest::mouseClick(status, Qt::LeftButton);
     QCOMPARE(f.windows.done, QStringList{u"eHam /login"_s});
