@@ -107,7 +107,6 @@ void frmMapLoc::FillTexts() {
   lblHelp_.setToolTip(lblHelp_.text());
   cmdClose_.SetCaption(language[TextLine::kCloseWord].trimmed());
   lstMaps_.setAccessibleName(maps);
-  menu_.setAccessibleName(language[TextLine::kPopupLookup].trimmed());
   const QStringList names = MapListNames(program_.lstMap);
   const QString name = names.value(program_.config.MapIndex);
   cmdMaps_.SetCaption(name + u" ▾"_s);
@@ -155,6 +154,8 @@ void frmMapLoc::Display_Map(const QImage& picture) {
        QPoint((screenRoom.width() - outer.width()) / 2, (screenRoom.height() - outer.height()) / 2));
   Draw();
   if (sized) PlaceParts();
+  // A window that was closed by its bar would come back with the focus on the button that closed it.
+  if (!isVisible()) picOuter_->setFocus();
   show();
   raise();
   activateWindow();
@@ -229,6 +230,7 @@ void frmMapLoc::OpenPopup(const QPoint& at, bool byKeyboard) {
     entry.enabled = entry.action == kLookup;
     entries.append(entry);
   }
+  menu_.setAccessibleName(target_.call);
   menu_.MakeMenu(kMapLocMenu, entries);
   menu_.OpenAt(at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
 }
@@ -251,6 +253,12 @@ void frmMapLoc::StoreOffsets(int left, int top) {
 void frmMapLoc::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   PlaceParts();
+}
+
+void frmMapLoc::closeEvent(QCloseEvent* event) {
+  // A picture that is still being read would bring the window back.
+  ++reads_;
+  QWidget::closeEvent(event);
 }
 
 void frmMapLoc::keyPressEvent(QKeyEvent* event) {

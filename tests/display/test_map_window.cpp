@@ -177,10 +177,32 @@ class MapWindowTest : public QObject {
     QVERIFY(!f.window->isVisible());
     f.Pick(-33.9, 18.4);
     QCOMPARE(f.window->windowTitle(), u"World Map"_s);
-    QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdClose"_s), Qt::LeftButton);
+    auto* cmdClose = f.window->findChild<QToolButton*>(u"cmdClose"_s);
+    cmdClose->setFocus();
+    QTest::mouseClick(cmdClose, Qt::LeftButton);
     QVERIFY(!f.window->isVisible());
     f.Pick(48, 2);
     QCOMPARE(f.View().Picture().size(), QSize(1810, 1490));
+    QCOMPARE(f.window->focusWidget(), &f.View());
+  }
+
+  // The picture of a map that was asked for just before does not bring the window back.
+  void StaysClosed() {
+    MapFixture f;
+    f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
+    f.Save(u"World Map.jpg"_s, QSize(2800, 1412), Qt::green);
+    f.Open();
+    f.Pick(48, 2);
+    f.Maps().setCurrentRow(1);
+    QTest::keyClick(&f.Maps(), Qt::Key_Return);
+    QTest::keyClick(&f.View(), Qt::Key_Escape);
+    bool read = false;
+    f.store.Read(u"World Map.jpg"_s, this, [&read](const QImage&) { read = true; });
+    QTRY_VERIFY(read);
+    QVERIFY(!f.window->isVisible());
+    // Asked for anew, it does.
+    f.Pick(48, 2);
+    QCOMPARE(f.window->windowTitle(), u"Europe Map"_s);
   }
 
   void ChoosesFromTheList() {
@@ -233,6 +255,7 @@ class MapWindowTest : public QObject {
     for (const QAction* action : menu->actions())
       entries.append(action->text().trimmed() + (action->isEnabled() ? u""_s : u" -"_s));
     QCOMPARE(entries.join(u", "_s), u"Look up on eHam, ZZ1AA by address -, ZZ1AA by coordinates -"_s);
+    QCOMPARE(menu->accessibleName(), u"ZZ1AA"_s);
     QTest::keyClick(menu, Qt::Key_Down);
     QTest::keyClick(menu, Qt::Key_Return);
     QCOMPARE(wanted.size(), 1);
