@@ -13,6 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// What comes in between the two counts of TakenFrom looks as if it had been taken. A flood's reader takes far more.
+constexpr qint64 kLeastTaken = 16384;
+
 std::optional<FloodWatch::Peer> PeerOf(int descriptor) {
   sockaddr_storage name = {};
   socklen_t size = sizeof name;
@@ -25,29 +28,31 @@ std::optional<FloodWatch::Peer> PeerOf(int descriptor) {
   return std::nullopt;
 }
 
-bool HoldsUnread(int descriptor) {
+qint64 UnreadIn(int descriptor) {
   int unread = 0;
-  return ioctl(descriptor, FIONREAD, &unread) == 0 && unread > 0;
+  return ioctl(descriptor, FIONREAD, &unread) == 0 ? unread : 0;
 }
 
-quint64 ReceivedBy(int descriptor) {
+// Bytes that the connection has ever handed to its reader.
+qint64 TakenFrom(int descriptor) {
   tcp_info info = {};
   socklen_t size = sizeof info;
-  return getsockopt(descriptor, IPPROTO_TCP, TCP_INFO, &info, &size) == 0 ? info.tcpi_bytes_received : 0;
+  if (getsockopt(descriptor, IPPROTO_TCP, TCP_INFO, &info, &size) != 0) return 0;
+  return static_cast<qint64>(info.tcpi_bytes_received) - UnreadIn(descriptor);
 }
 
 }  // namespace
 
 QList<FloodWatch::Flood> FloodWatch::Look(const QList<Peer>& peers) {
-  QHash<int, quint64> received;
+  QHash<int, qint64> taken;
   QList<Flood> floods;
   for (const Flood& one : Unread()) {
     if (!peers.contains(one.peer)) continue;
-    const quint64 bytes = ReceivedBy(one.descriptor);
-    if (bytes > received_.value(one.descriptor, bytes)) floods += one;
-    received.insert(one.descriptor, bytes);
+    const qint64 bytes = TakenFrom(one.descriptor);
+    if (bytes > taken_.value(one.descriptor, bytes) + kLeastTaken) floods += one;
+    taken.insert(one.descriptor, bytes);
   }
-  received_ = received;
+  taken_ = taken;
   return floods;
 }
 
@@ -57,7 +62,7 @@ QList<FloodWatch::Flood> FloodWatch::Unread() {
   for (const QString& name : names) {
     const int descriptor = name.toInt();
     const std::optional<Peer> peer = PeerOf(descriptor);
-    if (peer && HoldsUnread(descriptor)) found += {descriptor, *peer};
+    if (peer && UnreadIn(descriptor) > 0) found += {descriptor, *peer};
   }
   return found;
 }

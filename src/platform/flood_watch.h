@@ -21,17 +21,18 @@ class FloodWatch {
     Peer peer;
   };
 
-  // Looks at the connections of this process to some peers: floods are those that have received more since the last
-  // look and still hold bytes that nobody took.
+  // Looks at the connections of this process to some peers, while no answer comes from anybody: the flood is the one
+  // that was read from since the last look and still holds unread bytes. The others wait for its reader, and hold what
+  // came.
   QList<Flood> Look(const QList<Peer>& peers);
   // All connections of this process that hold bytes that nobody took.
   static QList<Flood> Unread();
   // The reader of such a connection sees its end.
   static void Cut(const QList<Flood>& floods);
   // Makes the next look the first one.
-  void Forget() { received_.clear(); }
+  void Forget() { taken_.clear(); }
 
  private:
-  // Bytes that each connection had received at the last look, by its descriptor.
-  QHash<int, quint64> received_;
+  // Bytes that were taken from each connection up to the last look, by its descriptor.
+  QHash<int, qint64> taken_;
 };

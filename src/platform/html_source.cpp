@@ -97,15 +97,15 @@ size_t PlainEnd(std::string_view text, size_t at, bool mayKeepBlanks) {
   constexpr std::string_view kOpen("\x81\x8D\x8F\x90\x9D");
   while (at < text.size()) {
     const char c = text[at];
-    if (kPlain[static_cast<uchar>(c)] || (c == '\r' && !mayKeepBlanks)) {
+    if (kPlain[static_cast<uchar>(c)]) {
       ++at;
-    } else if (c == '&' && text.substr(at, kHardBlank.size()) == kHardBlank) {
-      at += kHardBlank.size();
-    } else if (c == '\xC2' && (at + 1 == text.size() || kOpen.find(text[at + 1]) == std::string_view::npos)) {
-      ++at;
-    } else {
-      return at;
+      continue;
     }
+    const bool isHardBlank = c == '&' && text.substr(at, kHardBlank.size()) == kHardBlank;
+    const bool isOpen = at + 1 < text.size() && kOpen.find(text[at + 1]) != std::string_view::npos;
+    const bool isPlain = c == '\xC2' ? !isOpen : c == '\r' && !mayKeepBlanks;
+    if (!isHardBlank && !isPlain) return at;
+    at += isHardBlank ? kHardBlank.size() : 1;
   }
   return at;
 }
