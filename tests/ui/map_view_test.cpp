@@ -5,8 +5,11 @@
 #include <QAccessible>
 #include <QMouseEvent>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QSignalSpy>
 #include <QTest>
+#include <QThreadPool>
+#include <QWheelEvent>
 
 #include "test_suite.h"
 #include "ui/map_line.h"
@@ -122,6 +125,28 @@ class MapViewTest : public QObject {
     QCOMPARE(shown.panned.last(), (QList<QVariant>{shown.Place().x(), shown.Place().y()}));
   }
 
+  void Wheel_data() {
+    QTest::addColumn<QPoint>("pixels");
+    QTest::addColumn<QPoint>("angle");
+    QTest::addColumn<bool>("shift");
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("a notch") << QPoint() << QPoint(0, 120) << false << QPoint(-250, -160);
+    QTest::newRow("a notch sideways") << QPoint() << QPoint(0, -120) << true << QPoint(-290, -200);
+    QTest::newRow("touch pad") << QPoint(7, -9) << QPoint(56, -72) << false << QPoint(-243, -209);
+  }
+
+  void Wheel() {
+    QFETCH(QPoint, pixels);
+    QFETCH(QPoint, angle);
+    QFETCH(bool, shift);
+    Shown shown;
+    QWheelEvent wheel(QPointF(200, 150), shown.view->mapToGlobal(QPointF(200, 150)), pixels, angle, Qt::NoButton,
+                      shift ? Qt::ShiftModifier : Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(shown.view, &wheel);
+    QTEST(shown.Place(), "place");
+    QCOMPARE(shown.panned.size(), 1);
+  }
+
   void LabelsAreClicked() {
     Shown shown;
     const QPoint first = shown.view->LabelRect(0).center();
@@ -157,6 +182,15 @@ class MapViewTest : public QObject {
     QTest::keyClick(shown.view, Qt::Key_Tab);
     QVERIFY(!shown.view->hasFocus());
     QCOMPARE(shown.view->FocusedLabel(), -1);
+    // Back from behind the view its last label comes first; its menu takes the focus and gives it back.
+    QTest::keyClick(&shown.after, Qt::Key_Backtab);
+    QCOMPARE(shown.view->FocusedLabel(), 2);
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(shown.view, &menu);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(200, 150), shown.view->mapToGlobal(QPoint(200, 150)));
+    QCoreApplication::sendEvent(shown.view, &key);
+    QCOMPARE(shown.Clicked(), u"first true, far true, far true"_s);
+    shown.after.setFocus(Qt::TabFocusReason);
     // One far off the map can be pressed, and moves nothing.
     MapOverlay far;
     far.labels = {Label(u"lost"_s, {-2147483648.0, 2147483647.0}, true)};
@@ -191,6 +225,12 @@ class MapViewTest : public QObject {
     QCOMPARE(map->childAt(first->rect().center().x(), first->rect().center().y()), first);
     first->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     QCOMPARE(shown.Clicked(), u"first true"_s);
+    // Where the focus is.
+    QCOMPARE(map->focusChild(), map);
+    QVERIFY(!first->state().focused && first->state().focusable && !map->child(1)->state().focusable);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QCOMPARE(map->focusChild(), first);
+    QVERIFY(first->state().focused && !map->child(2)->state().focused);
     shown.view->SetOverlay({});
     QCOMPARE(map->childCount(), 0);
     QVERIFY(!first->isValid());
@@ -244,6 +284,67 @@ class MapViewTest : public QObject {
         }
       }
       QCOMPARE(unlike, 0);
+    }
+  }
+
+  // A busy band, with a second thread at hand and without: each tile as if the whole frame had been drawn at once.
+  void ManyLines() {
+    const QSize size(1100, 600);
+    MapOverlay overlay;
+    QImage expected(size, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    const QImage white = expected;
+    MapLineCanvas canvas(expected, expected.rect());
+    for (int i = 0; i < 2400; ++i) {
+      const QPointF from(i * 7 % 1100, i * 13 % 600);
+      const QPointF to((i * 31 + 700) % 1100, (i * 17 + 300) % 600);
+      const QColor colour(i % 200, i * 3 % 200, i * 7 % 200);
+      overlay.lines.append({from, to, colour, 2});
+      canvas.Draw(from, to, {colour.rgba(), 2, false});
+    }
+    QThreadPool* pool = QThreadPool::globalInstance();
+    const auto restored = qScopeGuard([pool, most = pool->maxThreadCount()]() { pool->setMaxThreadCount(most); });
+    for (const bool busy : {false, true}) {
+      pool->setMaxThreadCount(busy ? 1 : 2);
+      QSemaphore gate;
+      if (busy) pool->start([&gate]() { gate.acquire(); });
+      MapLayer layer;
+      layer.SetPicture(white);
+      layer.SetOverlay(overlay);
+      const QImage frame = layer.Frame(size, QPoint(0, 0)).copy(QRect(QPoint(0, 0), size));
+      gate.release();
+      pool->waitForDone();
+      QCOMPARE(frame, expected);
+    }
+  }
+
+  // A desktop that turns dark while a map is open; labels with a colour of their own keep it, and stay readable.
+  void TakesTheLook() {
+    MapLayer layer;
+    layer.SetPicture(Pattern(QSize(200, 150)));
+    MapOverlay overlay;
+    overlay.labels = {Label(u"plain"_s, {10, 10}, false), Label(u"own"_s, {100, 10}, false)};
+    overlay.labels.last().back = Qt::black;
+    layer.SetOverlay(overlay);
+    const auto colours = [&layer](const QColor& tip) {
+      layer.SetLook({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
+      const QImage frame = layer.Frame(QSize(200, 150), QPoint(0, 0));
+      bool white = false;
+      for (int x = 100; x < 180; ++x) {
+        for (int y = 10; y < 50; ++y) white = white || qGray(frame.pixel(x, y)) > 200;
+      }
+      return frame.pixelColor(11, 11).name() + frame.pixelColor(101, 11).name() + (white ? u" white"_s : QString());
+    };
+    QCOMPARE(colours(Qt::yellow), u"#ffff00#000000 white"_s);
+    QCOMPARE(colours(Qt::darkBlue), u"#000080#000000 white"_s);
+  }
+
+  void LinesThatCanBeSeenThrough() {
+    for (const bool smooth : {false, true}) {
+      QImage image(20, 20, QImage::Format_RGB32);
+      image.fill(Qt::white);
+      MapLineCanvas(image, image.rect()).Draw({2, 10}, {18, 10}, {qRgba(0, 0, 0, 127), 2, smooth});
+      QVERIFY(std::abs(qGray(image.pixel(10, 10)) - 128) <= 2);
     }
   }
 
