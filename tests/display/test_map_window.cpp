@@ -135,6 +135,10 @@ class MapWindowTest : public QObject {
     files.Save(u"a"_s, QSize(31, 20), Qt::black);
     QCOMPARE(atOnce(u"a"_s), u"read #000000"_s);
     QCOMPARE(atOnce(u"a"_s), u"kept #000000"_s);
+    // Twice in a row: the one before does not take the place of another map.
+    files.Save(u"a"_s, QSize(32, 20), Qt::white);
+    QCOMPARE(atOnce(u"a"_s), u"read #ffffff"_s);
+    QVERIFY(atOnce(u"b"_s).startsWith(u"kept"));
 
     bool called = false;
     {
@@ -143,6 +147,36 @@ class MapWindowTest : public QObject {
     }
     QVERIFY(QTest::qWaitFor([&]() { return atOnce(u"c"_s).startsWith(u"kept"); }));
     QVERIFY(!called);
+  }
+
+  void KeepsOneHugePicture() {
+    MapFolder files;
+    QImage huge(5000, 3000, QImage::Format_Mono);
+    huge.fill(0);
+    for (const QString& name : {u"maps/a"_s, u"maps/b"_s}) QVERIFY(huge.save(files.folder.filePath(name), "PNG"));
+    MapStore store(files.folder.path());
+    int answers = 0;
+    for (const QString& name : {u"a"_s, u"b"_s}) {
+      store.Read(name, this, [&answers](const QImage& picture) { answers += picture.width() == 5000 ? 1 : 0; });
+    }
+    QTRY_COMPARE(answers, 2);
+    store.Read(u"b"_s, this, [&answers](const QImage&) { ++answers; });
+    QCOMPARE(answers, 3);
+    store.Read(u"a"_s, this, [&answers](const QImage&) { ++answers; });
+    QCOMPARE(answers, 3);
+    QTRY_COMPARE(answers, 4);
+  }
+
+  void SeeThroughIsWhite() {
+    MapFolder files;
+    QImage clear(4, 4, QImage::Format_ARGB32);
+    clear.fill(Qt::transparent);
+    QVERIFY(clear.save(files.folder.filePath(u"maps/Clear Map.gif"_s), "PNG"));
+    MapStore store(files.folder.path());
+    QImage read;
+    store.Read(u"Clear Map.gif"_s, this, [&read](const QImage& picture) { read = picture; });
+    QTRY_COMPARE(read.size(), QSize(4, 4));
+    QCOMPARE(read.pixelColor(1, 1), QColor(Qt::white));
   }
 
   void ShowsTheTarget() {
@@ -166,6 +200,10 @@ class MapWindowTest : public QObject {
     const QFrame* info = f.window->findChild<QFrame*>(u"picInfo"_s);
     QCOMPARE(info->y(), f.View().y() + 4);
     QCOMPARE(info->width(), info->findChild<QLabel*>()->sizeHint().width() + 40);
+    // The map can be dragged through it.
+    QCOMPARE(f.window->childAt(info->geometry().center()), &f.View());
+    QCOMPARE(f.window->findChild<QToolButton*>(u"cmdMaps"_s)->accessibleName(), u"Maps Europe"_s);
+    QCOMPARE(f.Maps().accessibleName(), u"Maps"_s);
 
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"Russian"_s, 8, Program::ProgVersion(), f.program.language);
     f.window->SetTexts();
@@ -216,6 +254,10 @@ class MapWindowTest : public QObject {
     QTest::keyClick(&f.Maps(), Qt::Key_Escape);
     QVERIFY(!f.Maps().isVisible() && f.window->isVisible());
     QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
+    QTRY_VERIFY(f.Maps().hasFocus());
+    f.View().setFocus();
+    QVERIFY2(!f.Maps().isVisible(), "a list that is left closes");
+    QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
     QCOMPARE(f.Maps().item(1)->text(), u"world"_s);
     QCOMPARE(f.Maps().currentRow(), 0);
     // Another station is looked at elsewhere meanwhile; the map stays with its own.
@@ -233,7 +275,7 @@ class MapWindowTest : public QObject {
     for (const int row : {1, 0}) {
       QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
       f.Maps().setCurrentRow(row);
-      QTest::keyClick(&f.Maps(), Qt::Key_Return);
+      QTest::keyClick(&f.Maps(), Qt::Key_Space);
     }
     bool read = false;
     f.store.Read(u"world map.GIF"_s, this, [&read](const QImage&) { read = true; });
