@@ -128,6 +128,7 @@ class LocationMapTest : public QObject {
     QCOMPARE(call.place, QRectF(target.x() - 84, target.y() - 65, 168, 40));
     QCOMPARE(call.box, QRectF(QPointF(target.x() - 86, target.y() - 67), QPointF(target.x() + 88, target.y() - 21)));
     QVERIFY(call.clickable);
+    QCOMPARE(call.boxWidth, 3.0);
 
     const QPointF own = map.overlay.circles.last().centre;
     QCOMPARE(CirclesAt(map, own), 2);
@@ -156,8 +157,26 @@ class LocationMapTest : public QObject {
     QCOMPARE(call.place.bottom(), stub.to.y() - 2);
     QCOMPARE(call.place.center().x(), stub.to.x());
     QCOMPARE(call.box, QRectF(call.place.topLeft() - QPointF(2, 2), call.place.bottomRight() + QPointF(4, 4)));
+    QCOMPARE(call.boxWidth, 2.0);
     QCOMPARE(CirclesAt(map, stub.from), 2);
     QCOMPARE(map.overlay.circles.size(), 2);
+  }
+
+  // Thousands are parted as the desktop parts them, also where its numbers usually are not.
+  void Thousands_data() {
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<QString>("info");
+    QTest::newRow("plain") << QLocale::c() << u"ZZ2BB  Dx 5,589 km  Az 286°"_s;
+    QTest::newRow("German") << QLocale(QLocale::German) << u"ZZ2BB  Dx 5.589 km  Az 286°"_s;
+  }
+
+  void Thousands() {
+    QFETCH(QLocale, locale);
+    const auto restored = qScopeGuard([before = QLocale()]() { QLocale::setDefault(before); });
+    QLocale::setDefault(locale);
+    Picked picked;
+    picked.target = {u"ZZ2BB"_s, 40, -75};
+    QTEST(picked.Build().info, "info");
   }
 
   // A target on the very edge of the picture is on it, own position there is not.

@@ -97,6 +97,9 @@ void TestMapProjection::PlacesPoints_data() {
   Row("skew 3 from a half", MapName::NorthAmerica, 40, -104.5, {482, 459});
   Row("skew 3 at the next half", MapName::NorthAmerica, 40, -105.5, {463, 457});
   Row("skew 7 from a half", MapName::NorthAmerica, 40, -110.5, {371, 440});
+  Row("skew 7 to the next half", MapName::NorthAmerica, 40, -115.5, {278, 423});
+  Row("skew 10 beyond it", MapName::NorthAmerica, 40, -115.51, {279, 420});
+  Row("skew 10 below the next", MapName::NorthAmerica, 40, -120.49, {188, 399});
   Row("skew 15 from a half", MapName::NorthAmerica, 40, -120.5, {189, 394});
   Row("skew 15 to the west", MapName::NorthAmerica, 40, -130.49, {11, 337});
   Row("skew 36 from a half", MapName::NorthAmerica, 40, -130.5, {18, 317});
