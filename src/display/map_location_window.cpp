@@ -144,6 +144,8 @@ void frmMapLoc::Display_Map(const QImage& picture) {
   setWindowTitle(title.isEmpty() ? Program::Title() + u"  "_s + lblMaps_.text() : title);
   picOuter_->setAccessibleName(windowTitle());
 
+  // A minimized window would stay where nobody sees it.
+  setWindowState(windowState() & ~Qt::WindowMinimized);
   const QRect screenRoom = (isVisible() || owner_ == nullptr ? this : owner_)->screen()->availableGeometry();
   const QSize allowance = FrameAllowance();
   const QSize outer =
