@@ -23,7 +23,8 @@ void MapFit::FitMapToWindow(const QSize& window, const QSize& border) {
   PanX = whole.width() > window.width();
   PanY = whole.height() > window.height();
   frame = window - border;
-  // A larger picture is centred by the frame's inside, a smaller one by the window's.
+  // A larger picture is centred by the frame's inside, a smaller one by the window's. One that is just as large begins
+  // at the corner, as where the map before lay is of no meaning for it.
   place.setX(PanX ? -(picture.width() - frame.width()) / 2 : (window.width() - whole.width()) / 2);
   place.setY(PanY ? -(picture.height() - frame.height()) / 2 : (window.height() - whole.height()) / 2);
 }
