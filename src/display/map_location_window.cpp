@@ -50,6 +50,8 @@ frmMapLoc::frmMapLoc(Program& program, MapStore& store, QWidget* owner)
   lblMapInfo1_.setTextFormat(Qt::PlainText);
   lblMapInfo1_.setAlignment(Qt::AlignCenter);
 
+  // Were it to take the focus, a click on it would close the list by that, and open it again.
+  cmdMaps_.setFocusPolicy(Qt::TabFocus);
   lstMaps_.setObjectName(u"lstMaps"_s);
   lstMaps_.setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   lstMaps_.hide();
@@ -197,10 +199,11 @@ QSize frmMapLoc::FrameAllowance() {
 }
 
 void frmMapLoc::ToggleMaps() {
-  if (lstMaps_.isVisible() || lstMaps_.count() == 0) {
-    lstMaps_.hide();
+  if (lstMaps_.isVisible()) {
+    ChooseMap(-1);
     return;
   }
+  if (lstMaps_.count() == 0) return;
   const int rows = std::min(lstMaps_.count(), kMostMapsShown);
   const int edge = 2 * lstMaps_.frameWidth();
   const QPoint place = cmdMaps_.mapTo(this, QPoint(0, cmdMaps_.height()));

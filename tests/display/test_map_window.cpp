@@ -262,6 +262,11 @@ class MapWindowTest : public QObject {
     QTRY_VERIFY(f.Maps().hasFocus());
     f.View().setFocus();
     QVERIFY2(!f.Maps().isVisible(), "a list that is left closes");
+    for (const bool open : {true, false}) {
+      QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
+      QCOMPARE(f.Maps().isVisible(), open);
+    }
+    QVERIFY(f.View().hasFocus());
     QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
     QCOMPARE(f.Maps().item(1)->text(), u"world"_s);
     QCOMPARE(f.Maps().currentRow(), 0);
