@@ -103,6 +103,31 @@ struct LookupFixture {
   int PictureRequests() const { return band.FindHost(QStringLiteral("Pictures"))->TotalRequests(); }
 };
 
+// A lookup on that program.
+struct SessionFixture : LookupFixture {
+  LookupSession session{Parts()};
+  const LookupView& view = session.View();
+
+  void Look(const QString& call) {
+    program.LookupCall = call;
+    session.StartLookup();
+  }
+  // Reads a call to the end, its record included.
+  void LookToTheEnd(const QString& call) {
+    Look(call);
+    QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
+    Settle();
+  }
+  // What was handed to the other thread by now is done.
+  void Settle() {
+    bool done = false;
+    background.Run<bool>(
+        &session, [] { return true; }, [&done](bool) { done = true; });
+    QTRY_VERIFY(done);
+  }
+  QString Text(TextLine line) const { return program.language[line]; }
+};
+
 // A picture of plain colour as a JPEG.
 inline QByteArray PlainJpeg(QSize size) {
   QImage image(size, QImage::Format_RGB32);

@@ -223,6 +223,10 @@ void TestCallDatabase::GoesOnWithoutAFile() {
   QCOMPARE(database.DbCurrent.Call.Text(), QString());
   QVERIFY(database.FillCallList(calls) && calls.isEmpty());
 
+  // Nor does a record get behind the last one by its number.
+  QVERIFY(!database.UpdateRecord(1) && !database.UpdateRecord(0));
+  QCOMPARE(folder.Bytes(), QByteArray());
+
   // A file of another spelling is the same file; no second one is made beside it.
   QVERIFY(QFile::rename(folder.File(), folder.File(u"omni-perch-db.DB"_s)));
   database.DbCurrent.Call = u"ZZ9QX"_s;
@@ -351,6 +355,13 @@ void TestCallDatabase::ReadsTheDemo() {
     QVERIFY((target.TargetLat == 0) == (target.TargetLon == 0));
   }
   QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
+
+  // A list longer than what is read at once.
+  folder.Put(DemoDatabase().repeated(60));
+  const QStringList once = calls;
+  QVERIFY(database.FillCallList(calls));
+  QCOMPARE(calls.size(), once.size() * 60);
+  QCOMPARE(calls.last(), once.last());
 }
 
 OMNI_TEST(TestCallDatabase)

@@ -65,6 +65,7 @@ class TestCallEntry : public QObject {
     QTest::newRow("coordinates") << -33.9 << 151.25
                                  << u"https://m/maps/place/-33.9,151.25/@-33.9,151.25,19z/data=!3m1!1e3*ZZ9QX"_s;
     QTest::newRow("the map's end") << 89.0 << 12.0 << address + u"89,12,19z/data=!3m1!1e3*ZZ9QX"_s;
+    QTest::newRow("the map's other end") << -89.0 << 12.0 << address + u"-89,12,19z/data=!3m1!1e3*ZZ9QX"_s;
     QTest::newRow("half a place") << 0.0 << 12.0 << address + u"0,12,19z/data=!3m1!1e3*ZZ9QX"_s;
   }
 

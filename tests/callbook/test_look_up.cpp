@@ -277,6 +277,14 @@ void TestLookUp::ChecksLoginAndVersion() {
     QCOMPARE(f.said, QStringList{u"LoginChecked "_s + told[service - 1]});
     QCOMPARE(f.server.Log().last(), service == 5 ? u"/call"_s : u"/"_s);
   }
+  // Its text takes the place of the page's; until it has come there is none.
+  f.lookUp->Database = 4;
+  f.server.SetPage(u"ZZ9QX"_s, []() { return CallookPage("Zoe"); });
+  f.lookUp->GetPage(u"ZZ9QX"_s);
+  QVERIFY(f.Heard(2));
+  f.lookUp->IsLoggedIn(u"key"_s);
+  QCOMPARE(f.lookUp->cName(u"ZZ9QX"_s), QString());
+  QVERIFY(f.Heard(4));
   f.said.clear();
   f.lookUp->CheckUpdates();
   QVERIFY(f.Heard(1));
@@ -362,7 +370,12 @@ void TestLookUp::ReadsTheLargestPage() {
   page += 'x';
   f.lookUp->GetPage(u""_s);
   QVERIFY(f.Heard(2));
-  QCOMPARE(f.said, (QStringList{u"GotPage  -"_s, u"PageNotFound "_s}));
+  // Of a text that no service has the beginning counts: a handler searches it some twenty times.
+  page = "<p>" + QByteArray(2 * 1024 * 1024, 'x') + "</p>" + CallookPage("Zoe");
+  f.lookUp->GetPage(u""_s);
+  QVERIFY(f.Heard(3));
+  QCOMPARE(f.lookUp->cName(u""_s), QString());
+  QCOMPARE(f.said, (QStringList{u"GotPage  -"_s, u"PageNotFound "_s, u"GotPage  -"_s, u"CallNotFound "_s}));
 }
 
 void TestLookUp::NamesTheServices() {

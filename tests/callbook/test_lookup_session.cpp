@@ -2,6 +2,7 @@
 // What the lookup window shows and keeps, against the simulated services: over the network, with real pictures.
 #include <QTest>
 
+#include "callbook/station_place.h"
 #include "lookup_fixture.h"
 #include "test_suite.h"
 
@@ -13,30 +14,6 @@ constexpr int kQrz = 2;
 constexpr int kQrzcq = 3;
 constexpr int kCallook = 4;
 constexpr int kHamCall = 5;
-
-struct SessionFixture : LookupFixture {
-  LookupSession session{Parts()};
-  const LookupView& view = session.View();
-
-  void Look(const QString& call) {
-    program.LookupCall = call;
-    session.StartLookup();
-  }
-  // Reads a call to the end, its record included.
-  void LookToTheEnd(const QString& call) {
-    Look(call);
-    QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
-    Settle();
-  }
-  // What was handed to the other thread by now is done.
-  void Settle() {
-    bool done = false;
-    background.Run<bool>(
-        &session, [] { return true; }, [&done](bool) { done = true; });
-    QTRY_VERIFY(done);
-  }
-  QString Text(TextLine line) const { return program.language[line]; }
-};
 
 }  // namespace
 
@@ -156,6 +133,13 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"W1QXM"_s);
     QVERIFY2(f.view.dxAz.contains(u" km "_s), qPrintable(f.view.dxAz));
     QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 1, 2), u"43.5*-72.25"_s);
+    site.Call = u"W0QXM"_s;
+    f.program.sites.Sites.append(site);
+    f.program.sites.SitePosMask.append(QString(20, u'0'));
+    f.program.sites.SortSites();
+    CallDatabase database(f.folder.path());
+    QCOMPARE(PlaceOf(f.program, database, u"WØQXM"_s).TargetLat, 43.5);
+    QCOMPARE(PlaceOf(f.program, database, u"WØQXN"_s).TargetLat, 0.0);
 
     // Half a place on the page is none: both coordinates come from the site.
     PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
@@ -277,6 +261,7 @@ class TestLookupSession : public QObject {
     const QString path = OperatorPicturePath(u"/data"_s, call);
     QVERIFY2(path.isEmpty() || QFileInfo(path).path() == u"/data/images/qrzImages"_s, qPrintable(path));
     QVERIFY(QFileInfo(path).completeBaseName().size() <= 20);
+    QCOMPARE(OperatorPicturePath(u"/data"_s, u"./"_s), QString());
   }
 
   void KeepsPicturesWhole() {
@@ -396,80 +381,6 @@ class TestLookupSession : public QObject {
     QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
     QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.add2 + f.view.ctry + f.view.dxAz, QString());
     QVERIFY(!f.view.busy && f.view.picture.isNull());
-  }
-
-  void SignsInAndOut() {
-    SessionFixture f;
-    f.LookToTheEnd(u"K1QPE"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
-    f.session.AwaitSignIn();
-    f.SignIn();
-    QTRY_COMPARE(f.view.name, u"Martha"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
-    const int asked = f.Service().TotalRequests();
-    // The window that is closed now has been heard of already.
-    f.session.SignInClosed();
-    QVERIFY(!f.view.busy);
-
-    // Another window of the program has a record to show: what is known of the login goes on.
-    f.Look(u"K1QPE"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
-    f.session.SignOut();
-    QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
-    QCOMPARE(f.view.name, QString());
-    QVERIFY(f.cookies.All().isEmpty());
-    QCOMPARE(f.Service().TotalRequests(), asked + 1);
-
-    // A user who gives up closes the window: the call is read once.
-    f.session.AwaitSignIn();
-    f.session.SignInClosed();
-    QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
-    QTRY_VERIFY(!f.view.busy);
-
-    // Whoever has chosen another service waits no longer for this one.
-    f.session.AwaitSignIn();
-    f.session.ChooseService(kCallook - 1);
-    QTRY_VERIFY(!f.view.busy);
-    f.session.SignInClosed();
-    QVERIFY(!f.view.busy);
-    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
-    for (const QString& language :
-         {u"Dutch"_s, u"French"_s, u"German"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s, u"Spanish"_s, u"Klingon"_s}) {
-      QCOMPARE(SignInText(language, u"QRZ"_s).count(u"QRZ"_s), 1);
-      QCOMPARE(SignInText(language, {}) == SignInText(u"English"_s, {}), language == u"Klingon"_s);
-      QVERIFY(SignOutText(language, u"QRZ"_s) != SignInText(language, u"QRZ"_s));
-    }
-  }
-
-  // A service that gives a new cookie with every page is not asked for ever while the user types the password.
-  void AwaitsTheSignInQuietly() {
-    SessionFixture f;
-    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
-    f.hosts.eHam = host.Base();
-    const auto give = [&f](const QByteArray& value) { f.cookies.Add(QNetworkCookie("seen", value), u"127.0.0.1"_s); };
-    host.SetPage(u"callbook/K1QPE"_s, [&]() {
-      give(QByteArray::number(host.TotalRequests()));
-      return QByteArray("<p>Nothing for strangers</p>");
-    });
-    f.LookToTheEnd(u"K1QPE"_s);
-    f.session.AwaitSignIn();
-    give("the login page's");
-    QTRY_COMPARE(host.TotalRequests(), 3);
-    QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
-    // What the browser is given then counts as before.
-    give("the user's");
-    QTRY_COMPARE(host.TotalRequests(), 5);
-  }
-
-  void KnowsOfASignOutWithoutACall() {
-    SessionFixture f;
-    f.SignIn();
-    f.Look(QString());
-    QSignalSpy changed(&f.session, &LookupSession::Changed);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
-    f.session.SignOut();
-    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
-    QCOMPARE(changed.count(), 1);
   }
 
   // Nothing can be written, and the lookup tells all the same what it has read.

@@ -132,6 +132,7 @@ class TestLookupWindow : public QObject {
     QVERIFY(!whole->isVisible() && f.form.isVisible());
     // Nor does it come when the lookup has been closed before the picture was decoded.
     QTest::keyClick(image, Qt::Key_Return);
+    f.Part<BarLabel>(u"lblMaps"_s)->setFocus();
     f.form.close();
     int decoded = 0;
     for (int i = 0; i < 3; ++i) {
@@ -142,6 +143,7 @@ class TestLookupWindow : public QObject {
     QCOMPARE(closed.count(), 1);
     f.Open(u"K1QPE"_s);
     QTRY_VERIFY(image->isVisible());
+    QVERIFY(f.form.focusWidget() == f.Part<QWidget>(u"cmdUpdate"_s));
 
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
     QApplication::sendEvent(image, &byKey);
@@ -189,6 +191,32 @@ class TestLookupWindow : public QObject {
     for (const int index : {0, 1, 2}) f.form.MnuMapsClick(index);
     QCOMPARE(maps.count() + views.count(), 2);
     QVERIFY(f.form.isVisible());
+    QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QVERIFY(!OpenMenu()->actions().first()->isEnabled());
+    QTest::keyClick(OpenMenu(), Qt::Key_Escape);
+    QVERIFY(f.form.isVisible());
+  }
+
+  // The large picture: whole on the monitor whatever its size, and gone with a click or with the next call.
+  void ShowsTheWholePicture() {
+    FormFixture f;
+    const QRect monitor = f.form.screen()->availableGeometry();
+    f.WritePicture(u"K1QPE"_s, PlainJpeg(monitor.size() * 2));
+    f.WritePicture(u"W5QUJ"_s, PlainJpeg(monitor.size() / 2));
+    for (const char* call : {"K1QPE", "W5QUJ"}) f.File(QLatin1StringView(call), u"Robin"_s, u"51.5"_s, u"0.1"_s);
+    auto* image = f.Part<PictureButton>(u"Image1"_s);
+    auto* whole = f.form.findChild<Form13*>();
+    for (const char* call : {"K1QPE", "W5QUJ"}) {
+      f.Open(QLatin1StringView(call));
+      QVERIFY(!whole->isVisible());
+      QTRY_VERIFY(image->isVisible());
+      QTest::mouseClick(image, Qt::LeftButton);
+      QTRY_VERIFY(whole->isVisible());
+      QVERIFY2(monitor.contains(whole->frameGeometry()), call);
+    }
+    QTest::mouseClick(whole, Qt::LeftButton);
+    QVERIFY(!whole->isVisible());
   }
 
   void SignsInAndOut() {
@@ -202,6 +230,7 @@ class TestLookupWindow : public QObject {
     status->setFocus();
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(status, key);
     QCOMPARE(f.dialogs.told.size(), 3);
+    QVERIFY(!f.dialogs.told.first().isEmpty());
     f.hasBrowser = true;
     QTest::mouseClick(status, Qt::LeftButton);
     QCOMPARE(f.windows.done, QStringList{u"eHam /login"_s});
@@ -232,6 +261,33 @@ class TestLookupWindow : public QObject {
     QTRY_COMPARE(f.Text(u"lblCall"_s), u"K1QPE  (From Callook.info)"_s);
     QVERIFY(!key->isEnabled() && !status->isEnabled());
     QCOMPARE(f.Part<QPushButton>(u"cmdUpdate"_s)->text(), u"Update from Callook.info"_s);
+  }
+
+  // Whatever a page holds, a field is one line of plain text, in the tip too.
+  void ShowsFieldsAsOneLine() {
+    QWidget window;
+    FieldLabel label(u"lblName"_s, &window);
+    label.resize(40, 20);
+    label.SetField(u" Zoë\tof the\r\n<b>Hill</b> "_s, u"Name"_s);
+    QCOMPARE(label.FullText(), u"Zoë of the  <b>Hill</b>"_s);
+    QCOMPARE(label.toolTip(), u"Zoë of the  &lt;b&gt;Hill&lt;/b&gt;"_s);
+  }
+
+  // Some desktops have a dark window and a dark blue for links.
+  void WritesLinksThatCanBeRead() {
+    StatusLink status(u"lblStatus"_s, nullptr);
+    QPalette dark;
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(0, 0, 160));
+    status.setPalette(dark);
+    status.SetStatus(u"Not logged in"_s, u"Sign in"_s);
+    const QImage drawn = status.grab().toImage();
+    int brightest = 0;
+    for (int y = 0; y < drawn.height(); ++y) {
+      for (int x = 0; x < drawn.width(); ++x) brightest = std::max(brightest, qGray(drawn.pixel(x, y)));
+    }
+    QVERIFY2(brightest > 200, qPrintable(QString::number(brightest)));
   }
 
   // Some languages have long words for a login: a little less room does not cut them.
@@ -292,6 +348,13 @@ class TestLookupWindow : public QObject {
     f.form.PositionMe(&f.owner, u"lblCallFrom"_s);
     QCOMPARE(f.form.pos().x(), 220);
     QVERIFY(f.form.pos().y() > 195 && f.form.pos().y() < 240);
+    // Without such a control it is the whole window.
+    f.form.PositionMe(&f.owner, u"lblCallTx"_s);
+    QCOMPARE(f.form.pos().x(), f.owner.frameGeometry().x());
+    // A user who has made it larger keeps it so for the next call.
+    f.form.resize(500, 300);
+    f.form.Open(u"K1QPE"_s, QRect(100, 100, 60, 20));
+    QCOMPARE(f.form.size(), QSize(500, 300));
     QTRY_VERIFY(f.form.cursor().shape() != Qt::BusyCursor);
   }
 };

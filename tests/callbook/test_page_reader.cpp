@@ -103,6 +103,7 @@ void TestPageReader::ReadsNames_data() {
   row("no results", "Country\nZZ9QX\nZoë\n", "", unknown);
   row("name of blanks", "Country\nSearch Results\nZZ9QX\n   \nMill Lane\n", "", unknown);
   row("empty line in between", "Country\nSearch Results\nZZ9QX\n\nZoë\n", "\nZoë");
+  row("call above the results", "ZZ9QX\nCountry\nSearch Results\nZZ9QX\nZoë\n", "Zoë");
   row("call not repeated", "Country\nHome\nSearch Results\nZZ0QX\nZoë\n", "Home");
   row("cut in the name", "Country\nSearch Results\nZZ9QX\nZo", "", unknown);
   row("nothing", "", "", unknown);

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a user's sign-in to a callbook service, and its end, change in a lookup; against the simulated services.
+#include <QTest>
+
+#include "lookup_fixture.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kQrz = 2;
+constexpr int kCallook = 4;
+
+}  // namespace
+
+class TestLookupSignIn : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void SignsInAndOut() {
+    SessionFixture f;
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    f.session.AwaitSignIn();
+    f.SignIn();
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.Settle();
+    const int asked = f.Service().TotalRequests();
+    // The window that is closed now has been heard of already.
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+
+    // One service's login is not another's, and there are no cookies of that one.
+    f.session.ChooseService(kQrz - 1);
+    QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+    f.session.EndLookup();
+    f.Choose(1);
+
+    // Another window of the program has a record to show: what is known of the login goes on.
+    f.Look(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
+    QCOMPARE(f.view.name, QString());
+    QVERIFY(f.cookies.All().isEmpty());
+    QCOMPARE(f.Service().TotalRequests(), asked + 1);
+
+    // A user who gives up closes the window: the call is read once.
+    f.session.AwaitSignIn();
+    f.session.SignInClosed();
+    QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
+    QTRY_VERIFY(!f.view.busy);
+
+    // Whoever has chosen another service waits no longer for this one.
+    f.session.AwaitSignIn();
+    f.session.ChooseService(kCallook - 1);
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
+    for (const QString& language :
+         {u"Dutch"_s, u"French"_s, u"German"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s, u"Spanish"_s, u"Klingon"_s}) {
+      QCOMPARE(SignInText(language, u"QRZ"_s).count(u"QRZ"_s), 1);
+      QCOMPARE(SignInText(language, {}) == SignInText(u"English"_s, {}), language == u"Klingon"_s);
+      QVERIFY(SignOutText(language, u"QRZ"_s) != SignInText(language, u"QRZ"_s));
+    }
+  }
+
+  // A service that gives a new cookie with every page is not asked for ever while the user types the password.
+  void AwaitsTheSignInQuietly() {
+    SessionFixture f;
+    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
+    f.hosts.eHam = host.Base();
+    const auto give = [&f](const QByteArray& value) { f.cookies.Add(QNetworkCookie("seen", value), u"127.0.0.1"_s); };
+    host.SetPage(u"callbook/K1QPE"_s, [&]() {
+      give(QByteArray::number(host.TotalRequests()));
+      return QByteArray("<p>Nothing for strangers</p>");
+    });
+    f.LookToTheEnd(u"K1QPE"_s);
+    f.session.AwaitSignIn();
+    give("the login page's");
+    QTRY_COMPARE(host.TotalRequests(), 3);
+    QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
+    // What the browser is given then counts as before.
+    give("the user's");
+    QTRY_COMPARE(host.TotalRequests(), 5);
+    // Nobody waits any more once the user has signed out.
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignOut();
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+  }
+
+  void KnowsOfASignOutWithoutACall() {
+    SessionFixture f;
+    f.SignIn();
+    f.Look(QString());
+    QSignalSpy changed(&f.session, &LookupSession::Changed);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    QCOMPARE(changed.count(), 1);
+  }
+};
+
+OMNI_TEST(TestLookupSignIn)
+#include "test_lookup_sign_in.moc"
