@@ -260,6 +260,14 @@ void frmMapLoc::resizeEvent(QResizeEvent* event) {
   PlaceParts();
 }
 
+void frmMapLoc::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  // The places of labels, and the bar's height, go by the size of the letters.
+  if (event->type() != QEvent::FontChange || !isVisible()) return;
+  Draw();
+  PlaceParts();
+}
+
 void frmMapLoc::closeEvent(QCloseEvent* event) {
   // A picture that is still being read would bring the window back.
   ++reads_;

@@ -210,6 +210,14 @@ class MapWindowTest : public QObject {
     QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 км  Az 153°"_s);
     QCOMPARE(f.View().Overlay().labels.last().text.trimmed(), u"Я"_s);
 
+    // Larger letters on the desktop.
+    QFont large = f.window->font();
+    large.setPointSize(2 * large.pointSize());
+    f.window->setFont(large);
+    for (const MapOverlay::Label& shown : f.View().Overlay().labels) {
+      QCOMPARE(shown.place.size(), f.View().LabelSize(shown.text));
+    }
+
     // Closed and opened again for another station.
     QTest::keyClick(f.window.get(), Qt::Key_Escape);
     QVERIFY(!f.window->isVisible());
