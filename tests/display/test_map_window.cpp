@@ -217,6 +217,7 @@ class MapWindowTest : public QObject {
     for (const MapOverlay::Label& shown : f.View().Overlay().labels) {
       QCOMPARE(shown.place.size(), f.View().LabelSize(shown.text));
     }
+    QCOMPARE(f.View().y(), f.window->findChild<QFrame*>(u"imgMenuBar"_s)->sizeHint().height());
 
     // Closed and opened again for another station.
     QTest::keyClick(f.window.get(), Qt::Key_Escape);
@@ -266,6 +267,7 @@ class MapWindowTest : public QObject {
     QVERIFY(f.Maps().isVisible());
     QTest::keyClick(&f.Maps(), Qt::Key_Escape);
     QVERIFY(!f.Maps().isVisible() && f.window->isVisible());
+    QCOMPARE(f.program.config.MapIndex, 0);
     QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
     QTRY_VERIFY(f.Maps().hasFocus());
     f.View().setFocus();
