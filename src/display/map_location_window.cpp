@@ -275,11 +275,19 @@ void frmMapLoc::closeEvent(QCloseEvent* event) {
 }
 
 void frmMapLoc::keyPressEvent(QKeyEvent* event) {
-  if (event->key() == Qt::Key_Escape) {
-    close();
-    return;
+  auto* button = qobject_cast<QToolButton*>(focusWidget());
+  switch (event->key()) {
+    case Qt::Key_Escape:
+      close();
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      // Not all desktops let it press a button.
+      if (button != nullptr) button->click();
+      return;
+    default:
+      QWidget::keyPressEvent(event);
   }
-  QWidget::keyPressEvent(event);
 }
 
 bool frmMapLoc::eventFilter(QObject* watched, QEvent* event) {

@@ -277,6 +277,13 @@ class MapWindowTest : public QObject {
       QCOMPARE(f.Maps().isVisible(), open);
     }
     QVERIFY(f.View().hasFocus());
+    // By keyboard, on any desktop.
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+      f.window->findChild<QToolButton*>(u"cmdMaps"_s)->setFocus();
+      QTest::keyClick(f.window->focusWidget(), key);
+      QVERIFY(f.Maps().isVisible());
+      QTest::keyClick(&f.Maps(), Qt::Key_Escape);
+    }
     QTest::mouseClick(f.window->findChild<QToolButton*>(u"cmdMaps"_s), Qt::LeftButton);
     QCOMPARE(f.Maps().item(1)->text(), u"world"_s);
     QCOMPARE(f.Maps().currentRow(), 0);
