@@ -57,7 +57,7 @@ constexpr std::array kWorkbench{
     Failing{"ZZ9RST"_L1, Behaviour::Reset},        Failing{"ZZ9REF"_L1, Behaviour::Refuse},
     Failing{"ZZ9LOP"_L1, Behaviour::RedirectLoop}, Failing{"ZZ9FIL"_L1, Behaviour::RedirectToFile},
     Failing{"ZZ9TYP"_L1, Behaviour::WrongType},    Failing{"ZZ9BIG"_L1, Behaviour::Bomb},
-    Failing{"ZZ9GAR"_L1, Behaviour::GarbageBody},  Failing{"ZZ9HED"_L1, Behaviour::EndlessHead}};
+    Failing{"ZZ9HED"_L1, Behaviour::EndlessHead}};
 
 constexpr qint64 kHour = 3600;
 constexpr qint64 kDay = 24 * kHour;
