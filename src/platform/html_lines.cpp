@@ -9,8 +9,18 @@ bool IsSpace(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-std::string InCase(std::string_view word, LetterCase letterCase, bool* isInWord) {
-  const QString text = QString::fromUtf8(word.data(), static_cast<qsizetype>(word.size()));
+// One past the words that begin at a position and are parted by one blank each, as they are going to be written.
+size_t EndOfWords(std::string_view text, size_t at) {
+  while (at < text.size()) {
+    const bool isBetweenWords = text[at] == ' ' && at + 1 < text.size() && !IsSpace(text[at + 1]);
+    if (IsSpace(text[at]) && !isBetweenWords) return at;
+    ++at;
+  }
+  return at;
+}
+
+std::string InCase(std::string_view words, LetterCase letterCase, bool* isInWord) {
+  const QString text = QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size()));
   if (letterCase == LetterCase::Upper) return text.toUpper().toStdString();
   if (letterCase == LetterCase::Lower) return text.toLower().toStdString();
   QString capital = text;
@@ -38,21 +48,20 @@ void HtmlLines::AddText(std::string_view text, const ElementStyle& style) {
       ++at;
       continue;
     }
-    size_t end = at + 1;
-    while (end < text.size() && (style.whiteSpace == WhiteSpace::Keep ? text[end] != '\n' : !IsSpace(text[end]))) ++end;
-    AddWord(text.substr(at, end - at), style);
-    at = end;
+    const size_t end = style.whiteSpace == WhiteSpace::Keep ? text.find('\n', at) : EndOfWords(text, at);
+    AddWords(text.substr(at, end - at), style);
+    at = std::min(end, text.size());
   }
 }
 
-void HtmlLines::AddWord(std::string_view word, const ElementStyle& style) {
+void HtmlLines::AddWords(std::string_view words, const ElementStyle& style) {
   WriteBlank();
   lines_.back().isAtStart = false;
   if (style.isHidden) return;
   if (style.letterCase == LetterCase::AsWritten) {
-    Write(word);
+    Write(words);
   } else {
-    Write(InCase(word, style.letterCase, &isInWord_));
+    Write(InCase(words, style.letterCase, &isInWord_));
   }
 }
 

@@ -43,7 +43,7 @@ class HtmlLines {
     qsizetype earlyBlank = -1;
   };
 
-  void AddWord(std::string_view word, const ElementStyle& style);
+  void AddWords(std::string_view words, const ElementStyle& style);
   void AddBlank(const ElementStyle& style);
   void WriteBlank();
   void DropBlank();

@@ -44,19 +44,44 @@ bool CanBeSeen(std::string_view declarations) {
                      [&](QLatin1StringView word) { return Latin(declarations).contains(word, Qt::CaseInsensitive); });
 }
 
-// The next place of a word in small letters, in any case; most of the page's letters are not even looked at.
-size_t FindWord(std::string_view page, std::string_view word, size_t from) {
-  const auto isHere = [&](size_t at) {
-    return at + word.size() <= page.size() && qstrnicmp(page.data() + at, word.data(), word.size()) == 0;
-  };
-  for (size_t at = from + word.size() - 1; at < page.size(); at += word.size()) {
-    const char letter = Small(page[at]);
-    // A letter that stands in the word twice may be either of them.
-    for (size_t place = word.find(letter); place != kNowhere; place = word.find(letter, place + 1))
-      if (isHere(at - place)) return at - place;
+// Finds a word, told in small letters, in any case; most of the page's letters are not even looked at.
+class WordFinder {
+ public:
+  constexpr explicit WordFinder(std::string_view word) : word_(word) {
+    for (const char c : word) {
+      isInWord_[static_cast<uchar>(c)] = true;
+      if (c >= 'a' && c <= 'z') isInWord_[static_cast<uchar>(c ^ 0x20)] = true;
+    }
   }
-  return kNowhere;
-}
+
+  constexpr size_t Size() const { return word_.size(); }
+
+  size_t Find(std::string_view page, size_t from) const {
+    for (size_t at = from + word_.size() - 1; at < page.size(); at += word_.size()) {
+      if (!isInWord_[static_cast<uchar>(page[at])]) continue;
+      const char letter = Small(page[at]);
+      // A letter that stands in the word twice may be either of them.
+      for (size_t place = word_.find(letter); place != kNowhere; place = word_.find(letter, place + 1))
+        if (IsAt(page, at - place)) return at - place;
+    }
+    return kNowhere;
+  }
+
+ private:
+  bool IsAt(std::string_view page, size_t at) const {
+    if (at + word_.size() > page.size()) return false;
+    for (size_t i = 0; i < word_.size(); ++i)
+      if (Small(page[at + i]) != word_[i]) return false;
+    return true;
+  }
+
+  std::string_view word_;
+  std::array<bool, 256> isInWord_ = {};
+};
+
+constexpr WordFinder kStyle("style");
+constexpr WordFinder kStyleEnd("</style");
+constexpr WordFinder kHidden("hidden");
 
 // True if a "hidden" at a position may be an attribute; as part of a word or as a value it is none.
 bool IsAttribute(std::string_view page, size_t at) {
@@ -67,8 +92,7 @@ bool IsAttribute(std::string_view page, size_t at) {
 }
 
 bool HasHiddenElements(std::string_view page) {
-  constexpr std::string_view kWord("hidden");
-  for (size_t at = FindWord(page, kWord, 0); at != kNowhere; at = FindWord(page, kWord, at + kWord.size()))
+  for (size_t at = kHidden.Find(page, 0); at != kNowhere; at = kHidden.Find(page, at + kHidden.Size()))
     if (IsAttribute(page, at)) return true;
   return false;
 }
@@ -89,22 +113,21 @@ PageLook::PageLook(std::string_view page) {
 }
 
 void PageLook::ReadStyles(std::string_view page) {
-  constexpr std::string_view kWord("style");
   // A tag that is longer is not looked through.
   constexpr size_t kLongestTag = 4096;
-  size_t at = FindWord(page, kWord, 0);
+  size_t at = kStyle.Find(page, 0);
   while (at != kNowhere) {
-    size_t next = at + kWord.size();
+    size_t next = at + kStyle.Size();
     if (at > 0 && page[at - 1] == '<') {
-      const size_t end = std::min(FindWord(page, "</style", next), page.size());
+      const size_t end = std::min(kStyleEnd.Find(page, next), page.size());
       ReadSheet(page.substr(next, end - next));
-      next = std::min(end + 7, page.size());
+      next = std::min(end + kStyleEnd.Size(), page.size());
     } else if (isPlain_) {
       const std::string_view tag = page.substr(at, kLongestTag);
       const size_t end = tag.find('>');
       if (end == kNowhere || CanBeSeen(tag.substr(0, end))) isPlain_ = false;
     }
-    at = FindWord(page, kWord, next);
+    at = kStyle.Find(page, next);
   }
   std::sort(names_.begin(), names_.end(), ComesBefore);
 }

@@ -2,7 +2,6 @@
 #include "platform/html_tags.h"
 
 #include <algorithm>
-#include <array>
 #include <initializer_list>
 
 namespace {
@@ -15,11 +14,9 @@ bool IsSpace(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
 }
 
-using TraitTable = std::array<quint16, GUMBO_TAG_LAST + 1>;
-
-TraitTable MakeTraits() {
+constexpr auto MakeTraits() {
   using namespace TagTrait;
-  TraitTable traits = {};
+  std::array<quint16, GUMBO_TAG_LAST + 1> traits = {};
   const auto add = [&traits](quint16 trait, std::initializer_list<GumboTag> tags) {
     for (const GumboTag tag : tags) traits[tag] |= trait;
   };
@@ -77,10 +74,7 @@ bool IsTagOf(QByteArrayView text, QByteArrayView beginning) {
 
 }  // namespace
 
-quint16 TraitsOf(GumboTag tag) {
-  static const TraitTable kTraits = MakeTraits();
-  return kTraits[tag];
-}
+constinit const std::array<quint16, GUMBO_TAG_LAST + 1> kTagTraits = MakeTraits();
 
 bool TagScanner::Next(Tag* tag) {
   while (true) {

@@ -5,6 +5,7 @@
 #include <gumbo.h>
 
 #include <QByteArrayView>
+#include <array>
 #include <vector>
 
 // What a quick reader has to know of the elements, as bits.
@@ -29,7 +30,11 @@ inline constexpr quint16 kUnseen = 512;
 inline constexpr quint16 kEndsDrawing = 1024;
 }  // namespace TagTrait
 
-quint16 TraitsOf(GumboTag tag);
+extern const std::array<quint16, GUMBO_TAG_LAST + 1> kTagTraits;
+
+inline quint16 TraitsOf(GumboTag tag) {
+  return kTagTraits[tag];
+}
 
 class TagScanner {
  public:
