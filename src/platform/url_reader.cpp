@@ -12,6 +12,7 @@ namespace {
 constexpr int kReadsPerHost = 6;
 constexpr qint64 kHandOutMs = 4;
 constexpr int kLooksOfQuiet = 5;
+constexpr int kLooksForDropped = 3 * kLooksOfQuiet;
 
 }  // namespace
 
@@ -28,7 +29,7 @@ class UrlWorker : public QObject {
   // Before the access manager goes, and its replies with it. A flood would hold both up.
   ~UrlWorker() override {
     qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly));
-    if (isUnanswered_) FloodWatch::Cut(FloodWatch::Unread());
+    if (isUnanswered_ || !dropped_.isEmpty()) FloodWatch::Cut(FloodWatch::Unread());
   }
 
   void Add(quint64 id, const QUrl& url) {
@@ -37,6 +38,11 @@ class UrlWorker : public QObject {
   }
 
   void Drop(quint64 id) {
+    // A flood goes on although nobody waits for it any more.
+    if (const auto found = running_.constFind(id); found != running_.cend() && !found->transfer->Asked().isEmpty()) {
+      dropped_ += {found->transfer->Asked()};
+      if (!watch_.isActive()) watch_.start();
+    }
     waiting_.removeIf([id](const Waiting& read) { return read.id == id; });
     Release(id);
     BeginWaiting();
@@ -52,6 +58,10 @@ class UrlWorker : public QObject {
   struct Running {
     UrlTransfer* transfer = nullptr;
     QString host;
+  };
+  struct Dropped {
+    QUrl url;
+    bool isSeen = false;  // at a look
   };
 
   void BeginWaiting() {
@@ -92,16 +102,22 @@ class UrlWorker : public QObject {
 
   // When no server at all was heard for a while, one of those that are being read may be flooding.
   void Watch() {
-    if (std::exchange(wasHeard_, false) || running_.isEmpty()) {
+    const bool wasHeard = std::exchange(wasHeard_, false);
+    // An answer that comes after the end of a read proves that the end was heeded; one that was on its way does not.
+    if (wasHeard || quietLooks_ > kLooksForDropped) dropped_.removeIf([](const Dropped& read) { return read.isSeen; });
+    for (Dropped& read : dropped_) read.isSeen = true;
+    const bool isIdle = running_.isEmpty() && dropped_.isEmpty();
+    if (wasHeard || isIdle) {
       quietLooks_ = 0;
       addresses_.clear();
       floods_.Forget();
-      if (running_.isEmpty()) watch_.stop();
+      if (isIdle) watch_.stop();
       return;
     }
     if (++quietLooks_ < kLooksOfQuiet) return;
     QHash<quint64, QList<FloodWatch::Peer>> peers;
     QList<FloodWatch::Peer> all;
+    for (const Dropped& read : std::as_const(dropped_)) all += PeersOf(read.url);
     for (auto read = running_.cbegin(); read != running_.cend(); ++read) {
       peers[read.key()] = PeersOf(read->transfer->Asked());
       all += peers[read.key()];
@@ -171,6 +187,7 @@ class UrlWorker : public QObject {
   QHash<quint64, Running> running_;
   QHash<QString, int> busy_;
   QTimer watch_;
+  QList<Dropped> dropped_;
   bool wasHeard_ = false;
   // Nothing was heard since a read began; it may have been dropped meanwhile.
   bool isUnanswered_ = false;

@@ -134,6 +134,25 @@ class FloodTest : public QObject {
     QVERIFY(reader.IsPending(u"drip"_s));
   }
 
+  // Whoever leaves a page drops its reads; that of a flood goes on all the same.
+  void IsCutWhenItsReadWasDropped() {
+    FloodServer flood(kOk, "X: y\r\n"_ba.repeated(5000));
+    RudeServer server;
+    server.Set("/x", {"HTTP/1.1 200 OK\r\n", "x"});
+    UrlNetwork network({.stall = 60s, .quiet = 500ms});
+    UrlReader reader(network);
+    QStringList said;
+    connect(&reader, &UrlReader::Done, this, [&](const QString& key) { said += key; });
+    reader.Start(u"first"_s, server.Url(u"/x"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(said, QStringList{u"first"_s}, kPatienceMs);
+    reader.Start(u"flood"_s, flood.Url());
+    QTRY_VERIFY_WITH_TIMEOUT(flood.HasBegun(), kPatienceMs);
+    reader.Cancel(u"flood"_s);
+    reader.Start(u"next"_s, server.Url(u"/x"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(said.last(), u"next"_s, kPatienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(flood.Ended(), 1, kPatienceMs);
+  }
+
   // A thread that goes on reading would outlive its network.
   void EndsWithTheNetwork_data() {
     QTest::addColumn<bool>("isDropped");
