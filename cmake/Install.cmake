@@ -7,8 +7,8 @@ if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
 endif()
 
 install(TARGETS omni-perch RUNTIME DESTINATION lib/omni-perch)
-if(TARGET omni-perch-picture)
-  install(TARGETS omni-perch-picture RUNTIME DESTINATION lib/omni-perch)
+if(TARGET omni-perch-decoder)
+  install(TARGETS omni-perch-decoder RUNTIME DESTINATION lib/omni-perch)
 endif()
 # Beside the program, which loads it from there when the first browser window opens.
 if(TARGET omni_web)

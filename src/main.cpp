@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include "app/main_window.h"
 #include "core/hosts.h"
 #include "core/program.h"
-#include "display/main_window.h"
 #include "platform/clock.h"
 #include "platform/companion_link.h"
 #include "platform/instance_lock.h"
@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
   SettingsStore store(program.AppDataDir + u"/settings.ini"_s);
   Clock clock;
   Dialogs dialogs;
-  Form1 form({program, store, hosts, dialogs, clock, program.ProgramDir + u"/omni-perch-picture"_s,
+  Form1 form({program, store, hosts, dialogs, clock, program.ProgramDir + u"/omni-perch-decoder"_s,
               CompanionLink::DefaultSocketDir(), UrlLimits()});
   if (!form.Load(anotherRuns)) return 0;
   const Termination termination;

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 
 #include "callbook/callbook_service.h"
 #include "callbook/db_rec.h"
-#include "platform/html_text.h"
+#include "platform/html/html_text.h"
 
 using namespace Qt::StringLiterals;
 

@@ -12,7 +12,7 @@
 
 #include "callbook/page_reader.h"
 #include "core/hosts.h"
-#include "platform/url_reader.h"
+#include "platform/net/url_reader.h"
 
 class ucLookUp : public QObject {
   Q_OBJECT

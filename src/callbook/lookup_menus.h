@@ -5,8 +5,8 @@
 
 #include "callbook/call_database.h"
 #include "core/hosts.h"
-#include "core/menu_entry.h"
 #include "core/program.h"
+#include "ui/menu_entry.h"
 
 inline constexpr int kLookupMapsMenu = 11;
 inline constexpr int kLookupPictureMenu = 12;

@@ -21,9 +21,9 @@
 #include "core/hosts.h"
 #include "core/program.h"
 #include "platform/background.h"
-#include "platform/cookie_store.h"
-#include "platform/picture_tool.h"
-#include "platform/url_reader.h"
+#include "platform/net/cookie_store.h"
+#include "platform/net/url_reader.h"
+#include "platform/picture/picture_tool.h"
 
 // All that the window shows.
 struct LookupView {

@@ -10,7 +10,7 @@
 #include <QSaveFile>
 #include <QVBoxLayout>
 
-#include "callbook/window_place.h"
+#include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,12 +9,12 @@
 #include <QWidget>
 #include <functional>
 
+#include "browser/browser_windows.h"
 #include "callbook/lookup_menus.h"
 #include "callbook/lookup_session.h"
 #include "callbook/lookup_widgets.h"
 #include "callbook/operator_picture_window.h"
 #include "ui/bar_label.h"
-#include "ui/browser_windows.h"
 #include "ui/dialogs.h"
 #include "ui/menu_window.h"
 

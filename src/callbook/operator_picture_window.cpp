@@ -4,7 +4,7 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
-#include "callbook/window_place.h"
+#include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
 

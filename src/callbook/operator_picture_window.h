@@ -6,7 +6,7 @@
 #include <QPoint>
 #include <QWidget>
 
-#include "platform/picture_tool.h"
+#include "platform/picture/picture_tool.h"
 
 class Form13 : public QWidget {
   Q_OBJECT

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "callbook/callbook_service.h"
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 
 using namespace Qt::StringLiterals;
 

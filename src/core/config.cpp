@@ -6,9 +6,9 @@
 #include <array>
 #include <variant>
 
-#include "core/date_text.h"
 #include "platform/paths.h"
-#include "platform/text_file.h"
+#include "platform/text/text_file.h"
+#include "station/date_text.h"
 
 using namespace Qt::StringLiterals;
 

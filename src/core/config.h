@@ -6,7 +6,7 @@
 #include <QString>
 #include <QStringList>
 
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 
 struct Config {
   int GuiMode = 0;             // window size class 0 to 3

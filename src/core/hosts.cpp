@@ -5,7 +5,7 @@
 #include <array>
 
 #include "platform/paths.h"
-#include "platform/text_file.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 

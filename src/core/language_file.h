@@ -9,7 +9,7 @@
 #include <array>
 
 #include "core/language_lines.h"
-#include "platform/text_file.h"
+#include "platform/text/text_file.h"
 
 // The texts as the windows show them, blanks and line breaks added. Where lines are joined, the first holds all of
 // them.

@@ -6,9 +6,9 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/numbers.h"
 #include "platform/paths.h"
-#include "platform/text_file.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <numeric>
 #include <vector>
 
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 
 using namespace Qt::StringLiterals;
 

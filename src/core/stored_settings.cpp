@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 
 using namespace Qt::StringLiterals;
 

@@ -5,7 +5,7 @@
 #include <QSaveFile>
 #include <QSet>
 
-#include "platform/text_file.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <array>
 
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
 #include "station/callsign.h"
 
 using namespace Qt::StringLiterals;

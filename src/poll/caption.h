@@ -7,7 +7,7 @@
 #include <QString>
 #include <optional>
 
-#include "core/date_text.h"
+#include "station/date_text.h"
 #include "station/picture_date.h"
 
 struct Caption {

@@ -9,8 +9,8 @@
 #include <QSize>
 #include <QString>
 
-#include "platform/picture_tool.h"
-#include "platform/url_reader.h"
+#include "platform/net/url_reader.h"
+#include "platform/picture/picture_tool.h"
 
 class UserControl1 : public QObject {
   Q_OBJECT

@@ -6,10 +6,10 @@
 #include <QStringList>
 #include <limits>
 
-#include "core/numbers.h"
 #include "platform/paths.h"
-#include "platform/text_file.h"
-#include "station/delimited_fields.h"
+#include "platform/text/delimited_fields.h"
+#include "platform/text/numbers.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 

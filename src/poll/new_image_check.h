@@ -8,7 +8,7 @@
 #include <QString>
 
 #include "core/program.h"
-#include "display/thumb_grid.h"
+#include "page/thumb_grid.h"
 #include "poll/download_control.h"
 #include "poll/height_table.h"
 

@@ -5,11 +5,11 @@
 #include <QFileInfo>
 #include <cmath>
 
-#include "core/date_text.h"
 #include "core/page_files.h"
-#include "display/still_pictures.h"
-#include "platform/file_type.h"
+#include "page/still_pictures.h"
+#include "platform/picture/file_type.h"
 #include "station/callsign.h"
+#include "station/date_text.h"
 
 using namespace Qt::StringLiterals;
 

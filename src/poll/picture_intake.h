@@ -8,10 +8,10 @@
 #include <QString>
 
 #include "core/program.h"
-#include "display/thumb_grid.h"
+#include "page/thumb_grid.h"
 #include "platform/background.h"
 #include "platform/clock.h"
-#include "platform/picture_tool.h"
+#include "platform/picture/picture_tool.h"
 #include "poll/caption.h"
 #include "poll/download_control.h"
 

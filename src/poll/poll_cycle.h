@@ -8,7 +8,7 @@
 #include <QTimer>
 
 #include "core/program.h"
-#include "display/thumb_grid.h"
+#include "page/thumb_grid.h"
 #include "platform/clock.h"
 #include "poll/download_control.h"
 #include "poll/picture_intake.h"

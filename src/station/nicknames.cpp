@@ -4,8 +4,8 @@
 #include <QFileInfo>
 
 #include "platform/paths.h"
-#include "platform/text_file.h"
-#include "station/delimited_fields.h"
+#include "platform/text/delimited_fields.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 

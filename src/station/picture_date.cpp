@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <array>
 
-#include "core/date_text.h"
-#include "core/numbers.h"
+#include "platform/text/numbers.h"
+#include "station/date_text.h"
 
 using namespace Qt::StringLiterals;
 

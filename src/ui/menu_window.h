@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <functional>
 
-#include "core/menu_entry.h"
+#include "ui/menu_entry.h"
 
 // What both levels share.
 class MenuWindow : public QMenu {

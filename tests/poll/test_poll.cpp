@@ -15,7 +15,7 @@ const QByteArray kFreshTail = "AB1CD -HYBRID- * EP snr -3 *03:15:2026 10:30";
 
 }  // namespace
 
-class PollTest : public QObject {
+class TestPoll : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -311,5 +311,5 @@ class PollTest : public QObject {
   }
 };
 
-OMNI_TEST(PollTest)
+OMNI_TEST(TestPoll)
 #include "test_poll.moc"

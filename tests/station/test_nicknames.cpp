@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-#include "station/delimited_fields.h"
+#include "platform/text/delimited_fields.h"
 #include "station/nicknames.h"
 #include "test_suite.h"
 

@@ -16,7 +16,7 @@
 #include "core/config.h"
 #include "operators.h"
 #include "picture_store.h"
-#include "platform/html_text.h"
+#include "platform/html/html_text.h"
 #include "station_band.h"
 #include "test_suite.h"
 

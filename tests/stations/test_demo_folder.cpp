@@ -8,8 +8,8 @@
 
 #include "callbook/call_database.h"
 #include "demo_folder.h"
+#include "maps/map_projection.h"
 #include "operators.h"
-#include "station/map_projection.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;

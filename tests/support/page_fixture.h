@@ -11,9 +11,9 @@
 #include <QTest>
 #include <memory>
 
+#include "app/page_logic.h"
 #include "core/program.h"
 #include "platform/clock.h"
-#include "poll/page_logic.h"
 #include "station_band.h"
 
 // A clock that stands where a test puts it.

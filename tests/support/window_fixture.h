@@ -5,8 +5,8 @@
 
 #include <QSignalSpy>
 
+#include "app/main_window.h"
 #include "core/hosts.h"
-#include "display/main_window.h"
 #include "page_fixture.h"
 
 // Answers as a test has written them down, and remembers what was asked.

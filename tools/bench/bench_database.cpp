@@ -13,7 +13,7 @@
 
 #include "callbook/call_database.h"
 #include "core/program.h"
-#include "display/hover_tip.h"
+#include "page/hover_tip.h"
 
 using namespace Qt::StringLiterals;
 

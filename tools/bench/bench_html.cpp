@@ -11,7 +11,7 @@
 #include <cstdio>
 #include <optional>
 
-#include "platform/html_text.h"
+#include "platform/html/html_text.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 #include <cstdio>
 
 #include "core/language_file.h"
-#include "display/map_location_window.h"
+#include "maps/map_location_window.h"
 
 using namespace Qt::StringLiterals;
 

@@ -21,7 +21,7 @@
 #include <optional>
 
 #include "bench_window.h"
-#include "platform/text_file.h"
+#include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;

@@ -8,7 +8,7 @@
 #include <random>
 #include <vector>
 
-#include "station/map_projection.h"
+#include "maps/map_projection.h"
 
 using namespace Qt::StringLiterals;
 

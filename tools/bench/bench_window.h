@@ -4,9 +4,9 @@
 
 #include <QApplication>
 
+#include "app/main_window.h"
 #include "core/hosts.h"
 #include "core/program.h"
-#include "display/main_window.h"
 #include "platform/companion_link.h"
 #include "platform/paths.h"
 #include "platform/settings_store.h"
@@ -19,7 +19,7 @@ struct BenchWindow {
     store = std::make_unique<SettingsStore>(program.AppDataDir + QStringLiteral("/settings.ini"));
     hosts = Hosts::Read(program.AppDataDir);
     window = std::make_unique<Form1>(
-        Form1::Parts{program, *store, hosts, dialogs, clock, program.ProgramDir + QStringLiteral("/omni-perch-picture"),
+        Form1::Parts{program, *store, hosts, dialogs, clock, program.ProgramDir + QStringLiteral("/omni-perch-decoder"),
                      CompanionLink::DefaultSocketDir(), UrlLimits(), std::chrono::milliseconds(1)});
     QObject::connect(window.get(), &Form1::Closed, qApp, []() { QCoreApplication::exit(0); });
   }

@@ -7,7 +7,7 @@ set -euo pipefail
 program=$1
 rounds=$2
 work=$3
-pages=$(cd "$(dirname "$0")/../../tests/platform/html" && pwd)
+pages=$(cd "$(dirname "$0")/../../tests/platform/html/pages" && pwd)
 count=200
 
 mkdir -p "$work/pages"

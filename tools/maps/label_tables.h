@@ -3,7 +3,7 @@
 #pragma once
 
 #include "geodata.h"
-#include "station/map_projection.h"
+#include "maps/map_projection.h"
 
 struct SeaName {
   QString text;  // may have line ends

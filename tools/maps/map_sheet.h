@@ -8,7 +8,7 @@
 #include <QSize>
 #include <QString>
 
-#include "station/map_projection.h"
+#include "maps/map_projection.h"
 
 struct MapSheet {
   MapName map = MapName::None;

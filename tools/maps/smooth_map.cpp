@@ -5,7 +5,7 @@
 #include <array>
 #include <cmath>
 
-#include "station/map_geometry.h"
+#include "maps/map_geometry.h"
 
 namespace {
 

@@ -7,7 +7,7 @@
 #include <QSize>
 
 #include "geo_window.h"
-#include "station/map_projection.h"
+#include "maps/map_projection.h"
 
 // Pixel of the picture for degrees; lon counts on past 180 where the window does.
 QPointF SmoothMapPoint(MapName map, double lat, double lon);

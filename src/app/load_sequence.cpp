@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/load_sequence.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLocale>
+
+#include "platform/paths.h"
+#include "station/callsign.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNoCamMinutes = 6;  // a minute count from here on never comes to five
+
+// In alphabetical order, which the stored offsets of the maps follow; "uk map.jpg" stands where "UK Map.jpg" would.
+QStringList FilesOf(const QString& folder) {
+  return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
+}
+
+LoadStop NotFound(const QString& name) {
+  return {name + u" not found!"_s, false};
+}
+
+}  // namespace
+
+int ClampTwips(int twips) {
+  return twips < 10 || twips > 20 ? 15 : twips;
+}
+
+int UtcOffset(const QDateTime& local) {
+  return local.toUTC().time().hour() - local.time().hour();
+}
+
+LoadSequence::LoadSequence(Program& program, HeightTable& heights, SettingsStore& store, const Clock& clock)
+    : program_(program), heights_(heights), store_(store), lists_(program.sites, program.AppDataDir), clock_(clock) {}
+
+LoadStop LoadSequence::ReadSettings(bool anotherRuns) {
+  const QDateTime now = clock_.Now();
+  program_.lstBadCalls = BuiltInBadCalls();
+  program_.ZeroGlyph = ZeroGlyphFor(QLocale::system().toString(now, QLocale::ShortFormat));
+  StoredSettings settings(store_);
+  placement_ = settings.ReadPlacement();
+  // A second instance leaves the first one's folders and pictures alone.
+  if (!anotherRuns) {
+    MakeFolders();
+    heights_.Read(program_.AppDataDir);
+  }
+  FindMaps();
+  program_.MapLeft = settings.ReadMapOffsets(Setting::MapLeft);
+  program_.MapTop = settings.ReadMapOffsets(Setting::MapTop);
+  FindLanguages();
+  if (!program_.config.ReadConfig(program_.AppDataDir)) return NotFound(u"Omni-Perch.cfg"_s);
+  program_.page.CamMinuteCount = program_.config.AutoPollCams == 1 ? 0 : kNoCamMinutes;
+  program_.page.CurrentPage = 1;
+  program_.UtcOffsetHours = UtcOffset(now);
+  languageMessage_ = LoadLanguage();
+  program_.PageLabels =
+      settings.ReadPageLabels(program_.language[TextLine::kPageWord], program_.language[TextLine::kWxPageName]);
+  if (anotherRuns) return {program_.language[TextLine::kAlreadyRunning], true};
+  program_.page.UpdatePromptAllowed = true;
+  return {};
+}
+
+LoadStop LoadSequence::ReadLists() {
+  const StoredSettings settings(store_);
+  program_.SaveDir = settings.Text(Setting::SaveDir, 0, program_.ProgramDir);
+  program_.lstBlock = settings.ReadBlockList();
+  if (!lists_.HasSiteList()) lists_.ConvertOldSiteList();
+  lists_.ReadSiteList(program_.config.ThumbLayout);
+  if (!lists_.HasWxSiteList()) return NotFound(u"WXsites.lst"_s);
+  lists_.ReadWxSiteList();
+  program_.nicknames = ReadNicknames(program_.AppDataDir);
+  return {};
+}
+
+void LoadSequence::MakeFolders() {
+  const QDir data(program_.AppDataDir);
+  // Without its thumbs what the heights remember is worthless.
+  if (!data.exists(u"images/dsstv/thumbs"_s)) QFile::remove(data.filePath(u"images/dsstv/ckNewHeight.txt"_s));
+  for (const QString& folder : {u"TextFiles"_s, u"images"_s, u"images/dsstv"_s, u"images/dsstv/thumbs"_s,
+                                u"images/wx"_s, u"images/last15"_s, u"Backups"_s}) {
+    data.mkpath(folder);
+  }
+}
+
+void LoadSequence::FindMaps() {
+  program_.lstMap.clear();
+  for (const QString& name : FilesOf(ResolvePath(program_.AppDataDir, u"Maps"_s))) {
+    // Entries keep their extension; a folder from a system that does not tell cases apart may spell them in any.
+    const QString map = name.chopped(std::min<qsizetype>(4, name.size()));
+    if (map.endsWith("Map"_L1, Qt::CaseInsensitive)) program_.lstMap.append(name);
+  }
+}
+
+QString LoadSequence::LanguageFolder() const {
+  return ResolvePath(program_.AppDataDir, u"Languages"_s);
+}
+
+void LoadSequence::FindLanguages() {
+  program_.lstLanguages = ListLanguages(FilesOf(LanguageFolder()));
+}
+
+QString LoadSequence::LoadLanguage() {
+  const LanguageResult result = ::LoadLanguage(LanguageFolder(), program_.config.LanguageName,
+                                               program_.lstLanguages.size(), Program::ProgVersion(), program_.language);
+  return result.read && !result.versionOk ? result.wrongVersion : QString();
+}
+
+QString LoadSequence::ChangeLanguage(const QString& name) {
+  program_.config.LanguageName = name;
+  program_.config.OnAirCode = OnAirLanguageCode(name, program_.config.OnAirCode);
+  const LanguageTexts before = program_.language;
+  QString message = LoadLanguage();
+  TranslatePageLabels(program_.PageLabels, before, program_.language);
+  return message;
+}
+
+void LoadSequence::SaveAllState(const std::optional<WindowPlacement>& placement,
+                                const std::function<void(const QString&)>& inform) {
+  ::SaveAllState(program_, lists_, store_, placement, inform);
+}
+
+void LoadSequence::WriteState(const std::optional<WindowPlacement>& placement, const std::function<void()>& sendClosed,
+                              const std::function<void(const QString&)>& inform) {
+  StoredSettings(store_).StoreMapOffsets(program_.MapLeft, program_.MapTop);
+  sendClosed();
+  SaveAllState(placement, inform);
+  heights_.Write(program_.AppDataDir);
+  WriteNicknames(program_.AppDataDir, program_.nicknames);
+  QFile::remove(program_.ProgramDir + u"/info.txt"_s);
+  program_.page.txtActive.clear();
+}
+
+void LoadSequence::CleanTemporaryFiles() const {
+  for (const QString& folder : {u"images/dsstv/thumbs"_s, u"images/dsstv"_s, u"images/wx"_s}) {
+    QDir pictures(program_.AppDataDir + u'/' + folder);
+    const QStringList left = pictures.entryList({u".part-*"_s}, QDir::Files | QDir::Hidden);
+    for (const QString& name : left) pictures.remove(name);
+  }
+}

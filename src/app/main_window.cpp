@@ -1,0 +1,345 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/main_window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QWindow>
+
+#include "page/thumb_layout.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr std::chrono::milliseconds kShowAtLast = 250ms;  // the window waits no longer for the connection's answer
+constexpr QSize kFrameGuess(2, 32);                       // the decoration is not known before the first show
+constexpr QColor kClosingGreen(0, 255, 0);
+
+// Twips a pixel as the screen reports it; what no screen has becomes 15.
+int TwipsPerPixel(double dotsPerInch) {
+  const int twips = dotsPerInch > 0 ? static_cast<int>(std::lround(1440 / dotsPerInch)) : 0;
+  return ClampTwips(twips);
+}
+
+}  // namespace
+
+Form1::Form1(const Parts& parts)
+    : program_(parts.program),
+      store_(parts.store),
+      hosts_(parts.hosts),
+      dialogs_(parts.dialogs),
+      socketDir_(parts.socketDir),
+      closingPause_(parts.closingPause),
+      logic_(parts.program, parts.clock, parts.pictureTool, parts.limits),
+      load_(parts.program, logic_.heights, parts.store, parts.clock),
+      database_(parts.program.AppDataDir),
+      hover_(parts.program, database_),
+      connectivity_(logic_.network, parts.hosts.Connectivity),
+      pic_(new MenuStrip(this)),
+      picAll_(new PageView(parts.program, logic_.grid, this)),
+      menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)),
+      stations_(new StationWindows({program_, logic_, hosts_, dialogs_, database_, *pic_, *picAll_, *menus_}, this)),
+      picToolTip_(new TipWindow(this)) {
+  setObjectName(u"Form1"_s);
+  setWindowTitle(Program::ProgVersion());
+  setMinimumSize(480, 160);
+  showTimer_.setSingleShot(true);
+  showTimer_.setInterval(kShowAtLast);
+  logic_.tool.WarmUp();
+  ConnectParts();
+  ConnectHover();
+}
+
+Form1::~Form1() = default;
+
+void Form1::ConnectParts() {
+  connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
+  connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
+  connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
+  connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
+  connect(menus_, &WindowMenus::PageChosen, this, &Form1::MnuPagesClick);
+  connect(menus_, &WindowMenus::ThumbsChosen, this, &Form1::MnuThumbsClick);
+  connect(menus_, &WindowMenus::GuiChosen, this, &Form1::MnuGuiClick);
+  connect(menus_, &WindowMenus::LanguageChosen, this, &Form1::MnuLanguageClick);
+  connect(menus_, &WindowMenus::CamModeChosen, this, &Form1::MnuCamModeClick);
+  connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
+  connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
+}
+
+void Form1::ConnectHover() {
+  hover_.MenuIsOpen = [this]() { return menus_->IsOpen(); };
+  connect(picAll_, &PageView::Hovered, &hover_, &HoverTip::Enter);
+  connect(picAll_, &PageView::HoverLeft, &hover_, &HoverTip::Leave);
+  connect(picAll_, &PageView::FocusChanged, &hover_, [this](int slot, bool in) { hover_.Focus(in ? slot : -1); });
+  connect(picAll_, &PageView::CellPressed, &hover_, &HoverTip::Close);
+  connect(picAll_, &PageView::SenderPressed, &hover_, &HoverTip::Close);
+  connect(menus_, &WindowMenus::AboutToOpen, &hover_, &HoverTip::Close);
+  connect(&logic_.poll, &PollCycle::HoverForgotten, &hover_, &HoverTip::Close);
+  connect(&hover_, &HoverTip::Show, this, &Form1::ShowTip);
+  connect(&hover_, &HoverTip::Hide, picToolTip_, &TipWindow::hide);
+  connect(&hover_, &HoverTip::Built, this, [this](int slot, const QString& text) {
+    if (ThumbCell* cell = picAll_->CellAt(slot)) cell->SetTipText(text);
+  });
+}
+
+void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
+  const ThumbCell* cell = picAll_->CellAt(slot);
+  if (cell == nullptr) return;
+  const QRect place(cell->mapTo(this, QPoint(0, 0)), cell->size());
+  picToolTip_->ShowTip(text, place, picAll_->FontPixels());
+  const int tip = ++tips_;
+  if (picturePath.isEmpty()) return;
+  logic_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, [this, tip](const PictureAnswer& answer) {
+    const bool current = tip == tips_;  // another tip may have opened meanwhile
+    if (current && answer.ok && !answer.frames.isEmpty()) picToolTip_->ShowPicture(answer.frames.first().image);
+  });
+}
+
+void Form1::ReadScreen() {
+  const QScreen* monitor = QGuiApplication::primaryScreen();
+  if (monitor == nullptr) return;
+  twipsX_ = TwipsPerPixel(monitor->logicalDotsPerInchX());
+  twipsY_ = TwipsPerPixel(monitor->logicalDotsPerInchY());
+  screenHTwips_ = static_cast<long>(monitor->size().height()) * twipsY_;
+}
+
+bool Form1::Load(bool anotherRuns) {
+  ReadScreen();
+  if (const LoadStop stop = load_.ReadSettings(anotherRuns)) {
+    dialogs_.Inform(nullptr, stop.message, stop.exclamation);
+    return false;
+  }
+  if (!load_.LanguageMessage().isEmpty()) dialogs_.Inform(nullptr, load_.LanguageMessage(), false);
+  setFont(QApplication::font("QMenu"));
+  pic_->setFont(font());
+  pic_->SetTexts(program_.language);
+  menus_->BuildMenuTables();
+  pic_->lblCam->setVisible(program_.config.CamMode == 0);
+  pic_->lblMap->hide();
+  // Their windows are not built yet; each is enabled when its window comes.
+  for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblOnAirNow, pic_->lblPropagation}) {
+    part->setEnabled(false);
+  }
+  ShowPageLabel();
+  RefreshCaptions();
+  if (const LoadStop stop = load_.ReadLists()) {
+    dialogs_.Inform(nullptr, stop.message, stop.exclamation);
+    return false;
+  }
+  logic_.grid.MakeGrid(program_.config.ThumbLayout);
+  ApplyLayout();
+  ApplyPlacement();
+  // The page stands from the disk at once, whatever the connection says.
+  logic_.poll.ShowStoredPage();
+  connectivity_.Run();
+  showTimer_.start();
+  return true;
+}
+
+void Form1::ShowWindow() {
+  showTimer_.stop();
+  if (isVisible()) return;
+  const std::optional<WindowPlacement> placement = load_.StoredPlacement();
+  if (placement && placement->IsMaximized()) {
+    showMaximized();
+  } else {
+    show();
+  }
+  pic_->txtCall->setFocus();
+}
+
+void Form1::ConnectionAnswered(bool reached) {
+  if (closing_ != Closing::No) return;
+  if (!reached) {
+    // A network that says no at once is asked about before the window shows; the window does not wait for a silent one.
+    repaint();
+    if (dialogs_.AskRetry(isVisible() ? this : nullptr, program_.language[TextLine::kConnectivityQuestion])) {
+      connectivity_.Run();
+      return;
+    }
+  }
+  program_.page.Online = reached;
+  setWindowTitle(reached ? u"Omni-Perch  -  %1 sites"_s.arg(program_.sites.Sites.size())
+                         : u"Omni-Perch  Internet connection failed!"_s);
+  ShowWindow();
+  StartWork();
+}
+
+void Form1::AskTime() {
+  // Asked whether or not the connection stands; an answer under key "20" tells the time.
+  if (!hosts_.Time.isEmpty()) logic_.ucUpdates.DownloadFile(hosts_.Time + u"/cgi-bin/timer.pl"_s, u"20"_s);
+}
+
+void Form1::StartWork() {
+  PageState& page = program_.page;
+  AskTime();
+  page.SelectedSlot = -1;
+  logic_.poll.StopRefreshTimers();
+  logic_.poll.FirstPoll();
+  if (program_.config.CamMode < 2) page.txtActive = u"START"_s;
+  page.UpdateCheckDue = true;
+  pic_->txtCall->setFocus();
+  Q_EMIT Loaded();
+}
+
+void Form1::ApplyPlacement() {
+  const std::optional<WindowPlacement> placement = load_.StoredPlacement();
+  if (!placement) return;
+  const QPoint corner = placement->normal.topLeft();
+  const QScreen* monitor = QGuiApplication::screenAt(corner + QPoint(40, 10));
+  if (monitor == nullptr) return;  // a place on a monitor that is gone is no place
+  // A window that was made for a larger screen is moved until all of it can be seen.
+  const QRect room = monitor->availableGeometry();
+  const QSize whole = size() + kFrameGuess;
+  move(std::max(room.left(), std::min(corner.x(), room.right() + 1 - whole.width())),
+       std::max(room.top(), std::min(corner.y(), room.bottom() + 1 - whole.height())));
+}
+
+void Form1::ApplyLayout() {
+  const int bar = pic_->BarHeight();
+  const QSize wanted = ClientSize(program_.config.ThumbLayout, program_.config.GuiMode, screenHTwips_, bar, twipsX_);
+  if (wanted.isEmpty()) return;  // an unknown layout leaves the window without one
+  const QScreen* monitor = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
+  QSize room = wanted;
+  if (monitor != nullptr) {
+    const QSize frame = isVisible() ? frameGeometry().size() - size() : kFrameGuess;
+    room = monitor->availableGeometry().size() - frame;
+  }
+  if (!isMaximized()) resize(wanted.boundedTo(room));
+  picAll_->Arrange(bar, QSize(wanted.width(), wanted.height() - bar),
+                   CellFontPoints(program_.config.GuiMode, screenHTwips_));
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  const int bar = pic_->BarHeight();
+  pic_->setGeometry(0, 0, width(), bar);
+  picAll_->setGeometry(0, bar, width(), height() - bar);
+}
+
+void Form1::ShowBusy(bool busy) {
+  pic_->imgRefresh->setVisible(busy);
+  pic_->lblRefresh->SetLit(busy);
+}
+
+void Form1::RefreshCaptions() {
+  pic_->lblRefresh->SetCaption(logic_.poll.RefreshCaption());
+}
+
+void Form1::ShowPageLabel() {
+  pic_->lblPages->SetCaption(u"  "_s + program_.PageLabels.value(program_.page.CurrentPage) + u" "_s);
+}
+
+void Form1::MnuPagesClick(int index) {
+  const int page = index + 1;
+  if (page < 1 || page > PageState::WxPage) return;
+  pic_->lblMap->hide();
+  logic_.poll.PageChange(page);
+}
+
+void Form1::MnuThumbsClick(int index) {
+  load_.SaveAllState(Placement(), [this](const QString& text) { dialogs_.Inform(this, text, false); });
+  program_.config.ThumbLayout = index + 1;
+  program_.sites.BuildPageSlots(program_.config.ThumbLayout);
+  logic_.grid.MakeGrid(program_.config.ThumbLayout);
+  ApplyLayout();
+  logic_.poll.LayoutChange();
+}
+
+void Form1::MnuGuiClick(int index) {
+  program_.config.GuiMode = index;
+  RefreshCaptions();
+  ApplyLayout();
+}
+
+void Form1::MnuCamModeClick(int index) {
+  Config& config = program_.config;
+  config.AutoPollCams = index == 3 ? 0 : 1;
+  if (index < 0 || index > 2) return;
+  config.CamMode = index;
+  pic_->lblCam->setVisible(index < 2);
+  if (index < 2) return;
+  program_.page.txtActive.clear();
+  program_.sites.lstCams.clear();
+  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) logic_.grid.ShowCamLight(slot, CamLight::Hidden);
+}
+
+void Form1::MnuLanguageClick(int index) {
+  const QString name = program_.lstLanguages.value(index);
+  if (name.isEmpty()) return;
+  const QString message = load_.ChangeLanguage(name);
+  if (!message.isEmpty()) dialogs_.Inform(this, message, false);
+  pic_->SetTexts(program_.language);
+  menus_->BuildMenuTables();
+  RefreshCaptions();
+  ShowPageLabel();
+  picAll_->TakeLanguage();
+  stations_->TakeLanguage();
+  logic_.poll.LanguageChange();
+}
+
+void Form1::StepPage(int step) {
+  const int pages = PageState::WxPage;
+  MnuPagesClick((program_.page.CurrentPage - 1 + step + pages) % pages);
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_PageDown) return StepPage(1);
+  if (event->key() == Qt::Key_PageUp) return StepPage(-1);
+  if (event->matches(QKeySequence::Refresh)) return logic_.poll.RefreshClick();
+  if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
+  if (event->key() == Qt::Key_Escape && hover_.Close()) return;
+  QWidget::keyPressEvent(event);
+}
+
+std::optional<WindowPlacement> Form1::Placement() const {
+  if (!isVisible()) return std::nullopt;
+  WindowPlacement placement;
+  const QRect normal = isMaximized() || isMinimized() || isFullScreen() ? normalGeometry() : geometry();
+  placement.normal = QRect(normal.topLeft() - (geometry().topLeft() - frameGeometry().topLeft()), normal.size());
+  placement.showCmd = isMaximized() ? WindowPlacement::kMaximized : WindowPlacement::kNormal;
+  return placement;
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  if (closing_ == Closing::Done) {
+    event->accept();
+    return;
+  }
+  event->ignore();
+  if (closing_ == Closing::Running) return;
+  closing_ = Closing::Running;
+  showTimer_.stop();
+  FirstClosingStep();
+}
+
+void Form1::FirstClosingStep() {
+  const auto sendClosed = [this]() { CompanionLink(socketDir_).SendClosed(); };
+  load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
+  message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
+  message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);
+  QTimer::singleShot(closingPause_, this, &Form1::SecondClosingStep);
+}
+
+void Form1::SecondClosingStep() {
+  repaint();
+  message_->ShowMsg(u" 73 de ZZ9QX "_s, kClosingGreen);
+  load_.CleanTemporaryFiles();
+  // Two seconds of the message, then half a second for what is still under way.
+  QTimer::singleShot(closingPause_ * 5 / 2, this, &Form1::LastClosingStep);
+}
+
+void Form1::LastClosingStep() {
+  message_.reset();
+  closing_ = Closing::Done;
+  stations_->CloseAll();
+  const QWidgetList windows = QApplication::topLevelWidgets();
+  for (QWidget* window : windows) {
+    if (window != this) window->close();
+  }
+  hide();
+  Q_EMIT Closed();
+}

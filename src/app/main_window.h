@@ -1,0 +1,118 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Form1, the main window: owns the page's logic, connects it with the bar and the cells, runs the load and the closing
+// sequence. main makes the only one; closing it ends the program.
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+#include <memory>
+
+#include "app/connectivity.h"
+#include "app/load_sequence.h"
+#include "app/menu_strip.h"
+#include "app/page_logic.h"
+#include "app/station_windows.h"
+#include "app/window_menus.h"
+#include "callbook/call_database.h"
+#include "core/hosts.h"
+#include "core/program.h"
+#include "page/hover_tip.h"
+#include "page/page_view.h"
+#include "page/tip_window.h"
+#include "platform/clock.h"
+#include "platform/companion_link.h"
+#include "platform/settings_store.h"
+#include "ui/dialogs.h"
+#include "ui/show_msg_window.h"
+
+class Form1 : public QWidget {
+  Q_OBJECT
+
+ public:
+  struct Parts {
+    Program& program;
+    SettingsStore& store;
+    const Hosts& hosts;
+    Dialogs& dialogs;
+    const Clock& clock;
+    QString pictureTool;  // path of the program that decodes pictures
+    QString socketDir;    // where the companion program listens
+    UrlLimits limits;
+    std::chrono::milliseconds closingPause = std::chrono::seconds(1);  // one second of the closing sequence
+  };
+
+  explicit Form1(const Parts& parts);
+  ~Form1() override;
+
+  // The load sequence: false where it has stopped with a message and the program has to end. The window shows itself,
+  // once the connection has been asked for.
+  bool Load(bool anotherRuns);
+  // Starts the closing sequence.
+  void CloseMe() { close(); }
+
+  void MnuPagesClick(int index);
+  void MnuThumbsClick(int index);
+  void MnuGuiClick(int index);
+  void MnuLanguageClick(int index);
+  void MnuCamModeClick(int index);
+  void MnuRateClick(int index) { logic_.poll.MnuRateClick(index); }
+  void ReloadPage() { logic_.poll.ReloadPage(); }
+
+  PageLogic& Logic() { return logic_; }
+
+ Q_SIGNALS:
+  // The first page load has been started, or there is none to start.
+  void Loaded();
+  // The closing sequence is over.
+  void Closed();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void ConnectParts();
+  void ConnectHover();
+  void ShowTip(int slot, const QString& text, const QString& picturePath);
+  void ReadScreen();
+  // Sizes the window for the layout and the window size, within the screen.
+  void ApplyLayout();
+  void ApplyPlacement();
+  void ShowWindow();
+  void ConnectionAnswered(bool reached);
+  void StartWork();
+  void AskTime();
+  void ShowBusy(bool busy);
+  void ShowPageLabel();
+  void RefreshCaptions();
+  void StepPage(int step);
+  std::optional<WindowPlacement> Placement() const;
+  void FirstClosingStep();
+  void SecondClosingStep();
+  void LastClosingStep();
+
+  Program& program_;
+  SettingsStore& store_;
+  const Hosts& hosts_;
+  Dialogs& dialogs_;
+  QString socketDir_;
+  std::chrono::milliseconds closingPause_;
+  PageLogic logic_;
+  LoadSequence load_;
+  CallDatabase database_;
+  HoverTip hover_;
+  ConnectivityTest connectivity_;
+  MenuStrip* pic_;
+  PageView* picAll_;
+  WindowMenus* menus_;
+  StationWindows* stations_;
+  TipWindow* picToolTip_;
+  int tips_ = 0;  // opened so far
+  std::unique_ptr<frmShowMsg> message_;
+  QTimer showTimer_;
+  int twipsX_ = 15;
+  int twipsY_ = 15;
+  long screenHTwips_ = 0;
+  enum class Closing { No, Running, Done } closing_ = Closing::No;
+};

@@ -1,0 +1,16 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/page_logic.h"
+
+PageLogic::PageLogic(Program& program, const Clock& clock, const QString& pictureTool, const UrlLimits& limits)
+    : network(limits),
+      tool(pictureTool, program.AppDataDir),
+      grid(program, tool, background, clock),
+      ucCkNew1(network, tool),
+      ucDnLoad(network),
+      ucUpdates(network),
+      intake(program, grid, tool, background, clock, ucDnLoad),
+      check(program, heights, grid, ucCkNew1, ucDnLoad),
+      poll(program, grid, intake, ucCkNew1, ucDnLoad, clock),
+      sites(program, grid, poll, ucCkNew1, ucDnLoad) {
+  QObject::connect(&check, &NewImageCheck::Checked, &poll, &PollCycle::AfterCheck);
+}

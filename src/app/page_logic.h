@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The logic objects of the page, made and connected in one place: the main window owns one, and so does every test that
+// polls without a screen.
+#pragma once
+
+#include <QString>
+
+#include "core/program.h"
+#include "page/thumb_grid.h"
+#include "platform/background.h"
+#include "platform/clock.h"
+#include "platform/net/url_reader.h"
+#include "platform/picture/picture_tool.h"
+#include "poll/download_control.h"
+#include "poll/height_table.h"
+#include "poll/new_image_check.h"
+#include "poll/picture_intake.h"
+#include "poll/poll_cycle.h"
+#include "sites/page_sites.h"
+
+struct PageLogic {
+  // pictureTool: path of the program that decodes pictures.
+  PageLogic(Program& program, const Clock& clock, const QString& pictureTool, const UrlLimits& limits = {});
+
+  UrlNetwork network;
+  PictureTool tool;
+  Background background;
+  HeightTable heights;
+  ThumbGrid grid;
+  ucCkNew ucCkNew1;
+  UserControl1 ucDnLoad;
+  UserControl1 ucUpdates;
+  PictureIntake intake;
+  NewImageCheck check;
+  PollCycle poll;
+  PageSites sites;
+};

@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/station_windows.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+
+#include "callbook/call_entry.h"
+#include "callbook/station_place.h"
+#include "station/callsign.h"
+#include "station/distance.h"
+
+using namespace Qt::StringLiterals;
+
+StationWindows::StationWindows(const Parts& parts, QWidget* window)
+    : QObject(window),
+      program_(parts.program),
+      logic_(parts.logic),
+      hosts_(parts.hosts),
+      dialogs_(parts.dialogs),
+      database_(parts.database),
+      pic_(parts.pic),
+      picAll_(parts.picAll),
+      menus_(parts.menus),
+      window_(window),
+      cookies_(parts.program.AppDataDir),
+      web_(parts.program.ProgramDir, parts.program.AppDataDir + u"/browser"_s, cookies_,
+           [&program = parts.program]() { return program.config.LanguageName; }),
+      maps_(parts.program.AppDataDir) {
+  logic_.network.SetCookies(cookies_);
+  pic_.txtCall->installEventFilter(this);
+  connect(pic_.cmdGo, &QPushButton::clicked, this, &StationWindows::GoClick);
+  connect(&picAll_, &PageView::SenderPressed, this, &StationWindows::SenderClick);
+  connect(&menus_, &WindowMenus::QrzFromChosen, this, &StationWindows::MnuQrzFromClick);
+  connect(&menus_, &WindowMenus::MapLocCallChosen, this, &StationWindows::MnuMapLocCallClick);
+}
+
+StationWindows::~StationWindows() = default;
+
+Form12& StationWindows::Lookup() {
+  if (!lookup_) {
+    const auto browser = [this]() { return web_.Windows(); };
+    const auto forget = [this](const QUrl& url) { web_.Forget(url); };
+    const LookupSession::Parts session{program_, logic_.network, logic_.tool, logic_.background, hosts_, cookies_};
+    lookup_ = std::make_unique<Form12>(Form12::Parts{session, browser, forget, dialogs_}, window_);
+    connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
+    connect(lookup_.get(), &Form12::Closed, this, &StationWindows::RaiseMaps);
+  }
+  return *lookup_;
+}
+
+frmMapLoc& StationWindows::Map() {
+  if (!map_) {
+    map_ = std::make_unique<frmMapLoc>(program_, maps_, window_);
+    connect(map_.get(), &frmMapLoc::LookupWanted, this, &StationWindows::LookUp);
+  }
+  return *map_;
+}
+
+QRect StationWindows::CallFieldPlace() const {
+  return {pic_.txtCall->mapToGlobal(QPoint(0, 0)), pic_.txtCall->size()};
+}
+
+bool StationWindows::eventFilter(QObject* watched, QEvent* event) {
+  // It watches txtCall alone, also while the bar is being taken down.
+  if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_F8) {
+    PasteCall();
+    return true;
+  }
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    GoClick();
+    return true;
+  }
+  return false;
+}
+
+void StationWindows::PasteCall() {
+  pic_.txtCall->clear();
+  const QString call = CallOfClipboard(QGuiApplication::clipboard()->text());
+  if (call.isEmpty()) return;
+  pic_.txtCall->setText(call);
+  LookUp(call, CallFieldPlace());
+  Lookup().CentrePointer();
+  window_->raise();
+  window_->activateWindow();
+  pic_.txtCall->setFocus();
+}
+
+void StationWindows::GoClick() {
+  const QString call = CallOfField(pic_.txtCall->text());
+  if (!call.isEmpty()) LookUp(call, CallFieldPlace());
+}
+
+void StationWindows::SenderClick(int slot) {
+  if (!logic_.grid.HasSlot(slot)) return;
+  program_.page.SelectedSlot = slot;
+  const QString call = CallOfCaption(program_.page.Field(slot, Caller), program_.lstBadCalls);
+  if (!call.isEmpty()) LookUp(call, picAll_.SenderPlace(slot));
+}
+
+void StationWindows::MnuQrzFromClick(const QString& text) {
+  menus_.CloseMenus();
+  pic_.txtCall->clear();
+  program_.LookupCall = CutAtFirstOther(text);
+  const QString call = CallOfCaption(text, program_.lstBadCalls);
+  if (call.isEmpty()) return;
+  LookUp(call, picAll_.SenderPlace(program_.page.SelectedSlot));
+  Lookup().CentrePointer();
+}
+
+void StationWindows::LookUp(const QString& call, const QRect& beside) {
+  program_.LookupCall = call;
+  Lookup().Open(call, beside);
+}
+
+void StationWindows::RaiseMaps() {
+  if (map_ && map_->isVisible()) map_->raise();
+}
+
+void StationWindows::MnuMapLocCallClick(int index) {
+  const int slot = program_.page.SelectedSlot;
+  if (!logic_.grid.HasSlot(slot)) return;
+  ShowOnMap(CutAtFirstOther(program_.page.Field(slot, index == 0 ? SlotCall : Caller)));
+}
+
+void StationWindows::ShowOnMap(const QString& shown) {
+  const QString call = QString(shown).replace(u'Ø', u'0');
+  const TargetLocation target = PlaceOf(program_, database_, call);
+  program_.TargetLat = target.TargetLat;
+  program_.TargetLon = target.TargetLon;
+  if (!IsKnownPosition(target.TargetLat, target.TargetLon)) return;
+  Map().PickMapForTarget(ShownCall(call, program_.ZeroGlyph));
+}
+
+// Where the lookup has one coordinate only, the map is drawn with the other at 0: a station on the meridian has none.
+void StationWindows::ShowLookedUp(const QString& call) {
+  Map().PickMapForTarget(ShownCall(call, program_.ZeroGlyph));
+}
+
+void StationWindows::TakeLanguage() {
+  if (map_) map_->SetTexts();
+}
+
+void StationWindows::CloseAll() {
+  if (lookup_) lookup_->close();
+  if (map_) map_->close();
+  if (web_.IsLoaded()) web_.Windows()->CloseAll();
+}

@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "browser/engine/web_pages.h"
+
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineProfile>
+#include <QtWebEngineQuick>
+
+#include "browser/engine/profile_cookies.h"
+#include "browser/engine/site_storage.h"
+#include "browser/engine/web_page.h"
+#include "browser/engine/web_window.h"
+#include "browser/engine/web_words.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// For the user alone before the first file lies in it, and also when an older one was open to others.
+void MakePrivateFolder(const QString& folder) {
+  QDir().mkpath(QFileInfo(folder).path());
+  QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+// The engine wants this before the application object; for a library that is loaded later, before the first profile is
+// early enough.
+void StartEngine() {
+  static bool started = false;
+  if (std::exchange(started, true)) return;
+  // The sandbox needs a user who is not root; refusing to start would leave root without a sign-in.
+  if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  QtWebEngineQuick::initialize();
+}
+
+}  // namespace
+
+BrowserPages::BrowserPages(const QString& profileFolder, WebPort& port) : port_(port) {
+  StartEngine();
+  MakePrivateFolder(profileFolder);
+  profile_ = std::make_unique<QWebEngineProfile>(u"omni-perch"_s);
+  profile_->setPersistentStoragePath(profileFolder);
+  profile_->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+  // The program's own cookie file is the one that lasts; a second one would bring back what a sign-out has removed.
+  profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
+  connect(profile_.get(), &QWebEngineProfile::downloadRequested, this, &BrowserPages::RefuseDownload);
+  cookies_ = std::make_unique<ProfileCookies>(*profile_, port_);
+  connect(cookies_.get(), &ProfileCookies::Ready, this, &BrowserPages::LoadWaiting);
+  cookies_->Sync();
+}
+
+// Pages before their profile, or the engine complains and leaves files half written.
+BrowserPages::~BrowserPages() {
+  BrowserPages::CloseAll();
+  const QList<WebWindow*> closing = closing_;
+  qDeleteAll(closing);
+  qDeleteAll(findChildren<SiteStorage*>(Qt::FindDirectChildrenOnly));
+}
+
+void BrowserPages::OpenPage(const QString& title, const QUrl& url) {
+  for (WebWindow* window : std::as_const(windows_)) {
+    if (window->Title() != title) continue;
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->raise();
+    window->activateWindow();
+    return;
+  }
+  if (!IsWebUrl(url)) return;
+  auto* window = new WebWindow(title, profile_.get(), WebWordsOf(port_.LanguageName()));
+  windows_ += window;
+  connect(window, &WebWindow::Closed, this, &BrowserPages::OnClosed);
+  connect(window, &QObject::destroyed, this, [this, window]() { closing_.removeOne(window); });
+  window->show();
+  waiting_ += {window, url};
+  LoadWaiting();
+}
+
+void BrowserPages::LoadWaiting() {
+  if (!cookies_->IsReady() || !emptying_.isEmpty()) return;
+  const QList<Waiting> waiting = std::exchange(waiting_, {});
+  for (const Waiting& one : waiting) one.window->Load(one.url);
+}
+
+void BrowserPages::OnClosed(WebWindow* window) {
+  if (!windows_.removeOne(window)) return;
+  closing_ += window;
+  waiting_.removeIf([window](const Waiting& one) { return one.window == window; });
+  cookies_->Flush();
+  port_.PageClosed(window->Title());
+}
+
+void BrowserPages::CloseAll() {
+  const QList<WebWindow*> windows = windows_;
+  for (WebWindow* window : windows) window->close();
+}
+
+void BrowserPages::CloseSite(const QUrl& url) {
+  const QList<WebWindow*> windows = windows_;
+  for (WebWindow* window : windows)
+    if (window->Shows(url.host())) window->close();
+  cookies_->Flush();
+}
+
+void BrowserPages::ClearStorage(const QUrl& url) {
+  if (!IsWebUrl(url)) return;
+  profile_->clearHttpCache();
+  profile_->clearAllVisitedLinks();
+  auto* storage = new SiteStorage(url, profile_.get(), this);
+  emptying_ += storage;
+  connect(storage, &SiteStorage::Finished, this, &BrowserPages::OnEmptied);
+}
+
+void BrowserPages::OnEmptied(SiteStorage* storage) {
+  if (!emptying_.removeOne(storage)) return;
+  storage->deleteLater();
+  LoadWaiting();
+}
+
+void BrowserPages::SyncCookies() {
+  cookies_->Sync();
+}
+
+void BrowserPages::RefuseDownload(QWebEngineDownloadRequest* request) {
+  request->cancel();
+  auto* page = qobject_cast<WebPage*>(request->page());
+  if (page) Q_EMIT page->Told(WebWordsOf(port_.LanguageName()).notSaved.toString() + request->suggestedFileName());
+}
+
+extern "C" Q_DECL_EXPORT WebPages* OmniWebMakePages(const QString& profileFolder, WebPort& port) {
+  return new BrowserPages(profileFolder, port);
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "browser/web_library.h"
+
+#include <QDir>
+#include <QLibrary>
+
+#include "browser/web_port.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class LoadedWindows : public BrowserWindows, private WebPort {
+ public:
+  LoadedWindows(OmniWebMake make, const QString& profileFolder, CookieStore& cookies,
+                std::function<QString()> languageName)
+      : cookies_(cookies), languageName_(std::move(languageName)), pages_(make(profileFolder, *this)) {
+    connect(&cookies_, &CookieStore::Changed, this, &LoadedWindows::OnChanged);
+  }
+  // The pages' last words go into the store, and must not come back to pages that are half gone.
+  ~LoadedWindows() override {
+    cookies_.disconnect(this);
+    pages_.reset();
+  }
+
+  void OpenPage(const QString& title, const QUrl& url) override { pages_->OpenPage(title, url); }
+
+  void Forget(const QUrl& url) override {
+    pages_->CloseSite(url);
+    cookies_.RemoveOf(url);
+    pages_->ClearStorage(url);
+  }
+
+  void CloseAll() override { pages_->CloseAll(); }
+
+ private:
+  void OnChanged() { pages_->SyncCookies(); }
+  QList<QNetworkCookie> Cookies() const override { return cookies_.All(); }
+  void TakeCookies(const QList<CookieChange>& changes) override { cookies_.Apply(changes); }
+  void PageClosed(const QString& title) override { Q_EMIT Closed(title); }
+  QString LanguageName() const override { return languageName_ ? languageName_() : QString(); }
+
+  CookieStore& cookies_;
+  std::function<QString()> languageName_;
+  std::unique_ptr<WebPages> pages_;
+};
+
+}  // namespace
+
+WebLibrary::WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies,
+                       std::function<QString()> languageName)
+    : libraryFolder_(std::move(libraryFolder)),
+      profileFolder_(std::move(profileFolder)),
+      cookies_(cookies),
+      languageName_(std::move(languageName)) {}
+
+WebLibrary::~WebLibrary() = default;
+
+BrowserWindows* WebLibrary::Windows() {
+  if (windows_) return windows_.get();
+  QLibrary library(libraryFolder_ + u"/libomni_web.so"_s);
+  // A browser leaves threads behind that run its code until the process ends.
+  library.setLoadHints(QLibrary::PreventUnloadHint);
+  if (const auto make = reinterpret_cast<OmniWebMake>(library.resolve(kOmniWebMake)))
+    windows_ = std::make_unique<LoadedWindows>(make, profileFolder_, cookies_, languageName_);
+  return windows_.get();
+}
+
+void WebLibrary::Forget(const QUrl& url) {
+  if (windows_) {
+    windows_->Forget(url);
+    return;
+  }
+  cookies_.RemoveOf(url);
+  // What pages have stored lies in the engine's own files. Without it they go as a whole: no sign-in depends on them.
+  if (!profileFolder_.isEmpty()) QDir(profileFolder_).removeRecursively();
+}

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Browser windows out of the shared library omni_web, which is loaded when the first of them opens, so that the program
+// itself does not pay for a browser. main makes one of these.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "browser/browser_windows.h"
+#include "platform/net/cookie_store.h"
+
+// Makes the browser windows at the first call and keeps them; nullptr where the library cannot be loaded. Destroy it
+// before the application object and before the store.
+class WebLibrary {
+ public:
+  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone; languageName: of
+  // the windows that open, asked for each; without it they speak English.
+  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies,
+             std::function<QString()> languageName = {});
+  ~WebLibrary();
+
+  BrowserWindows* Windows();
+  bool IsLoaded() const { return windows_ != nullptr; }
+  // The end of a sign-in: what BrowserWindows::Forget does, without loading a browser that never ran.
+  void Forget(const QUrl& url);
+
+ private:
+  QString libraryFolder_;
+  QString profileFolder_;
+  CookieStore& cookies_;
+  std::function<QString()> languageName_;
+  std::unique_ptr<BrowserWindows> windows_;
+};

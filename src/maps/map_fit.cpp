@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maps/map_fit.h"
+
+#include <algorithm>
+
+namespace {
+
+// Place of a picture along one direction, for a point that may lie far off it.
+int PlaceFor(double point, int frame, int picture, int room) {
+  const double wanted = std::min(frame / 2 - point, 0.0);
+  return static_cast<int>(std::max(wanted, static_cast<double>(frame - picture - room)));
+}
+
+// Larger pictures can be moved, up to their edges; smaller ones stay.
+int Stepped(int place, int step, int lowest) {
+  return lowest < 0 ? std::clamp(place + step, lowest, 0) : place;
+}
+
+}  // namespace
+
+void MapFit::FitMapToWindow(const QSize& window, const QSize& border) {
+  const QSize whole = picture + border;
+  PanX = whole.width() > window.width();
+  PanY = whole.height() > window.height();
+  frame = window - border;
+  // A larger picture is centred by the frame's inside, a smaller one by the window's. One that is just as large begins
+  // at the corner, as where the map before lay is of no meaning for it.
+  place.setX(PanX ? -(picture.width() - frame.width()) / 2 : (window.width() - whole.width()) / 2);
+  place.setY(PanY ? -(picture.height() - frame.height()) / 2 : (window.height() - whole.height()) / 2);
+}
+
+void MapFit::KeepInView(const QPointF& point, int bottomRoom) {
+  place = QPoint(PlaceFor(point.x(), frame.width(), picture.width(), 0),
+                 PlaceFor(point.y(), frame.height(), picture.height(), bottomRoom));
+  // Both directions follow the width alone: a narrow map that is higher than its frame is centred, point or no point.
+  if (picture.width() < frame.width()) {
+    place = QPoint((frame.width() - picture.width()) / 2, (frame.height() - picture.height()) / 2);
+  }
+}
+
+bool MapFit::DragTo(const QPoint& wanted) {
+  // Outside the bounds the picture stays where it is, it does not go as far as it can.
+  const auto mayGo = [](int to, int frameSize, int pictureSize) { return to < 1 && to > frameSize - pictureSize; };
+  const bool takeY = PanY && mayGo(wanted.y(), frame.height(), picture.height());
+  const bool takeX = PanX && mayGo(wanted.x(), frame.width(), picture.width());
+  if (takeY) place.setY(wanted.y());
+  if (takeX) place.setX(wanted.x());
+  return takeX || takeY;
+}
+
+bool MapFit::PanBy(const QPoint& step, int hiddenRows) {
+  const QPoint before = place;
+  place.setX(Stepped(place.x(), step.x(), frame.width() - picture.width()));
+  place.setY(Stepped(place.y(), step.y(), frame.height() - hiddenRows - picture.height()));
+  return place != before;
+}
+
+QSize MapWindowSize(const QSize& picture, const QSize& allowance, const QSize& screen) {
+  return (picture + allowance).boundedTo(screen);
+}

@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maps/map_layer.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QSemaphore>
+#include <QThreadPool>
+#include <cmath>
+#include <cstring>
+#include <span>
+#include <vector>
+
+#include "maps/map_line.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Smooth edges take four times as long; among thousands of lines nobody sees them.
+constexpr double kSmoothPixels = 800'000;
+// Lines are drawn tile by tile: a steep line across the whole frame would miss the processor's caches at each row.
+constexpr int kTile = 512;
+constexpr std::size_t kLinesForTwo = 1000;
+
+// Text that can be read on a colour given from outside.
+QColor TextOn(const QColor& back) {
+  return qGray(back.rgb()) < 128 ? QColor(Qt::white) : QColor(Qt::black);
+}
+
+}  // namespace
+
+void MapLayer::SetPicture(const QImage& picture) {
+  picture_ = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
+  stale_ = true;
+}
+
+void MapLayer::SetOverlay(const MapOverlay& overlay) {
+  overlay_ = overlay;
+  double pixels = 0;
+  for (const MapOverlay::Line& line : std::as_const(overlay_.lines)) {
+    const QPointF way = line.to - line.from;
+    pixels += std::min(std::max(std::abs(way.x()), std::abs(way.y())), 4000.0);
+  }
+  smoothLines_ = pixels <= kSmoothPixels;
+  stale_ = true;
+}
+
+void MapLayer::SetLook(const MapLook& look) {
+  if (look == look_) return;
+  look_ = look;
+  stale_ = true;
+}
+
+const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
+  const QSize size = (QSizeF(frame) * look_.ratio).toSize();
+  const QPoint offset = (QPointF(place) * look_.ratio).toPoint();
+  if (frame_.size() != size) {
+    MakeRoom(size);
+    frame_ = QRect(QPoint(0, 0), size);
+    stale_ = true;
+  }
+  QRegion missing;
+  if (stale_) {
+    missing = frame_;
+  } else if (offset != offset_) {
+    missing = Shift(offset - offset_);
+  }
+  offset_ = offset;
+  stale_ = false;
+  for (const QRect& part : missing) Compose(part);
+  return image_;
+}
+
+void MapLayer::MakeRoom(const QSize& size) {
+  const QSize room = image_.size().expandedTo(size);
+  if (room != image_.size()) image_ = QImage(room, QImage::Format_RGB32);
+}
+
+void MapLayer::Prepare(const QSize& frame) {
+  MakeRoom((QSizeF(frame) * look_.ratio).toSize());
+  image_.fill(look_.back);
+  stale_ = true;
+  QPainter painter(&image_);
+  MapOverlay::Label label;
+  label.text = u"0°"_s;
+  label.place = QRectF(0, 0, 40, 20);
+  painter.setFont(look_.font);
+  PaintLabel(painter, label);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.drawEllipse(label.place);
+}
+
+QRegion MapLayer::Shift(const QPoint& by) {
+  const QRect whole = frame_;
+  const QRect kept = whole & whole.translated(by);
+  if (kept.isEmpty()) return whole;
+  const QRect from = kept.translated(-by);
+  const qsizetype line = image_.bytesPerLine();
+  uchar* bits = image_.bits();
+  const auto bytes = static_cast<std::size_t>(kept.width()) * sizeof(QRgb);
+  for (int i = 0; i < kept.height(); ++i) {
+    // From the side that the pixels move towards, so that none is overwritten before it has moved.
+    const int row = by.y() > 0 ? kept.height() - 1 - i : i;
+    std::memmove(bits + (kept.top() + row) * line + kept.left() * 4, bits + (from.top() + row) * line + from.left() * 4,
+                 bytes);
+  }
+  return QRegion(whole) - kept;
+}
+
+QRect MapLayer::PictureRect() const {
+  return {offset_, (QSizeF(picture_.size()) * look_.ratio).toSize()};
+}
+
+void MapLayer::Compose(const QRect& part) {
+  ComposePicture(part);
+  // What is drawn belongs to the picture and ends with it.
+  const QRect inside = part & PictureRect();
+  if (inside.isEmpty()) return;
+  ComposeLines(inside);
+  ComposeMarks(inside);
+}
+
+void MapLayer::ComposePicture(const QRect& part) {
+  const QRect inside = part & PictureRect();
+  if (inside != part) QPainter(&image_).fillRect(part, look_.back);
+  if (inside.isEmpty()) return;
+  if (look_.ratio == 1) {
+    const auto bytes = static_cast<std::size_t>(inside.width()) * sizeof(QRgb);
+    for (int y = inside.top(); y <= inside.bottom(); ++y) {
+      std::memcpy(image_.scanLine(y) + inside.left() * 4,
+                  picture_.constScanLine(y - offset_.y()) + (inside.left() - offset_.x()) * 4, bytes);
+    }
+    return;
+  }
+  QPainter painter(&image_);
+  painter.setClipRect(inside);
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  painter.drawImage(QRectF(PictureRect()), picture_, QRectF(picture_.rect()));
+}
+
+void MapLayer::ComposeLines(const QRect& part) {
+  if (overlay_.lines.isEmpty()) return;
+  struct Stroke {
+    QPointF from;
+    QPointF to;
+    MapLineStyle style;
+  };
+  std::vector<Stroke> strokes;
+  strokes.reserve(static_cast<std::size_t>(overlay_.lines.size()));
+  for (const MapOverlay::Line& line : std::as_const(overlay_.lines)) {
+    strokes.push_back(
+        {ToImage(line.from), ToImage(line.to), {line.colour.rgba(), line.width * look_.ratio, smoothLines_}});
+  }
+  std::vector<MapLineCanvas> tiles;
+  for (int top = part.top(); top <= part.bottom(); top += kTile) {
+    for (int left = part.left(); left <= part.right(); left += kTile) {
+      tiles.emplace_back(image_, part & QRect(left, top, kTile, kTile));
+    }
+  }
+  const auto draw = [&strokes](std::span<MapLineCanvas> some) {
+    for (MapLineCanvas& tile : some) {
+      for (const Stroke& stroke : strokes) tile.Draw(stroke.from, stroke.to, stroke.style);
+    }
+  };
+  // Thousands of lines: half of the tiles on another core. The halves touch different pixels.
+  const std::size_t half = strokes.size() >= kLinesForTwo ? tiles.size() / 2 : 0;
+  QSemaphore done;
+  const bool helped = half > 0 && QThreadPool::globalInstance()->tryStart([&]() {
+    draw(std::span(tiles).first(half));
+    done.release();
+  });
+  draw(std::span(tiles).subspan(helped ? half : 0));
+  if (helped) done.acquire();
+}
+
+void MapLayer::ComposeMarks(const QRect& part) {
+  if (overlay_.circles.isEmpty() && overlay_.labels.isEmpty()) return;
+  QPainter painter(&image_);
+  painter.setClipRect(part);
+  painter.translate(offset_);
+  painter.scale(look_.ratio, look_.ratio);
+  const QRectF shown((QPointF(part.topLeft()) - QPointF(offset_)) / look_.ratio, QSizeF(part.size()) / look_.ratio);
+  painter.setRenderHint(QPainter::Antialiasing);
+  for (const MapOverlay::Circle& circle : std::as_const(overlay_.circles)) {
+    const double reach = circle.radius + circle.width;
+    if (!shown.intersects(QRectF(circle.centre - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach)))) continue;
+    painter.setPen(circle.filled ? QPen(Qt::NoPen) : QPen(circle.colour, circle.width));
+    painter.setBrush(circle.filled ? QBrush(circle.colour) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(circle.centre, circle.radius, circle.radius);
+  }
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setFont(look_.font);
+  for (const MapOverlay::Label& label : std::as_const(overlay_.labels)) {
+    const double rim = label.boxWidth;
+    if (shown.intersects(label.place.united(label.box).adjusted(-rim, -rim, rim, rim))) PaintLabel(painter, label);
+  }
+}
+
+void MapLayer::PaintLabel(QPainter& painter, const MapOverlay::Label& label) const {
+  const QColor back = label.back.isValid() ? label.back : look_.labelBack;
+  painter.fillRect(label.place.united(label.box), back);
+  if (!label.box.isEmpty()) {
+    painter.setBrush(Qt::NoBrush);
+    painter.setPen(QPen(label.boxColour, label.boxWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    painter.drawRect(label.box);
+  }
+  painter.setPen(label.back.isValid() ? TextOn(back) : look_.labelText);
+  const QFontMetricsF metrics(look_.font);
+  double base = label.place.top() + kMapLabelMargin + metrics.ascent();
+  for (const QStringView line : QStringView(label.text).split(u'\n')) {
+    const QString text = (line.endsWith(u'\r') ? line.chopped(1) : line).toString();
+    // A single line stands as it is, blanks included; lines under each other are centred.
+    painter.drawText(QPointF(label.place.center().x() - metrics.horizontalAdvance(text) / 2, base), text);
+    base += metrics.lineSpacing();
+  }
+}

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The inside of a map's frame as one finished image: the picture, and what is drawn upon it. Panning moves the pixels
+// that stay in view and draws only what comes in, so that a step costs little however much lies on the map.
+#pragma once
+
+#include <QFont>
+#include <QImage>
+#include <QRegion>
+
+#include "maps/map_overlay.h"
+
+struct MapLook {
+  QFont font;        // of the labels
+  QColor back;       // around a picture smaller than its frame
+  QColor labelBack;  // of labels that bring no colour
+  QColor labelText;
+  double ratio = 1;  // device pixels to one pixel of the map
+
+  bool operator==(const MapLook& other) const = default;
+};
+
+// Room between a label's edge and its text.
+inline constexpr double kMapLabelMargin = 2;
+
+class MapLayer {
+ public:
+  void SetPicture(const QImage& picture);
+  void SetOverlay(const MapOverlay& overlay);
+  void SetLook(const MapLook& look);
+
+  const QImage& Picture() const { return picture_; }
+  const MapOverlay& Overlay() const { return overlay_; }
+
+  // The frame with the picture at place (pixels of the map): the first frame * ratio device pixels of the image, which
+  // may be larger.
+  const QImage& Frame(const QSize& frame, const QPoint& place);
+  // Takes the memory for frames up to that size, and the fonts, so that the first frame does not wait for them.
+  void Prepare(const QSize& frame);
+
+ private:
+  void MakeRoom(const QSize& size);
+  QRegion Shift(const QPoint& by);
+  void Compose(const QRect& part);
+  void ComposePicture(const QRect& part);
+  void ComposeLines(const QRect& part);
+  void ComposeMarks(const QRect& part);
+  void PaintLabel(class QPainter& painter, const MapOverlay::Label& label) const;
+  // The picture's place in image_.
+  QRect PictureRect() const;
+  QPointF ToImage(const QPointF& point) const { return point * look_.ratio + QPointF(offset_); }
+
+  QImage picture_;
+  MapOverlay overlay_;
+  MapLook look_;
+  bool smoothLines_ = true;
+  QImage image_;   // as large as the largest frame so far: fresh memory costs more than painting
+  QRect frame_;    // the part of it that is used
+  QPoint offset_;  // of the picture in image_, device pixels
+  bool stale_ = true;
+};

@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maps/map_view.h"
+
+#include <QContextMenuEvent>
+#include <QFontMetricsF>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <QToolTip>
+#include <QWheelEvent>
+
+#include "maps/map_accessible.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kKeyStep = 40;
+constexpr int kFastStep = 200;
+// No picture is that large; a label of a position far off it has no place in whole pixels.
+constexpr QRectF kNearby(-100'000, -100'000, 200'000, 200'000);
+
+}  // namespace
+
+MapView::MapView(QWidget* parent) : QWidget(parent) {
+  setObjectName(u"picOuter"_s);
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  AccessibleMapView::Install();
+  UpdateLook();
+}
+
+void MapView::SetPicture(const QImage& picture) {
+  layer_.SetPicture(picture);
+  fit_.picture = layer_.Picture().size();
+  update();
+}
+
+void MapView::SetOverlay(const MapOverlay& overlay) {
+  layer_.SetOverlay(overlay);
+  pressedLabel_ = -1;
+  const bool gone = focused_ >= overlay.labels.size() || (focused_ >= 0 && !overlay.labels.at(focused_).clickable);
+  if (gone) focused_ = -1;
+  AccessibleMapView::LabelsChanged(this);
+  update();
+}
+
+void MapView::Prepare(const QSize& frame) {
+  UpdateLook();
+  layer_.Prepare(frame);
+}
+
+void MapView::FitMapToWindow(const QSize& window, int menuBarHeight) {
+  fit_.FitMapToWindow(window);
+  setGeometry(QRect(QPoint(0, menuBarHeight), window));
+  UpdateCursor(mapFromGlobal(QCursor::pos()));
+  update();
+}
+
+void MapView::KeepInView(const QPointF& point, int bottomRoom) {
+  fit_.KeepInView(point, bottomRoom);
+  home_ = point;
+  homeRoom_ = bottomRoom;
+  update();
+}
+
+int MapView::HiddenRows() const {
+  return parentWidget() == nullptr ? 0 : std::max(0, geometry().bottom() - parentWidget()->rect().bottom());
+}
+
+QSizeF MapView::LabelSize(const QString& text) const {
+  const QFontMetricsF metrics(font());
+  double width = 0;
+  double height = metrics.height() + 2 * kMapLabelMargin - metrics.lineSpacing();
+  for (const QStringView line : QStringView(text).split(u'\n')) {
+    width = std::max(width, metrics.horizontalAdvance(line.toString().remove(u'\r')));
+    height += metrics.lineSpacing();
+  }
+  return {std::ceil(width + 2 * kMapLabelMargin), std::ceil(height)};
+}
+
+QRect MapView::LabelRect(qsizetype index) const {
+  if (index < 0 || index >= Overlay().labels.size()) return {};
+  const MapOverlay::Label& label = Overlay().labels.at(index);
+  return (label.place.united(label.box) & kNearby).toAlignedRect().translated(fit_.place);
+}
+
+qsizetype MapView::LabelAt(const QPoint& place) const {
+  if (!picInner().contains(place)) return -1;
+  // The last one lies on top.
+  for (qsizetype i = Overlay().labels.size() - 1; i >= 0; --i) {
+    if (LabelRect(i).contains(place)) return i;
+  }
+  return -1;
+}
+
+void MapView::PressLabel(qsizetype index, bool byKeyboard) {
+  if (index < 0 || index >= Overlay().labels.size() || !Overlay().labels.at(index).clickable) return;
+  const QString name = Overlay().labels.at(index).name;
+  const QRect seen = LabelRect(index).intersected(rect().adjusted(0, 0, 0, -HiddenRows()));
+  Q_EMIT LabelClicked(name, byKeyboard ? mapToGlobal(seen.bottomLeft()) : QCursor::pos(), byKeyboard);
+}
+
+void MapView::paintEvent(QPaintEvent* event) {
+  UpdateLook();
+  const QImage& image = layer_.Frame(size(), fit_.place);
+  const double ratio = devicePixelRatioF();
+  QPainter painter(this);
+  painter.setClipRegion(event->region());
+  // Pixel by pixel, as the image has the device's own.
+  painter.scale(1 / ratio, 1 / ratio);
+  painter.drawImage(QPoint(0, 0), image, QRect(QPoint(0, 0), (QSizeF(size()) * ratio).toSize()));
+  painter.resetTransform();
+  if (!hasFocus()) return;
+  painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+  if (focused_ >= 0) painter.drawRect(LabelRect(focused_).adjusted(-3, -3, 3, 3));
+}
+
+void MapView::UpdateLook() {
+  const QPalette tips = QToolTip::palette();
+  layer_.SetLook({font(), palette().color(QPalette::Window), tips.color(QPalette::Inactive, QPalette::ToolTipBase),
+                  tips.color(QPalette::Inactive, QPalette::ToolTipText), devicePixelRatioF()});
+}
+
+void MapView::UpdateCursor(const QPoint& pointer) {
+  const qsizetype label = LabelAt(pointer);
+  const bool clickable = label >= 0 && Overlay().labels.at(label).clickable;
+  Qt::CursorShape shape = fit_.PanX || fit_.PanY ? Qt::OpenHandCursor : Qt::ArrowCursor;
+  if (clickable) shape = Qt::PointingHandCursor;
+  if (held_) shape = Qt::ClosedHandCursor;
+  if (cursor().shape() != shape) setCursor(shape);
+}
+
+void MapView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  const QPoint place = event->position().toPoint();
+  pressedLabel_ = LabelAt(place);
+  // A label lies on the picture and keeps the press to itself.
+  if (pressedLabel_ < 0 && picInner().contains(place) && (fit_.PanX || fit_.PanY)) held_ = place - fit_.place;
+  UpdateCursor(place);
+}
+
+void MapView::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint place = event->position().toPoint();
+  if (held_ && event->buttons().testFlag(Qt::LeftButton) && fit_.DragTo(place - *held_)) {
+    update();
+    Q_EMIT Panned(fit_.place.x(), fit_.place.y());
+  }
+  UpdateCursor(place);
+}
+
+void MapView::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  held_.reset();
+  const QPoint place = event->position().toPoint();
+  const qsizetype label = std::exchange(pressedLabel_, -1);
+  UpdateCursor(place);
+  if (label >= 0 && label == LabelAt(place)) PressLabel(label, false);
+}
+
+void MapView::wheelEvent(QWheelEvent* event) {
+  // Pixels from a touch pad, else eighths of a degree: a notch of 15 degrees is one step.
+  QPoint step = event->pixelDelta().isNull() ? event->angleDelta() * kKeyStep / 120 : event->pixelDelta();
+  if (event->modifiers().testFlag(Qt::ShiftModifier)) step = step.transposed();
+  PanBy(step);
+  event->accept();
+}
+
+void MapView::PanBy(const QPoint& step) {
+  if (!fit_.PanBy(step, HiddenRows())) return;
+  update();
+  Q_EMIT Panned(fit_.place.x(), fit_.place.y());
+}
+
+bool MapView::PanByKey(int key, Qt::KeyboardModifiers modifiers) {
+  QSize step(kKeyStep, kKeyStep);
+  if (modifiers.testFlag(Qt::ShiftModifier)) step = QSize(kFastStep, kFastStep);
+  // All but a step of what is in view.
+  if (modifiers.testFlag(Qt::ControlModifier)) step = (size() - step).expandedTo(step);
+  switch (key) {
+    case Qt::Key_Left:
+      PanBy(QPoint(step.width(), 0));
+      return true;
+    case Qt::Key_Right:
+      PanBy(QPoint(-step.width(), 0));
+      return true;
+    case Qt::Key_Up:
+      PanBy(QPoint(0, step.height()));
+      return true;
+    case Qt::Key_Down:
+      PanBy(QPoint(0, -step.height()));
+      return true;
+    default:
+      return false;
+  }
+}
+
+void MapView::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Home:
+      if (!home_) return;
+      fit_.KeepInView(*home_, homeRoom_);
+      update();
+      Q_EMIT Panned(fit_.place.x(), fit_.place.y());
+      return;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      PressLabel(focused_, true);
+      return;
+    default:
+      if (!PanByKey(event->key(), event->modifiers())) QWidget::keyPressEvent(event);
+  }
+}
+
+void MapView::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  PressLabel(byKeyboard ? focused_ : LabelAt(event->pos()), byKeyboard);
+}
+
+qsizetype MapView::NextClickable(qsizetype from, int step) const {
+  for (qsizetype i = from + step; i >= 0 && i < Overlay().labels.size(); i += step) {
+    if (Overlay().labels.at(i).clickable) return i;
+  }
+  return -1;
+}
+
+bool MapView::focusNextPrevChild(bool next) {
+  // Tab goes from the map to its labels, one after the other, then on; Shift and Tab the same way back.
+  if (!next && focused_ < 0) return QWidget::focusNextPrevChild(false);
+  const qsizetype label = NextClickable(focused_, next ? 1 : -1);
+  if (next && label < 0) return QWidget::focusNextPrevChild(true);
+  FocusLabel(label);
+  return true;
+}
+
+void MapView::FocusLabel(qsizetype index) {
+  focused_ = index;
+  ShowLabel(index);
+  update();
+  AccessibleMapView::FocusMoved(this);
+}
+
+void MapView::ShowLabel(qsizetype index) {
+  const QRect label = LabelRect(index);
+  const QRect seen = rect().adjusted(0, 0, 0, -HiddenRows());
+  if (label.isEmpty() || seen.contains(label)) return;
+  // The shortest way; of a label larger than the frame its beginning.
+  const QPoint step(std::max(0, -label.left()) - std::max(0, label.right() - seen.right()),
+                    std::max(0, -label.top()) - std::max(0, label.bottom() - seen.bottom()));
+  PanBy(step);
+}
+
+void MapView::focusInEvent(QFocusEvent* event) {
+  // Not the inherited handler here and below: it paints the whole map again.
+  if (event->reason() == Qt::BacktabFocusReason) FocusLabel(NextClickable(Overlay().labels.size(), -1));
+  if (focused_ >= 0) update();
+}
+
+void MapView::focusOutEvent(QFocusEvent* event) {
+  // A menu of the label, or another window, gives the focus back to it.
+  const bool leaves = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                      event->reason() == Qt::MouseFocusReason;
+  if (focused_ >= 0) update();
+  if (leaves) focused_ = -1;
+}
+
+void MapView::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  // A window that becomes active looks as before, and painting all of a map again is not cheap.
+  if (event->type() != QEvent::ActivationChange) update();
+}

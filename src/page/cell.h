@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// One cell of the page as plain values: all that a thumbnail cell shows. The page's logic changes it, the cell's widget
+// paints it. Lengths are units of the page, 132 by 119 a cell, whatever the window's size.
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QRectF>
+#include <QString>
+
+#include "platform/picture/picture_tool.h"
+
+// State colour of Shape1.
+enum class CellColour { Window, OnAir, Stale };
+enum class CamLight { Hidden, Yellow, Green, Red };
+
+inline constexpr QColor kOnAirColour(242, 242, 214);
+inline constexpr QColor kStaleColour(255, 136, 136);
+inline constexpr QColor kConnectColour(150, 180, 255);
+inline constexpr QColor kFlashColour(0, 0, 255);
+inline constexpr QColor kErrorColour(50, 50, 50);
+
+struct Cell {
+  CellColour Shape1 = CellColour::Window;
+  bool flash = false;  // Shape1 is blue for this moment
+  QString lblCall;     // caption
+  QString onAirTip;    // tip of lblCall: "On air", "Off air" or empty
+  QString lblFrom;     // caption
+  bool fromVisible = true;
+  bool lblConnect = false;  // visible
+  bool picProg = false;     // visible
+  int progress = 0;         // percent of picProg
+  QString lblMode;          // tag; empty hides it
+  QColor modeColour;
+  QString siteCall;         // Tag of lblDisk
+  bool reloadMark = false;  // Tag of img: "1" after a forced reload, else "0"
+  CamLight imgCam = CamLight::Hidden;
+
+  // The picture, or the error box in its place.
+  QRectF img;                  // frame of the thumb within the cell
+  QList<PictureFrame> frames;  // empty: no picture
+  bool animated = false;
+  bool errorBox = false;
+  QString lblError;
+  QString lblInfo;
+  QString lblInfo2;
+};

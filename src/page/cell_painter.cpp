@@ -1,0 +1,204 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "page/cell_painter.h"
+
+#include <QPainterPath>
+#include <algorithm>
+
+#include "page/thumb_layout.h"
+
+namespace {
+
+bool IsDark(const QColor& colour) {
+  return qGray(colour.rgb()) < 128;
+}
+
+QColor TextOn(const QColor& background, const QPalette& palette) {
+  const QColor text = palette.color(QPalette::WindowText);
+  if (IsDark(background) != IsDark(text)) return text;
+  return IsDark(background) ? QColor(240, 240, 240) : QColor(24, 26, 30);
+}
+
+class CellBrush {
+ public:
+  CellBrush(QPainter& painter, const Cell& cell, const CellLook& look) : painter_(painter), cell_(cell), look_(look) {}
+
+  QRectF Scaled(const QRectF& units) const {
+    const double s = look_.scale;
+    return {units.x() * s, units.y() * s, units.width() * s, units.height() * s};
+  }
+  QRectF Whole() const { return Scaled(QRectF(QPointF(0, 0), cell_part::kCell)); }
+
+  QColor Back() const { return cell_.flash ? kFlashColour : CellBackground(cell_.Shape1, look_.palette); }
+
+  void Background() const {
+    painter_.fillRect(Whole(), Back());
+    // Line1 and Line2: the white edge that lifts a cell off its page; on a dark page a hint of it is enough.
+    QColor edge(Qt::white);
+    if (IsDark(look_.palette.color(QPalette::Window))) edge.setAlpha(70);
+    const double line = std::max(1.0, look_.scale * 0.8);
+    painter_.fillRect(QRectF(0, 0, line, Whole().height()), edge);
+    painter_.fillRect(QRectF(0, 0, Whole().width(), line), edge);
+  }
+
+  void Picture(const QPixmap& picture) const {
+    if (cell_.errorBox) {
+      ErrorBox();
+      return;
+    }
+    if (picture.isNull()) return;
+    const QRectF frame = Scaled(cell_.img);
+    if (cell_.animated) painter_.fillRect(frame, Qt::black);
+    painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+    painter_.drawPixmap(frame, picture, QRectF(picture.rect()));
+  }
+
+  void ErrorBox() const {
+    const QRectF box = Scaled(cell_.img);
+    painter_.fillRect(box, kErrorColour);
+    painter_.save();
+    painter_.translate(box.topLeft());
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(QPen(Qt::white, std::max(1.0, look_.scale)));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRoundedRect(Scaled(QRectF(10, 7, 100, 38)), 2 * look_.scale, 2 * look_.scale);
+    painter_.setPen(Qt::white);
+    Line(cell_.lblError, QRectF(12, 12, 96, 30), 2.5, true);
+    Line(cell_.lblInfo, QRectF(2, 47, 116, 20), 1.5, false);
+    Line(cell_.lblInfo2, QRectF(2, 65, 116, 20), 1.5, false);
+    painter_.restore();
+  }
+
+  void Captions() const {
+    const QColor background = Back();
+    painter_.setPen(TextOn(background, look_.palette));
+    Line(cell_.lblCall, cell_part::kCall, 1, true);
+    if (cell_.picProg) {
+      Progress();
+    } else if (cell_.lblConnect) {
+      Connecting();
+    } else if (cell_.fromVisible) {
+      painter_.setPen(TextOn(background, look_.palette));
+      FromLine();
+    }
+    if (!cell_.lblMode.isEmpty()) Badge(cell_part::kMode, cell_.modeColour, cell_.lblMode);
+    CamDot();
+  }
+
+  void Focus() const {
+    if (!look_.focused && !look_.hovered) return;
+    painter_.setRenderHint(QPainter::Antialiasing);
+    QColor ring = look_.palette.color(QPalette::Highlight);
+    if (!look_.focused) ring.setAlpha(110);
+    const double line = std::max(1.5, look_.scale * 1.3);
+    painter_.setPen(QPen(ring, line));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(Whole().adjusted(line / 2, line / 2, -line / 2, -line / 2));
+  }
+
+ private:
+  // One line of text, its font factor times that of the caption, made smaller where it would be cut.
+  void Line(const QString& text, const QRectF& units, double factor, bool bold) const {
+    if (text.isEmpty()) return;
+    const QRectF place = Scaled(units);
+    QFont font = look_.font;
+    font.setBold(bold);
+    double pixels = std::min(look_.fontPixels * factor, place.height());
+    const double least = std::max(6.0, look_.fontPixels * 0.72);
+    font.setPixelSize(static_cast<int>(std::lround(pixels)));
+    while (pixels > least && QFontMetricsF(font).horizontalAdvance(text) > place.width()) {
+      pixels -= 1;
+      font.setPixelSize(static_cast<int>(std::lround(pixels)));
+    }
+    painter_.setFont(font);
+    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width());
+    painter_.drawText(place, static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, shown);
+  }
+
+  // Centred where the cell's design has it, moved aside where it would run into the mode's badge.
+  void FromLine() const {
+    QFont font = look_.font;
+    font.setPixelSize(static_cast<int>(std::lround(look_.fontPixels)));
+    const double half = QFontMetricsF(font).horizontalAdvance(cell_.lblFrom) / 2 / look_.scale;
+    QRectF place = cell_part::kFrom;
+    if (!cell_.lblMode.isEmpty() && place.center().x() + half > cell_part::kMode.left() - 1) {
+      place.setLeft(cell_.imgCam == CamLight::Hidden ? 3 : cell_part::kCam.right());
+      place.setRight(cell_part::kMode.left() - 1);
+    }
+    Line(cell_.lblFrom, place, 1, false);
+  }
+
+  void Badge(const QRectF& units, const QColor& colour, const QString& text) const {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(colour);
+    painter_.drawRoundedRect(Scaled(units), 2 * look_.scale, 2 * look_.scale);
+    painter_.setPen(QColor(20, 20, 20));
+    Line(text, units.adjusted(1, 0, -1, 0), 0.9, true);
+  }
+
+  void Connecting() const {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(kConnectColour);
+    painter_.drawRoundedRect(Scaled(cell_part::kConnect), 3 * look_.scale, 3 * look_.scale);
+    painter_.setPen(QColor(16, 28, 60));
+    Line(look_.connectingText, cell_part::kConnect.adjusted(2, 0, -2, 0), 0.9, false);
+  }
+
+  void Progress() const {
+    painter_.setRenderHint(QPainter::Antialiasing);
+    const QRectF track = Scaled(cell_part::kProgress);
+    const double radius = track.height() / 2;
+    QPainterPath clip;
+    clip.addRoundedRect(track, radius, radius);
+    painter_.save();
+    painter_.setClipPath(clip, Qt::IntersectClip);
+    painter_.fillRect(track, QColor(128, 140, 160, 110));
+    QRectF bar = track;
+    bar.setWidth(track.width() * std::clamp(cell_.progress, 0, 100) / 100.0);
+    painter_.fillRect(bar, QColor(56, 132, 255));
+    painter_.restore();
+  }
+
+  void CamDot() const {
+    if (cell_.imgCam == CamLight::Hidden) return;
+    const QColor colour = cell_.imgCam == CamLight::Green    ? QColor(40, 180, 70)
+                          : cell_.imgCam == CamLight::Yellow ? QColor(245, 200, 40)
+                                                             : QColor(225, 60, 50);
+    painter_.setRenderHint(QPainter::Antialiasing);
+    const QRectF light = Scaled(cell_part::kCam.adjusted(3, 3, -3, -3));
+    painter_.setPen(QPen(QColor(60, 60, 60), std::max(1.0, look_.scale * 0.7)));
+    painter_.setBrush(colour);
+    painter_.drawEllipse(light);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(255, 255, 255, 150));
+    painter_.drawEllipse(QPointF(light.left() + light.width() * 0.36, light.top() + light.height() * 0.34),
+                         light.width() * 0.14, light.height() * 0.14);
+  }
+
+  QPainter& painter_;
+  const Cell& cell_;
+  const CellLook& look_;
+};
+
+}  // namespace
+
+QColor CellBackground(CellColour colour, const QPalette& palette) {
+  switch (colour) {
+    case CellColour::OnAir:
+      return kOnAirColour;
+    case CellColour::Stale:
+      return kStaleColour;
+    case CellColour::Window:
+      break;
+  }
+  return palette.color(QPalette::Window);
+}
+
+void PaintCell(QPainter& painter, const Cell& cell, const CellLook& look, const QPixmap& picture) {
+  const CellBrush brush(painter, cell, look);
+  brush.Background();
+  brush.Picture(picture);
+  brush.Captions();
+  brush.Focus();
+}

@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// picAll: the page of cells. Lays them out in page units, the same at every window size, and moves the focus by arrow
+// keys.
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+#include "core/program.h"
+#include "page/thumb_cell.h"
+#include "page/thumb_grid.h"
+
+class PageView : public QWidget {
+  Q_OBJECT
+
+ public:
+  PageView(Program& program, ThumbGrid& grid, QWidget* parent);
+
+  // Units and fonts of the layout; nominal is the size that the layout's arithmetic gives this view.
+  void Arrange(int menuBarHeight, QSize nominal, double fontPoints);
+  // Texts and names again after another language has been read.
+  void TakeLanguage();
+  ThumbCell* CellAt(int slot) const;
+  // Where the sender's caption of a cell stands on the screen; empty without such a cell.
+  QRect SenderPlace(int slot) const;
+  // Height of the cells' text in pixels as it is painted now.
+  double FontPixels() const { return fontPixels_; }
+
+ Q_SIGNALS:
+  void CellPressed(int slot);
+  void SenderPressed(int slot);
+  // The right button, or the menu key, on a cell; at: a point of the screen.
+  void MenuWanted(int slot, QPoint at, bool byKeyboard);
+  void Hovered(int slot, TipPart part);
+  void HoverLeft();
+  void FocusChanged(int slot, bool in);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void MakeCells();
+  void UpdateCell(int slot);
+  void Place();
+  void MoveFocus(int slot, Qt::Key key);
+
+  Program& program_;
+  ThumbGrid& grid_;
+  QList<ThumbCell*> cells_;
+  QSizeF units_{670, 387};
+  double nominalScale_ = 1;
+  double fontPoints_ = 9;
+  double fontPixels_ = 12;
+};

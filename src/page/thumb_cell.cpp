@@ -1,0 +1,216 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "page/thumb_cell.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+
+#include "page/thumb_layout.h"
+
+using namespace Qt::StringLiterals;
+
+ThumbCell::ThumbCell(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
+  setFocusPolicy(Qt::StrongFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setMouseTracking(true);
+  setObjectName(u"cell%1"_s.arg(slot));
+  frameTimer_.setSingleShot(true);
+  connect(&frameTimer_, &QTimer::timeout, this, &ThumbCell::NextFrame);
+}
+
+void ThumbCell::SetCell(const Cell& cell) {
+  const bool samePicture =
+      cell.frames.size() == cell_.frames.size() && cell.img == cell_.img &&
+      (cell.frames.isEmpty() || cell.frames.first().image.cacheKey() == cell_.frames.first().image.cacheKey());
+  cell_ = cell;
+  if (!samePicture) {
+    frame_ = 0;
+    stale_ = true;
+    frameTimer_.stop();
+    if (cell_.frames.size() > 1) frameTimer_.start(cell_.frames.first().delay);
+  }
+  Describe();
+  update();
+}
+
+void ThumbCell::SetLook(const CellLook& look) {
+  look_ = look;
+  stale_ = true;
+  update();
+}
+
+void ThumbCell::SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName) {
+  modeText_ = modeText;
+  sentTime_ = sentTime;
+  emptyName_ = emptyName;
+  Describe();
+}
+
+void ThumbCell::SetTipText(const QString& text) {
+  tipText_ = text;
+  Describe();
+}
+
+void ThumbCell::Describe() {
+  const QString name =
+      cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.siteCall;
+  QStringList details;
+  if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;
+  if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
+  details << sentTime_ << cell_.onAirTip << tipText_;
+  details.removeAll(QString());
+  const QString description = details.join(u", "_s).simplified();
+  if (accessibleName() != name) setAccessibleName(name);
+  if (accessibleDescription() != description) setAccessibleDescription(description);
+}
+
+void ThumbCell::NextFrame() {
+  if (cell_.frames.size() < 2) return;
+  frame_ = (frame_ + 1) % cell_.frames.size();
+  stale_ = true;
+  frameTimer_.start(cell_.frames.at(frame_).delay);
+  update();
+}
+
+void ThumbCell::MakePixmap() {
+  stale_ = false;
+  pixmap_ = QPixmap();
+  if (cell_.frames.isEmpty() || cell_.errorBox) return;
+  const QImage& image = cell_.frames.at(std::min(frame_, cell_.frames.size() - 1)).image;
+  const double ratio = devicePixelRatioF();
+  const QSize target(static_cast<int>(std::lround(cell_.img.width() * look_.scale * ratio)),
+                     static_cast<int>(std::lround(cell_.img.height() * look_.scale * ratio)));
+  if (target.isEmpty()) return;
+  // Scaled once here, not at every repaint.
+  pixmap_ = QPixmap::fromImage(
+      image.size() == target ? image : image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+}
+
+void ThumbCell::paintEvent(QPaintEvent* event) {
+  Q_UNUSED(event)
+  if (stale_) MakePixmap();
+  QPainter painter(this);
+  painter.fillRect(rect(), palette().color(QPalette::Window));
+  CellLook look = look_;
+  look.palette = palette();
+  look.focused = hasFocus();
+  look.hovered = underMouse();
+  PaintCell(painter, cell_, look, pixmap_);
+}
+
+void ThumbCell::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) return;
+  if (PartAt(event->position()) == TipPart::From && cell_.fromVisible && !cell_.lblFrom.isEmpty()) {
+    Q_EMIT SenderPressed(slot_);
+  } else {
+    Q_EMIT Pressed(slot_);
+  }
+}
+
+QRect ThumbCell::SenderPlace() const {
+  const QRectF& units = cell_part::kFrom;
+  return QRectF(units.topLeft() * look_.scale, units.size() * look_.scale).toAlignedRect();
+}
+
+void ThumbCell::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+      Q_EMIT Pressed(slot_);
+      return;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      Q_EMIT Moved(slot_, static_cast<Qt::Key>(key));
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+void ThumbCell::contextMenuEvent(QContextMenuEvent* event) {
+  const bool byKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+  Q_EMIT MenuWanted(slot_, byKeyboard ? mapToGlobal(rect().center()) : event->globalPos(), byKeyboard);
+}
+
+void ThumbCell::enterEvent(QEnterEvent* event) {
+  QWidget::enterEvent(event);
+  update();
+}
+
+void ThumbCell::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  if (std::exchange(hovered_, std::nullopt)) Q_EMIT HoverLeft();
+  update();
+}
+
+std::optional<TipPart> ThumbCell::PartAt(const QPointF& place) const {
+  const QPointF units = place / look_.scale;
+  if (cell_.img.contains(units)) return TipPart::Picture;
+  if (cell_part::kFrom.contains(units)) return TipPart::From;
+  if (cell_part::kCall.contains(units)) return TipPart::Call;
+  return std::nullopt;
+}
+
+void ThumbCell::mouseMoveEvent(QMouseEvent* event) {
+  const std::optional<TipPart> part = PartAt(event->position());
+  if (part == hovered_) return;
+  hovered_ = part;
+  if (part) {
+    Q_EMIT Hovered(slot_, *part);
+  } else {
+    Q_EMIT HoverLeft();
+  }
+}
+
+void ThumbCell::focusInEvent(QFocusEvent* event) {
+  QWidget::focusInEvent(event);
+  if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::MouseFocusReason) {
+    Q_EMIT FocusChanged(slot_, true);
+  }
+}
+
+void ThumbCell::focusOutEvent(QFocusEvent* event) {
+  QWidget::focusOutEvent(event);
+  Q_EMIT FocusChanged(slot_, false);
+}
+
+void ThumbCell::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  stale_ = true;
+}
+
+void ThumbCell::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  stale_ = true;
+  update();
+}
+
+AccessibleCell::AccessibleCell(ThumbCell* cell) : QAccessibleWidget(cell, QAccessible::Button) {}
+
+QStringList AccessibleCell::actionNames() const {
+  return QStringList{pressAction()} + QAccessibleWidget::actionNames();
+}
+
+void AccessibleCell::doAction(const QString& actionName) {
+  auto* cell = qobject_cast<ThumbCell*>(object());
+  if (cell != nullptr && actionName == pressAction()) {
+    Q_EMIT cell->Pressed(cell->Slot());
+    return;
+  }
+  QAccessibleWidget::doAction(actionName);
+}
+
+void AccessibleCell::Install() {
+  QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
+    Q_UNUSED(className)
+    auto* cell = qobject_cast<ThumbCell*>(object);
+    return cell != nullptr ? new AccessibleCell(cell) : nullptr;
+  });
+}

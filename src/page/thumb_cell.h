@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The widget of one cell: paints a Cell, plays its animation, and passes presses on. The page's view makes one for each
+// slot of the layout.
+#pragma once
+
+#include <QAccessibleWidget>
+#include <QPixmap>
+#include <QTimer>
+#include <QWidget>
+
+#include "page/cell_painter.h"
+#include "page/hover_tip.h"
+
+class ThumbCell : public QWidget {
+  Q_OBJECT
+
+ public:
+  ThumbCell(int slot, QWidget* parent);
+
+  void SetCell(const Cell& cell);
+  // Scale, font and texts; geometry is set by the view.
+  void SetLook(const CellLook& look);
+  int Slot() const { return slot_; }
+  const Cell& Shown() const { return cell_; }
+  // What the tip of the picture says, as part of the description; empty: none.
+  void SetTipText(const QString& text);
+  // The caption that names the sender, in pixels of the cell.
+  QRect SenderPlace() const;
+  // What a screen reader says of the cell beyond its name: sender, mode, signal and time as shown.
+  void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
+
+ Q_SIGNALS:
+  // A press by mouse (left button), by Return or Space, or by a screen reader.
+  void Pressed(int slot);
+  // A press on the caption that names the sender.
+  void SenderPressed(int slot);
+  void MenuWanted(int slot, QPoint at, bool byKeyboard);
+  // The pointer has come to a part that has a tip, or left the last one.
+  void Hovered(int slot, TipPart part);
+  void HoverLeft();
+  void FocusChanged(int slot, bool in);
+  // An arrow key asks for a neighbour.
+  void Moved(int slot, Qt::Key key);
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+  void enterEvent(QEnterEvent* event) override;
+  void leaveEvent(QEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void NextFrame();
+  void MakePixmap();
+  void Describe();
+  std::optional<TipPart> PartAt(const QPointF& place) const;
+
+  int slot_;
+  Cell cell_;
+  CellLook look_;
+  QString modeText_;
+  QString sentTime_;
+  QString emptyName_;
+  QString tipText_;
+  std::optional<TipPart> hovered_;
+  qsizetype frame_ = 0;
+  QPixmap pixmap_;     // the frame at the size that it is painted with
+  bool stale_ = true;  // pixmap_ has to be made again
+  QTimer frameTimer_;
+};
+
+// A cell is a button with a press action, whatever assistive technology asks.
+class AccessibleCell : public QAccessibleWidget {
+ public:
+  explicit AccessibleCell(ThumbCell* cell);
+  QStringList actionNames() const override;
+  void doAction(const QString& actionName) override;
+  // Makes these for ThumbCells; to be called once before the first window.
+  static void Install();
+};

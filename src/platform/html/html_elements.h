@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A browser's own style of each HTML element, before any style sheet of the page. Called by html_style.
+#pragma once
+
+#include <gumbo.h>
+
+#include "platform/html/html_style.h"
+
+// Display, replacement, white space and floating of an element by its name and attributes. What is inherited comes in
+// with the style that is handed over.
+void ApplyOwnRules(const GumboNode* element, bool isQuirky, ElementStyle* style);
+
+// Details that are not open show their summary alone.
+bool IsClosed(const GumboNode* element);

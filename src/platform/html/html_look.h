@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the styles of a page can change of its text, found without a tree: most of what pages carry for their look is of
+// no account. Called by html_source.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "platform/html/html_tags.h"
+
+class PageLook {
+ public:
+  // The source stays the caller's.
+  explicit PageLook(std::string_view page);
+
+  // True if no style of the page and no hidden element can change its text.
+  bool IsPlain() const { return isPlain_; }
+  // True if the page has style sheets that can change its text.
+  bool HasSheets() const { return hasSheets_; }
+  // True if a sheet may keep white space.
+  bool KeepsBlanks() const { return keepsBlanks_; }
+  // True if an attribute of an element can change the text.
+  bool Matters(const TagScanner::Attribute& attribute, GumboTag tag) const;
+
+ private:
+  void ReadStyles(std::string_view page);
+  void ReadSheet(std::string_view sheet);
+  bool IsNamed(std::string_view name) const;
+  bool IsNamedInSheets(std::string_view value) const;
+
+  bool isPlain_ = true;
+  bool hasSheets_ = false;
+  bool keepsBlanks_ = false;
+  // Classes and ids of the sheets, and other words behind a point or a number sign; sorted.
+  std::vector<std::string_view> names_;
+};
+
+// In any case.
+bool IsName(QByteArrayView name, QByteArrayView known);
+
+// True if a style attribute names a white-space rule.
+bool KeepsBlanks(std::string_view style);

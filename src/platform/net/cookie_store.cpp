@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/net/cookie_store.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QFile::Permissions kUserAlone = QFile::ReadOwner | QFile::WriteOwner;
+
+}  // namespace
+
+CookieStore::CookieStore(const QString& appDataDir, QObject* parent)
+    : QObject(parent), path_(appDataDir + u"/cookies"_s) {
+  Read();
+}
+
+void CookieStore::Read() {
+  QFile file(path_);
+  if (!file.open(QIODevice::ReadOnly)) {
+    unreadable_ = QFileInfo::exists(path_);
+    return;
+  }
+  // A copy out of a backup may have come back with wider rights.
+  if (file.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther))
+    file.setPermissions(kUserAlone);
+  // Not more than a full file of our own has, whatever lies there.
+  constexpr qint64 kMostRead = CookieList::kMostCookies * (CookieList::kMostBytes + 1);
+  const QByteArray bytes = file.read(kMostRead);
+  if (file.error() != QFileDevice::NoError) {
+    unreadable_ = true;
+    return;
+  }
+  const QByteArrayList lines = bytes.split('\n');
+  for (const QByteArray& line : lines) {
+    const QList<QNetworkCookie> cookies = QNetworkCookie::parseCookies(line.trimmed());
+    if (cookies.size() == 1) list_.Add(cookies.first(), QString());
+  }
+}
+
+// One cookie a line, in the form of a Set-Cookie header.
+bool CookieStore::Write() const {
+  QDir().mkpath(QFileInfo(path_).path());
+  QByteArray bytes;
+  const QList<QNetworkCookie> cookies = All();
+  for (const QNetworkCookie& cookie : cookies) bytes += cookie.toRawForm() + '\n';
+  QSaveFile file(path_);
+  // Before the first byte stands in it, and whatever an older file was open to.
+  return file.open(QIODevice::WriteOnly) && file.setPermissions(kUserAlone) && file.write(bytes) == bytes.size() &&
+         file.flush() && file.commit();
+}
+
+QList<QNetworkCookie> CookieStore::All() const {
+  return list_.All();
+}
+
+QList<QNetworkCookie> CookieStore::CookiesFor(const QUrl& url) const {
+  return list_.For(url);
+}
+
+void CookieStore::Add(const QNetworkCookie& cookie, const QString& host) {
+  Finish(list_.Add(cookie, host));
+}
+
+void CookieStore::Remove(const QNetworkCookie& cookie) {
+  Finish(list_.Remove(cookie));
+}
+
+void CookieStore::RemoveOf(const QUrl& url) {
+  Finish(list_.RemoveOf(url.host()));
+}
+
+void CookieStore::Apply(const QList<CookieChange>& changes) {
+  bool changed = false;
+  for (const CookieChange& change : changes) {
+    const bool did = change.removed ? list_.Remove(change.cookie) : list_.Add(change.cookie, QString());
+    changed = changed || did;
+  }
+  Finish(changed);
+}
+
+void CookieStore::Renew(const QUrl& url, const QList<QNetworkCookie>& told) {
+  Finish(list_.Renew(url, told));
+}
+
+// A disk without room costs the next start its sign-in, not this one: the list goes on, and the next change writes all.
+void CookieStore::Finish(bool changed) {
+  if (!changed) return;
+  if (!unreadable_) Write();
+  Q_EMIT Changed();
+}

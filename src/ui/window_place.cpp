@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/window_place.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStyle>
+#include <algorithm>
+
+namespace {
+constexpr int kGap = 4;
+constexpr int kSides = 8;  // of a frame, left and right together
+}  // namespace
+
+QRect MonitorAt(const QPoint& at) {
+  const QScreen* monitor = QGuiApplication::screenAt(at);
+  if (monitor == nullptr) monitor = QGuiApplication::primaryScreen();
+  return monitor->availableGeometry();
+}
+
+QSize FrameOf(const QWidget* window) {
+  const QSize told = window->frameSize() - window->size();
+  if (!told.isEmpty()) return told;
+  return {kSides, window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window) + kSides};
+}
+
+QRect KeptOnMonitor(const QRect& place, const QPoint& at) {
+  const QRect monitor = MonitorAt(at);
+  QRect kept = place;
+  kept.moveRight(std::min(kept.right(), monitor.right()));
+  kept.moveBottom(std::min(kept.bottom(), monitor.bottom()));
+  kept.moveLeft(std::max(kept.left(), monitor.left()));
+  kept.moveTop(std::max(kept.top(), monitor.top()));
+  return kept;
+}
+
+QPoint PlaceBeside(const QSize& frame, const QRect& clicked) {
+  QRect place(clicked.bottomLeft() + QPoint(0, kGap), frame);
+  if (place.bottom() > MonitorAt(clicked.center()).bottom()) place.moveBottom(clicked.top() - kGap);
+  return KeptOnMonitor(place, clicked.center()).topLeft();
+}

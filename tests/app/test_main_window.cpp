@@ -1,0 +1,212 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window from its load to its closing sequence, on real files and a real band.
+#include <QAccessible>
+#include <QDirIterator>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "test_suite.h"
+#include "window_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QStringList FilesBelow(const QString& folder) {
+  QStringList names;
+  QDirIterator walk(folder, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
+                    QDirIterator::Subdirectories);
+  while (walk.hasNext()) names.append(walk.next());
+  names.sort();
+  return names;
+}
+
+}  // namespace
+
+class TestMainWindow : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { AccessibleCell::Install(); }
+
+  void StopsWithAMessage_data() {
+    QTest::addColumn<QByteArray>("missing");
+    QTest::addColumn<bool>("anotherRuns");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("configuration") << QByteArray("Omni-Perch.cfg") << false << u"Omni-Perch.cfg not found!"_s;
+    QTest::newRow("WX sites") << QByteArray("WXsites.lst") << false << u"WXsites.lst not found!"_s;
+    QTest::newRow("second instance") << QByteArray() << true << u"Omni-Perch is already running!"_s;
+  }
+
+  void StopsWithAMessage() {
+    QFETCH(QByteArray, missing);
+    QFETCH(bool, anotherRuns);
+    QFETCH(QString, message);
+    WindowFixture f;
+    if (!missing.isEmpty()) QFile::remove(f.folder.filePath(QString::fromLatin1(missing)));
+    const QStringList before = FilesBelow(f.folder.path());
+    QVERIFY(!f.Start(anotherRuns));
+    QCOMPARE(f.dialogs.told, QStringList{message});
+    QCOMPARE(f.dialogs.exclamation, anotherRuns);
+    QVERIFY(!f.form->isVisible());
+    f.form.reset();
+    if (anotherRuns) QCOMPARE(FilesBelow(f.folder.path()), before);
+  }
+
+  void RunsAndWritesEverythingBack() {
+    WindowFixture f;
+    Station& one = f.AddSite(u"ZZ2BB"_s, 2);
+    f.AddSite(u"ZZ1AA"_s, 1);
+    f.Write("info.txt", "left over");
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    QTRY_COMPARE(f.form->windowTitle(), u"Omni-Perch  -  2 sites"_s);
+    QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(1).frames.isEmpty());
+    QCOMPARE(f.band.FindHost(u"Time"_s)->Requests(u"cgi-bin/timer.pl"_s), 1);
+    QCOMPARE(f.program.page.txtActive, u"START"_s);
+    QCOMPARE(f.form->findChild<QToolButton*>(u"lblPages"_s)->text(), u"  Page 1 "_s);
+    QCOMPARE(f.form->findChild<QToolButton*>(u"lblRefresh"_s)->text(), u"Refresh (auto 2 min) "_s);
+
+    QLocalServer companion;
+    QVERIFY(companion.listen(f.folder.filePath(u"tv-echo-form1"_s)));
+    QByteArray heard;
+    connect(&companion, &QLocalServer::newConnection, this, [&companion, &heard]() {
+      QLocalSocket* socket = companion.nextPendingConnection();
+      connect(socket, &QLocalSocket::readyRead, socket, [socket, &heard]() { heard += socket->readAll(); });
+      heard += socket->readAll();
+    });
+    f.Close();
+    QTRY_COMPARE(heard, QByteArray("Closed\n"));
+    QVERIFY(f.dialogs.told.isEmpty());
+    const QList<QByteArray> heights = f.Read("images/dsstv/ckNewHeight.txt").split('\n');
+    QCOMPARE(heights.size(), 721);
+    QCOMPARE(heights.at(1).trimmed(), "1-1-" + QByteArray::number(one.Marker().height()));
+    QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*0101*****0201*52.5*-1.25*"));
+    QVERIFY(f.Read("Omni-Perch.cfg").startsWith("1\r\n1\r\n1\r\n2\r\n7\r\nEnglish\r\n52.5\r\n-1.25\r\n"));
+    QCOMPARE(f.Read("Omni-Perch.cfg").count('\n'), 20);
+    QVERIFY(f.Read("settings.ini").contains("Geometry\\showCmd=1"));
+    QVERIFY(!QFile::exists(f.folder.filePath(u"info.txt"_s)));
+    QVERIFY(QDir(f.folder.path()).exists(u"images/last15"_s));
+
+    // The next start stands from the disk and fetches nothing.
+    QVERIFY(f.Start());
+    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(1).frames.isEmpty());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy() && one.Requests(u"checknew.jpg"_s) == 2);
+    QCOMPARE(one.Requests(u"image1"_s), 1);
+    f.Close();
+  }
+
+  void GoesOnWithoutAConnection() {
+    WindowFixture f;
+    Station& site = f.AddSite(u"ZZ1AA"_s, 1);
+    f.band.FindHost(u"Connectivity"_s)->Misbehave({}, Behaviour::Reset);
+    f.dialogs.retries = {true, true, false};
+    QVERIFY(f.Start());
+    QTRY_COMPARE(f.dialogs.asked, 3);
+    QTRY_COMPARE(f.form->windowTitle(), u"Omni-Perch  Internet connection failed!"_s);
+    f.form->ReloadPage();
+    QTRY_COMPARE(f.band.FindHost(u"Time"_s)->Requests(u"cgi-bin/timer.pl"_s), 1);
+    QVERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QCOMPARE(site.TotalRequests(), 0);
+    QVERIFY(!f.form->Logic().poll.Timer4.isActive());
+    f.Close();
+    QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*"));
+  }
+
+  void WorksByKeyboardAndForReaders() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().grid.Cells().at(0).frames.isEmpty());
+    auto* view = f.form->findChild<PageView*>(u"picAll"_s);
+    ThumbCell* first = view->CellAt(0);
+    QSignalSpy pressed(view, &PageView::CellPressed);
+    QAccessibleInterface* read = QAccessible::queryAccessibleInterface(first);
+    QCOMPARE(read->role(), QAccessible::Button);
+    QCOMPARE(read->text(QAccessible::Name), u"ZZ1AA"_s);
+    const QString about = read->text(QAccessible::Description);
+    for (const QString& part : {u"From AB1CD"_s, u"EP snr -3"_s, u"3/15/2026 10:30 UTC"_s}) {
+      QVERIFY2(about.contains(part), qPrintable(about));
+    }
+    read->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QTest::keyClick(first, Qt::Key_Return);
+    QCOMPARE(pressed.count(), 2);
+    first->setFocus();
+    QTest::keyClick(first, Qt::Key_End);
+    QCOMPARE(view->focusWidget(), view->CellAt(4));
+    for (const QWidget* part : f.form->findChildren<QWidget*>()) {
+      if (part->focusPolicy() == Qt::NoFocus || part->isHidden()) continue;
+      const QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(part));
+      QVERIFY2(!spoken->text(QAccessible::Name).isEmpty(), qPrintable(part->objectName()));
+    }
+    QTest::keyClick(f.form.get(), Qt::Key_PageDown);
+    QCOMPARE(f.program.page.CurrentPage, 2);
+    QTest::keyClick(f.form.get(), Qt::Key_PageUp);
+    QTest::keyClick(f.form.get(), Qt::Key_PageUp);
+    QCOMPARE(f.program.page.CurrentPage, PageState::WxPage);
+    QTRY_COMPARE(f.form->Logic().grid.Cells().at(0).lblCall, u"Radar"_s);
+    f.Close();
+  }
+
+  void ChangesLayoutsAndSizes() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    const QSize one = f.form->size();
+    f.form->MnuThumbsClick(5);
+    auto* view = f.form->findChild<PageView*>(u"picAll"_s);
+    QVERIFY(view->CellAt(35) != nullptr && view->CellAt(36) == nullptr);
+    QVERIFY(f.form->height() > one.height());
+    QCOMPARE(f.program.sites.GetSiteSlot(0, 2), 1);
+    for (int layout = 1; layout <= 6; ++layout) {
+      for (int mode = 0; mode <= 3; ++mode) {
+        f.form->MnuThumbsClick(layout - 1);
+        f.form->MnuGuiClick(mode);
+        QVERIFY(QGuiApplication::primaryScreen()->availableSize().width() >= f.form->width());
+        const int last = f.program.page.ThumbCount - 1;
+        QVERIFY2(view->rect().contains(view->CellAt(last)->geometry()), "every cell lies in the window");
+      }
+    }
+    f.form->MnuThumbsClick(0);
+    QVERIFY(view->CellAt(5) == nullptr);
+    f.Close();
+    QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*0101*****0201*"));
+  }
+
+  void StartsOnBrokenFiles_data() {
+    QTest::addColumn<QByteArray>("config");
+    QTest::addColumn<QByteArray>("list");
+    QTest::addColumn<QByteArray>("kept");
+    QTest::newRow("empty") << QByteArray() << QByteArray() << QByteArray();
+    QTest::newRow("a layout that is none")
+        << QByteArray("9\r\n99\r\n") << QByteArray("ZZ1AA*0101\r\nhttp://x/image1\r\n") << QByteArray("ZZ1AA*0101");
+    QTest::newRow("NULs") << QByteArray(300, '\0') << QByteArray("\0\0*\0\r\nhttp://127.0.0.1/keep\r\n", 28)
+                          << QByteArray("http://127.0.0.1/keep");
+    QTest::newRow("garbage") << QByteArray("\xff\xfe*\x81***\r\r\r\n")
+                             << QByteArray("*::*99*\x90\x81\r\nhttp://127.0.0.1/keep") << QByteArray("*::*99*\x90\x81");
+    QTest::newRow("UTF-8") << QByteArray("1\n1\n")
+                           << QByteArray("\xEF\xBB\xBFZZ\xC3\x98\x41\x41*0101\nhttp://127.0.0.1/\xD0\x96\n")
+                           << QByteArray("http://127.0.0.1/\xD0\x96");
+  }
+
+  void StartsOnBrokenFiles() {
+    QFETCH(QByteArray, config);
+    QFETCH(QByteArray, list);
+    QFETCH(QByteArray, kept);
+    WindowFixture f;
+    f.Write("Omni-Perch.cfg", config);
+    f.Write("Omni-Perch.lst", list);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    f.Close();
+    QVERIFY2(f.Read("Omni-Perch.lst").contains(kept), f.Read("Omni-Perch.lst").constData());
+  }
+};
+
+OMNI_TEST(TestMainWindow)
+#include "test_main_window.moc"

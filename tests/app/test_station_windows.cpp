@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The ways from the main window to the lookup and to the map of a station, on the simulated callbook services.
+#include <QClipboard>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QTest>
+
+#include "callbook/lookup_window.h"
+#include "maps/map_location_window.h"
+#include "operators.h"
+#include "test_suite.h"
+#include "window_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A page of four senders: one whom the service knows, one whom it does not know, one whose call is refused, and a site
+// that has sent no picture.
+struct StationsFixture : WindowFixture {
+  StationsFixture() {
+    hosts.QRZCQ = band.HostUrl(u"QRZCQ"_s);
+    hosts.Pictures = band.HostUrl(u"Pictures"_s);
+    QDir(folder.path()).mkpath(u"Maps"_s);
+    for (const char* name : {"Australia Map.jpg", "UK Map.jpg", "World Map.jpg"}) {
+      QFile::copy(QStringLiteral(MAPS_DIR "/") + QLatin1StringView(name),
+                  folder.filePath(u"Maps/"_s + QLatin1StringView(name)));
+    }
+    Sender(u"ZZ1AA"_s, 1, "VK2QFW");
+    Sender(u"ZZ2AA"_s, 2, "ZZ9SUN");
+    Sender(u"ZZ3AA"_s, 3, "N0CALL");
+    QVERIFY(Start());
+    program.config.CallbookIndex = 3;
+    program.config.CallbookName = u"QRZCQ"_s;
+    QTRY_VERIFY(form->isVisible() && !form->Logic().poll.Busy());
+    QTRY_COMPARE(program.page.Field(1, Caller), u"ZZ9SUN"_s);
+    QTRY_COMPARE(program.page.Field(0, Caller), u"VK2QFW"_s);
+  }
+
+  void Sender(const QString& site, int slot, const QByteArray& caller) {
+    AddSite(site, slot).SetPicture(PlainPicture(caller + " * EP snr -3 *03:15:2026 10:30"));
+  }
+
+  QLineEdit& CallField() const { return *form->findChild<QLineEdit*>(u"txtCall"_s); }
+  // nullptr until it has opened for the first time.
+  template <typename Window>
+  Window* Find() const {
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+      if (auto* window = qobject_cast<Window*>(top)) return window;
+    }
+    return nullptr;
+  }
+  bool IsOpen() const { return Find<Form12>() != nullptr && Find<Form12>()->isVisible(); }
+  QString Shown(const QString& label) const { return Find<Form12>()->findChild<QLabel*>(label)->text(); }
+  void CloseLookup() const { Find<Form12>()->close(); }
+  // The caption that names the sender, below the picture.
+  void ClickCaption(int slot) const {
+    ThumbCell* cell = form->findChild<PageView*>()->CellAt(slot);
+    QTest::mouseClick(cell, Qt::LeftButton, {}, cell->SenderPlace().center());
+  }
+  void ChooseInSubMenu(int subMenu, int index) const {
+    Q_EMIT form->findChild<frmMenu*>(u"frmMenu"_s)->SubChosen(subMenu, index, SubText(subMenu, index));
+  }
+  QString SubText(int subMenu, int index) const {
+    MenuTables tables(program);
+    tables.BuildMenuTables(program.language);
+    return tables.SubMenu(subMenu).at(index).text;
+  }
+};
+
+struct RaiseCounter : QObject {
+  int count = 0;
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::ZOrderChange) ++count;
+    return false;
+  }
+};
+
+}  // namespace
+
+class TestStationWindows : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void LooksUpTheSenderOfACaption() {
+    StationsFixture f;
+    f.ClickCaption(2);
+    QVERIFY2(!f.IsOpen(), "a call that is refused is not looked up");
+    const Operator& person = *FindOperator(u"VK2QFW"_s);
+    f.ClickCaption(0);
+    QVERIFY(f.IsOpen());
+    QTRY_COMPARE(f.Shown(u"lblName"_s), person.name.toString());
+    QCOMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
+    QVERIFY(f.Shown(u"lblDxAz"_s).contains(u"km"_s));
+    QTRY_VERIFY(QFileInfo::exists(f.folder.filePath(u"images/qrzImages/VK2QFW.jpg"_s)));
+    // Now the database knows.
+    f.CloseLookup();
+    f.ClickCaption(0);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (from the local database)"_s);
+    f.ClickCaption(1);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
+    f.Close();
+  }
+
+  void LooksUpWhatIsTyped() {
+    StationsFixture f;
+    QPushButton& cmdGo = *f.form->findChild<QPushButton*>(u"cmdGo"_s);
+    f.CallField().setText(u"hello"_s);
+    QTest::mouseClick(&cmdGo, Qt::LeftButton);
+    QVERIFY2(!f.IsOpen(), "a word without a digit is no call");
+    f.CallField().setText(u"vk2qfw/p"_s);
+    QTest::mouseClick(&cmdGo, Qt::LeftButton);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
+    f.CloseLookup();
+    f.CallField().setText(u"ZZ9SUN"_s);
+    QTest::keyClick(&f.CallField(), Qt::Key_Return);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
+    f.Close();
+  }
+
+  void LooksUpTheClipboard() {
+    StationsFixture f;
+    f.CallField().setText(u"left over"_s);
+    QGuiApplication::clipboard()->setText(u"no call here"_s);
+    QTest::keyClick(&f.CallField(), Qt::Key_F8);
+    QCOMPARE(f.CallField().text(), QString());
+    QVERIFY(!f.IsOpen());
+    QGuiApplication::clipboard()->setText(u" de k1qpe de zz9 "_s);
+    QTest::keyClick(&f.CallField(), Qt::Key_F8);
+    QCOMPARE(f.CallField().text(), u"K1QPE"_s);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"K1QPE  (From QRZCQ)"_s);
+    QCOMPARE(QCursor::pos(), f.Find<Form12>()->frameGeometry().center());
+    f.Close();
+  }
+
+  void LooksUpFromTheMenu() {
+    StationsFixture f;
+    f.CallField().setText(u"left over"_s);
+    f.program.page.SelectedSlot = 0;
+    QCOMPARE(f.SubText(sub_menu_number::kLookups, 1), u"VK2QFW sender"_s);
+    f.ChooseInSubMenu(sub_menu_number::kLookups, 1);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
+    QCOMPARE(f.CallField().text(), QString());
+    QCOMPARE(f.program.LookupCall, u"VK2QFW"_s);
+    f.Close();
+  }
+
+  void ShowsStationsOnMaps() {
+    StationsFixture f;
+    f.program.page.SelectedSlot = 0;
+    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
+    QVERIFY2(f.Find<frmMapLoc>() == nullptr, "nobody knows yet where the sender is");
+    f.ClickCaption(0);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
+    f.CloseLookup();
+    const auto showsMap = [&f](const QString& title) {
+      return f.Find<frmMapLoc>() != nullptr && f.Find<frmMapLoc>()->isVisible() &&
+             f.Find<frmMapLoc>()->windowTitle() == title;
+    };
+    // The record is written beside the event loop.
+    QTRY_VERIFY((f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1), f.Find<frmMapLoc>() != nullptr));
+    QTRY_VERIFY(showsMap(u"Australia Map"_s));
+    // A site's place stands in the list of sites.
+    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 0);
+    QTRY_VERIFY(showsMap(u"UK Map"_s));
+    // Its call opens the lookup again.
+    Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"K1QPE"_s, QRect(300, 300, 50, 20));
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"K1QPE  (From QRZCQ)"_s);
+    // Which asks for a map with one coordinate too: on the meridian the other is 0.
+    CallDatabase database(f.folder.path());
+    QCOMPARE(database.FindRecord(u"ZZ9MER"_s), 0);
+    database.DbCurrent.Call = u"ZZ9MER"_s;
+    database.DbCurrent.Name = u"Robin"_s;
+    database.DbCurrent.Lat = u"51.5"_s;
+    database.DbCurrent.Lon = u"0"_s;
+    QVERIFY(database.AddRecord() && database.SortDatabase());
+    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
+    QTRY_VERIFY(showsMap(u"Australia Map"_s));
+    Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"ZZ9MER"_s, QRect(300, 300, 50, 20));
+    f.Find<Form12>()->MnuMapsClick(0);
+    QTRY_VERIFY(showsMap(u"UK Map"_s));
+
+    RaiseCounter raises;
+    f.Find<frmMapLoc>()->installEventFilter(&raises);
+    f.CloseLookup();
+    QVERIFY2(raises.count > 0, "an open map comes up again when the lookup goes");
+    f.Close();
+  }
+};
+
+OMNI_TEST(TestStationWindows)
+#include "test_station_windows.moc"

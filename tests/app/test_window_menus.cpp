@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The main window's menus and tips as a user meets them: by mouse and by keyboard, in any language.
+#include <QTest>
+
+#include "open_menu.h"
+#include "test_suite.h"
+#include "window_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+class TestWindowMenus : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void OpensTheCellsMenu() {
+    WindowFixture f;
+    Station& site = f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QTRY_COMPARE(site.Requests(u"image1"_s), 1);
+    ThumbCell* cell = f.form->findChild<PageView*>()->CellAt(0);
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
+    QApplication::sendEvent(cell, &byKey);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QCOMPARE(f.program.page.SelectedSlot, 0);
+    QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QTRY_COMPARE(site.Requests(u"image1"_s), 2);
+    QVERIFY(OpenMenu() == nullptr);
+
+    // A cell without a site offers nothing but the page.
+    QContextMenuEvent onEmpty(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(60, 60));
+    QApplication::sendEvent(f.form->findChild<PageView*>()->CellAt(3), &onEmpty);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QVERIFY(!EntryThat(OpenMenu(), u"Remove this site"_s)->isEnabled());
+    QTest::keyClick(OpenMenu(), Qt::Key_Escape);
+    QTRY_VERIFY(OpenMenu() == nullptr);
+    f.Close();
+  }
+
+  void FindsAndTurnsPages() {
+    WindowFixture f;
+    f.AddSite(u"ZZ2BB"_s, 2);
+    f.AddSite(u"ZZ1AA"_s, 4);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    auto* find = f.form->findChild<BarLabel*>(u"lblFind"_s);
+    QTest::keyClick(find, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QVERIFY(OpenMenu()->actions().at(0)->text().startsWith(u"ZZ1AA"_s));
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QTRY_VERIFY(f.form->Logic().grid.Cells().at(3).flash);
+    QTest::mouseClick(f.form->findChild<BarLabel*>(u"lblPages"_s), Qt::LeftButton);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QCOMPARE(OpenMenu()->actions().size(), 21);
+    QVERIFY(EntryThat(OpenMenu(), u"Page 7"_s)->text().contains(u"(empty)"_s));
+    EntryThat(OpenMenu(), u"Weather"_s)->trigger();
+    OpenMenu()->close();
+    QTRY_COMPARE(f.program.page.CurrentPage, PageState::WxPage);
+    f.Close();
+  }
+
+  void SpeaksEveryLanguage() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    f.program.PageLabels[2] = u"My own page"_s;
+    QCOMPARE(f.program.lstLanguages.size(), 8);
+    QCOMPARE(f.program.lstLanguages.last(), u"English"_s);
+    QSet<QString> refresh;
+    for (int language = 0; language < 8; ++language) {
+      f.form->MnuLanguageClick(language);
+      QCOMPARE(f.program.config.LanguageName, f.program.lstLanguages.at(language));
+      const QString caption = f.form->findChild<BarLabel*>(u"lblRefresh"_s)->text();
+      QVERIFY2(caption.contains(u"(auto 2 min)"_s), qPrintable(caption));
+      refresh.insert(caption);
+      QVERIFY(f.form->findChild<BarLabel*>(u"lblPages"_s)->text().contains(f.program.language[TextLine::kPageWord]));
+      QCOMPARE(f.program.PageLabels.at(2), u"My own page"_s);
+      QCOMPARE(f.program.PageLabels.at(21), f.program.language[TextLine::kWxPageName]);
+    }
+    QVERIFY2(refresh.size() >= 7, "the languages are different ones");
+    f.Close();
+    QVERIFY(f.Read("Omni-Perch.cfg").contains("\r\nEnglish\r\n"));
+  }
+
+  void WarnsOfAWrongVersion() {
+    WindowFixture f;
+    QByteArray english = f.Read("Languages/Omni-Perch_English.Language");
+    f.Write("Languages/Omni-Perch_English.Language", english.replace("Omni-Perch  6.50", "Omni-Perch  6.49"));
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    QCOMPARE(f.dialogs.told, QStringList{u"Wrong language file version."_s});
+    QCOMPARE(f.form->findChild<BarLabel*>(u"lblSetup"_s)->text(), u"Setup"_s);
+    QVERIFY(f.form->findChild<BarLabel*>(u"lblFind"_s)->text().contains(u"Find"_s));
+    f.Close();
+  }
+
+  void TipsByKeyboard() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().grid.Cells().at(0).frames.isEmpty());
+    QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    ThumbCell* cell = f.form->findChild<PageView*>()->CellAt(0);
+    auto* tip = f.form->findChild<TipWindow*>(u"picToolTip"_s);
+    f.form->activateWindow();
+    cell->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY_WITH_TIMEOUT(tip->isVisible(), 6000);
+    QVERIFY(tip->findChild<QLabel*>(u"lblToolTip"_s)->text().contains(u"AB1CD"_s));
+    QVERIFY(cell->accessibleDescription().contains(u"not in the callsign database"_s));
+    QVERIFY(f.form->rect().contains(tip->geometry()));
+    QTest::keyClick(cell, Qt::Key_Escape);
+    QVERIFY(!tip->isVisible());
+    f.Close();
+  }
+};
+
+OMNI_TEST(TestWindowMenus)
+#include "test_window_menus.moc"

@@ -1,0 +1,282 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <sys/stat.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QToolButton>
+
+#include "browser/web_library.h"
+#include "platform/net/url_reader.h"
+#include "sign_in_site.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// A browser starts slowly on a busy machine.
+constexpr int kPatienceMs = 20'000;
+
+// The windows of the browser, found as a user finds them.
+QList<QWidget*> WindowsTitled(const QString& title) {
+  QList<QWidget*> found;
+  const QWidgetList all = QApplication::topLevelWidgets();
+  for (QWidget* window : all)
+    if (window->isVisible() && window->windowTitle() == title) found += window;
+  return found;
+}
+
+template <typename Part>
+Part* PartNamed(const QWidget* window, const QString& name) {
+  const QList<Part*> parts = window->findChildren<Part*>();
+  for (Part* part : parts)
+    if (part->accessibleName() == name) return part;
+  return nullptr;
+}
+
+int ModeOf(const QString& path) {
+  struct stat info {};
+  return stat(QFile::encodeName(path).constData(), &info) == 0 ? static_cast<int>(info.st_mode & 07777) : -1;
+}
+
+}  // namespace
+
+class TestBrowserWindows : public QObject {
+  Q_OBJECT
+
+  void Start() {
+    store_ = std::make_unique<CookieStore>(folder_->path());
+    library_ = std::make_unique<WebLibrary>(QStringLiteral(PROGRAM_DIR), folder_->filePath(u"browser"_s), *store_,
+                                            [this]() { return language_; });
+  }
+  void Restart() {
+    library_.reset();
+    Start();
+  }
+
+  void OpenAndWaitFor(SignInSite& site, const char* path, const char* next) {
+    library_->Windows()->OpenPage(QString::fromLatin1(path), site.Url(QString::fromLatin1(path)));
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked.value(next), 1, kPatienceMs);
+  }
+
+  QByteArray CookiesOfRead(SignInSite& site) {
+    UrlNetwork network;
+    network.SetCookies(*store_);
+    UrlReader reader(network);
+    const QSignalSpy done(&reader, &UrlReader::Done);
+    reader.Start(u"page"_s, site.Url(u"/home"_s));
+    return QTest::qWaitFor([&done]() { return done.count() == 1; }, kPatienceMs) ? site.cookies.value("/home")
+                                                                                 : QByteArray("no answer");
+  }
+
+  std::unique_ptr<QTemporaryDir> folder_;
+  std::unique_ptr<CookieStore> store_;
+  std::unique_ptr<WebLibrary> library_;
+  QString language_;
+
+ private Q_SLOTS:
+  void init() {
+    folder_ = std::make_unique<QTemporaryDir>();
+    Start();
+  }
+  void cleanup() {
+    language_.clear();
+    library_.reset();
+    store_.reset();
+    // The browser's threads finish their files after the windows have gone.
+    QTRY_VERIFY_WITH_TIMEOUT(folder_->remove(), kPatienceMs);
+  }
+
+  void NoLibrary() {
+    const QTemporaryDir empty;
+    store_->Add(QNetworkCookie("a", "1"), u"127.0.0.1"_s);
+    WebLibrary library(empty.path(), folder_->filePath(u"browser"_s), *store_);
+    QCOMPARE(library.Windows(), nullptr);
+    library.Forget(QUrl(u"http://127.0.0.1/"_s));
+    QVERIFY(store_->All().isEmpty());
+    QVERIFY(!QFileInfo::exists(folder_->filePath(u"browser"_s)));
+  }
+
+  // A page's sign-in serves the page reads, also after a restart of the program, and ends everywhere.
+  void SignInServesPageReads() {
+    SignInSite site;
+    SignInSite stranger(u"127.0.0.2"_s);
+    QVERIFY(!library_->IsLoaded());
+    BrowserWindows* windows = library_->Windows();
+    QVERIFY(windows);
+    QSignalSpy closed(windows, &BrowserWindows::Closed);
+    windows->OpenPage(u"Calls"_s, site.Url(u"/login"_s));
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked[QByteArray("/home")], 1, kPatienceMs);
+    const QList<QWidget*> shown = WindowsTitled(u"Omni-Perch  Calls"_s);
+    QCOMPARE(shown.size(), 1);
+    auto* address = PartNamed<QLineEdit>(shown.first(), u"Address"_s);
+    QVERIFY(address && address->isReadOnly());
+    QTRY_COMPARE_WITH_TIMEOUT(address->text(), site.Url(u"/home"_s).toString(), kPatienceMs);
+    const auto* lock = PartNamed<QLabel>(shown.first(), u"Not encrypted"_s);
+    QVERIFY(lock && lock->isVisible());
+    QCOMPARE(lock->text() + u' ' + lock->accessibleDescription(), u"Not encrypted Connection"_s);
+
+    windows->OpenPage(u"Calls"_s, stranger.Url(u"/login"_s));
+    QCOMPARE(WindowsTitled(u"Omni-Perch  Calls"_s), shown);
+    QTest::keyClick(shown.first(), Qt::Key_Escape);
+    QTRY_COMPARE_WITH_TIMEOUT(closed.count(), 1, kPatienceMs);
+    QCOMPARE(closed.first().value(0).toString(), u"Calls"_s);
+    // What the pages had set is in the store when the window has gone.
+    QCOMPARE(store_->CookiesFor(site.Url(u"/home"_s)).size(), 2);
+    QCOMPARE(ModeOf(folder_->filePath(u"cookies"_s)), 0600);
+    QCOMPARE(ModeOf(folder_->filePath(u"browser"_s)), 0700);
+    QCOMPARE(CookiesOfRead(site), QByteArray("remember=me; session=abc"));
+    CookiesOfRead(stranger);
+    QCOMPARE(stranger.asked.value("/login"), 0);
+    QCOMPARE(stranger.cookies.value("/home"), QByteArray());
+
+    Restart();
+    QCOMPARE(CookiesOfRead(site), QByteArray("remember=me; session=abc"));
+    library_->Windows()->OpenPage(u"Calls"_s, site.Url(u"/home"_s));
+    site.asked.clear();
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked[QByteArray("/home")], 1, kPatienceMs);
+    QCOMPARE(site.cookies.value("/home"), QByteArray("remember=me; session=abc"));
+
+    library_->Windows()->Forget(site.Url(u"/login"_s));
+    QVERIFY(WindowsTitled(u"Omni-Perch  Calls"_s).isEmpty());
+    QCOMPARE(CookiesOfRead(site), QByteArray());
+    library_->Windows()->OpenPage(u"Calls"_s, site.Url(u"/home"_s));
+    site.asked.clear();
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked[QByteArray("/home")], 1, kPatienceMs);
+    QCOMPARE(site.cookies.value("/home"), QByteArray());
+    Restart();
+    QCOMPARE(CookiesOfRead(site), QByteArray());
+  }
+
+  // A user may sign out in a run in which no browser window has been open yet.
+  void SignsOutWithoutTheBrowser() {
+    SignInSite site;
+    OpenAndWaitFor(site, "/login", "/home");
+    library_->Windows()->CloseAll();
+    Restart();
+    QVERIFY(!CookiesOfRead(site).isEmpty());
+    library_->Forget(site.Url(u"/login"_s));
+    QVERIFY(!library_->IsLoaded());
+    QCOMPARE(CookiesOfRead(site), QByteArray());
+    QVERIFY(!QFileInfo::exists(folder_->filePath(u"browser"_s)));
+    // The same at once after the engine has been given the cookies.
+    store_->Add(QNetworkCookie("session", "abc"), u"127.0.0.1"_s);
+    library_->Windows()->Forget(site.Url(u"/login"_s));
+    site.asked.clear();
+    OpenAndWaitFor(site, "/home", "/home");
+    library_->Windows()->CloseAll();
+    QCOMPARE(site.cookies.value("/home"), QByteArray());
+    QVERIFY(store_->All().isEmpty());
+  }
+
+  // What a page finds stored it tells by the path that it asks for next.
+  void StorageLastsUntilForgotten() {
+    SignInSite site;
+    site.pages["/store"] = "<script>localStorage.setItem('who', 'me'); location = '/stored'</script>";
+    site.pages["/look"] = "<script>location = '/who/' + localStorage.getItem('who')</script>";
+    OpenAndWaitFor(site, "/store", "/stored");
+    OpenAndWaitFor(site, "/look", "/who/me");
+    library_->Windows()->Forget(site.Url(u"/"_s));
+    OpenAndWaitFor(site, "/look", "/who/null");
+  }
+
+  void PagesMayNot_data() {
+    QTest::addColumn<QByteArray>("page");
+    const auto row = [](const char* name, const char* page) { QTest::newRow(name) << QByteArray(page); };
+    row("open a file", "location = 'file:///etc/hostname'; setTimeout(() => location = '/after', 50)");
+    row("open a window", "window.open('/window'); location = '/after'");
+    row("frame a file",
+        "document.write('<iframe src=file:///etc/hostname></iframe>'); setTimeout(() => location = '/after', 50)");
+    row("hold up the program", "alert('a'); if (!confirm('b') && prompt('c') === null) location = '/after'");
+    row("ask where the user is",
+        "navigator.geolocation.getCurrentPosition(() => location = '/window', () => location = '/after')");
+  }
+  // Each page is refused, and goes on all the same.
+  void PagesMayNot() {
+    QFETCH(QByteArray, page);
+    SignInSite site;
+    site.pages["/try"] = "<body><script>" + page + "</script>";
+    OpenAndWaitFor(site, "/try", "/after");
+    QCOMPARE(site.asked.value("/window"), 0);
+    QCOMPARE(WindowsTitled(u"Omni-Perch  /try"_s).size(), 1);
+    QVERIFY(!QApplication::activeModalWidget());
+  }
+
+  void TellsWhatAPageSays() {
+    SignInSite site;
+    site.pages["/try"] = "<body><script>alert('<b>Hello</b>\\n there')</script>";
+    library_->Windows()->OpenPage(u"Calls"_s, site.Url(u"/try"_s));
+    const QWidget* window = WindowsTitled(u"Omni-Perch  Calls"_s).value(0);
+    QVERIFY(window);
+    const auto said = [window]() { return PartNamed<QLabel>(window, u"<b>Hello</b> there"_s); };
+    QTRY_VERIFY_WITH_TIMEOUT(said(), kPatienceMs);
+    QVERIFY(said()->isVisible() && said()->textFormat() == Qt::PlainText);
+    QCOMPARE(said()->accessibleDescription(), u"Message"_s);
+  }
+
+  void AddressesThatAreNotOfTheWeb() {
+    for (const QString& url : {u"file:///etc/hostname"_s, u"javascript:alert(1)"_s, u"http://"_s, QString()}) {
+      library_->Windows()->OpenPage(u"Calls"_s, QUrl(url));
+      QVERIFY2(WindowsTitled(u"Omni-Perch  Calls"_s).isEmpty(), qPrintable(url));
+    }
+  }
+
+  // Each window speaks the language of its opening, and has every word of it.
+  void SpeaksTheLanguage() {
+    SignInSite site;
+    const QStringList languages = {u"Klingon"_s, u"English"_s,  u"Dutch"_s,  u"French"_s, u"German"_s,
+                                   u"Spanish"_s, u"Japanese"_s, u"Polish"_s, u"Russian"_s};
+    QHash<QString, QStringList> spoken;
+    for (const QString& language : languages) {
+      language_ = language;
+      library_->Windows()->OpenPage(language, site.Url(u"/home"_s));
+      const QWidget* window = WindowsTitled(u"Omni-Perch  "_s + language).value(0);
+      QVERIFY(window);
+      for (const auto* button : window->findChildren<QToolButton*>(Qt::FindDirectChildrenOnly)) {
+        spoken[language] += button->accessibleName();
+        QVERIFY2(button->toolTip().startsWith(button->accessibleName()), qPrintable(button->toolTip()));
+      }
+      auto* lock = window->findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+      QTRY_VERIFY_WITH_TIMEOUT(!lock->text().isEmpty(), kPatienceMs);
+      spoken[language] += lock->text();
+      spoken[language] += window->findChild<QLineEdit*>()->accessibleName();
+      QCOMPARE(spoken[language].size(), 4);
+      QVERIFY2(!spoken[language].contains(QString()), qPrintable(language));
+    }
+    QCOMPARE(spoken[u"Klingon"_s], spoken[u"English"_s]);
+    QCOMPARE(spoken[u"German"_s], (QStringList{u"Zurück"_s, u"Neu laden"_s, u"Nicht verschlüsselt"_s, u"Adresse"_s}));
+    QCOMPARE(QSet<QStringList>(spoken.cbegin(), spoken.cend()).size(), 8);
+  }
+
+  void WindowsCloseByKeyAndTogether() {
+    SignInSite site;
+    BrowserWindows* windows = library_->Windows();
+    QSignalSpy closed(windows, &BrowserWindows::Closed);
+    for (const QString& title : {u"A"_s, u"B"_s, u"C"_s}) windows->OpenPage(title, site.Url(u"/home"_s));
+    QWidget* first = WindowsTitled(u"Omni-Perch  A"_s).value(0);
+    QVERIFY(first);
+    for (const char* button : {"Back", "Reload"}) {
+      auto* tool = PartNamed<QToolButton>(first, QString::fromLatin1(button));
+      QVERIFY2(tool && tool->focusPolicy() != Qt::NoFocus, button);
+    }
+    windows->OpenPage(u"A"_s, site.Url(u"/home"_s));
+    QTRY_VERIFY_WITH_TIMEOUT(first->isActiveWindow(), kPatienceMs);
+    QTest::keyClick(first, Qt::Key_W, Qt::ControlModifier);
+    QTRY_COMPARE_WITH_TIMEOUT(closed.count(), 1, kPatienceMs);
+    windows->CloseAll();
+    QCOMPARE(closed.count(), 3);
+    QVERIFY(WindowsTitled(u"Omni-Perch  B"_s).isEmpty());
+    // One that closed can be opened anew.
+    windows->OpenPage(u"A"_s, site.Url(u"/home"_s));
+    QCOMPARE(WindowsTitled(u"Omni-Perch  A"_s).size(), 1);
+  }
+};
+
+OMNI_TEST(TestBrowserWindows)
+
+#include "test_browser_windows.moc"

@@ -1,0 +1,297 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the location map draws, in both of its cases, and how it finds its map.
+#include <QDir>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/load_sequence.h"
+#include "maps/location_map.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Eight pixels a character and twenty a line, so that places can be figured by hand.
+QSizeF Measure(const QString& text) {
+  const QStringList lines = text.split(u"\r\n"_s);
+  qsizetype longest = 0;
+  for (const QString& line : lines) longest = std::max(longest, line.size());
+  return QSizeF(static_cast<double>(8 * longest), static_cast<double>(20 * lines.size()));
+}
+
+struct Picked {
+  Program program;
+  MapTarget target{u"ZZ1AA"_s, 48, 2};
+  QSize picture{1810, 1490};
+
+  explicit Picked(const QString& map = u"Europe Map.jpg"_s) {
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, Program::ProgVersion(), program.language);
+    program.lstMap = {u"Asia Map.jpg"_s, map};
+    program.config.MapIndex = 1;
+    program.config.MyLat = 52.5;
+    program.config.MyLon = -1.25;
+  }
+  LocationMap Build() { return BuildLocationMap(program, target, picture, Measure); }
+};
+
+// Name and text of each label, in the order of drawing.
+QStringList Labels(const LocationMap& map) {
+  QStringList labels;
+  for (const MapOverlay::Label& label : map.overlay.labels) labels.append(label.name + u'=' + label.text);
+  return labels;
+}
+
+int CirclesAt(const LocationMap& map, const QPointF& point) {
+  return static_cast<int>(std::count_if(map.overlay.circles.begin(), map.overlay.circles.end(),
+                                        [&point](const auto& circle) { return circle.centre == point; }));
+}
+
+}  // namespace
+
+class TestLocationMap : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Names_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("listed");
+    QTest::newRow("picture") << u"New Zealand Map.jpg"_s << u"New Zealand Map"_s << u"New Zealand"_s;
+    QTest::newRow("gif") << u"Asia Map.gif"_s << u"Asia Map"_s << u"Asia"_s;
+    QTest::newRow("other case") << u"uk map.JPG"_s << u"uk map"_s << u"uk"_s;
+    QTest::newRow("other type") << u"My Map.png"_s << u"My Map"_s << u"My Map.png"_s;
+    QTest::newRow("no name") << u".jp"_s << QString() << u".jp"_s;
+  }
+
+  void Names() {
+    QFETCH(QString, file);
+    QTEST(MapTitle({file}, 0), "title");
+    QTEST(MapListNames({file}).constFirst(), "listed");
+    QCOMPARE(MapTitle({file}, 1), QString());
+    QCOMPARE(MapTitle({file}, -1), QString());
+  }
+
+  // The files of the maps' folder that are listed at the start, with their offsets.
+  void Catalogue() {
+    const QTemporaryDir folder;
+    Program program;
+    program.AppDataDir = folder.path();
+    QDir(folder.path()).mkpath(u"maps/Folder Map.jpg"_s);  // the letter case is the user's
+    for (const QString& name : {u"World Map.jpg"_s, u"uk map.GIF"_s, u"Asia Map.jpg"_s, u"Homemap.png"_s, u"Map.jpg"_s,
+                                u"Map of Mars.jpg"_s, u"Moon Map.jpeg"_s, u"map"_s}) {
+      QFile file(folder.filePath(u"maps/"_s + name));
+      QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+    SettingsStore store(folder.filePath(u"settings.ini"_s));
+    store.SetValue(u"Omni-Perch"_s, u"MapLeft"_s, u"8"_s, u"-7"_s);
+    HeightTable heights;
+    const Clock clock;
+    LoadSequence(program, heights, store, clock).ReadSettings(true);
+    QCOMPARE(program.lstMap.join(u", "_s), u"Asia Map.jpg, Homemap.png, Map.jpg, uk map.GIF, World Map.jpg"_s);
+    QCOMPARE(program.MapLeft.at(8), -7);
+    QCOMPARE(program.MapTop.at(7), -267);
+  }
+
+  void BestMap_data() {
+    QTest::addColumn<double>("lat");
+    QTest::addColumn<double>("lon");
+    QTest::addColumn<int>("index");
+    QTest::newRow("by the first entry that has the name") << 50.0 << 10.0 << 1;
+    QTest::newRow("any letter case") << 54.0 << -1.5 << 3;
+    QTest::newRow("missing") << 36.0 << 139.0 << 4;
+  }
+
+  void BestMap() {
+    const QStringList maps = {u"Asia Map.jpg"_s, u"Old Europe Map.gif"_s, u"Europe Map.jpg"_s, u"UK MAP.JPG"_s};
+    QFETCH(double, lat);
+    QFETCH(double, lon);
+    QTEST(BestMapIndex(maps, lat, lon), "index");
+    QCOMPARE(BestMapIndex({}, lat, lon), 0);
+  }
+
+  void TargetOnThePicture() {
+    Picked picked;
+    const LocationMap map = picked.Build();
+    QVERIFY(map.keep.has_value());
+    const QPointF target = *map.keep;
+    QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(target));
+    QCOMPARE(CirclesAt(map, target), 2);
+    QCOMPARE(map.overlay.circles.at(0).radius, 4.0);
+    QCOMPARE(map.overlay.circles.at(1).radius, 25.0);
+    QCOMPARE(map.overlay.circles.at(0).width, 3.0);
+    QVERIFY(map.overlay.lines.isEmpty());
+
+    QCOMPARE(Labels(map), (QStringList{u"lblCall(0)=ZZ1AA\r\n  Dx 551 km  Az 153° "_s, u"lblMe= Me "_s}));
+    QCOMPARE(map.info, u"ZZ1AA  Dx 551 km  Az 153°"_s);
+    const MapOverlay::Label& call = map.overlay.labels.at(0);
+    QCOMPARE(call.place, QRectF(target.x() - 84, target.y() - 65, 168, 40));
+    QCOMPARE(call.box, QRectF(QPointF(target.x() - 86, target.y() - 67), QPointF(target.x() + 88, target.y() - 21)));
+    QVERIFY(call.clickable);
+    QCOMPARE(call.boxWidth, 3.0);
+
+    const QPointF own = map.overlay.circles.last().centre;
+    QCOMPARE(CirclesAt(map, own), 2);
+    QCOMPARE(map.overlay.circles.last().colour, QColor(0, 0, 255));
+    const MapOverlay::Label& me = map.overlay.labels.at(1);
+    QCOMPARE(me.place, QRectF(own.x() - 16, own.y() - 26, 32, 20));
+    QCOMPARE(me.box, QRectF(QPointF(own.x() - 17, own.y() - 27), QPointF(own.x() + 19, own.y() - 3)));
+    QVERIFY(!me.clickable);
+  }
+
+  void TargetOffThePicture() {
+    Picked picked;
+    picked.program.config.DistUnit = 1;
+    picked.target = {u"ZZ2BB"_s, 40, -75};
+    const LocationMap map = picked.Build();
+    QCOMPARE(map.overlay.lines.size(), 1);
+    const MapOverlay::Line& stub = map.overlay.lines.first();
+    QCOMPARE(stub.from, *map.keep);
+    QCOMPARE(stub.colour, QColor(0, 0, 255));
+    QCOMPARE(stub.width, 2.0);
+    // Azimuth 286: 100 pixels to the left, a little up.
+    QVERIFY(std::abs(stub.to.x() - stub.from.x() + 96.1) < 0.1);
+    QVERIFY(std::abs(stub.to.y() - stub.from.y() + 27.6) < 0.1);
+    QCOMPARE(Labels(map), (QStringList{u"lblCall(0)= To ZZ2BB  Dx 3,473 miles  Az 286° "_s, u"lblMe= Me "_s}));
+    const MapOverlay::Label& call = map.overlay.labels.first();
+    QCOMPARE(call.place.bottom(), stub.to.y() - 2);
+    QCOMPARE(call.place.center().x(), stub.to.x());
+    QCOMPARE(call.box, QRectF(call.place.topLeft() - QPointF(2, 2), call.place.bottomRight() + QPointF(4, 4)));
+    QCOMPARE(call.boxWidth, 2.0);
+    QCOMPARE(CirclesAt(map, stub.from), 2);
+    QCOMPARE(map.overlay.circles.size(), 2);
+  }
+
+  // Thousands are parted as the desktop parts them, also where its numbers usually are not.
+  void Thousands_data() {
+    QTest::addColumn<QLocale>("locale");
+    QTest::addColumn<QString>("info");
+    QTest::newRow("plain") << QLocale::c() << u"ZZ2BB  Dx 5,589 km  Az 286°"_s;
+    QTest::newRow("German") << QLocale(QLocale::German) << u"ZZ2BB  Dx 5.589 km  Az 286°"_s;
+  }
+
+  void Thousands() {
+    QFETCH(QLocale, locale);
+    const auto restored = qScopeGuard([before = QLocale()]() { QLocale::setDefault(before); });
+    QLocale::setDefault(locale);
+    Picked picked;
+    picked.target = {u"ZZ2BB"_s, 40, -75};
+    QTEST(picked.Build().info, "info");
+  }
+
+  // A target on the very edge of the picture is on it, own position there is not.
+  void Edges_data() {
+    QTest::addColumn<QPoint>("target");
+    QTest::addColumn<QPoint>("own");
+    QTest::addColumn<bool>("stub");
+    const QPoint inside(300, 700);
+    const QPoint off(-500, 700);
+    QTest::newRow("target at the left") << QPoint(0, 500) << inside << false;
+    QTest::newRow("target off the left") << QPoint(-1, 500) << inside << true;
+    QTest::newRow("target at the right") << QPoint(1010, 500) << inside << false;
+    QTest::newRow("target off the right") << QPoint(1011, 500) << inside << true;
+    QTest::newRow("target at the top") << QPoint(500, 0) << inside << false;
+    QTest::newRow("target off the top") << QPoint(500, -1) << inside << true;
+    QTest::newRow("target at the bottom") << QPoint(500, 1180) << inside << false;
+    QTest::newRow("target off the bottom") << QPoint(500, 1181) << inside << true;
+    QTest::newRow("own position at the left") << off << QPoint(0, 500) << false;
+    QTest::newRow("own position inside the left") << off << QPoint(1, 500) << true;
+    QTest::newRow("own position at the right") << off << QPoint(1010, 500) << false;
+    QTest::newRow("own position inside the right") << off << QPoint(1009, 500) << true;
+    QTest::newRow("own position at the top") << off << QPoint(500, 0) << false;
+    QTest::newRow("own position inside the top") << off << QPoint(500, 1) << true;
+    QTest::newRow("own position at the bottom") << off << QPoint(500, 1180) << false;
+    QTest::newRow("own position inside the bottom") << off << QPoint(500, 1179) << true;
+    QTest::newRow("both off") << off << QPoint(500, 2000) << false;
+  }
+
+  void Edges() {
+    QFETCH(QPoint, target);
+    QFETCH(QPoint, own);
+    // The plainest of the maps: its pixels can be turned back into degrees.
+    Picked picked(u"N-Nederland Map.jpg"_s);
+    picked.picture = QSize(1010, 1180);
+    const auto lat = [](const QPoint& pixel) { return 52.184 + (584 - pixel.y()) / 386.36; };
+    const auto lon = [](const QPoint& pixel) { return 3.828 + (pixel.x() + 14) / 240.16; };
+    picked.target = {u"ZZ1AA"_s, lat(target), lon(target)};
+    picked.program.config.MyLat = lat(own);
+    picked.program.config.MyLon = lon(own);
+    const LocationMap map = picked.Build();
+    const bool stub = !map.overlay.lines.isEmpty();
+    QTEST(stub, "stub");
+    QCOMPARE(*map.keep, QPointF(stub ? own : target));
+    QCOMPARE(map.overlay.circles.last().centre, QPointF(own));
+
+    // Without own position there is nothing that the way could begin at.
+    picked.program.config.MyLat = picked.program.config.MyLon = 0;
+    const LocationMap alone = picked.Build();
+    QVERIFY(alone.overlay.lines.isEmpty());
+    QCOMPARE(alone.overlay.labels.size(), 1);
+    QCOMPARE(*alone.keep, QPointF(target));
+  }
+
+  void OwnPosition_data() {
+    QTest::addColumn<double>("lat");
+    QTest::addColumn<double>("lon");
+    QTest::addColumn<double>("latAfter");
+    QTest::addColumn<bool>("drawn");
+    QTest::newRow("north of the maps") << 89.5 << 10.0 << 89.0 << true;
+    QTest::newRow("south of them") << -90.0 << 10.0 << -89.0 << true;
+    QTest::newRow("beyond the pole") << 1234.0 << 10.0 << 89.0 << true;
+    QTest::newRow("not set") << 0.0 << 0.0 << 0.0 << false;
+    QTest::newRow("on the equator") << 0.0 << 10.0 << 0.0 << true;
+    QTest::newRow("no number") << qQNaN() << 10.0 << qQNaN() << false;
+  }
+
+  void OwnPosition() {
+    QFETCH(double, lat);
+    QFETCH(double, lon);
+    QFETCH(bool, drawn);
+    Picked picked;
+    picked.program.config.MyLat = lat;
+    picked.program.config.MyLon = lon;
+    const LocationMap map = picked.Build();
+    QTEST(picked.program.config.MyLat, "latAfter");
+    QCOMPARE(CirclesAt(map, *map.keep), 2);
+    QCOMPARE(map.overlay.labels.size(), drawn ? 2 : 1);
+    QCOMPARE(map.overlay.circles.size(), drawn ? 4 : 2);
+  }
+
+  void TextWithoutDistance() {
+    Picked picked;
+    picked.program.config.MyLat = 0;
+    QCOMPARE(picked.Build().info, u"ZZ1AA  Set your own location first (Setup)"_s);
+    picked.target.lon = 0;
+    QCOMPARE(picked.Build().info, u"ZZ1AA  No location for ZZ1AA"_s);
+    Picked here;
+    here.target = {u"ZZ1AA"_s, 52.5, -1.25};
+    QCOMPARE(here.Build().info, u"ZZ1AA  Dx 0 km  Az 0°"_s);
+  }
+
+  void OddPlacesAndMaps() {
+    Picked world(u"World Map.jpg"_s);
+    world.target = {u"ZZ1AA"_s, -18, -175};
+    world.picture = QSize(2800, 1412);
+    QVERIFY(world.Build().keep->x() > 2600);
+    QCOMPARE(world.target.lon, 185.0);
+    // Own position is moved past the date line like any other.
+    world.program.config.MyLon = -175;
+    QVERIFY(world.Build().overlay.circles.last().centre.x() > 2400);
+    QCOMPARE(world.program.config.MyLon, 185.0);
+    for (const double far : {1e300, -1e300, qInf()}) {
+      for (const QString& name : {u"Europe Map.jpg"_s, u"World Map.jpg"_s, u"Asia Map.jpg"_s}) {
+        Picked picked(name);
+        picked.target = {u"ZZ1AA"_s, far, far};
+        picked.Build();
+      }
+    }
+    // A map of the user's own has no formula: nothing is drawn upon it, the distance is told all the same.
+    Picked own(u"Moon Map.jpg"_s);
+    const LocationMap map = own.Build();
+    QVERIFY(map.overlay.circles.isEmpty() && map.overlay.labels.isEmpty() && !map.keep);
+    QCOMPARE(map.info, u"ZZ1AA  Dx 551 km  Az 153°"_s);
+  }
+};
+
+OMNI_TEST(TestLocationMap)
+#include "test_location_map.moc"

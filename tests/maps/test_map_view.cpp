@@ -1,0 +1,393 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The view of a map: panned by mouse and keys, its labels pressed by all means, its pixels right after every step.
+#include <QAccessible>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTest>
+#include <QThreadPool>
+#include <QWheelEvent>
+
+#include "maps/map_line.h"
+#include "maps/map_view.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// No two pixels near each other are alike.
+QImage Pattern(const QSize& size) {
+  QImage image(size, QImage::Format_RGB32);
+  for (int y = 0; y < size.height(); ++y) {
+    for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, qRgb(x % 251, y % 241, (x * 7 + y * 13) % 256));
+  }
+  return image;
+}
+
+MapOverlay::Label Label(const QString& name, const QPointF& place, bool clickable) {
+  MapOverlay::Label label;
+  label.name = name;
+  label.text = name + u"\r\n text"_s;
+  label.place = QRectF(place, QSizeF(80, 40));
+  label.clickable = clickable;
+  return label;
+}
+
+// A window of 400x300 whose view begins 25 pixels below its top, with a map of 900x700 at (-250, -200).
+struct Shown {
+  QWidget window;
+  QPushButton before{&window};
+  MapView* view = new MapView(&window);
+  QPushButton after{&window};
+  QSignalSpy panned{view, &MapView::Panned};
+  QSignalSpy clicked{view, &MapView::LabelClicked};
+
+  Shown() {
+    window.resize(400, 300);
+    before.setGeometry(0, 0, 10, 10);
+    after.setGeometry(20, 0, 10, 10);
+    view->SetPicture(Pattern(QSize(900, 700)));
+    view->FitMapToWindow(window.size(), 25);
+    MapOverlay overlay;
+    overlay.labels = {Label(u"first"_s, {300, 250}, true), Label(u"fixed"_s, {450, 250}, false),
+                      Label(u"far"_s, {800, 600}, true)};
+    view->SetOverlay(overlay);
+    window.show();
+    window.activateWindow();
+    if (!QTest::qWaitForWindowActive(&window)) qWarning("the window did not become active");
+    view->setFocus();
+  }
+  QPoint Place() const { return view->Fit().place; }
+  QString Clicked() const {
+    QStringList names;
+    for (const QList<QVariant>& click : clicked) names.append(click.at(0).toString() + u' ' + click.at(2).toString());
+    return names.join(u", "_s);
+  }
+  void Move(const QPoint& to, Qt::MouseButtons buttons) const {
+    QMouseEvent move(QEvent::MouseMove, to, view->mapToGlobal(to), Qt::NoButton, buttons, Qt::NoModifier);
+    QCoreApplication::sendEvent(view, &move);
+  }
+  QAccessibleInterface* Access() const { return QAccessible::queryAccessibleInterface(view); }
+};
+
+}  // namespace
+
+class TestMapView : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void Drags() {
+    Shown shown;
+    QCOMPARE(shown.Place(), QPoint(-250, -200));
+    QTest::mousePress(shown.view, Qt::LeftButton, {}, QPoint(200, 150));
+    QCOMPARE(shown.view->cursor().shape(), Qt::ClosedHandCursor);
+    shown.Move(QPoint(230, 140), Qt::LeftButton);
+    QCOMPARE(shown.Place(), QPoint(-220, -210));
+    // Too far to the right: that direction stays, and follows the pointer again once it is back.
+    shown.Move(QPoint(500, 130), Qt::LeftButton);
+    QCOMPARE(shown.Place(), QPoint(-220, -220));
+    shown.Move(QPoint(201, 130), Qt::LeftButton);
+    QCOMPARE(shown.Place(), QPoint(-249, -220));
+    QCOMPARE(shown.panned.last(), (QList<QVariant>{-249, -220}));
+    QTest::mouseRelease(shown.view, Qt::LeftButton, {}, QPoint(201, 130));
+    shown.Move(QPoint(250, 150), Qt::NoButton);
+    QCOMPARE(shown.Place(), QPoint(-249, -220));
+    QCOMPARE(shown.panned.size(), 3);
+    QTest::mousePress(shown.view, Qt::RightButton, {}, QPoint(200, 150));
+    shown.Move(QPoint(230, 140), Qt::RightButton);
+    QCOMPARE(shown.Place(), QPoint(-249, -220));
+  }
+
+  void Keys_data() {
+    QTest::addColumn<int>("key");
+    QTest::addColumn<int>("modifiers");
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("right") << int(Qt::Key_Right) << 0 << QPoint(-290, -200);
+    QTest::newRow("left") << int(Qt::Key_Left) << 0 << QPoint(-210, -200);
+    QTest::newRow("up, fast") << int(Qt::Key_Up) << int(Qt::ShiftModifier) << QPoint(-250, 0);
+    // 25 rows of the frame lie below the window's edge.
+    QTest::newRow("down, a page") << int(Qt::Key_Down) << int(Qt::ControlModifier) << QPoint(-250, -425);
+    QTest::newRow("home") << int(Qt::Key_Home) << 0 << QPoint(0, -350);
+  }
+
+  void Keys() {
+    QFETCH(int, key);
+    QFETCH(int, modifiers);
+    Shown shown;
+    shown.view->KeepInView(QPointF(100, 500), 25);
+    shown.view->FitMapToWindow(shown.window.size(), 25);
+    QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    if (key == Qt::Key_Down) QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
+    QTEST(shown.Place(), "place");
+    QCOMPARE(shown.panned.last(), (QList<QVariant>{shown.Place().x(), shown.Place().y()}));
+  }
+
+  void Wheel_data() {
+    QTest::addColumn<QPoint>("pixels");
+    QTest::addColumn<QPoint>("angle");
+    QTest::addColumn<bool>("shift");
+    QTest::addColumn<QPoint>("place");
+    QTest::newRow("a notch") << QPoint() << QPoint(0, 120) << false << QPoint(-250, -160);
+    QTest::newRow("a notch sideways") << QPoint() << QPoint(0, -120) << true << QPoint(-290, -200);
+    QTest::newRow("touch pad") << QPoint(7, -9) << QPoint(56, -72) << false << QPoint(-243, -209);
+  }
+
+  void Wheel() {
+    QFETCH(QPoint, pixels);
+    QFETCH(QPoint, angle);
+    QFETCH(bool, shift);
+    Shown shown;
+    QWheelEvent wheel(QPointF(200, 150), shown.view->mapToGlobal(QPointF(200, 150)), pixels, angle, Qt::NoButton,
+                      shift ? Qt::ShiftModifier : Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(shown.view, &wheel);
+    QTEST(shown.Place(), "place");
+    QCOMPARE(shown.panned.size(), 1);
+  }
+
+  void LabelsAreClicked() {
+    Shown shown;
+    const QPoint first = shown.view->LabelRect(0).center();
+    QCOMPARE(first, QPoint(89, 69));
+    QTest::mouseClick(shown.view, Qt::LeftButton, {}, first);
+    QCOMPARE(shown.Clicked(), u"first false"_s);
+    // Neither a press that ends elsewhere, nor one on a plain label, nor one on the map.
+    QTest::mousePress(shown.view, Qt::LeftButton, {}, first);
+    QTest::mouseRelease(shown.view, Qt::LeftButton, {}, first + QPoint(100, 0));
+    QTest::mouseClick(shown.view, Qt::LeftButton, {}, shown.view->LabelRect(1).center());
+    QTest::mouseClick(shown.view, Qt::LeftButton, {}, QPoint(300, 200));
+    QCOMPARE(shown.clicked.size(), 1);
+    shown.Move(first, Qt::NoButton);
+    QCOMPARE(shown.view->cursor().shape(), Qt::PointingHandCursor);
+    shown.Move(QPoint(300, 200), Qt::NoButton);
+    QCOMPARE(shown.view->cursor().shape(), Qt::OpenHandCursor);
+  }
+
+  void LabelsAreReachedByTab() {
+    Shown shown;
+    QTest::keyClick(shown.view, Qt::Key_Return);
+    QCOMPARE(shown.Clicked(), QString());
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Return);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Space);
+    QCOMPARE(shown.Clicked(), u"first true, far true"_s);
+    // The far one has come into view, above what lies below the window's edge.
+    QVERIFY(QRect(0, 0, 400, 275).contains(shown.view->LabelRect(2)));
+    QTest::keyClick(shown.view, Qt::Key_Backtab);
+    QCOMPARE(shown.view->FocusedLabel(), 0);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QVERIFY(!shown.view->hasFocus());
+    QCOMPARE(shown.view->FocusedLabel(), -1);
+    // Back from behind the view its last label comes first; its menu takes the focus and gives it back.
+    QTest::keyClick(&shown.after, Qt::Key_Backtab);
+    QCOMPARE(shown.view->FocusedLabel(), 2);
+    QFocusEvent menu(QEvent::FocusOut, Qt::PopupFocusReason);
+    QCoreApplication::sendEvent(shown.view, &menu);
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(200, 150), shown.view->mapToGlobal(QPoint(200, 150)));
+    QCoreApplication::sendEvent(shown.view, &key);
+    QCOMPARE(shown.Clicked(), u"first true, far true, far true"_s);
+    shown.after.setFocus(Qt::TabFocusReason);
+    // One far off the map can be pressed, and moves nothing.
+    MapOverlay far;
+    far.labels = {Label(u"lost"_s, {-2147483648.0, 2147483647.0}, true)};
+    shown.view->SetOverlay(far);
+    const QPoint place = shown.Place();
+    shown.view->setFocus();
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Return);
+    QCOMPARE(shown.clicked.last().at(0).toString(), u"lost"_s);
+    QCOMPARE(shown.Place(), place);
+    // A new map without that label takes the focus off it.
+    QCOMPARE(shown.view->FocusedLabel(), 0);
+    shown.view->SetOverlay({});
+    QCOMPARE(shown.view->FocusedLabel(), -1);
+  }
+
+  void Accessibility() {
+    Shown shown;
+    shown.view->setAccessibleName(u"Europe Map"_s);
+    QAccessibleInterface* map = shown.Access();
+    QVERIFY(map != nullptr);
+    QCOMPARE(map->text(QAccessible::Name), u"Europe Map"_s);
+    QCOMPARE(map->childCount(), 3);
+    QAccessibleInterface* first = map->child(0);
+    QCOMPARE(first->text(QAccessible::Name), u"first text"_s);
+    QCOMPARE(first->role(), QAccessible::Button);
+    QCOMPARE(map->child(1)->role(), QAccessible::StaticText);
+    QVERIFY(map->child(1)->actionInterface()->actionNames().isEmpty());
+    QCOMPARE(map->indexOfChild(map->child(2)), 2);
+    QVERIFY(map->child(2)->state().offscreen);
+    QCOMPARE(first->rect().topLeft(), shown.view->mapToGlobal(QPoint(50, 50)));
+    QCOMPARE(map->childAt(first->rect().center().x(), first->rect().center().y()), first);
+    first->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(shown.Clicked(), u"first true"_s);
+    // Where the focus is.
+    QCOMPARE(map->focusChild(), map);
+    QVERIFY(!first->state().focused && first->state().focusable && !map->child(1)->state().focusable);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QCOMPARE(map->focusChild(), first);
+    QVERIFY(first->state().focused && !map->child(2)->state().focused);
+    shown.view->SetOverlay({});
+    QCOMPARE(map->childCount(), 0);
+    QVERIFY(!first->isValid());
+    QVERIFY(first->rect().isEmpty());
+  }
+
+  // After a walk in all directions the frame is what a fresh painting of the same place gives.
+  void PannedPixels_data() {
+    QTest::addColumn<double>("ratio");
+    QTest::addColumn<QSize>("picture");
+    QTest::newRow("plain") << 1.0 << QSize(900, 700);
+    QTest::newRow("sharp screen") << 2.0 << QSize(900, 700);
+    QTest::newRow("smaller than its frame") << 1.0 << QSize(120, 90);
+    QTest::newRow("narrow") << 1.0 << QSize(120, 700);
+  }
+
+  void PannedPixels() {
+    QFETCH(double, ratio);
+    QFETCH(QSize, picture);
+    MapOverlay overlay;
+    for (int i = 0; i < 12; ++i) {
+      overlay.lines.append({{70.0 * i, 0}, {900.0 - 70 * i, 650}, QColor(0, 0, 255), 2});
+      overlay.circles.append({{70.0 * i, 300}, 12, QColor(200, 0, 0), 3, i % 2 == 0});
+      overlay.labels.append(Label(u"label"_s, {80.0 * i, 55.0 * i}, true));
+    }
+    const auto layer = [&](MapLayer& made) {
+      made.SetLook({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
+      made.SetPicture(Pattern(picture));
+      made.SetOverlay(overlay);
+    };
+    MapLayer walked;
+    layer(walked);
+    walked.Prepare(QSize(450, 350));
+    walked.Frame(QSize(420, 310), QPoint(-3, -3));  // of another size before
+    for (const QPoint& place : {QPoint(-250, -200), QPoint(-290, -200), QPoint(-210, -160), QPoint(-217, -431),
+                                QPoint(30, 20), QPoint(-1, -1), QPoint(-37, 0)}) {
+      const QSize size = QSize(400, 300) * ratio;
+      const QImage frame = walked.Frame(QSize(400, 300), place).copy(QRect(QPoint(0, 0), size));
+      MapLayer fresh;
+      layer(fresh);
+      const QImage whole = fresh.Frame(QSize(400, 300), place);
+      int unlike = 0;
+      QCOMPARE(whole.size(), size);
+      for (int y = 0; y < frame.height(); ++y) {
+        const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
+        const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+        // Rounding may differ by a shade where a line or a ring begins at the edge of what was drawn.
+        for (int x = 0; x < frame.width(); ++x) {
+          unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
+                    std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
+        }
+      }
+      QCOMPARE(unlike, 0);
+    }
+  }
+
+  // A busy band, with a second thread at hand and without: each tile as if the whole frame had been drawn at once.
+  void ManyLines() {
+    const QSize size(1100, 600);
+    MapOverlay overlay;
+    QImage expected(size, QImage::Format_RGB32);
+    expected.fill(Qt::white);
+    const QImage white = expected;
+    MapLineCanvas canvas(expected, expected.rect());
+    for (int i = 0; i < 2400; ++i) {
+      const QPointF from(i * 7 % 1100, i * 13 % 600);
+      const QPointF to((i * 31 + 700) % 1100, (i * 17 + 300) % 600);
+      const QColor colour(i % 200, i * 3 % 200, i * 7 % 200);
+      overlay.lines.append({from, to, colour, 2});
+      canvas.Draw(from, to, {colour.rgba(), 2, false});
+    }
+    QThreadPool* pool = QThreadPool::globalInstance();
+    const auto restored = qScopeGuard([pool, most = pool->maxThreadCount()]() { pool->setMaxThreadCount(most); });
+    for (const bool busy : {false, true}) {
+      pool->setMaxThreadCount(busy ? 1 : 2);
+      QSemaphore gate;
+      if (busy) pool->start([&gate]() { gate.acquire(); });
+      MapLayer layer;
+      layer.SetPicture(white);
+      layer.SetOverlay(overlay);
+      const QImage frame = layer.Frame(size, QPoint(0, 0)).copy(QRect(QPoint(0, 0), size));
+      gate.release();
+      pool->waitForDone();
+      QCOMPARE(frame, expected);
+    }
+  }
+
+  // A desktop that turns dark while a map is open; labels with a colour of their own keep it, and stay readable.
+  void TakesTheLook() {
+    MapLayer layer;
+    layer.SetPicture(Pattern(QSize(200, 150)));
+    MapOverlay overlay;
+    overlay.labels = {Label(u"plain"_s, {10, 10}, false), Label(u"own"_s, {100, 10}, false)};
+    overlay.labels.last().back = Qt::black;
+    layer.SetOverlay(overlay);
+    const auto colours = [&layer](const QColor& tip) {
+      layer.SetLook({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
+      const QImage frame = layer.Frame(QSize(200, 150), QPoint(0, 0));
+      bool white = false;
+      for (int x = 100; x < 180; ++x) {
+        for (int y = 10; y < 50; ++y) white = white || qGray(frame.pixel(x, y)) > 200;
+      }
+      return frame.pixelColor(11, 11).name() + frame.pixelColor(101, 11).name() + (white ? u" white"_s : QString());
+    };
+    QCOMPARE(colours(Qt::yellow), u"#ffff00#000000 white"_s);
+    QCOMPARE(colours(Qt::darkBlue), u"#000080#000000 white"_s);
+  }
+
+  void LinesThatCanBeSeenThrough() {
+    for (const bool smooth : {false, true}) {
+      QImage image(20, 20, QImage::Format_RGB32);
+      image.fill(Qt::white);
+      MapLineCanvas(image, image.rect()).Draw({2, 10}, {18, 10}, {qRgba(0, 0, 0, 127), 2, smooth});
+      QVERIFY(std::abs(qGray(image.pixel(10, 10)) - 128) <= 2);
+    }
+  }
+
+  // How many pixels a line covers, and that it keeps to its clip.
+  void Lines_data() {
+    QTest::addColumn<QPointF>("from");
+    QTest::addColumn<QPointF>("to");
+    QTest::addColumn<double>("width");
+    QTest::addColumn<double>("covered");
+    QTest::newRow("level") << QPointF(10, 50) << QPointF(90, 50) << 2.0 << 160.0;
+    QTest::newRow("upright, backwards") << QPointF(50, 90) << QPointF(50, 10) << 2.0 << 160.0;
+    QTest::newRow("slanted") << QPointF(10, 20) << QPointF(90, 80) << 2.0 << 200.0;
+    QTest::newRow("diagonal") << QPointF(20, 80) << QPointF(80, 20) << 2.0 << 169.7;
+    QTest::newRow("through all of it") << QPointF(-1e9, 50) << QPointF(1e9, 50) << 2.0 << 192.0;
+    QTest::newRow("steep from far off") << QPointF(50, -2147483648.0) << QPointF(50, 2147483647.0) << 2.0 << 192.0;
+    QTest::newRow("wide, along the edge") << QPointF(10, 4) << QPointF(90, 4) << 8.0 << 480.0;
+    QTest::newRow("beside it") << QPointF(-10, -50) << QPointF(-10, 150) << 2.0 << 0.0;
+    QTest::newRow("no length") << QPointF(50, 50) << QPointF(50, 50) << 2.0 << 0.0;
+    QTest::newRow("no number") << QPointF(qQNaN(), 50) << QPointF(50, 50) << 2.0 << 0.0;
+    QTest::newRow("no end") << QPointF(-qInf(), 50) << QPointF(50, 50) << 2.0 << 0.0;
+  }
+
+  void Lines() {
+    QFETCH(QPointF, from);
+    QFETCH(QPointF, to);
+    QFETCH(double, width);
+    QFETCH(double, covered);
+    const QRect clip(2, 2, 96, 96);
+    for (const bool smooth : {false, true}) {
+      QImage image(100, 100, QImage::Format_RGB32);
+      image.fill(Qt::white);
+      MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), width, smooth});
+      double ink = 0;
+      for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 100; ++x) {
+          const double dark = (255 - qGray(image.pixel(x, y))) / 255.0;
+          ink += dark;
+          QVERIFY(dark == 0 || clip.contains(x, y));
+        }
+      }
+      QVERIFY2(std::abs(ink - covered) <= (smooth ? 3 : 50), qPrintable(QString::number(ink)));
+    }
+  }
+};
+
+OMNI_TEST(TestMapView)
+#include "test_map_view.moc"

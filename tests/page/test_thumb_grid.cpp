@@ -1,0 +1,260 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a cell shows: pictures of every type, error boxes, blanked calls, ages; and that a site that misbehaves costs
+// its own cell and nothing else.
+#include <QImageReader>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "page/cell_painter.h"
+#include "page_fixture.h"
+#include "platform/text/text_file.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+class TestThumbGrid : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ShowsEveryType_data() {
+    QTest::addColumn<int>("type");
+    QTest::addColumn<bool>("animated");
+    QTest::newRow("JPEG") << int(PictureType::Jpeg) << false;
+    QTest::newRow("JPEG 2000") << int(PictureType::Jp2) << false;
+    QTest::newRow("bare codestream") << int(PictureType::J2kCodestream) << false;
+    QTest::newRow("PNG") << int(PictureType::Png) << false;
+    QTest::newRow("BMP") << int(PictureType::Bmp) << false;
+    QTest::newRow("GIF") << int(PictureType::Gif) << false;
+    QTest::newRow("GIF that plays") << int(PictureType::AnimatedGif) << true;
+    QTest::newRow("video") << int(PictureType::Mp4) << false;
+  }
+
+  void ShowsEveryType() {
+    QFETCH(int, type);
+    QFETCH(bool, animated);
+    PageFixture f;
+    PictureRecipe recipe;
+    recipe.type = static_cast<PictureType>(type);
+    recipe.size = QSize(320, 240);
+    recipe.caller = u"AB1CD"_s;
+    f.AddSite(u"ZZ1AA"_s).SetPicture(MakePicture(recipe));
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(0));
+    QCOMPARE(f.CellOf(0).animated, animated);
+    QVERIFY(QFile::exists(f.Picture(1, 0)) && QFile::exists(f.Thumb(1, 0)));
+    QCOMPARE(f.program.page.Field(0, Caller), u"AB1CD"_s);
+    const QSize frame = f.CellOf(0).img.size().toSize();
+    QVERIFY2(frame.width() >= 110 && frame.width() <= 120 && frame.height() <= 90, "a full frame");
+  }
+
+  void SurvivesMisbehaviour_data() {
+    QTest::addColumn<int>("behaviour");
+    QTest::addColumn<bool>("shows");
+    const auto row = [](const char* name, Behaviour behaviour, bool shows) {
+      QTest::newRow(name) << static_cast<int>(behaviour) << shows;
+    };
+    row("error page", Behaviour::NotFound, false);
+    row("server error", Behaviour::ServerError, false);
+    row("empty body", Behaviour::EmptyBody, false);
+    row("short body", Behaviour::ShortBody, false);
+    row("truncated picture", Behaviour::Truncated, true);
+    row("endless body", Behaviour::Endless, false);
+    row("stall", Behaviour::Stall, false);
+    row("stall in the body", Behaviour::StallMidBody, false);
+    row("drip", Behaviour::Drip, false);
+    row("reset", Behaviour::Reset, false);
+    row("refused", Behaviour::Refuse, false);
+    row("redirect loop", Behaviour::RedirectLoop, false);
+    row("redirect out of http", Behaviour::RedirectToFile, false);
+    row("redirect", Behaviour::RedirectOk, true);
+    row("page instead of a picture", Behaviour::WrongType, false);
+    row("60000 by 60000 pixels", Behaviour::Bomb, false);
+    row("garbage", Behaviour::GarbageBody, false);
+  }
+
+  void SurvivesMisbehaviour() {
+    QFETCH(int, behaviour);
+    QFETCH(bool, shows);
+    PageFixture f;
+    Station& bad = f.AddSite(u"ZZ1AA"_s, 1, 0);
+    f.AddSite(u"ZZ2BB"_s, 1, 1);
+    bad.Misbehave(u"image1"_s, static_cast<Behaviour>(behaviour));
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(1));
+    if (shows) {
+      QTRY_VERIFY(f.HasPicture(0));
+    } else {
+      QTRY_VERIFY_WITH_TIMEOUT(f.CellOf(0).errorBox, 8000);
+      QCOMPARE(f.program.page.Field(0, Caller), u"Not found"_s);
+    }
+    QVERIFY(f.HasPicture(1) && !f.CellOf(1).errorBox);
+    // The same for a marker: whatever comes in its place, the picture is asked for instead.
+    bad.Misbehave(u"image1"_s, Behaviour::Normal);
+    bad.Misbehave(u"checknew.jpg"_s, static_cast<Behaviour>(behaviour));
+    const int asked = bad.Requests(u"image1"_s);
+    if (static_cast<Behaviour>(behaviour) == Behaviour::Refuse) return;
+    f.logic->poll.RefreshClick();
+    if (shows) {
+      QTRY_VERIFY(!f.logic->poll.Busy());
+    } else {
+      QTRY_COMPARE_WITH_TIMEOUT(bad.Requests(u"image1"_s), asked + 1, 8000);
+      QTRY_VERIFY(f.HasPicture(0));
+    }
+  }
+
+  void TakesTailsOfAnyBytes() {
+    PageFixture f;
+    Station& station = f.AddSite(u"ZZ1AA"_s);
+    QByteArray picture = PlainPicture({});
+    quint32 random = 12345;
+    f.Start();
+    for (int round = 0; round < 12; ++round) {
+      QByteArray body = picture;
+      for (qsizetype i = body.size() - 60; i < body.size(); ++i) {
+        random = random * 1664525 + 1013904223;
+        body[i] = static_cast<char>(round % 3 == 0 ? "*:\r\n\0snr -"[(random >> 16) % 10] : random >> 24);
+      }
+      station.SetPicture(body);
+      f.logic->poll.ReloadPage();
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      QTRY_VERIFY(f.HasPicture(0) || f.CellOf(0).errorBox);
+      for (const QString& text : {f.program.sites.Sites.at(0).LastSeen, f.program.page.Field(0, SentTime)}) {
+        QVERIFY2(!text.contains(u'\r') && !text.contains(u'\n') && !text.contains(u'*'), qPrintable(text));
+      }
+    }
+  }
+
+  void JudgesBodies_data() {
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<bool>("stored");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("100 bytes") << QByteArray(100, 'x') << false << u"Not found"_s;
+    QTest::newRow("101 bytes") << QByteArray(101, 'x') << true << u"Picture corrupt"_s;
+    QTest::newRow("a page that says 404") << QByteArray("<html>404") + QByteArray(500, ' ') << false << u"Not found"_s;
+    QTest::newRow("404 and no page") << QByteArray("404") + QByteArray(5000, ' ') << true << u"Picture corrupt"_s;
+  }
+
+  void JudgesBodies() {
+    QFETCH(QByteArray, body);
+    QFETCH(bool, stored);
+    QFETCH(QString, line);
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s).SetPicture(body);
+    f.Start();
+    QFile old(f.Picture(1, 0));
+    QVERIFY(old.open(QIODevice::WriteOnly));
+    old.write(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    old.close();
+    f.logic->poll.ReloadPage();
+    QTRY_VERIFY(f.CellOf(0).errorBox);
+    QCOMPARE(f.CellOf(0).lblInfo2, line);
+    QCOMPARE(QFile::exists(f.Picture(1, 0)), stored);
+  }
+
+  void BlanksCallers() {
+    PageFixture f;
+    f.program.lstBadCalls = QStringList{u"N0CALL"_s};
+    f.program.lstBlock = QStringList{u"B1Ø"_s};
+    f.AddSite(u"ZZ1AA"_s, 1, 0).SetPicture(PlainPicture("AB10CD * EP snr -3 *03:15:2026 10:30"));
+    f.AddSite(u"ZZ2BB"_s, 1, 1).SetPicture(PlainPicture("N0CALL * EP snr -3 *03:15:2026 10:30"));
+    f.AddSite(u"ZZ3CC"_s, 1, 2).SetPicture(PlainPicture("AB2CD * EP snr -3 *03:15:2026 10:30"));
+    f.Start();
+    f.logic->poll.FirstPoll();
+    for (int start = 0; start < 2; ++start) {
+      QTRY_VERIFY(f.CellOf(0).errorBox && f.CellOf(1).errorBox && f.HasPicture(2));
+      QCOMPARE(f.CellOf(0).lblInfo, u"Blocked call"_s);
+      QCOMPARE(f.CellOf(0).lblInfo2, u"AB10CD"_s);
+      QCOMPARE(f.CellOf(1).lblInfo, u"Illegal callsign"_s);
+      QVERIFY2(QFile::exists(f.Picture(1, 0)), "the picture's file stays");
+      // They stay blanked when the next start shows them from the disk.
+      if (start == 0) {
+        QVERIFY(f.logic->heights.Write(f.program.AppDataDir));
+        f.Start();
+        f.logic->poll.FirstPoll();
+      }
+    }
+  }
+
+  void ColoursByAge_data() {
+    QTest::addColumn<QString>("sent");
+    QTest::addColumn<QString>("caption");
+    QTest::addColumn<int>("colour");
+    QTest::addColumn<QString>("captionOfError");
+    QTest::addColumn<int>("colourOfError");
+    const int window = static_cast<int>(CellColour::Window);
+    const int onAir = static_cast<int>(CellColour::OnAir);
+    const int stale = static_cast<int>(CellColour::Stale);
+    // The clock says 3/15/2026 12:00 local, two hours ahead of UTC. In the error box the on-air colour gives way from
+    // one day on.
+    QTest::newRow("today") << u"3/15/2026 09:30"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
+    QTest::newRow("one day") << u"3/14/2026 10:00"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA - 1 day"_s << window;
+    QTest::newRow("a minute short of a day") << u"3/14/2026 10:01"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
+    QTest::newRow("two days") << u"3/13/2026 10:00"_s << u"ZZ1AA - 2 days"_s << onAir << u"ZZ1AA - 2 days"_s << window;
+    QTest::newRow("30 days") << u"2/13/2026 10:00"_s << u"ZZ1AA - 30 days"_s << onAir << u"ZZ1AA - 30 days"_s << window;
+    QTest::newRow("31 days") << u"2/12/2026 10:00"_s << u"ZZ1AA - 31 days"_s << stale << u"ZZ1AA - 31 days"_s << stale;
+    QTest::newRow("no date") << u"soon"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
+  }
+
+  void ColoursByAge() {
+    QFETCH(QString, sent);
+    QFETCH(QString, caption);
+    QFETCH(int, colour);
+    QFETCH(QString, captionOfError);
+    QFETCH(int, colourOfError);
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s);
+    f.program.UtcOffsetHours = -2;
+    f.Start();
+    f.logic->grid.SetSite(0, u"ZZ1AA"_s);
+    f.logic->grid.SetOnAir(0, true);
+    f.program.page.Field(0, SlotCall) = u"ZZ1AA"_s;
+    f.program.page.Field(0, SentTime) = sent;
+    f.logic->grid.ColourByAge(0, 0);
+    QCOMPARE(f.CellOf(0).lblCall, caption);
+    QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colour);
+
+    f.logic->grid.ClearThumbs();
+    f.logic->grid.SetSite(0, u"ZZ1AA"_s);
+    f.logic->grid.SetOnAir(0, true);
+    f.program.sites.Sites[0].LastSeen = sent;
+    f.logic->grid.ShowNotFound(0, 0, false);
+    QCOMPARE(f.CellOf(0).lblCall, captionOfError);
+    QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colourOfError);
+  }
+
+  void PaintsWhatTheCellHolds() {
+    Cell cell;
+    cell.img = QRectF(4, 4, 120, 90);
+    QImage red(116, 86, QImage::Format_RGB32);
+    red.fill(Qt::red);
+    const auto render = [&cell, &red]() {
+      QImage canvas(260, 234, QImage::Format_RGB32);
+      canvas.fill(Qt::magenta);
+      QPainter painter(&canvas);
+      CellLook look;
+      look.scale = 2;
+      look.palette = QPalette(QColor(230, 230, 230));
+      PaintCell(painter, cell, look, QPixmap::fromImage(red));
+      return canvas;
+    };
+    cell.Shape1 = CellColour::Stale;
+    QCOMPARE(render().pixelColor(128, 98), QColor(Qt::red));
+    QCOMPARE(render().pixelColor(10, 230), kStaleColour);
+    QCOMPARE(render().pixelColor(100, 0), QColor(Qt::white));
+    cell.Shape1 = CellColour::OnAir;
+    QCOMPARE(render().pixelColor(10, 230), kOnAirColour);
+    cell.lblMode = u"EP"_s;
+    cell.modeColour = QColor(192, 192, 0);
+    QCOMPARE(render().pixelColor(208, 219), QColor(192, 192, 0));
+    cell.picProg = true;
+    cell.progress = 50;
+    QVERIFY(render().pixelColor(60, 220) != render().pixelColor(180, 220));
+    cell.errorBox = true;
+    QCOMPARE(render().pixelColor(14, 14), kErrorColour);
+  }
+};
+
+OMNI_TEST(TestThumbGrid)
+#include "test_thumb_grid.moc"

@@ -1,0 +1,189 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the program has to do with other processes and its own second thread: the lock, the companion, the background.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QLocalServer>
+#include <QLocalSocket>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "platform/background.h"
+#include "platform/companion_link.h"
+#include "platform/instance_lock.h"
+#include "platform/text/text_file.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// The number of a process that has ended.
+pid_t EndedProcess() {
+  const pid_t child = fork();
+  if (child == 0) _exit(0);
+  waitpid(child, nullptr, 0);
+  return child;
+}
+
+void Say(QLocalSocket& socket, const QByteArray& bytes) {
+  socket.write(bytes);
+  while (socket.bytesToWrite() > 0) {
+    QCoreApplication::processEvents();
+    socket.waitForBytesWritten(10);
+  }
+}
+
+}  // namespace
+
+class TestNeighbours : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QTemporaryDir> dir_;
+
+ private Q_SLOTS:
+  void init() { dir_ = std::make_unique<QTemporaryDir>(); }
+
+  void OneInstanceADataFolder() {
+    const QString file = dir_->filePath(u"omni-perch.lock"_s);
+    QByteArray content;
+    {
+      InstanceLock lock(dir_->path());
+      QVERIFY(lock.Acquire());
+      InstanceLock second(dir_->path());
+      QVERIFY(!second.Acquire());
+      content = ReadFileBytes(file).value_or(QByteArray());
+      QVERIFY(!content.isEmpty());
+    }
+    QVERIFY(!QFile::exists(file));
+    // What a crash and a power cut leave of a lock file.
+    const QByteArray ended = QByteArray::number(EndedProcess()) + content.sliced(content.indexOf('\n'));
+    for (const QByteArray& rest : {ended, QByteArray(), QByteArray(64, '\0'), "garbage\n"_ba}) {
+      QFile torn(file);
+      QVERIFY(torn.open(QIODevice::WriteOnly) && torn.write(rest) == rest.size());
+      torn.close();
+      QVERIFY(InstanceLock(dir_->path()).Acquire());
+    }
+    const QString missing = dir_->filePath(u"missing"_s);
+    QVERIFY(InstanceLock(missing).Acquire());
+    QVERIFY(!QFile::exists(missing));
+  }
+
+  void TakesTheCompanionsLines() {
+    CompanionLink link(dir_->path());
+    QVERIFY(link.Listen());
+    QSignalSpy texts(&link, &CompanionLink::TextArrived);
+    QLocalSocket socket;
+    socket.connectToServer(dir_->filePath(u"omni-perch-form1"_s));
+    QVERIFY(socket.waitForConnected());
+    const QByteArray longest = "txtRxOk=" + QByteArray(1024 * 1024 - 8, 'x');
+    Say(socket, "txtRxOk=ZZ9QX\tok\t1/2/24*\xC3\x98=\ntxtRxOk=\nother=x\n\ntxtrxok=x\ntxtFrom");
+    Say(socket, "RxOk=Show\r\n" + longest + "y\n" + longest + "\n" + QByteArray(3'000'000, 'x') +
+                    "\ntxtRxOk=last\ntxtRxOk=cut");
+    QTRY_COMPARE(texts.size(), 5);
+    const QList<QStringList> wanted{{u"txtRxOk"_s, u"ZZ9QX\tok\t1/2/24*Ø="_s},
+                                    {u"txtRxOk"_s, QString()},
+                                    {u"txtFromRxOk"_s, u"Show"_s},
+                                    {u"txtRxOk"_s, QString::fromLatin1(longest.sliced(8))},
+                                    {u"txtRxOk"_s, u"last"_s}};
+    for (qsizetype i = 0; i < wanted.size(); ++i) {
+      QCOMPARE(texts[i][0].toString(), wanted[i][0]);
+      QCOMPARE(texts[i][1].toString(), wanted[i][1]);
+    }
+    QCOMPARE(QFile::permissions(dir_->filePath(u"omni-perch-form1"_s)) &
+                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
+             QFile::Permissions());
+    // A companion that hangs up behind its last line has still said it.
+    {
+      QLocalSocket brief;
+      brief.connectToServer(dir_->filePath(u"omni-perch-form1"_s));
+      brief.write("txtRxOk=bye\n");
+      QVERIFY(brief.waitForBytesWritten());
+    }
+    QTRY_COMPARE(texts.size(), 6);
+  }
+
+  void LeavesALivingSocketAlone() {
+    const QString path = dir_->filePath(u"omni-perch-form1"_s);
+    auto first = std::make_unique<CompanionLink>(dir_->path());
+    QVERIFY(first->Listen());
+    QSignalSpy texts(first.get(), &CompanionLink::TextArrived);
+    CompanionLink second(dir_->path());
+    QVERIFY(!second.Listen());
+    QLocalSocket socket;
+    socket.connectToServer(path);
+    QVERIFY(socket.waitForConnected());
+    Say(socket, "txtRxOk=x\n");
+    QTRY_COMPARE(texts.size(), 1);
+
+    // A crash leaves the file without anyone behind it: here its second name, once the first has gone.
+    const QString orphan = dir_->filePath(u"orphan"_s);
+    QCOMPARE(::link(QFile::encodeName(path).constData(), QFile::encodeName(orphan).constData()), 0);
+    first.reset();
+    QVERIFY(QFile::rename(orphan, path));
+    QVERIFY(second.Listen());
+
+    QVERIFY(!CompanionLink(dir_->filePath(u"missing"_s)).Listen());
+    QVERIFY(!CompanionLink(dir_->filePath(QString(200, u'x'))).Listen());
+  }
+
+  void TellsTheCompanionThatItCloses() {
+    CompanionLink link(dir_->path());
+    QVERIFY(link.Listen());
+    link.SendClosed();  // nobody there
+    QVERIFY(!QFile::exists(dir_->filePath(u"omni-perch-form1"_s)));
+    QLocalServer companion;
+    QVERIFY(companion.listen(dir_->filePath(u"tv-echo-form1"_s)));
+    link.SendClosed();
+    QVERIFY(companion.waitForNewConnection(5000));
+    QLocalSocket* socket = companion.nextPendingConnection();
+    QByteArray said;
+    QTRY_VERIFY((said += socket->readAll()).contains('\n'));
+    QCOMPARE(said, "Closed\n"_ba);
+  }
+
+  void WorksInOrderBesideTheLoop() {
+    QList<int> done;
+    QSemaphore gate;
+    auto gone = std::make_unique<QObject>();
+    std::atomic<int> ran = 0;
+    auto background = std::make_unique<Background>();
+    const auto work = [&](int number) {
+      return [&, number]() {
+        gate.acquire();
+        ++ran;
+        return number;
+      };
+    };
+    const auto note = [&](int number) {
+      QCOMPARE(QThread::currentThread(), thread());
+      done += number;
+    };
+    for (int i = 0; i < 3; ++i) background->Run<int>(i == 1 ? gone.get() : this, work(i), note);
+    gone.reset();
+    gate.release(3);
+    QTRY_COMPARE(done, (QList<int>{0, 2}));
+    QCOMPARE(ran, 3);
+    // The job that runs is waited for, and nobody hears of it.
+    QSemaphore begun;
+    background->Run<int>(
+        this,
+        [&]() {
+          begun.release();
+          return work(3)();
+        },
+        note);
+    begun.acquire();
+    gate.release();
+    background.reset();
+    QCOMPARE(ran, 4);
+    QCoreApplication::processEvents();
+    QCOMPARE(done.size(), 2);
+  }
+};
+
+OMNI_TEST(TestNeighbours)
+#include "test_neighbours.moc"

@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "no_room.h"
+#include "platform/settings_store.h"
+#include "platform/text/text_file.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kApp = u"Omni-Perch"_s;
+
+void MakeFile(const QString& path, const QByteArray& bytes) {
+  QFile file(path);
+  QVERIFY(file.open(QIODevice::WriteOnly));
+  QCOMPARE(file.write(bytes), bytes.size());
+}
+
+}  // namespace
+
+class TestSettingsStore : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<QTemporaryDir> dir_;
+  QString path_;
+
+ private Q_SLOTS:
+  void init() {
+    dir_ = std::make_unique<QTemporaryDir>();
+    path_ = dir_->filePath(u"settings.ini"_s);
+  }
+
+  // Any text comes back, to this store and to QSettings; and this store reads what QSettings writes.
+  void KeepsAnyText_data() {
+    QTest::addColumn<QString>("text");
+    for (const char* text : {"", "1", "a, b;c=d", "\"quoted\" in part", "\"", "\\", "C:\\new\\folder\\", " blanks ",
+                             "\ttab\r\nlines\n", "@", "@Variant(x)", "@@x", "[x]", ";x",
+                             "Ø Page Москва 日本 \xF0\x9F\x90\xA6", "\001F\0370\177", "50%", "a\\x41"})
+      QTest::newRow(text) << QString::fromUtf8(text);
+    QTest::newRow("nul") << u"a\0b0"_s;
+    QTest::newRow("odd blanks") << u"\u00A0x\u2028"_s;
+  }
+  void KeepsAnyText() {
+    QFETCH(QString, text);
+    SettingsStore store(path_);
+    store.SetValue(kApp, u"LABELS"_s, u"1"_s, text);
+    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band 0=Ø日"_s, text);
+    QVERIFY(store.Save());
+    const SettingsStore again(path_);
+    QCOMPARE(again.Value(kApp, u"LABELS"_s, u"1"_s, u"?"_s), text);
+    QCOMPARE(again.Value(u"TV Echo"_s, u"TX"_s, u"band 0=Ø日"_s, u"?"_s), text);
+    const QSettings judge(path_, QSettings::IniFormat);
+    QCOMPARE(judge.value(u"Omni-Perch/LABELS/1"_s).toString(), text);
+    QCOMPARE(judge.value(u"TV Echo/TX/band 0=Ø日"_s).toString(), text);
+    {
+      QSettings other(dir_->filePath(u"other.ini"_s), QSettings::IniFormat);
+      other.setValue(u"TV Echo/Größe/日"_s, text);
+    }
+    const SettingsStore reader(dir_->filePath(u"other.ini"_s));
+    QCOMPARE(reader.Value(u"TV Echo"_s, u"Größe"_s, u"日"_s, u"?"_s), text);
+  }
+
+  void WritesTheKnownForm() {
+    SettingsStore store(path_);
+    store.SetValue(kApp, u"Geometry"_s, u"showCmd"_s, u"9"_s);
+    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"1"_s);
+    store.SetValue(kApp, u"geometry"_s, u"SHOWCMD"_s, u"1"_s);
+    store.SetValue(kApp, u"Geometry"_s, u"Left"_s, u"-5"_s);
+    QVERIFY(store.Save());
+    QCOMPARE(ReadFileBytes(path_),
+             "[Omni-Perch]\ngeometry\\SHOWCMD=1\nGeometry\\Left=-5\n\n[TV%20Echo]\nTX\\band0=1\n"_ba);
+  }
+
+  void ReadsHandWrittenFiles_data() {
+    QTest::addColumn<QByteArray>("line");
+    QTest::addColumn<QString>("value");
+    QTest::newRow("plain") << "SAVEDIR\\1=/home/x"_ba << u"/home/x"_s;
+    QTest::newRow("blanks around") << "  SAVEDIR\\1 =  a b  "_ba << u"a b"_s;
+    QTest::newRow("commas, semicolons, quotes") << "savedir\\1=a, b;c \"d\""_ba << u"a, b;c \"d\""_s;
+    QTest::newRow("slash parts too") << "SaveDir/1=x"_ba << u"x"_s;
+    QTest::newRow("utf-8") << "SAVEDIR\\1=Фото"_ba << u"Фото"_s;
+    QTest::newRow("1252") << "SAVEDIR\\1=\xD8"_ba << u"Ø"_s;
+    QTest::newRow("equals in value") << "SAVEDIR\\1=a=b"_ba << u"a=b"_s;
+    QTest::newRow("windows path") << "SAVEDIR\\1=D:\\Pictures"_ba << u"D:\\Pictures"_s;
+    QTest::newRow("lone backslash") << "SAVEDIR\\1=D:\\"_ba << u"D:\\"_s;
+    QTest::newRow("empty") << "SAVEDIR\\1="_ba << QString();
+    QTest::newRow("comment") << ";SAVEDIR\\1=x\n#SAVEDIR\\1=y"_ba << u"none"_s;
+    QTest::newRow("garbled") << "SAVEDIR\\1\n=x\n[\n]\n\0\n%\n%U12=\n"_ba << u"none"_s;
+    QTest::newRow("other application") << "[Other]\nSAVEDIR\\1=x"_ba << u"none"_s;
+    QTest::newRow("last spelling wins") << "SaveDir\\1=a\nSAVEDIR\\1=b\nsavedir\\1=c\n[x]\n"_ba << u"c"_s;
+    QTest::newRow("last group wins") << "SAVEDIR\\1=a\n[OMNI-perch]\nsavedir\\1=b"_ba << u"b"_s;
+    QTest::newRow("any line end") << "a=1\rSAVEDIR\\1=x\r\nb=2"_ba << u"x"_s;
+  }
+  void ReadsHandWrittenFiles() {
+    QFETCH(QByteArray, line);
+    QFETCH(QString, value);
+    MakeFile(path_, "[Omni-Perch]\n" + line);
+    QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"1"_s, u"none"_s), value);
+    QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"2"_s, u"none"_s), u"none"_s);
+  }
+
+  void ChangesOnlyWhatWasSet() {
+    MakeFile(path_,
+             "; mine\n[omni-perch]\nMapTop\\0=1\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\n\n[Foreign]\nx=a, b\n"
+             "\n[Omni-Perch]\nMaptop\\0=2\nMaptop\\1=7\n");
+    SettingsStore store(path_);
+    QCOMPARE(store.Value(kApp, u"MapTop"_s, u"0"_s, u"?"_s), u"2"_s);
+    store.SetValue(kApp, u"MapTop"_s, u"0"_s, u"3"_s);
+    store.SetValue(kApp, u"Block"_s, u"0"_s, u"ZZ9QX"_s);
+    QVERIFY(store.Save());
+    QCOMPARE(ReadFileBytes(path_),
+             "; mine\n[omni-perch]\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\nBlock\\0=ZZ9QX\n\n[Foreign]\nx=a, b\n"
+             "\n[Omni-Perch]\nMapTop\\0=3\nMaptop\\1=7\n"_ba);
+  }
+
+  void WritesWholeFilesOrNone() {
+    SettingsStore store(path_);
+    QVERIFY(store.Save());
+    QVERIFY(!QFile::exists(path_));
+    store.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
+    QVERIFY(store.Save());
+    const auto before = ReadFileBytes(path_);
+    store.SetValue(kApp, u"Print"_s, u"Size"_s, QString(5'000, u'x'));
+    QVERIFY(!WithoutRoom([&store]() { return store.Save(); }));
+    QCOMPARE(ReadFileBytes(path_), before);
+    QVERIFY(store.Save());
+    QVERIFY(ReadFileBytes(path_) != before);
+    // Nothing changed, nothing written: a file that another hand has removed stays away.
+    QVERIFY(QFile::remove(path_));
+    store.SetValue(kApp, u"print"_s, u"size"_s, QString(5'000, u'x'));
+    QVERIFY(store.Save());
+    QVERIFY(!QFile::exists(path_));
+
+    SettingsStore homeless(dir_->filePath(u"missing/settings.ini"_s));
+    homeless.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
+    QVERIFY(!homeless.Save());
+    QVERIFY(QDir(dir_->path()).mkdir(u"folder"_s));
+    SettingsStore folder(dir_->filePath(u"folder"_s));
+    folder.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
+    QVERIFY(!folder.Save());
+    QCOMPARE(folder.Value(kApp, u"PRINT"_s, u"SIZE"_s, u"?"_s), u"5"_s);
+  }
+};
+
+OMNI_TEST(TestSettingsStore)
+#include "test_settings_store.moc"

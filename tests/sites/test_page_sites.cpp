@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Changing which sites stand where: adding, reloading, compacting and removing, on the page and in the lists.
+#include <QTest>
+
+#include "page_fixture.h"
+#include "test_suite.h"
+
+using namespace Qt::StringLiterals;
+
+class TestPageSites : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void ReloadsOneSlot() {
+    PageFixture f;
+    Station& one = f.AddSite(u"ZZ1AA"_s, 1, 0);
+    Station& two = f.AddSite(u"ZZ2BB"_s, 1, 1);
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1));
+    f.program.page.SelectedSlot = 1;
+    f.logic->sites.ReloadSlot();
+    QTRY_COMPARE(two.Requests(u"image1"_s), 2);
+    QCOMPARE(two.Requests(u"checknew.jpg"_s), 1);
+    QCOMPARE(one.Requests(u"image1"_s), 1);
+    QCOMPARE(f.program.page.Field(1, LastHeight), u"0"_s);
+  }
+
+  void AddsASite() {
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1, 0);
+    Station& moved = f.AddSite(u"ZZ2BB"_s, 1, 4);
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(4));
+    QTRY_VERIFY(!f.logic->poll.Busy());
+    // ZZ2BB takes the slot of ZZ1AA, which then stands nowhere on the page.
+    f.program.page.SelectedSlot = 0;
+    f.logic->sites.AddSiteToSlot(f.program.sites.FindCall(u"ZZ2BB"_s));
+    QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ2BB"_s);
+    QTRY_COMPARE(moved.Requests(u"checknew.jpg"_s), 2);
+    QVERIFY2(!moved.Log().constLast().contains(u'?') || moved.Requests(u"image1"_s) > 1, "no parameter here");
+    QVERIFY(f.CellOf(4).siteCall.isEmpty());
+    QCOMPARE(f.program.sites.GetSiteSlot(f.program.sites.FindCall(u"ZZ2BB"_s), 1), 1);
+    QCOMPARE(f.program.sites.GetSiteSlot(f.program.sites.FindCall(u"ZZ1AA"_s), 1), 0);
+    QVERIFY(f.program.sites.FindThumbPos(1, 5).isEmpty());
+    QVERIFY(f.program.sites.FindThumbPos(1, 1).endsWith(u"ZZ2BB"_s));
+  }
+
+  void AddsAWeatherSite() {
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1, 0);
+    f.program.sites.Sites[0].LastSeen = u"1/2/2026 10:00"_s;
+    Station& weather = f.band.AddStation(u"ZZ7WX"_s);
+    weather.SetFile(u"radar.jpg"_s, PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    SiteRec radar;
+    radar.Call = u"Radar"_s;
+    radar.Url = weather.Base() + u"/radar.jpg"_s;
+    f.program.sites.WxSites.append(radar);
+    f.Start();
+    f.program.page.CurrentPage = PageState::WxPage;
+    f.program.page.SelectedSlot = 2;
+    f.logic->sites.AddSiteToSlot(0);
+    QTRY_VERIFY(f.HasPicture(2));
+    QCOMPARE(f.program.sites.WxSites.at(0).PageSlots[2], u"3"_s);
+    QCOMPARE(f.program.sites.Sites.at(0).LastSeen, u"1/2/2026 10:00"_s);
+  }
+
+  void CompactsInTheOrderOfCalls() {
+    PageFixture f;
+    f.program.config.ThumbLayout = 5;
+    f.AddSite(u"ZZ9CC"_s, 1, 2);
+    Station& first = f.AddSite(u"ZZ1AA"_s, 1, 9);
+    f.AddSite(u"ZZ5BB"_s, 1, 30);
+    f.AddSite(u"ZZ7DD"_s, 2, 0);
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(2) && f.HasPicture(9) && f.HasPicture(30));
+    f.logic->sites.CompactPage();
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
+    QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ1AA"_s);
+    QCOMPARE(f.program.page.Field(1, SlotCall), u"ZZ5BB"_s);
+    QCOMPARE(f.program.page.Field(2, SlotCall), u"ZZ9CC"_s);
+    QCOMPARE(first.Requests(u"image1"_s), 2);
+    QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ5BB"_s)).PageSlots[5], u"0102"_s);
+    QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ7DD"_s)).PageSlots[5], u"0201"_s);
+  }
+
+  void CompactsAFullPage() {
+    PageFixture f;
+    f.program.config.ThumbLayout = 5;
+    for (int slot = 0; slot < 35; ++slot) {
+      SiteRec site;
+      site.Call = u"ZZ1%1"_s.arg(slot, 2, 10, QLatin1Char('0'));
+      site.Url = u"http://127.0.0.1:9/cam only"_s;
+      site.PageSlots[5] = u"01%1"_s.arg(slot + 1, 2, 10, QLatin1Char('0'));
+      f.program.sites.Sites.append(site);
+    }
+    f.Start();
+    f.logic->poll.FirstPoll();
+    f.logic->sites.CompactPage();
+    QSet<int> slots;
+    for (int site = 0; site < 35; ++site) slots.insert(f.program.sites.GetSiteSlot(site, 1));
+    QCOMPARE(slots.size(), 35);
+    QVERIFY(!slots.contains(0) && !slots.contains(36));
+    QCOMPARE(f.program.sites.GetSiteSlot(26, 1), 28);
+  }
+
+  void RemovesSites() {
+    PageFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1, 0);
+    f.AddSite(u"ZZ2BB"_s, 1, 1);
+    f.AddSite(u"ZZ3CC"_s, 1, 2);
+    f.Start();
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
+    f.program.page.SelectedSlot = 1;
+    f.logic->sites.RemoveSite();
+    QCOMPARE(f.program.page.List1, (QStringList{u"ZZ1AA    1"_s, u"ZZ3CC    3"_s}));
+    QVERIFY(f.CellOf(1).frames.isEmpty() && f.CellOf(1).lblCall.isEmpty());
+    QCOMPARE(f.program.sites.Sites.at(1).PageSlots[2], QString());
+    QVERIFY(!f.program.sites.PageIsEmpty(1));
+    f.logic->sites.RemoveAllSites();
+    QVERIFY(f.program.page.List1.isEmpty() && f.program.sites.PageIsEmpty(1) && f.program.sites.lstThumbPos.isEmpty());
+    QCOMPARE(f.program.sites.Sites.size(), 3);
+  }
+
+  void BlinksACell() {
+    PageFixture f;
+    f.Start();
+    f.logic->grid.Flash(3);
+    QTRY_VERIFY(f.CellOf(3).flash);
+    f.logic->grid.Flash(4);
+    QVERIFY2(!f.CellOf(3).flash, "one cell blinks at a time");
+    QTRY_VERIFY(f.CellOf(4).flash);
+    QTRY_VERIFY(!f.CellOf(4).flash);
+  }
+};
+
+OMNI_TEST(TestPageSites)
+#include "test_page_sites.moc"

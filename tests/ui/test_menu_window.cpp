@@ -1,0 +1,236 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QCursor>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "test_suite.h"
+#include "ui/menu_accessible.h"
+#include "ui/menu_window.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNumber = 4;
+constexpr int kSubNumber = 10;
+
+QList<MenuEntry> Entries(const QStringList& texts) {
+  QList<MenuEntry> entries;
+  for (const QString& text : texts) {
+    MenuEntry entry;
+    entry.text = text;
+    entry.action = static_cast<int>(entries.size()) + 100;
+    entries.append(entry);
+  }
+  return entries;
+}
+
+// Apple, Avocado, Banana (greyed), Cherry (opens one and two), Date & Fig.
+struct Opened {
+  QWidget window;
+  frmMenu menu{&window};
+  QSignalSpy chosen{&menu, &frmMenu::Chosen};
+  QSignalSpy subChosen{&menu, &frmMenu::SubChosen};
+  QSignalSpy closed{&menu, &frmMenu::AboutToClose};
+
+  Opened() {
+    window.setGeometry(100, 100, 300, 200);
+    window.show();
+    QCursor::setPos(window.mapToGlobal(QPoint(5, 5)));
+  }
+
+  void Open(QPoint place = QPoint(200, 200), frmMenu::Opener opener = frmMenu::Opener::Pointer) {
+    QList<MenuEntry> entries = Entries({u" Apple "_s, u" Avocado "_s, u"Banana"_s, u"Cherry"_s, u"Date & Fig"_s});
+    entries[1].separatorAfter = true;
+    entries[2].enabled = false;
+    entries[3].subMenu = kSubNumber;
+    menu.MakeMenu(kNumber, entries, [](int number) {
+      QList<MenuEntry> sub = number == kSubNumber ? Entries({u"one"_s, u"two"_s}) : QList<MenuEntry>();
+      sub[1].hasCheck = sub[1].checked = true;
+      return sub;
+    });
+    menu.OpenAt(place, opener);
+  }
+
+  QAction* Row(const QString& text) const {
+    const QList<QAction*> rows = menu.actions();
+    for (QAction* row : rows) {
+      if (row->text().trimmed() == text) return row;
+    }
+    return nullptr;
+  }
+
+  QPoint Middle(const QString& text) const { return menu.actionGeometry(Row(text)).center(); }
+};
+
+}  // namespace
+
+class TestMenuWindow : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void initTestCase() { AccessibleMenuOwner::Install(); }
+
+  void Keys_data() {
+    QTest::addColumn<QString>(
+        "typed");  // d down, u up, r right, l left, e Return, x Escape; capitals are typed letters
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("down") << u"dde"_s << u"4:101"_s;
+    QTest::newRow("letter") << u"De"_s << u"4:104"_s;
+    QTest::newRow("letter again") << u"AAe"_s << u"4:101"_s;
+    QTest::newRow("two letters") << u"AVe"_s << u"4:101"_s;
+    QTest::newRow("greyed") << u"Be"_s << u"open"_s;
+    QTest::newRow("into the sub-menu") << u"uurde"_s << u"10:101"_s;
+    QTest::newRow("out of the sub-menu") << u"uurlde"_s << u"4:104"_s;
+    QTest::newRow("letter in the sub-menu") << u"uurTe"_s << u"10:101"_s;
+    QTest::newRow("letter of a sub-menu") << u"Crde"_s << u"10:101"_s;
+    QTest::newRow("escape") << u"dx"_s << u"closed"_s;
+    QTest::newRow("escape from the sub-menu") << u"uurx"_s << u"open"_s;
+  }
+
+  void Keys() {
+    QFETCH(QString, typed);
+    Opened opened;
+    opened.Open();
+    static const QHash<QChar, Qt::Key> keys = {{u'd', Qt::Key_Down}, {u'u', Qt::Key_Up},     {u'r', Qt::Key_Right},
+                                               {u'l', Qt::Key_Left}, {u'e', Qt::Key_Return}, {u'x', Qt::Key_Escape}};
+    for (const QChar c : typed) {
+      QWidget* popup = QApplication::activePopupWidget();
+      QVERIFY(popup != nullptr);
+      if (keys.contains(c)) {
+        QTest::keyClick(popup, keys.value(c));
+      } else {
+        QTest::keyClick(popup, c.toLatin1());
+      }
+    }
+    QString outcome = opened.menu.isVisible() ? u"open"_s : u"closed"_s;
+    for (const QSignalSpy* spy : {&opened.chosen, &opened.subChosen}) {
+      if (spy->isEmpty()) continue;
+      QVERIFY(!opened.menu.isVisible());
+      outcome = u"%1:%2"_s.arg(spy->first().at(0).toInt()).arg(spy->first().at(1).toInt());
+    }
+    QTEST(outcome, "expected");
+  }
+
+  void MouseChooses() {
+    Opened opened;
+    opened.Open();
+    // The handler may build the next menu from within the choice.
+    connect(&opened.menu, &frmMenu::Chosen, &opened.menu, [&opened]() { opened.Open(QPoint(10, 10)); });
+    QTest::mouseClick(&opened.menu, Qt::LeftButton, {}, opened.Middle(u"Banana"_s));
+    QCOMPARE(opened.chosen.size(), 0);
+    QTest::mouseClick(&opened.menu, Qt::LeftButton, {}, opened.Middle(u"Date && Fig"_s));
+    QCOMPARE(opened.chosen.size(), 1);
+    QCOMPARE(opened.chosen.first().at(2).toString(), u"Date & Fig"_s);
+    QCOMPARE(opened.closed.size(), 1);
+    QVERIFY(opened.menu.isVisible());
+    QCOMPARE(opened.menu.pos(), QPoint(10, 10));
+  }
+
+  void HoverOpensTheSubMenu() {
+    Opened opened;
+    opened.Open();
+    QMenu* sub = opened.Row(u"Cherry"_s)->menu();
+    QVERIFY(sub != nullptr);
+    QTest::mouseMove(&opened.menu, opened.Middle(u"Apple"_s));
+    QTest::mouseMove(&opened.menu, opened.Middle(u"Cherry"_s));
+    QTRY_VERIFY(sub->isVisible());
+    const int overlap = opened.menu.geometry().right() + 1 - sub->x();
+    QVERIFY2(std::abs(overlap - 30) <= 4, qPrintable(QString::number(overlap)));
+
+    // Neither closes on the way from one to the other, both close once the pointer is elsewhere and no button is held.
+    QCursor::setPos(sub->geometry().center());
+    opened.menu.MenusTick();
+    QVERIFY(opened.menu.isVisible() && sub->isVisible());
+    QCursor::setPos(opened.window.mapToGlobal(QPoint(1, 1)));
+    QTest::mousePress(&opened.menu, Qt::LeftButton, {}, opened.Middle(u"Banana"_s));
+    opened.menu.MenusTick();
+    QVERIFY(opened.menu.isVisible());
+    QTest::mouseRelease(&opened.menu, Qt::LeftButton, {}, opened.Middle(u"Banana"_s));
+    QCursor::setPos(opened.window.mapToGlobal(QPoint(2, 2)));
+    QTRY_VERIFY(!opened.menu.isVisible());
+    QVERIFY(!sub->isVisible());
+    QVERIFY(!opened.menu.tmrMenus.isActive());
+    QCOMPARE(opened.closed.size(), 1);
+    QVERIFY(opened.chosen.isEmpty() && opened.subChosen.isEmpty());
+  }
+
+  void KeyboardKeepsItOpen() {
+    Opened opened;
+    opened.Open(QPoint(200, 200), frmMenu::Opener::Keyboard);
+    QCOMPARE(opened.menu.activeAction(), opened.Row(u"Apple"_s));
+    opened.menu.MenusTick();
+    QVERIFY(opened.menu.isVisible());
+    // A nudge of the mouse between two keys does not take the menu away; leaving for good does.
+    QCursor::setPos(opened.window.mapToGlobal(QPoint(7, 7)));
+    QTest::keyClick(&opened.menu, Qt::Key_Down);
+    opened.menu.MenusTick();
+    QVERIFY(opened.menu.isVisible());
+    QCursor::setPos(opened.window.mapToGlobal(QPoint(9, 9)));
+    opened.menu.MenusTick();
+    QVERIFY(!opened.menu.isVisible());
+  }
+
+  void StaysOnTheMonitor() {
+    const QRect monitor = QGuiApplication::primaryScreen()->geometry();
+    Opened opened;
+    opened.Open(monitor.bottomRight());
+    QVERIFY(monitor.contains(opened.menu.geometry()));
+    QTest::keyClick(&opened.menu, 'c');
+    QTest::keyClick(&opened.menu, Qt::Key_Right);
+    QMenu* sub = opened.Row(u"Cherry"_s)->menu();
+    QTRY_VERIFY(sub->isVisible());
+    QVERIFY(monitor.contains(sub->geometry()));
+    QVERIFY(sub->x() < opened.menu.x());
+
+    QStringList pages;
+    for (int i = 0; i < 200; ++i) pages.append(QString(i == 7 ? 100000 : 5, u'W'));
+    opened.menu.MakeMenu(1, Entries(pages));
+    opened.menu.OpenAt(QPoint(0, 0));
+    QVERIFY(monitor.contains(opened.menu.geometry()));
+    QTest::keyClick(&opened.menu, Qt::Key_Up);
+    QVERIFY(opened.menu.rect().contains(opened.menu.actionGeometry(opened.menu.activeAction())));
+  }
+
+  void OneMenuAtATime() {
+    Opened first;
+    Opened second;
+    first.Open();
+    second.Open();
+    QVERIFY(!first.menu.isVisible() && second.menu.isVisible());
+    second.menu.MakeMenu(2, {});
+    second.menu.OpenAt(QPoint(50, 50));
+    QVERIFY(!second.menu.isVisible());
+  }
+
+  void IsInTheAccessibleTree() {
+    Opened opened;
+    QAccessibleInterface* window = QAccessible::queryAccessibleInterface(&opened.window);
+    QCOMPARE(window->childCount(), 0);
+    opened.Open();
+    QCOMPARE(window->childCount(), 1);
+    QAccessibleInterface* menu = window->child(0);
+    QCOMPARE(menu->role(), QAccessible::PopupMenu);
+    QCOMPARE(window->indexOfChild(menu), 0);
+    QStringList seen;
+    for (int i = 0; i < menu->childCount(); ++i) {
+      const QAccessibleInterface* item = menu->child(i);
+      if (item->role() != QAccessible::MenuItem) continue;
+      const QAccessible::State state = item->state();
+      seen.append(item->text(QAccessible::Name).trimmed() + (state.disabled ? u" greyed"_s : QString()) +
+                  (item->childCount() == 1 ? u" opens"_s : QString()));
+    }
+    QCOMPARE(seen, QStringList({u"Apple"_s, u"Avocado"_s, u"Banana greyed"_s, u"Cherry opens"_s, u"Date & Fig"_s}));
+    QAccessibleInterface* sub = QAccessible::queryAccessibleInterface(opened.Row(u"Cherry"_s)->menu());
+    QVERIFY(sub->child(1)->state().checkable && sub->child(1)->state().checked);
+    opened.menu.close();
+    QCOMPARE(window->childCount(), 0);
+  }
+};
+
+OMNI_TEST(TestMenuWindow)
+#include "test_menu_window.moc"

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "decode.h"
+
+#include <QBuffer>
+#include <QElapsedTimer>
+#include <QImageReader>
+#include <QImageWriter>
+#include <algorithm>
+#include <chrono>
+
+#include "jpeg2000.h"
+#include "platform/picture/picture_protocol.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kJpegQuality = 90;
+// An animation that takes longer than this to decode plays what has been decoded by then, so that it is shown at all
+// before the driver's patience ends.
+constexpr std::chrono::milliseconds kAnimationTime = 2500ms;
+
+const char* ReaderName(PictureKind kind) {
+  switch (kind) {
+    case PictureKind::Jpeg:
+      return "jpeg";
+    case PictureKind::Png:
+      return "png";
+    case PictureKind::Gif:
+      return "gif";
+    case PictureKind::Bmp:
+      return "bmp";
+    case PictureKind::Jpeg2000:
+    case PictureKind::Unknown:
+      break;
+  }
+  return nullptr;
+}
+
+QImage Finished(const QImage& image, QSize size) {
+  if (image.isNull()) return {};
+  const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  QImage plain = image.convertToFormat(format);
+  if (plain.size() == size) return plain;
+  return plain.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(format);
+}
+
+// Browsers and viewers play frames without a sensible delay at ten a second.
+int PlayedDelay(int stored) {
+  return stored <= 10 ? 100 : stored;
+}
+
+QImage OnWhite(const QImage& image) {
+  if (!image.hasAlphaChannel()) return image.convertToFormat(QImage::Format_RGB32);
+  QImage result = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  for (int y = 0; y < result.height(); ++y) {
+    auto* line = reinterpret_cast<QRgb*>(result.scanLine(y));
+    std::transform(line, line + result.width(), line, [](QRgb pixel) {
+      const int white = 255 - qAlpha(pixel);
+      return qRgb(qRed(pixel) + white, qGreen(pixel) + white, qBlue(pixel) + white);
+    });
+  }
+  result.reinterpretAsFormat(QImage::Format_RGB32);
+  return result;
+}
+
+}  // namespace
+
+QSize FitInto(QSize picture, QSize box, Fit fit) {
+  if (picture.isEmpty() || box.isEmpty()) return {};
+  const double scale = std::min(static_cast<double>(box.width()) / picture.width(),
+                                static_cast<double>(box.height()) / picture.height());
+  if (fit == Fit::DownOnly && scale >= 1) return picture;
+  return {std::clamp(qRound(picture.width() * scale), 1, box.width()),
+          std::clamp(qRound(picture.height() * scale), 1, box.height())};
+}
+
+QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize size) {
+  if (header.kind == PictureKind::Jpeg2000) return Finished(DecodeJpeg2000(bytes, header, size), size);
+  const char* name = ReaderName(header.kind);
+  if (name == nullptr) return {};
+  QBuffer buffer;
+  buffer.setData(bytes);
+  QImageReader reader(&buffer, name);
+  reader.setAutoDetectImageFormat(false);
+  if (header.kind == PictureKind::Jpeg) reader.setScaledSize(size);  // leaves most of the decoding out
+  return Finished(reader.read(), size);
+}
+
+QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size) {
+  if (header.kind != PictureKind::Gif) {
+    const QImage still = DecodeStill(bytes, header, size);
+    return still.isNull() ? QList<DecodedFrame>() : QList<DecodedFrame>{{still, 0}};
+  }
+  QBuffer buffer;
+  buffer.setData(bytes);
+  QImageReader reader(&buffer, "gif");
+  reader.setAutoDetectImageFormat(false);
+  const qint64 most = std::clamp<qint64>(PictureLimits::kAnimationBytes / (qint64{4} * size.width() * size.height()), 1,
+                                         PictureLimits::kFrames);
+  QElapsedTimer watch;
+  watch.start();
+  QList<DecodedFrame> frames;
+  while (frames.size() < most && std::chrono::milliseconds(watch.elapsed()) < kAnimationTime) {
+    const QImage frame = reader.read();
+    if (frame.isNull()) break;
+    frames.append({Finished(frame, size), PlayedDelay(reader.nextImageDelay())});
+  }
+  if (frames.size() == 1) frames.first().delay = 0;
+  return frames;
+}
+
+QByteArray Encode24(const QImage& image, WrittenFormat format) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  QImageWriter writer(&buffer, format == WrittenFormat::Bmp ? "bmp" : "jpeg");
+  writer.setQuality(kJpegQuality);
+  return writer.write(OnWhite(image)) ? buffer.data() : QByteArray();
+}
