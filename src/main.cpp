@@ -1,18 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Builds the program's state, shows Form1 and runs the event loop.
+// Makes the services, shows Form1 and runs the event loop.
 #include <QApplication>
-#include <QFileInfo>
 
 #include "app/main_window.h"
-#include "core/hosts.h"
-#include "core/program.h"
-#include "platform/clock.h"
-#include "platform/companion_link.h"
+#include "app/services.h"
 #include "platform/instance_lock.h"
-#include "platform/paths.h"
-#include "platform/settings_store.h"
 #include "platform/termination.h"
-#include "ui/dialogs.h"
 #include "ui/menu_accessible.h"
 
 using namespace Qt::StringLiterals;
@@ -26,21 +19,15 @@ int main(int argc, char** argv) {
   AccessibleCell::Install();
   AccessibleMenuOwner::Install();
 
-  Program program;
-  program.AppDataDir = DefaultAppDataDir();
-  program.ProgramDir = QApplication::applicationDirPath();
-  program.CallsDir = QFileInfo(program.AppDataDir).path() + u"/QKCalls"_s;
-
+  const RunSettings run = RunSettings::OfUser();
   // Asked before the first file is touched.
-  InstanceLock lock(program.AppDataDir);
+  InstanceLock lock(run.appDataDir);
   const bool anotherRuns = !lock.Acquire();
 
-  const Hosts hosts = Hosts::Read(program.AppDataDir);
-  SettingsStore store(program.AppDataDir + u"/settings.ini"_s);
   Clock clock;
   Dialogs dialogs;
-  Form1 form({program, store, hosts, dialogs, clock, program.ProgramDir + u"/omni-perch-decoder"_s,
-              CompanionLink::DefaultSocketDir(), UrlLimits()});
+  Services services(run, dialogs, clock);
+  Form1 form(services);
   if (!form.Load(anotherRuns)) return 0;
   const Termination termination;
   QObject::connect(&termination, &Termination::Requested, &form, &Form1::CloseMe);

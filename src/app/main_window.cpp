@@ -8,6 +8,7 @@
 #include <QWindow>
 
 #include "page/thumb_layout.h"
+#include "platform/companion_link.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -26,29 +27,25 @@ int TwipsPerPixel(double dotsPerInch) {
 
 }  // namespace
 
-Form1::Form1(const Parts& parts)
-    : program_(parts.program),
-      store_(parts.store),
-      hosts_(parts.hosts),
-      dialogs_(parts.dialogs),
-      socketDir_(parts.socketDir),
-      closingPause_(parts.closingPause),
-      logic_(parts.program, parts.clock, parts.pictureTool, parts.limits),
-      load_(parts.program, logic_.heights, parts.store, parts.clock),
-      database_(parts.program.AppDataDir),
-      hover_(parts.program, database_),
-      connectivity_(logic_.network, parts.hosts.Connectivity),
+Form1::Form1(Services& services)
+    : services_(services),
+      program_(services.program),
+      dialogs_(services.dialogs),
+      logic_(services.program, services.clock, services.network, services.tool, services.background),
+      load_(services.program, logic_.heights, services.store, services.clock),
+      hover_(services.program, services.database),
+      connectivity_(services.network, services.run.hosts.Connectivity),
       pic_(new MenuStrip(this)),
-      picAll_(new PageView(parts.program, logic_.grid, this)),
-      menus_(new WindowMenus(parts.program, logic_, *pic_, *picAll_, this)),
-      stations_(new StationWindows({program_, logic_, hosts_, dialogs_, database_, *pic_, *picAll_, *menus_}, this)),
+      picAll_(new PageView(program_, logic_.grid, this)),
+      menus_(new WindowMenus(program_, logic_, *pic_, *picAll_, this)),
+      stations_(new StationWindows({services, logic_, *pic_, *picAll_, *menus_}, this)),
       picToolTip_(new TipWindow(this)) {
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
   showTimer_.setSingleShot(true);
   showTimer_.setInterval(kShowAtLast);
-  logic_.tool.WarmUp();
+  services_.tool.WarmUp();
   ConnectParts();
   ConnectHover();
 }
@@ -92,7 +89,7 @@ void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
   picToolTip_->ShowTip(text, place, picAll_->FontPixels());
   const int tip = ++tips_;
   if (picturePath.isEmpty()) return;
-  logic_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, [this, tip](const PictureAnswer& answer) {
+  services_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, [this, tip](const PictureAnswer& answer) {
     const bool current = tip == tips_;  // another tip may have opened meanwhile
     if (current && answer.ok && !answer.frames.isEmpty()) picToolTip_->ShowPicture(answer.frames.first().image);
   });
@@ -170,7 +167,8 @@ void Form1::ConnectionAnswered(bool reached) {
 
 void Form1::AskTime() {
   // Asked whether or not the connection stands; an answer under key "20" tells the time.
-  if (!hosts_.Time.isEmpty()) logic_.ucUpdates.DownloadFile(hosts_.Time + u"/cgi-bin/timer.pl"_s, u"20"_s);
+  if (!services_.run.hosts.Time.isEmpty())
+    logic_.ucUpdates.DownloadFile(services_.run.hosts.Time + u"/cgi-bin/timer.pl"_s, u"20"_s);
 }
 
 void Form1::StartWork() {
@@ -317,11 +315,11 @@ void Form1::closeEvent(QCloseEvent* event) {
 }
 
 void Form1::FirstClosingStep() {
-  const auto sendClosed = [this]() { CompanionLink(socketDir_).SendClosed(); };
+  const auto sendClosed = [this]() { CompanionLink(services_.run.socketDir).SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
   message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
   message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);
-  QTimer::singleShot(closingPause_, this, &Form1::SecondClosingStep);
+  QTimer::singleShot(services_.run.closingPause, this, &Form1::SecondClosingStep);
 }
 
 void Form1::SecondClosingStep() {
@@ -329,7 +327,7 @@ void Form1::SecondClosingStep() {
   message_->ShowMsg(u" 73 de ZZ9QX "_s, kClosingGreen);
   load_.CleanTemporaryFiles();
   // Two seconds of the message, then half a second for what is still under way.
-  QTimer::singleShot(closingPause_ * 5 / 2, this, &Form1::LastClosingStep);
+  QTimer::singleShot(services_.run.closingPause * 5 / 2, this, &Form1::LastClosingStep);
 }
 
 void Form1::LastClosingStep() {

@@ -11,37 +11,19 @@
 #include "app/load_sequence.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
+#include "app/services.h"
 #include "app/station_windows.h"
 #include "app/window_menus.h"
-#include "callbook/call_database.h"
-#include "core/hosts.h"
-#include "core/program.h"
 #include "page/hover_tip.h"
 #include "page/page_view.h"
 #include "page/tip_window.h"
-#include "platform/clock.h"
-#include "platform/companion_link.h"
-#include "platform/settings_store.h"
-#include "ui/dialogs.h"
 #include "ui/show_msg_window.h"
 
 class Form1 : public QWidget {
   Q_OBJECT
 
  public:
-  struct Parts {
-    Program& program;
-    SettingsStore& store;
-    const Hosts& hosts;
-    Dialogs& dialogs;
-    const Clock& clock;
-    QString pictureTool;  // path of the program that decodes pictures
-    QString socketDir;    // where the companion program listens
-    UrlLimits limits;
-    std::chrono::milliseconds closingPause = std::chrono::seconds(1);  // one second of the closing sequence
-  };
-
-  explicit Form1(const Parts& parts);
+  explicit Form1(Services& services);
   ~Form1() override;
 
   // The load sequence: false where it has stopped with a message and the program has to end. The window shows itself,
@@ -92,15 +74,11 @@ class Form1 : public QWidget {
   void SecondClosingStep();
   void LastClosingStep();
 
+  Services& services_;
   Program& program_;
-  SettingsStore& store_;
-  const Hosts& hosts_;
   Dialogs& dialogs_;
-  QString socketDir_;
-  std::chrono::milliseconds closingPause_;
   PageLogic logic_;
   LoadSequence load_;
-  CallDatabase database_;
   HoverTip hover_;
   ConnectivityTest connectivity_;
   MenuStrip* pic_;

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/page_logic.h"
 
-PageLogic::PageLogic(Program& program, const Clock& clock, const QString& pictureTool, const UrlLimits& limits)
-    : network(limits),
-      tool(pictureTool, program.AppDataDir),
-      grid(program, tool, background, clock),
+PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, PictureTool& tool,
+                     Background& background)
+    : grid(program, tool, background, clock),
       ucCkNew1(network, tool),
       ucDnLoad(network),
       ucUpdates(network),

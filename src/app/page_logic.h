@@ -3,8 +3,6 @@
 // polls without a screen.
 #pragma once
 
-#include <QString>
-
 #include "core/program.h"
 #include "page/thumb_grid.h"
 #include "platform/background.h"
@@ -19,12 +17,8 @@
 #include "sites/page_sites.h"
 
 struct PageLogic {
-  // pictureTool: path of the program that decodes pictures.
-  PageLogic(Program& program, const Clock& clock, const QString& pictureTool, const UrlLimits& limits = {});
+  PageLogic(Program& program, const Clock& clock, UrlNetwork& network, PictureTool& tool, Background& background);
 
-  UrlNetwork network;
-  PictureTool tool;
-  Background background;
   HeightTable heights;
   ThumbGrid grid;
   ucCkNew ucCkNew1;

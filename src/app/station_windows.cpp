@@ -14,20 +14,13 @@ using namespace Qt::StringLiterals;
 
 StationWindows::StationWindows(const Parts& parts, QWidget* window)
     : QObject(window),
-      program_(parts.program),
+      services_(parts.services),
+      program_(parts.services.program),
       logic_(parts.logic),
-      hosts_(parts.hosts),
-      dialogs_(parts.dialogs),
-      database_(parts.database),
       pic_(parts.pic),
       picAll_(parts.picAll),
       menus_(parts.menus),
-      window_(window),
-      cookies_(parts.program.AppDataDir),
-      web_(parts.program.ProgramDir, parts.program.AppDataDir + u"/browser"_s, cookies_,
-           [&program = parts.program]() { return program.config.LanguageName; }),
-      maps_(parts.program.AppDataDir) {
-  logic_.network.SetCookies(cookies_);
+      window_(window) {
   pic_.txtCall->installEventFilter(this);
   connect(pic_.cmdGo, &QPushButton::clicked, this, &StationWindows::GoClick);
   connect(&picAll_, &PageView::SenderPressed, this, &StationWindows::SenderClick);
@@ -39,10 +32,11 @@ StationWindows::~StationWindows() = default;
 
 Form12& StationWindows::Lookup() {
   if (!lookup_) {
-    const auto browser = [this]() { return web_.Windows(); };
-    const auto forget = [this](const QUrl& url) { web_.Forget(url); };
-    const LookupSession::Parts session{program_, logic_.network, logic_.tool, logic_.background, hosts_, cookies_};
-    lookup_ = std::make_unique<Form12>(Form12::Parts{session, browser, forget, dialogs_}, window_);
+    Services& s = services_;
+    const auto browser = [&s]() { return s.web.Windows(); };
+    const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
+    const LookupSession::Parts session{s.program, s.network, s.tool, s.background, s.run.hosts, s.cookies, s.database};
+    lookup_ = std::make_unique<Form12>(Form12::Parts{session, browser, forget, s.dialogs}, window_);
     connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
     connect(lookup_.get(), &Form12::Closed, this, &StationWindows::RaiseMaps);
   }
@@ -51,7 +45,7 @@ Form12& StationWindows::Lookup() {
 
 frmMapLoc& StationWindows::Map() {
   if (!map_) {
-    map_ = std::make_unique<frmMapLoc>(program_, maps_, window_);
+    map_ = std::make_unique<frmMapLoc>(program_, services_.maps, window_);
     connect(map_.get(), &frmMapLoc::LookupWanted, this, &StationWindows::LookUp);
   }
   return *map_;
@@ -127,7 +121,7 @@ void StationWindows::MnuMapLocCallClick(int index) {
 
 void StationWindows::ShowOnMap(const QString& shown) {
   const QString call = QString(shown).replace(u'Ø', u'0');
-  const TargetLocation target = PlaceOf(program_, database_, call);
+  const TargetLocation target = PlaceOf(program_, services_.database, call);
   program_.TargetLat = target.TargetLat;
   program_.TargetLon = target.TargetLon;
   if (!IsKnownPosition(target.TargetLat, target.TargetLon)) return;
@@ -146,5 +140,5 @@ void StationWindows::TakeLanguage() {
 void StationWindows::CloseAll() {
   if (lookup_) lookup_->close();
   if (map_) map_->close();
-  if (web_.IsLoaded()) web_.Windows()->CloseAll();
+  if (services_.web.IsLoaded()) services_.web.Windows()->CloseAll();
 }

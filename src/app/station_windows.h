@@ -8,28 +8,19 @@
 
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
+#include "app/services.h"
 #include "app/window_menus.h"
-#include "browser/web_library.h"
-#include "callbook/call_database.h"
 #include "callbook/lookup_window.h"
-#include "core/hosts.h"
-#include "core/program.h"
 #include "maps/map_location_window.h"
-#include "maps/map_store.h"
 #include "page/page_view.h"
-#include "platform/net/cookie_store.h"
-#include "ui/dialogs.h"
 
 class StationWindows : public QObject {
   Q_OBJECT
 
  public:
   struct Parts {
-    Program& program;
+    Services& services;
     PageLogic& logic;
-    const Hosts& hosts;
-    Dialogs& dialogs;
-    CallDatabase& database;
     MenuStrip& pic;
     PageView& picAll;
     WindowMenus& menus;
@@ -68,18 +59,13 @@ class StationWindows : public QObject {
   frmMapLoc& Map();
   QRect CallFieldPlace() const;
 
+  Services& services_;
   Program& program_;
   PageLogic& logic_;
-  const Hosts& hosts_;
-  Dialogs& dialogs_;
-  CallDatabase& database_;
   MenuStrip& pic_;
   PageView& picAll_;
   WindowMenus& menus_;
   QWidget* window_;
-  CookieStore cookies_;
-  WebLibrary web_;
-  MapStore maps_;
   // Made when they first open: the start does not wait for them.
   std::unique_ptr<Form12> lookup_;
   std::unique_ptr<frmMapLoc> map_;

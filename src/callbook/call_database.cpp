@@ -292,11 +292,26 @@ bool CallDatabase::FillCallList(QStringList& list) {
   }
 }
 
+std::optional<FoundRecord> CallDatabase::Find(const QString& call) {
+  const int number = FindRecord(call);
+  if (number == 0) return std::nullopt;
+  return FoundRecord{number, DbCurrent};
+}
+
+bool CallDatabase::SaveStation(const QString& call, const DbRec& record) const {
+  // The work record and the remembered beginning of the file belong to the event loop's thread: this has its own.
+  CallDatabase database(appDataDir_);
+  const int number = database.FindRecord(call);
+  database.DbCurrent = record;
+  return number == 0 ? database.AddRecord() && database.SortDatabase() : database.UpdateRecord(number);
+}
+
 TargetLocation CallDatabase::LookupTargetLocation(const QString& call) {
   if (FindRecord(QString(call).replace(u'Ø', u'0')) == 0) return {};
   return {true,
           Coordinate(DbCurrent.Lat.Text()),
           Coordinate(DbCurrent.Lon.Text()),
+          DbCurrent.Name.Text(),
           DbCurrent.Add1.Text(),
           DbCurrent.Add2.Text(),
           DbCurrent.Ctry.Text()};

@@ -17,9 +17,16 @@ struct TargetLocation {
   bool InDatabase = false;
   double TargetLat = 0;  // degrees; exactly 0 is unknown
   double TargetLon = 0;
+  QString Name;
   QString Add1;
   QString Add2;
   QString Ctry;
+};
+
+// A record of the file as a search has found it.
+struct FoundRecord {
+  int number = 0;  // from 1
+  DbRec record;
 };
 
 // Each operation opens the file, does its work and closes it, so that the file may be copied or replaced in between.
@@ -39,8 +46,7 @@ class CallDatabase {
   // there was none. A call of more than six characters is never found, as its record holds six.
   int FindRecord(const QString& call);
   void ClearRecord() { DbCurrent = DbRec(); }
-  // The writers answer whether the file now is as they want it. To save a station: FindRecord, ClearRecord, fill
-  // DbCurrent, then UpdateRecord of the number found, or AddRecord and SortDatabase.
+  // The writers answer whether the file now is as they want it. To save a station there is SaveStation.
   bool AddRecord();
   bool UpdateRecord(int number);
   bool SortDatabase();
@@ -50,6 +56,13 @@ class CallDatabase {
   int RecordCount() const;
   // Trimmed calls in the file's order; without a file the list stays as it is. Leaves the last record in DbCurrent.
   bool FillCallList(QStringList& list);
+
+  // The record of a call and its number, by FindRecord.
+  std::optional<FoundRecord> Find(const QString& call);
+  // The usual sequence of all who save a station: the record takes the place of the call's, or is sorted in. A call
+  // that is too long for its field is never found, and gets a further record each time. May be called beside the event
+  // loop; DbCurrent stays as it is.
+  bool SaveStation(const QString& call, const DbRec& record) const;
 
   // By FindRecord; a zero may be slashed.
   TargetLocation LookupTargetLocation(const QString& call);

@@ -33,15 +33,6 @@ bool WritePicture(const QString& path, const QByteArray& bytes) {
   return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
-// The usual sequence of all who save a station.
-bool WriteRecord(const QString& appDataDir, const QString& call, const DbRec& record) {
-  CallDatabase database(appDataDir);
-  const int number = database.FindRecord(call);
-  database.ClearRecord();
-  database.DbCurrent = record;
-  return number == 0 ? database.AddRecord() && database.SortDatabase() : database.UpdateRecord(number);
-}
-
 }  // namespace
 
 QSizeF PictureUnits(QSize pixels) {
@@ -52,8 +43,7 @@ QSizeF PictureUnits(QSize pixels) {
   return size / (flat ? size.width() / kUnitsWide : size.height() / kUnitsHigh);
 }
 
-LookupSession::LookupSession(const Parts& parts, QObject* parent)
-    : QObject(parent), parts_(parts), database_(parts.program.AppDataDir) {
+LookupSession::LookupSession(const Parts& parts, QObject* parent) : QObject(parent), parts_(parts) {
   cookieTimer_.setSingleShot(true);
   cookieTimer_.setInterval(kCookiePause);
   connect(&cookieTimer_, &QTimer::timeout, this, &LookupSession::CookiesSettled);
@@ -105,10 +95,9 @@ void LookupSession::StartLookup() {
     return;
   }
   view_.busy = true;
-  const int number = database_.FindRecord(call_);
-  const DbRec& record = database_.DbCurrent;
-  if (number > 0 && !record.Name.Text().isEmpty() && record.Lat.Text() != "0"_L1) {
-    ShowDbRecord();
+  const std::optional<FoundRecord> found = parts_.database.Find(call_);
+  if (found && !found->record.Name.Text().isEmpty() && found->record.Lat.Text() != "0"_L1) {
+    ShowDbRecord(found->record);
   } else {
     BeginRead();
   }
@@ -154,9 +143,8 @@ void LookupSession::Update() {
   BeginRead();
 }
 
-void LookupSession::ShowDbRecord() {
+void LookupSession::ShowDbRecord(const DbRec& record) {
   const Program& program = parts_.program;
-  const DbRec& record = database_.DbCurrent;
   view_.call = call_ + "  ("_L1 + program.language[TextLine::kFromLocal] + u')';
   view_.name = NameWithNickname(record.Name.Text(), call_);
   view_.add1 = record.Add1.Text();
@@ -252,7 +240,7 @@ void LookupSession::ReadPage(const QString& call) {
 // The database may hold 100,000 stations: sorting a new one in takes longer than a window may stand still.
 void LookupSession::SaveRecord(const QString& call, const DbRec& record) {
   parts_.background.Run<bool>(
-      this, [folder = parts_.program.AppDataDir, call, record]() { return WriteRecord(folder, call, record); },
+      this, [&database = parts_.database, call, record]() { return database.SaveStation(call, record); },
       [this, call](bool written) {
         if (written) Q_EMIT Stored(call);
       });

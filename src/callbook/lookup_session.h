@@ -55,6 +55,7 @@ class LookupSession : public QObject {
     Background& background;
     const Hosts& hosts;
     CookieStore& cookies;
+    CallDatabase& database;
   };
 
   explicit LookupSession(const Parts& parts, QObject* parent = nullptr);
@@ -77,7 +78,7 @@ class LookupSession : public QObject {
   // Pixels that a picture of 57 by 43 units takes on the screen; pictures are scaled to it beside the event loop.
   void SetPictureBox(QSize pixels) { pictureBox_ = pixels; }
   // Where the database has the call; both coordinates 0 where it does not.
-  TargetLocation Target() { return database_.LookupTargetLocation(call_); }
+  TargetLocation Target() { return parts_.database.LookupTargetLocation(call_); }
 
   // What can be done about the login at the chosen service.
   SignInOffer Offer() const;
@@ -101,7 +102,7 @@ class LookupSession : public QObject {
   void BeginRead();
   void MakeLookUp();
   void DropLookUp();
-  void ShowDbRecord();
+  void ShowDbRecord(const DbRec& record);
   void ShowPicture();
   void GotPage(const QString& call, bool loggedIn);
   void ReadPage(const QString& call);
@@ -122,7 +123,6 @@ class LookupSession : public QObject {
   QList<QNetworkCookie> ServiceCookies() const { return parts_.cookies.CookiesFor(SignInUrl()); }
 
   Parts parts_;
-  CallDatabase database_;
   LookupView view_;
   QString call_;
   std::unique_ptr<ucLookUp> lookUp_;

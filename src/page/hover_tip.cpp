@@ -46,7 +46,7 @@ Operator LookUp(const Program& program, CallDatabase& database, const QString& s
   const TargetLocation target = PlaceOf(program, database, call);
   Operator result{target.InDatabase, {}, {}, {}, target.TargetLat, target.TargetLon};
   if (result.inDatabase) {
-    result.name = database.DbCurrent.Name.Text();
+    result.name = target.Name;
     result.address = target.Add1;
     result.country = target.Ctry;
   } else {

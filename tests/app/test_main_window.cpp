@@ -67,7 +67,7 @@ class TestMainWindow : public QObject {
     QTRY_VERIFY(!f.form->Logic().poll.Busy());
     QTRY_VERIFY(!f.form->Logic().grid.Cells().at(1).frames.isEmpty());
     QCOMPARE(f.band.FindHost(u"Time"_s)->Requests(u"cgi-bin/timer.pl"_s), 1);
-    QCOMPARE(f.program.page.txtActive, u"START"_s);
+    QCOMPARE(f.State().page.txtActive, u"START"_s);
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblPages"_s)->text(), u"  Page 1 "_s);
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblRefresh"_s)->text(), u"Refresh (auto 2 min) "_s);
 
@@ -144,10 +144,10 @@ class TestMainWindow : public QObject {
       QVERIFY2(!spoken->text(QAccessible::Name).isEmpty(), qPrintable(part->objectName()));
     }
     QTest::keyClick(f.form.get(), Qt::Key_PageDown);
-    QCOMPARE(f.program.page.CurrentPage, 2);
+    QCOMPARE(f.State().page.CurrentPage, 2);
     QTest::keyClick(f.form.get(), Qt::Key_PageUp);
     QTest::keyClick(f.form.get(), Qt::Key_PageUp);
-    QCOMPARE(f.program.page.CurrentPage, PageState::WxPage);
+    QCOMPARE(f.State().page.CurrentPage, PageState::WxPage);
     QTRY_COMPARE(f.form->Logic().grid.Cells().at(0).lblCall, u"Radar"_s);
     f.Close();
   }
@@ -162,13 +162,13 @@ class TestMainWindow : public QObject {
     auto* view = f.form->findChild<PageView*>(u"picAll"_s);
     QVERIFY(view->CellAt(35) != nullptr && view->CellAt(36) == nullptr);
     QVERIFY(f.form->height() > one.height());
-    QCOMPARE(f.program.sites.GetSiteSlot(0, 2), 1);
+    QCOMPARE(f.State().sites.GetSiteSlot(0, 2), 1);
     for (int layout = 1; layout <= 6; ++layout) {
       for (int mode = 0; mode <= 3; ++mode) {
         f.form->MnuThumbsClick(layout - 1);
         f.form->MnuGuiClick(mode);
         QVERIFY(QGuiApplication::primaryScreen()->availableSize().width() >= f.form->width());
-        const int last = f.program.page.ThumbCount - 1;
+        const int last = f.State().page.ThumbCount - 1;
         QVERIFY2(view->rect().contains(view->CellAt(last)->geometry()), "every cell lies in the window");
       }
     }

@@ -30,11 +30,11 @@ struct StationsFixture : WindowFixture {
     Sender(u"ZZ2AA"_s, 2, "ZZ9SUN");
     Sender(u"ZZ3AA"_s, 3, "N0CALL");
     QVERIFY(Start());
-    program.config.CallbookIndex = 3;
-    program.config.CallbookName = u"QRZCQ"_s;
+    State().config.CallbookIndex = 3;
+    State().config.CallbookName = u"QRZCQ"_s;
     QTRY_VERIFY(form->isVisible() && !form->Logic().poll.Busy());
-    QTRY_COMPARE(program.page.Field(1, Caller), u"ZZ9SUN"_s);
-    QTRY_COMPARE(program.page.Field(0, Caller), u"VK2QFW"_s);
+    QTRY_COMPARE(State().page.Field(1, Caller), u"ZZ9SUN"_s);
+    QTRY_COMPARE(State().page.Field(0, Caller), u"VK2QFW"_s);
   }
 
   void Sender(const QString& site, int slot, const QByteArray& caller) {
@@ -62,8 +62,8 @@ struct StationsFixture : WindowFixture {
     Q_EMIT form->findChild<frmMenu*>(u"frmMenu"_s)->SubChosen(subMenu, index, SubText(subMenu, index));
   }
   QString SubText(int subMenu, int index) const {
-    MenuTables tables(program);
-    tables.BuildMenuTables(program.language);
+    MenuTables tables(State());
+    tables.BuildMenuTables(State().language);
     return tables.SubMenu(subMenu).at(index).text;
   }
 };
@@ -136,18 +136,18 @@ class TestStationWindows : public QObject {
   void LooksUpFromTheMenu() {
     StationsFixture f;
     f.CallField().setText(u"left over"_s);
-    f.program.page.SelectedSlot = 0;
+    f.State().page.SelectedSlot = 0;
     QCOMPARE(f.SubText(sub_menu_number::kLookups, 1), u"VK2QFW sender"_s);
     f.ChooseInSubMenu(sub_menu_number::kLookups, 1);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
     QCOMPARE(f.CallField().text(), QString());
-    QCOMPARE(f.program.LookupCall, u"VK2QFW"_s);
+    QCOMPARE(f.State().LookupCall, u"VK2QFW"_s);
     f.Close();
   }
 
   void ShowsStationsOnMaps() {
     StationsFixture f;
-    f.program.page.SelectedSlot = 0;
+    f.State().page.SelectedSlot = 0;
     f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
     QVERIFY2(f.Find<frmMapLoc>() == nullptr, "nobody knows yet where the sender is");
     f.ClickCaption(0);

@@ -22,7 +22,7 @@ class TestWindowMenus : public QObject {
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
     QApplication::sendEvent(cell, &byKey);
     QTRY_VERIFY(OpenMenu() != nullptr);
-    QCOMPARE(f.program.page.SelectedSlot, 0);
+    QCOMPARE(f.State().page.SelectedSlot, 0);
     QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
     QTest::keyClick(OpenMenu(), Qt::Key_Return);
     QTRY_COMPARE(site.Requests(u"image1"_s), 2);
@@ -56,7 +56,7 @@ class TestWindowMenus : public QObject {
     QVERIFY(EntryThat(OpenMenu(), u"Page 7"_s)->text().contains(u"(empty)"_s));
     EntryThat(OpenMenu(), u"Weather"_s)->trigger();
     OpenMenu()->close();
-    QTRY_COMPARE(f.program.page.CurrentPage, PageState::WxPage);
+    QTRY_COMPARE(f.State().page.CurrentPage, PageState::WxPage);
     f.Close();
   }
 
@@ -65,19 +65,19 @@ class TestWindowMenus : public QObject {
     f.AddSite(u"ZZ1AA"_s, 1);
     QVERIFY(f.Start());
     QTRY_VERIFY(f.form->isVisible());
-    f.program.PageLabels[2] = u"My own page"_s;
-    QCOMPARE(f.program.lstLanguages.size(), 8);
-    QCOMPARE(f.program.lstLanguages.last(), u"English"_s);
+    f.State().PageLabels[2] = u"My own page"_s;
+    QCOMPARE(f.State().lstLanguages.size(), 8);
+    QCOMPARE(f.State().lstLanguages.last(), u"English"_s);
     QSet<QString> refresh;
     for (int language = 0; language < 8; ++language) {
       f.form->MnuLanguageClick(language);
-      QCOMPARE(f.program.config.LanguageName, f.program.lstLanguages.at(language));
+      QCOMPARE(f.State().config.LanguageName, f.State().lstLanguages.at(language));
       const QString caption = f.form->findChild<BarLabel*>(u"lblRefresh"_s)->text();
       QVERIFY2(caption.contains(u"(auto 2 min)"_s), qPrintable(caption));
       refresh.insert(caption);
-      QVERIFY(f.form->findChild<BarLabel*>(u"lblPages"_s)->text().contains(f.program.language[TextLine::kPageWord]));
-      QCOMPARE(f.program.PageLabels.at(2), u"My own page"_s);
-      QCOMPARE(f.program.PageLabels.at(21), f.program.language[TextLine::kWxPageName]);
+      QVERIFY(f.form->findChild<BarLabel*>(u"lblPages"_s)->text().contains(f.State().language[TextLine::kPageWord]));
+      QCOMPARE(f.State().PageLabels.at(2), u"My own page"_s);
+      QCOMPARE(f.State().PageLabels.at(21), f.State().language[TextLine::kWxPageName]);
     }
     QVERIFY2(refresh.size() >= 7, "the languages are different ones");
     f.Close();

@@ -23,6 +23,7 @@ struct LookupFixture {
   Background background;
   PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
   CookieStore cookies{folder.path()};
+  CallDatabase database{folder.path()};
   UrlNetwork network{{.stall = std::chrono::milliseconds(400), .deadline = std::chrono::seconds(20)}};
 
   LookupFixture() {
@@ -45,7 +46,7 @@ struct LookupFixture {
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
   }
 
-  LookupSession::Parts Parts() { return {program, network, tool, background, hosts, cookies}; }
+  LookupSession::Parts Parts() { return {program, network, tool, background, hosts, cookies, database}; }
 
   void Choose(int service) {
     program.config.CallbookIndex = service;
@@ -67,23 +68,21 @@ struct LookupFixture {
     }
   }
 
-  void File(const QString& call, const QString& name, const QString& lat, const QString& lon) const {
-    CallDatabase database(folder.path());
-    database.FindRecord(call);
-    database.ClearRecord();
-    database.DbCurrent.Call = call;
-    database.DbCurrent.Name = name;
-    database.DbCurrent.Add1 = QStringLiteral("1 Mill Lane");
-    database.DbCurrent.Ctry = QStringLiteral("Nowhere");
-    database.DbCurrent.Lat = lat;
-    database.DbCurrent.Lon = lon;
-    QVERIFY(database.AddRecord() && database.SortDatabase());
+  void File(const QString& call, const QString& name, const QString& lat, const QString& lon) {
+    DbRec record;
+    record.Call = call;
+    record.Name = name;
+    record.Add1 = QStringLiteral("1 Mill Lane");
+    record.Ctry = QStringLiteral("Nowhere");
+    record.Lat = lat;
+    record.Lon = lon;
+    QVERIFY(database.SaveStation(call, record));
   }
   // Name, latitude, longitude, class, the address in three lines and year of a record; empty where there is none.
   QString Filed(const QString& call) const {
-    CallDatabase database(folder.path());
-    if (database.FindRecord(call) == 0) return {};
-    const DbRec& record = database.DbCurrent;
+    const std::optional<FoundRecord> found = CallDatabase(folder.path()).Find(call);
+    if (!found) return {};
+    const DbRec& record = found->record;
     return QStringList{record.Name.Text(), record.Lat.Text(),  record.Lon.Text(),  record.Class.Text(),
                        record.Add1.Text(), record.Add2.Text(), record.Ctry.Text(), record.YearBorn.Text()}
         .join(u'*');

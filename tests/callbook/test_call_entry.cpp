@@ -74,7 +74,7 @@ class TestCallEntry : public QObject {
     QFETCH(const double, lon);
     Hosts hosts;
     hosts.Maps = u"https://m"_s;
-    const TargetLocation target{true, lat, lon, u" 1 Mill Lane "_s, u"Café? * /"_s, u"Nowhere"_s};
+    const TargetLocation target{true, lat, lon, u"Name"_s, u" 1 Mill Lane "_s, u"Café? * /"_s, u"Nowhere"_s};
     QTEST(SatelliteViewUrl(hosts, target, u"ZZ9QX"_s), "url");
   }
 };

@@ -38,10 +38,8 @@ struct FormFixture : LookupFixture {
   RecordingBrowser windows;
   bool hasBrowser = true;
   ScriptedAnswers dialogs;
-  Form12 form{{{program, network, tool, background, hosts, cookies},
-               [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; },
-               [this](const QUrl& url) { windows.Forget(url); },
-               dialogs},
+  Form12 form{{Parts(), [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; },
+               [this](const QUrl& url) { windows.Forget(url); }, dialogs},
               &owner};
 
   FormFixture() { Choose(4); }

@@ -37,6 +37,9 @@ struct PageFixture {
   StandingClock clock;
   Program program;
   StationBand band;
+  UrlNetwork network{QuickLimits()};
+  PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
+  Background background;
   std::unique_ptr<PageLogic> logic;
 
   PageFixture() {
@@ -72,7 +75,7 @@ struct PageFixture {
     program.page.EraseThumbFields();
     program.sites.SortSites();
     program.sites.BuildPageSlots(program.config.ThumbLayout);
-    logic = std::make_unique<PageLogic>(program, clock, QStringLiteral(PICTURE_TOOL), QuickLimits());
+    logic = std::make_unique<PageLogic>(program, clock, network, tool, background);
     logic->heights.Read(program.AppDataDir);
     logic->grid.MakeGrid(program.config.ThumbLayout);
   }

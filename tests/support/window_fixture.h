@@ -6,7 +6,6 @@
 #include <QSignalSpy>
 
 #include "app/main_window.h"
-#include "core/hosts.h"
 #include "page_fixture.h"
 
 // Answers as a test has written them down, and remembers what was asked.
@@ -32,9 +31,8 @@ struct WindowFixture {
   StationBand band;
   ScriptedDialogs dialogs;
   StandingClock clock;
-  Program program;
   Hosts hosts;
-  std::unique_ptr<SettingsStore> store;
+  std::unique_ptr<Services> services;
   std::unique_ptr<Form1> form;
 
   WindowFixture() {
@@ -69,13 +67,18 @@ struct WindowFixture {
     return station;
   }
 
+  Program& State() const { return services->program; }
   bool Start(bool anotherRuns = false) {
-    program = Program();
-    program.AppDataDir = folder.path();
-    program.ProgramDir = folder.path();
-    store = std::make_unique<SettingsStore>(folder.filePath(QStringLiteral("settings.ini")));
-    form = std::make_unique<Form1>(Form1::Parts{program, *store, hosts, dialogs, clock, QStringLiteral(PICTURE_TOOL),
-                                                folder.path(), QuickLimits(), std::chrono::milliseconds(20)});
+    form.reset();
+    services = std::make_unique<Services>(RunSettings{.appDataDir = folder.path(),
+                                                      .programDir = folder.path(),
+                                                      .decoder = QStringLiteral(PICTURE_TOOL),
+                                                      .socketDir = folder.path(),
+                                                      .hosts = hosts,
+                                                      .limits = QuickLimits(),
+                                                      .closingPause = std::chrono::milliseconds(20)},
+                                          dialogs, clock);
+    form = std::make_unique<Form1>(*services);
     return form->Load(anotherRuns);
   }
   void Close() {

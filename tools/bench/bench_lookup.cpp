@@ -135,7 +135,7 @@ int main(int argc, char** argv) {
   }
   AccessibleCell::Install();
   BenchWindow at;
-  const LookupBench bench(app, at.program, *at.window, rounds, arguments.mid(2));
+  const LookupBench bench(app, at.services->program, *at.window, rounds, arguments.mid(2));
   if (!at.window->Load(false)) return 1;
   return QApplication::exec();
 }

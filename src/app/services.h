@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What lives as long as the program and is used by many windows, in one plain struct. main makes the only one, before
+// the main window, so that it outlives every window. Nobody below app/ includes it: a class takes the references that
+// it uses.
+#pragma once
+
+#include <QString>
+#include <chrono>
+
+#include "browser/web_library.h"
+#include "callbook/call_database.h"
+#include "core/hosts.h"
+#include "core/program.h"
+#include "maps/map_store.h"
+#include "platform/background.h"
+#include "platform/clock.h"
+#include "platform/net/cookie_store.h"
+#include "platform/net/url_reader.h"
+#include "platform/picture/picture_tool.h"
+#include "platform/settings_store.h"
+#include "ui/dialogs.h"
+
+// Where a run has its files, whom it asks and how long it waits: the user's in the program, others in a test.
+struct RunSettings {
+  QString appDataDir;
+  QString programDir;  // where the executable lies
+  QString decoder;     // path of the program that decodes pictures
+  QString socketDir;   // where the companion program listens
+  Hosts hosts;
+  UrlLimits limits;
+  std::chrono::milliseconds closingPause = std::chrono::seconds(1);  // one second of the closing sequence
+
+  // Those of the user who runs the program.
+  static RunSettings OfUser();
+};
+
+// Made in the order of the members, each of which may use those above it.
+struct Services {
+  Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& theClock);
+
+  const RunSettings run;
+  Dialogs& dialogs;
+  const Clock& clock;
+  Program program;
+  SettingsStore store;
+  Background background;
+  CookieStore cookies;
+  UrlNetwork network;
+  PictureTool tool;
+  CallDatabase database;
+  WebLibrary web;
+  MapStore maps;
+};
