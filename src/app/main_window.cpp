@@ -9,6 +9,7 @@
 
 #include "page/thumb_layout.h"
 #include "platform/companion_link.h"
+#include "platform/text/numbers.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -37,7 +38,7 @@ Form1::Form1(Services& services)
       connectivity_(services.network, services.run.hosts.Connectivity),
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
-      menus_(new WindowMenus(program_, logic_, *pic_, *picAll_, this)),
+      menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)),
       stations_(new StationWindows({services, logic_, *pic_, *picAll_, *menus_}, this)),
       picToolTip_(new TipWindow(this)) {
   setObjectName(u"Form1"_s);
@@ -47,6 +48,7 @@ Form1::Form1(Services& services)
   showTimer_.setInterval(kShowAtLast);
   services_.tool.WarmUp();
   ConnectParts();
+  RegisterCommands();
   ConnectHover();
 }
 
@@ -57,13 +59,27 @@ void Form1::ConnectParts() {
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
-  connect(menus_, &WindowMenus::PageChosen, this, &Form1::MnuPagesClick);
-  connect(menus_, &WindowMenus::ThumbsChosen, this, &Form1::MnuThumbsClick);
-  connect(menus_, &WindowMenus::GuiChosen, this, &Form1::MnuGuiClick);
-  connect(menus_, &WindowMenus::LanguageChosen, this, &Form1::MnuLanguageClick);
-  connect(menus_, &WindowMenus::CamModeChosen, this, &Form1::MnuCamModeClick);
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
+}
+
+void Form1::RegisterCommands() {
+  const auto does = [this](Command command, auto handler) {
+    services_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
+  };
+  does(Command::ShowPage, [](Form1& form, const MenuChoice& choice) { form.MnuPagesClick(choice.index); });
+  does(Command::FindOnPage, [](Form1& form, const MenuChoice& choice) { form.MnuAlphaClick(choice.index); });
+  does(Command::SetThumbs, [](Form1& form, const MenuChoice& choice) { form.MnuThumbsClick(choice.index); });
+  does(Command::SetWindowSize, [](Form1& form, const MenuChoice& choice) { form.MnuGuiClick(choice.index); });
+  does(Command::SetLanguage, [](Form1& form, const MenuChoice& choice) { form.MnuLanguageClick(choice.index); });
+  does(Command::SetCamMode, [](Form1& form, const MenuChoice& choice) { form.MnuCamModeClick(choice.index); });
+  does(Command::SetCamView, [](Form1& form, const MenuChoice& choice) { form.MnuCamViewClick(choice.index); });
+  does(Command::SetRefreshRate, [](Form1& form, const MenuChoice& choice) { form.MnuRateClick(choice.index); });
+  does(Command::ReloadPicture, [](Form1& form, const MenuChoice&) { form.logic_.sites.ReloadSlot(); });
+  does(Command::ReloadPage, [](Form1& form, const MenuChoice&) { form.ReloadPage(); });
+  does(Command::CompactPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.CompactPage(); });
+  does(Command::RemoveFromPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.RemoveSite(); });
+  does(Command::RemoveAllFromPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.RemoveAllSites(); });
 }
 
 void Form1::ConnectHover() {
@@ -236,6 +252,12 @@ void Form1::MnuPagesClick(int index) {
   if (page < 1 || page > PageState::WxPage) return;
   pic_->lblMap->hide();
   logic_.poll.PageChange(page);
+}
+
+void Form1::MnuAlphaClick(int index) {
+  // The last two characters of the entry are its slot, from 1.
+  const QString entry = program_.page.List1.value(index);
+  logic_.grid.Flash(static_cast<int>(Val(entry.right(2))) - 1);
 }
 
 void Form1::MnuThumbsClick(int index) {

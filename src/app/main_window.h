@@ -33,10 +33,12 @@ class Form1 : public QWidget {
   void CloseMe() { close(); }
 
   void MnuPagesClick(int index);
+  void MnuAlphaClick(int index);
   void MnuThumbsClick(int index);
   void MnuGuiClick(int index);
   void MnuLanguageClick(int index);
   void MnuCamModeClick(int index);
+  void MnuCamViewClick(int index) { program_.config.CamView = index; }
   void MnuRateClick(int index) { logic_.poll.MnuRateClick(index); }
   void ReloadPage() { logic_.poll.ReloadPage(); }
 
@@ -55,6 +57,7 @@ class Form1 : public QWidget {
 
  private:
   void ConnectParts();
+  void RegisterCommands();
   void ConnectHover();
   void ShowTip(int slot, const QString& text, const QString& picturePath);
   void ReadScreen();

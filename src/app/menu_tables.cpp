@@ -23,31 +23,31 @@ constexpr int kLookup = 9;
 struct Mark {
   int entry;
   const char* marks;
-  int subMenu = 0;
+  MenuId subMenu = MenuId::None;
 };
 
 // "=" is a line above the entry, ">" a sub-menu.
 constexpr std::array kSetupMarks = {
     Mark{1, "="},
     Mark{4, "="},
-    Mark{8, "=>", sub_menu_number::kCamView},
-    Mark{9, ">", sub_menu_number::kCamMode},
-    Mark{10, ">", sub_menu_number::kRate},
-    Mark{11, ">", sub_menu_number::kWindowSize},
-    Mark{12, ">", sub_menu_number::kThumbs},
-    Mark{13, ">", sub_menu_number::kLanguage},
+    Mark{8, "=>", MenuId::CamView},
+    Mark{9, ">", MenuId::CamMode},
+    Mark{10, ">", MenuId::RefreshRate},
+    Mark{11, ">", MenuId::WindowSize},
+    Mark{12, ">", MenuId::Thumbs},
+    Mark{13, ">", MenuId::Language},
     Mark{14, "="},
 };
 
 // "=" is a line under the entry, ">" a sub-menu, "<" greys.
-constexpr std::array kPopupMarks = {
+constexpr std::array kPictureMarks = {
     Mark{1, "="},
     Mark{4, "="},
     Mark{5, "="},
-    Mark{6, "=>", sub_menu_number::kMapOfCall},
+    Mark{6, "=>", MenuId::MapOfCall},
     Mark{kHeading, "<"},
-    Mark{8, ">", sub_menu_number::kPageViews},
-    Mark{kLookup, "=>", sub_menu_number::kLookups},
+    Mark{8, ">", MenuId::PageViews},
+    Mark{kLookup, "=>", MenuId::Lookups},
     Mark{16, "="},
     Mark{19, "="},
 };
@@ -56,15 +56,32 @@ constexpr std::array kPopupMarks = {
 constexpr std::array kCamModeMarks = {Mark{3, "="}};
 constexpr std::array kRateMarks = {Mark{3, "="}};
 
+// What the entries do, by their place.
+constexpr std::array kSetupCommands = {Command::ShowReceivedOkMap, Command::SetLocation,    Command::EditDatabase,
+                                       Command::EditPageNames,     Command::AddSite,        Command::EditSite,
+                                       Command::DeleteSite,        Command::BlockCalls,     Command::SetCamView,
+                                       Command::SetCamMode,        Command::SetRefreshRate, Command::SetWindowSize,
+                                       Command::SetThumbs,         Command::SetLanguage,    Command::MakeBackup,
+                                       Command::ShowHelp,          Command::ShowAbout};
+constexpr std::array kPictureCommands = {
+    Command::ReloadPicture,   Command::ReloadPage,     Command::ShowHistory,    Command::ShowTxHistory,
+    Command::ShowCam,         Command::BlockSender,    Command::ShowOnMap,      Command::None,
+    Command::ShowPageView,    Command::LookUp,         Command::CopyPicture,    Command::SaveToDesktop,
+    Command::MailPicture,     Command::PasteToEasyPal, Command::SavePictureAs,  Command::PrintPicture,
+    Command::ShowPictureInfo, Command::CompactPage,    Command::RemoveFromPage, Command::RemoveAllFromPage,
+    Command::OpenSiteIndex};
+
 constexpr std::array kRates = {1, 2, 5};                 // minutes
 constexpr std::array kThumbs = {5, 10, 15, 24, 35, 36};  // by ThumbLayout
 
-QList<MenuEntry> Plain(const QStringList& texts, bool hasCheck = false) {
+// Entries that all do the same, told apart by their place.
+QList<MenuEntry> Plain(const QStringList& texts, Command command, bool hasCheck = false) {
   QList<MenuEntry> entries;
   for (const QString& text : texts) {
     MenuEntry entry;
     entry.text = text;
-    entry.action = static_cast<int>(entries.size());
+    entry.command = command;
+    entry.index = static_cast<int>(entries.size());
     entry.hasCheck = hasCheck;
     entries.append(entry);
   }
@@ -76,6 +93,14 @@ QStringList TextsOf(const LanguageTexts& texts, const Lines& lines) {
   QStringList found;
   for (const TextLine line : lines) found.append(texts[line]);
   return found;
+}
+
+template <typename Lines, typename Doings>
+QList<MenuEntry> Different(const LanguageTexts& texts, const Lines& lines, const Doings& commands) {
+  static_assert(std::tuple_size_v<Lines> == std::tuple_size_v<Doings>);
+  QList<MenuEntry> entries = Plain(TextsOf(texts, lines), Command::None);
+  for (std::size_t i = 0; i < commands.size(); ++i) entries[static_cast<qsizetype>(i)].command = commands[i];
+  return entries;
 }
 
 template <typename Marks>
@@ -91,10 +116,6 @@ void TranslateMarks(QList<MenuEntry>& entries, const Marks& table, bool MenuEntr
 
 void Grey(QList<MenuEntry>& entries, int first, int last) {
   for (int i = first; i <= last; ++i) entries[i].enabled = false;
-}
-
-void GreyNotYet(QList<MenuEntry>& entries, const QList<int>& notYet) {
-  for (const int action : notYet) Grey(entries, action, action);
 }
 
 // An index that the menu does not have checks nothing.
@@ -116,6 +137,10 @@ QStringList ThumbTexts() {
   return texts;
 }
 
+bool HasSender(const MenuSubject& subject) {
+  return !subject.caller.isEmpty() && subject.caller != "Not found"_L1;
+}
+
 template <typename Values>
 qsizetype PlaceOf(const Values& values, int value) {
   const auto found = std::find(values.begin(), values.end(), value);
@@ -124,96 +149,95 @@ qsizetype PlaceOf(const Values& values, int value) {
 
 }  // namespace
 
-NotYet NotYet::Present() {
-  return {{0, 1, 2, 3, 4, 5, 6, 7, 14, 15, 16}, {2, 3, 4, 5, 8, 10, 11, 12, 13, 14, 15, 16, 20}};
-}
-
 void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   menus_.clear();
-  subMenus_.clear();
   emptyWord_ = texts[TextLine::kEmptyWord];
   unblockText_ = texts[TextLine::kPopupUnblock];
   camWord_ = texts[TextLine::kPopupCam];
 
-  QList<MenuEntry> setup = Plain(TextsOf(texts, MenuLines::kSetup));
+  QList<MenuEntry> setup = Different(texts, MenuLines::kSetup, kSetupCommands);
   TranslateMarks(setup, kSetupMarks, &MenuEntry::separatorBefore);
-  GreyNotYet(setup, notYet_.setup);
-  menus_.insert(menu_number::kSetup, setup);
+  menus_.insert(MenuId::Setup, setup);
 
-  QList<MenuEntry> popup = Plain(TextsOf(texts, MenuLines::kPicture));
-  TranslateMarks(popup, kPopupMarks, &MenuEntry::separatorAfter);
-  GreyNotYet(popup, notYet_.popup);
-  menus_.insert(menu_number::kPopup, popup);
+  QList<MenuEntry> picture = Different(texts, MenuLines::kPicture, kPictureCommands);
+  TranslateMarks(picture, kPictureMarks, &MenuEntry::separatorAfter);
+  menus_.insert(MenuId::Picture, picture);
 
-  QList<MenuEntry> camMode = Plain(TextsOf(texts, MenuLines::kCamMode), true);
+  QList<MenuEntry> camMode = Plain(TextsOf(texts, MenuLines::kCamMode), Command::SetCamMode, true);
   TranslateMarks(camMode, kCamModeMarks, &MenuEntry::separatorBefore);
-  QList<MenuEntry> rate = Plain(RateTexts(texts[MenuLines::kRateOff]), true);
+  menus_.insert(MenuId::CamMode, camMode);
+  QList<MenuEntry> rate = Plain(RateTexts(texts[MenuLines::kRateOff]), Command::SetRefreshRate, true);
   TranslateMarks(rate, kRateMarks, &MenuEntry::separatorBefore);
+  menus_.insert(MenuId::RefreshRate, rate);
   QStringList languages;
   for (int i = 1; i <= kLanguageNames; ++i) languages.append(texts.lines[static_cast<std::size_t>(i)]);
 
-  subMenus_.insert(sub_menu_number::kCamView, Plain(TextsOf(texts, MenuLines::kCamView), true));
-  subMenus_.insert(sub_menu_number::kCamMode, camMode);
-  subMenus_.insert(sub_menu_number::kRate, rate);
-  subMenus_.insert(sub_menu_number::kWindowSize, Plain(TextsOf(texts, MenuLines::kWindowSize), true));
-  subMenus_.insert(sub_menu_number::kThumbs, Plain(ThumbTexts(), true));
-  subMenus_.insert(sub_menu_number::kLanguage, Plain(languages, true));
-  const QList<MenuEntry> siteOrSender = Plain(TextsOf(texts, MenuLines::kSiteOrSender));
-  subMenus_.insert(sub_menu_number::kMapOfCall, siteOrSender);
-  subMenus_.insert(sub_menu_number::kLookups, siteOrSender);
-  subMenus_.insert(sub_menu_number::kPageViews, Plain(TextsOf(texts, MenuLines::kViews)));
+  menus_.insert(MenuId::CamView, Plain(TextsOf(texts, MenuLines::kCamView), Command::SetCamView, true));
+  menus_.insert(MenuId::WindowSize, Plain(TextsOf(texts, MenuLines::kWindowSize), Command::SetWindowSize, true));
+  menus_.insert(MenuId::Thumbs, Plain(ThumbTexts(), Command::SetThumbs, true));
+  menus_.insert(MenuId::Language, Plain(languages, Command::SetLanguage, true));
+  menus_.insert(MenuId::MapOfCall, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::ShowOnMap));
+  menus_.insert(MenuId::Lookups, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::LookUp));
+  menus_.insert(MenuId::PageViews, Plain(TextsOf(texts, MenuLines::kViews), Command::ShowPageView));
 }
 
-QList<MenuEntry> MenuTables::Menu(int number, const Cell* cell) const {
+QList<MenuEntry> MenuTables::Menu(MenuId menu, const MenuSubject& subject) const {
   if (menus_.isEmpty()) return {};
-  switch (number) {
-    case menu_number::kPages:
+  QList<MenuEntry> entries = Entries(menu, subject);
+  for (MenuEntry& entry : entries) {
+    if (entry.command != Command::None && !commands_.Handles(entry.command)) entry.enabled = false;
+  }
+  return entries;
+}
+
+QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) const {
+  switch (menu) {
+    case MenuId::Pages:
       return PagesMenu();
-    case menu_number::kFind:
-    case menu_number::kAlphabet:
+    case MenuId::Find:
+    case MenuId::Alphabet:
       return FindMenu();
-    case menu_number::kSetup:
-      return menus_.value(number);
-    case menu_number::kPopup:
-      return PopupMenu(cell);
+    case MenuId::Picture:
+      return PictureMenu(subject);
+    case MenuId::Language:
+      return LanguageMenu();
+    case MenuId::MapOfCall:
+      return SiteOrSender(menu, subject);
+    case MenuId::Lookups:
+      return LookupMenu(subject);
+    case MenuId::PageViews:
+      return PageViews(subject);
     default:
-      return {};
+      return SetupChoices(menu);
   }
 }
 
-QList<MenuEntry> MenuTables::SubMenu(int number) const {
-  if (subMenus_.isEmpty()) return {};
+// The setup menu and those of its sub-menus that show which setting is on.
+QList<MenuEntry> MenuTables::SetupChoices(MenuId menu) const {
   const Config& config = program_.config;
-  QList<MenuEntry> entries = subMenus_.value(number);
-  switch (number) {
-    case sub_menu_number::kCamView:
+  QList<MenuEntry> entries = menus_.value(menu);
+  switch (menu) {
+    case MenuId::CamView:
       Check(entries, config.CamView);
-      return entries;
-    case sub_menu_number::kCamMode:
+      break;
+    case MenuId::CamMode:
       // The last entry is no mode: it stands for the repeat, and has its check beside that of the mode.
       if (config.CamMode < 3) Check(entries, config.CamMode);
       if (config.AutoPollCams == 0) Check(entries, 3);
-      return entries;
-    case sub_menu_number::kRate:
+      break;
+    case MenuId::RefreshRate:
       Check(entries, config.AutoRefreshOn == 1 ? PlaceOf(kRates, config.AutoRefreshMinutes) : entries.size() - 1);
-      return entries;
-    case sub_menu_number::kWindowSize:
+      break;
+    case MenuId::WindowSize:
       Check(entries, config.GuiMode);
-      return entries;
-    case sub_menu_number::kThumbs:
+      break;
+    case MenuId::Thumbs:
       Check(entries, config.ThumbLayout - 1);
-      return entries;
-    case sub_menu_number::kLanguage:
-      return LanguageMenu();
-    case sub_menu_number::kMapOfCall:
-      return SiteOrSender();
-    case sub_menu_number::kLookups:
-      return LookupMenu();
-    case sub_menu_number::kPageViews:
-      return PageViews();
+      break;
     default:
-      return entries;
+      break;
   }
+  return entries;
 }
 
 QList<MenuEntry> MenuTables::PagesMenu() const {
@@ -222,7 +246,7 @@ QList<MenuEntry> MenuTables::PagesMenu() const {
     const bool empty = page == kWxPage ? WxPageIsEmpty() : program_.sites.PageIsEmpty(page);
     texts.append(u' ' + program_.PageLabels.value(page) + (empty ? emptyWord_ : QString()) + u' ');
   }
-  QList<MenuEntry> entries = Plain(texts, true);
+  QList<MenuEntry> entries = Plain(texts, Command::ShowPage, true);
   Check(entries, program_.page.CurrentPage - 1);
   return entries;
 }
@@ -243,22 +267,23 @@ QList<MenuEntry> MenuTables::FindMenu() const {
     const qsizetype end = entry.indexOf(u"    "_s);
     texts.append(ShownCall(entry.left(end), program_.ZeroGlyph) + (end < 0 ? QString() : entry.sliced(end)));
   }
-  return Plain(texts);
+  return Plain(texts, Command::FindOnPage);
 }
 
 QList<MenuEntry> MenuTables::LanguageMenu() const {
-  QList<MenuEntry> entries = subMenus_.value(sub_menu_number::kLanguage);
+  QList<MenuEntry> entries = menus_.value(MenuId::Language);
   // The names go by the index of the list, whatever languages stand there; languages behind them have no name of
   // theirs.
   entries.resize(std::min<qsizetype>(entries.size(), program_.lstLanguages.size()));
   for (MenuEntry& entry : entries) {
     // Without a language file this menu is the way back to one.
-    if (entry.text.isEmpty()) entry.text = program_.lstLanguages.at(entry.action);
+    if (entry.text.isEmpty()) entry.text = program_.lstLanguages.at(entry.index);
   }
   for (qsizetype i = entries.size(); i < program_.lstLanguages.size(); ++i) {
     MenuEntry entry;
     entry.text = program_.lstLanguages.at(i);
-    entry.action = static_cast<int>(i);
+    entry.command = Command::SetLanguage;
+    entry.index = static_cast<int>(i);
     entry.hasCheck = true;
     entries.append(entry);
   }
@@ -270,71 +295,59 @@ QList<MenuEntry> MenuTables::LanguageMenu() const {
   return entries;
 }
 
-QString MenuTables::Field(ThumbField field) const {
-  const int slot = program_.page.SelectedSlot;
-  return slot >= 0 && slot < kMaxSlots ? program_.page.Field(slot, field) : QString();
+QString MenuTables::Shown(const QString& call) const {
+  return ShownCall(call, program_.ZeroGlyph);
 }
 
-QString MenuTables::ShownField(ThumbField field) const {
-  return ShownCall(Field(field), program_.ZeroGlyph);
-}
-
-bool MenuTables::HasSender() const {
-  const QString caller = Field(Caller);
-  return !caller.isEmpty() && caller != "Not found"_L1;
-}
-
-QList<MenuEntry> MenuTables::PopupMenu(const Cell* cell) const {
-  QList<MenuEntry> entries = menus_.value(menu_number::kPopup);
-  const QString site = ShownField(SlotCall);
+QList<MenuEntry> MenuTables::PictureMenu(const MenuSubject& subject) const {
+  QList<MenuEntry> entries = menus_.value(MenuId::Picture);
+  const QString site = Shown(subject.site);
   entries[kHistory].text.replace(u"**"_s, u"30"_s).replace(u"??"_s, site);
   entries[kTxHistory].text.replace(u"**"_s, u"TX1-TX5"_s).replace(u"??"_s, site);
   entries[kCam].text = site + camWord_;
-  const QString caller = Field(Caller);
-  if (program_.lstBlock.contains(caller, Qt::CaseInsensitive)) entries[kBlock].text = unblockText_;
-  entries[kBlock].text.replace(u"xxx"_s, ShownField(Caller));
+  if (program_.lstBlock.contains(subject.caller, Qt::CaseInsensitive)) entries[kBlock].text = unblockText_;
+  entries[kBlock].text.replace(u"xxx"_s, Shown(subject.caller));
   entries[kLookup].text.replace(u"***"_s, program_.config.CallbookName);
 
-  const bool empty = cell == nullptr || cell->lblCall.isEmpty();
-  if (cell == nullptr || cell->imgCam == CamLight::Hidden) Grey(entries, kCam, kCam);
-  if (caller == "Not found"_L1) Grey(entries, 10, 16);
-  if (cell != nullptr && cell->lblFrom == "Cam only"_L1) {
+  if (!subject.hasCam) Grey(entries, kCam, kCam);
+  if (subject.caller == "Not found"_L1) Grey(entries, 10, 16);
+  if (subject.camOnly) {
     Grey(entries, 0, 4);
     Grey(entries, 9, 16);
   }
-  if (!program_.page.OnDsstvPage()) Grey(entries, 2, 10);
-  if (empty) Grey(entries, 1, 19);
+  if (subject.weather) Grey(entries, 2, 10);
+  if (subject.empty) Grey(entries, 1, 19);
   // Style 0 is none; any other has its check at the entry of its number.
   if (program_.config.MenuStyle > 0) Check(entries, program_.config.MenuStyle);
   return entries;
 }
 
-QList<MenuEntry> MenuTables::SiteOrSender() const {
-  QList<MenuEntry> entries = subMenus_.value(sub_menu_number::kLookups);
-  entries[0].text = ShownField(SlotCall) + u' ' + entries[0].text;
-  entries[1].text = ShownField(Caller) + u' ' + entries[1].text;
-  entries[1].enabled = HasSender();
+QList<MenuEntry> MenuTables::SiteOrSender(MenuId menu, const MenuSubject& subject) const {
+  QList<MenuEntry> entries = menus_.value(menu);
+  entries[0].text = Shown(subject.site) + u' ' + entries[0].text;
+  entries[1].text = Shown(subject.caller) + u' ' + entries[1].text;
+  entries[1].enabled = HasSender(subject);
   return entries;
 }
 
 // Below the calls stands whether the last lookup found the user logged in: a text, not a choice.
-QList<MenuEntry> MenuTables::LookupMenu() const {
-  QList<MenuEntry> entries = SiteOrSender();
+QList<MenuEntry> MenuTables::LookupMenu(const MenuSubject& subject) const {
+  QList<MenuEntry> entries = SiteOrSender(MenuId::Lookups, subject);
   if (program_.LookupStatus.isEmpty()) return entries;
   MenuEntry status;
   status.text = program_.LookupStatus;
-  status.action = static_cast<int>(entries.size());
+  status.index = static_cast<int>(entries.size());
   status.enabled = false;
   status.separatorBefore = true;
   return entries << status;
 }
 
-QList<MenuEntry> MenuTables::PageViews() const {
-  QList<MenuEntry> entries = subMenus_.value(sub_menu_number::kPageViews);
+QList<MenuEntry> MenuTables::PageViews(const MenuSubject& subject) const {
+  QList<MenuEntry> entries = menus_.value(MenuId::PageViews);
   for (MenuEntry& entry : entries) {
-    const bool aboutSite = entry.action < 2;
-    entry.text.replace(u"??"_s, ShownField(aboutSite ? SlotCall : Caller));
-    entry.enabled = aboutSite || HasSender();
+    const bool aboutSite = entry.index < 2;
+    entry.text.replace(u"??"_s, Shown(aboutSite ? subject.site : subject.caller));
+    entry.enabled = aboutSite || HasSender(subject);
   }
   return entries;
 }

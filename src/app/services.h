@@ -18,6 +18,7 @@
 #include "platform/net/url_reader.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/settings_store.h"
+#include "ui/commands.h"
 #include "ui/dialogs.h"
 
 // Where a run has its files, whom it asks and how long it waits: the user's in the program, others in a test.
@@ -50,4 +51,5 @@ struct Services {
   CallDatabase database;
   WebLibrary web;
   MapStore maps;
+  Commands commands;
 };

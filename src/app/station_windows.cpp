@@ -24,8 +24,9 @@ StationWindows::StationWindows(const Parts& parts, QWidget* window)
   pic_.txtCall->installEventFilter(this);
   connect(pic_.cmdGo, &QPushButton::clicked, this, &StationWindows::GoClick);
   connect(&picAll_, &PageView::SenderPressed, this, &StationWindows::SenderClick);
-  connect(&menus_, &WindowMenus::QrzFromChosen, this, &StationWindows::MnuQrzFromClick);
-  connect(&menus_, &WindowMenus::MapLocCallChosen, this, &StationWindows::MnuMapLocCallClick);
+  Commands& commands = services_.commands;
+  commands.Register(Command::LookUp, this, [this](const MenuChoice& choice) { MnuQrzFromClick(choice.text); });
+  commands.Register(Command::ShowOnMap, this, [this](const MenuChoice& choice) { MnuMapLocCallClick(choice.index); });
 }
 
 StationWindows::~StationWindows() = default;

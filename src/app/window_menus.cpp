@@ -1,120 +1,88 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/window_menus.h"
 
-WindowMenus::WindowMenus(Program& program, PageLogic& logic, MenuStrip& pic, PageView& picAll, QWidget* window)
-    : QObject(window), program_(program), logic_(logic), pic_(pic), picAll_(picAll), tables_(program), menu_(window) {
-  const auto opens = [this](BarLabel* label, int number) {
-    connect(label, &BarLabel::clicked, this, [this, label, number]() { OpenAtLabel(label, number); });
+WindowMenus::WindowMenus(Program& program, const Commands& commands, PageLogic& logic, MenuStrip& pic, PageView& picAll,
+                         QWidget* window)
+    : QObject(window),
+      program_(program),
+      commands_(commands),
+      logic_(logic),
+      window_(window),
+      tables_(program, commands) {
+  const auto opens = [this](BarLabel* label, MenuId menu) {
+    connect(label, &BarLabel::clicked, this, [this, label, menu]() { OpenAtLabel(label, menu); });
   };
-  opens(pic_.lblPages, menu_number::kPages);
-  opens(pic_.lblFind, menu_number::kAlphabet);
-  opens(pic_.lblSetup, menu_number::kSetup);
-  connect(&picAll_, &PageView::MenuWanted, this, [this](int slot, QPoint at, bool byKeyboard) {
-    OpenCellMenu(slot, at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
-  });
-  connect(&menu_, &frmMenu::Chosen, this, &WindowMenus::Chosen);
-  connect(&menu_, &frmMenu::SubChosen, this, &WindowMenus::SubChosen);
-  connect(&menu_, &frmMenu::AboutToClose, this, &WindowMenus::Closing);
+  opens(pic.lblPages, MenuId::Pages);
+  opens(pic.lblFind, MenuId::Alphabet);
+  opens(pic.lblSetup, MenuId::Setup);
+  connect(&picAll, &PageView::MenuWanted, this, &WindowMenus::OpenCellMenu);
 }
 
-void WindowMenus::OpenAtLabel(BarLabel* label, int number) {
+bool WindowMenus::IsOpen() const {
+  return menu_ != nullptr && menu_->isVisible();
+}
+
+void WindowMenus::CloseMenus() {
+  if (menu_ != nullptr) menu_->close();
+}
+
+void WindowMenus::OpenAtLabel(BarLabel* label, MenuId menu) {
   openLabel_ = label;
   label->setDown(true);
   // A click leaves the pointer on the label; Return and Space do not need it there.
-  Open(number, label->mapToGlobal(QPoint(0, label->height())),
-       label->underMouse() ? frmMenu::Opener::Pointer : frmMenu::Opener::Keyboard);
-  if (!menu_.isVisible()) Closing();
+  OpenMenu({.menu = menu,
+            .subject = {},
+            .owner = window_,
+            .name = label->accessibleName(),
+            .at = label->mapToGlobal(QPoint(0, label->height())),
+            .byKeyboard = !label->underMouse()});
+  if (!IsOpen()) Closing();
 }
 
-void WindowMenus::OpenCellMenu(int slot, QPoint globalPoint, frmMenu::Opener opener) {
+MenuSubject WindowMenus::SubjectOf(int slot) const {
+  MenuSubject subject;
+  if (!logic_.grid.HasSlot(slot)) return subject;
+  const Cell& cell = logic_.grid.Cells().at(slot);
+  subject.source = {PictureSource::Window::Page, slot};
+  subject.site = program_.page.Field(slot, SlotCall);
+  subject.caller = program_.page.Field(slot, Caller);
+  subject.empty = cell.lblCall.isEmpty();
+  subject.hasCam = cell.imgCam != CamLight::Hidden;
+  subject.camOnly = cell.lblFrom == QLatin1StringView("Cam only");
+  subject.weather = !program_.page.OnDsstvPage();
+  return subject;
+}
+
+void WindowMenus::OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard) {
   if (!logic_.grid.HasSlot(slot)) return;
   program_.page.SelectedSlot = slot;
-  Open(menu_number::kPopup, globalPoint, opener, &logic_.grid.Cells().at(slot));
+  OpenMenu({.menu = MenuId::Picture,
+            .subject = SubjectOf(slot),
+            .owner = window_,
+            .name = logic_.grid.Cells().at(slot).lblCall,
+            .at = globalPoint,
+            .byKeyboard = byKeyboard});
 }
 
-void WindowMenus::Open(int number, const QPoint& at, frmMenu::Opener opener, const Cell* cell) {
+void WindowMenus::OpenMenu(const MenuRequest& request) {
   Q_EMIT AboutToOpen();
-  menu_.MakeMenu(number, tables_.Menu(number, cell), [this](int sub) { return tables_.SubMenu(sub); });
-  menu_.OpenAt(at, opener);
+  // One menu a window, kept with it: a screen reader finds it below the window that it belongs to.
+  menu_ = request.owner->findChild<frmMenu*>(QStringLiteral("frmMenu"), Qt::FindDirectChildrenOnly);
+  if (menu_ == nullptr) {
+    menu_ = new frmMenu(request.owner);
+    connect(menu_, &frmMenu::AboutToClose, this, &WindowMenus::Closing);
+  }
+  disconnect(menu_, &frmMenu::Chosen, this, nullptr);
+  connect(menu_, &frmMenu::Chosen, this, [this, subject = request.subject](const MenuEntry& entry) {
+    commands_.Do({entry.command, entry.index, entry.text, subject});
+  });
+  menu_->MakeMenu(tables_.Menu(request.menu, request.subject),
+                  [this, &request](MenuId menu) { return tables_.Menu(menu, request.subject); });
+  menu_->setAccessibleName(request.name);
+  menu_->OpenAt(request.at, request.byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
 }
 
 void WindowMenus::Closing() {
   if (openLabel_ != nullptr) openLabel_->setDown(false);
   openLabel_ = nullptr;
-}
-
-void WindowMenus::Chosen(int number, int index) {
-  switch (number) {
-    case menu_number::kPages:
-      Q_EMIT PageChosen(index);
-      break;
-    case menu_number::kFind:
-    case menu_number::kAlphabet:
-      MnuAlphaClick(index);
-      break;
-    case menu_number::kPopup:
-      MnuPopupClick(index);
-      break;
-    default:
-      break;
-  }
-}
-
-void WindowMenus::SubChosen(int number, int index, const QString& text) {
-  switch (number) {
-    case sub_menu_number::kCamView:
-      program_.config.CamView = index;
-      break;
-    case sub_menu_number::kCamMode:
-      Q_EMIT CamModeChosen(index);
-      break;
-    case sub_menu_number::kRate:
-      logic_.poll.MnuRateClick(index);
-      break;
-    case sub_menu_number::kWindowSize:
-      Q_EMIT GuiChosen(index);
-      break;
-    case sub_menu_number::kThumbs:
-      Q_EMIT ThumbsChosen(index);
-      break;
-    case sub_menu_number::kLanguage:
-      Q_EMIT LanguageChosen(index);
-      break;
-    case sub_menu_number::kMapOfCall:
-      Q_EMIT MapLocCallChosen(index);
-      break;
-    case sub_menu_number::kLookups:
-      Q_EMIT QrzFromChosen(text);
-      break;
-    default:
-      break;
-  }
-}
-
-void WindowMenus::MnuAlphaClick(int index) {
-  // The last two characters of the entry are its slot, from 1.
-  const QString entry = program_.page.List1.value(index);
-  logic_.grid.Flash(static_cast<int>(Val(entry.right(2))) - 1);
-}
-
-void WindowMenus::MnuPopupClick(int index) {
-  switch (index) {
-    case 0:
-      logic_.sites.ReloadSlot();
-      break;
-    case 1:
-      logic_.poll.ReloadPage();
-      break;
-    case 17:
-      logic_.sites.CompactPage();
-      break;
-    case 18:
-      logic_.sites.RemoveSite();
-      break;
-    case 19:
-      logic_.sites.RemoveAllSites();
-      break;
-    default:
-      break;
-  }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menus of the main window: opens them at their labels and cells, and sends each choice to its handler. Form1 owns
-// the only one.
+// Fills and shows the menus of all windows, and hands each choice to the handler of its command. The main window makes
+// the only one and opens its own menus through it; the other windows know it as a MenuOpener.
 #pragma once
 
 #include <QObject>
@@ -8,51 +8,41 @@
 #include "app/menu_strip.h"
 #include "app/menu_tables.h"
 #include "app/page_logic.h"
-#include "core/program.h"
 #include "page/page_view.h"
+#include "ui/menu_opener.h"
 #include "ui/menu_window.h"
 
-class WindowMenus : public QObject {
+class WindowMenus : public QObject, public MenuOpener {
   Q_OBJECT
 
  public:
-  WindowMenus(Program& program, PageLogic& logic, MenuStrip& pic, PageView& picAll, QWidget* window);
+  WindowMenus(Program& program, const Commands& commands, PageLogic& logic, MenuStrip& pic, PageView& picAll,
+              QWidget* window);
 
   // The tables again after a language has been read.
   void BuildMenuTables() { tables_.BuildMenuTables(program_.language); }
-  void CloseMenus() { menu_.close(); }
-  bool IsOpen() const { return menu_.isVisible(); }
+  bool IsOpen() const;
+
+  void OpenMenu(const MenuRequest& request) override;
+  void CloseMenus() override;
 
   // The thumbnail menu of a cell, at a point of the screen.
-  void OpenCellMenu(int slot, QPoint globalPoint, frmMenu::Opener opener);
-
-  void MnuPopupClick(int index);
-  void MnuAlphaClick(int index);
+  void OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard);
+  // What the thumbnail menu of a cell is about.
+  MenuSubject SubjectOf(int slot) const;
 
  Q_SIGNALS:
-  // Choices that change the window itself.
-  void PageChosen(int index);
-  void ThumbsChosen(int index);
-  void GuiChosen(int index);
-  void LanguageChosen(int index);
-  void CamModeChosen(int index);
-  // Choices about a station: its text in the menu, as shown, or which of site and sender.
-  void QrzFromChosen(const QString& text);
-  void MapLocCallChosen(int index);
   void AboutToOpen();
 
  private:
-  void OpenAtLabel(BarLabel* label, int number);
-  void Open(int number, const QPoint& at, frmMenu::Opener opener, const Cell* cell = nullptr);
-  void Chosen(int number, int index);
-  void SubChosen(int number, int index, const QString& text);
+  void OpenAtLabel(BarLabel* label, MenuId menu);
   void Closing();
 
   Program& program_;
+  const Commands& commands_;
   PageLogic& logic_;
-  MenuStrip& pic_;
-  PageView& picAll_;
+  QWidget* window_;
   MenuTables tables_;
-  frmMenu menu_;
+  QPointer<frmMenu> menu_;  // opened last
   BarLabel* openLabel_ = nullptr;
 };

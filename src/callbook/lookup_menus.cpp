@@ -20,8 +20,8 @@ QList<MenuEntry> EntriesOf(const Program& program, const Lines& lines, const QLi
   for (const TextLine line : lines) {
     MenuEntry entry;
     entry.text = program.language[line];
-    entry.action = static_cast<int>(entries.size());
-    entry.enabled = !notYet.contains(entry.action);
+    entry.index = static_cast<int>(entries.size());
+    entry.enabled = !notYet.contains(entry.index);
     entries.append(entry);
   }
   return entries;

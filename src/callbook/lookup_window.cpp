@@ -110,7 +110,7 @@ void Form12::ConnectParts() {
   connect(lblMaps, &BarLabel::clicked, this, &Form12::OpenMapsMenu);
   connect(Image1, &PictureButton::clicked, this, &Form12::OpenPicture);
   connect(Image1, &PictureButton::MenuWanted, this, &Form12::OpenPictureMenu);
-  connect(&menu_, &frmMenu::Chosen, this, &Form12::Chosen);
+  connect(&menu_, &frmMenu::Chosen, this, [this](const MenuEntry& entry) { Chosen(entry.index); });
 }
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
@@ -203,7 +203,8 @@ void Form12::ShowSignIn() {
 
 void Form12::OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at,
                       bool byKeyboard) {
-  menu_.MakeMenu(number, entries);
+  openMenu_ = number;
+  menu_.MakeMenu(entries);
   menu_.setAccessibleName(name);
   menu_.OpenAt(at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
 }
@@ -224,8 +225,8 @@ void Form12::OpenPicture() {
   picture_.ShowPicture(session_.PicturePath(), Image1->accessibleName(), over);
 }
 
-void Form12::Chosen(int number, int index) {
-  switch (number) {
+void Form12::Chosen(int index) {
+  switch (openMenu_) {
     case kLookupMapsMenu:
       MnuMapsClick(index);
       break;

@@ -71,7 +71,7 @@ class Form12 : public QWidget {
   void OpenMapsMenu();
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);
   void OpenPicture();
-  void Chosen(int number, int index);
+  void Chosen(int index);
   void StatusClicked();
   void SignInOrOut();
   void SignIn();
@@ -95,7 +95,8 @@ class Form12 : public QWidget {
   QToolButton* cmdSignIn;
   QPushButton* cmdUpdate;
   BarLabel* lblMaps;
-  frmMenu menu_;  // with tmrMenus
+  frmMenu menu_;      // with tmrMenus
+  int openMenu_ = 0;  // number of the menu that was opened last
   Form13 picture_;
   QString signInTitle_;  // of the browser window that is open for it
 };

@@ -9,7 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kMapLocMenu = 10;       // its number among the menus
 constexpr QSize kSmallest(360, 220);  // a tiny picture leaves room for the bar
 constexpr int kInfoGap = 4;           // between bar and info panel
 constexpr int kInfoRoom = 40;         // the info panel is that much wider than its text
@@ -63,7 +62,7 @@ frmMapLoc::frmMapLoc(Program& program, MapStore& store, QWidget* owner)
   connect(picOuter_, &MapView::Panned, this, &frmMapLoc::StoreOffsets);
   connect(picOuter_, &MapView::LabelClicked, this,
           [this](const QString&, const QPoint& at, bool byKeyboard) { OpenPopup(at, byKeyboard); });
-  connect(&menu_, &frmMenu::Chosen, this, [this](int, int index) { MnuPopupClick(index); });
+  connect(&menu_, &frmMenu::Chosen, this, [this](const MenuEntry& entry) { MnuPopupClick(entry.index); });
   FillTexts();
   picOuter_->setFocus();
 }
@@ -230,13 +229,13 @@ void frmMapLoc::OpenPopup(const QPoint& at, bool byKeyboard) {
     MenuEntry entry;
     entry.text =
         QString(program_.language[line]).replace("***"_L1, program_.config.CallbookName).replace("??"_L1, target_.call);
-    entry.action = static_cast<int>(entries.size());
+    entry.index = static_cast<int>(entries.size());
     // The satellite views have no window yet.
-    entry.enabled = entry.action == kLookup;
+    entry.enabled = entry.index == kLookup;
     entries.append(entry);
   }
   menu_.setAccessibleName(target_.call);
-  menu_.MakeMenu(kMapLocMenu, entries);
+  menu_.MakeMenu(entries);
   menu_.OpenAt(at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
 }
 

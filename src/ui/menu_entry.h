@@ -5,35 +5,17 @@
 #include <QList>
 #include <QString>
 
+#include "ui/commands.h"
+
+// An entry and its place in the menu.
 struct MenuEntry {
-  QString text;     // as shown, outer blanks included
-  int action = 0;   // index that the menu's handler gets
-  int subMenu = 0;  // number of the sub-menu that it opens; 0: none
+  QString text;                     // as shown, outer blanks included
+  Command command = Command::None;  // of one that opens a sub-menu: what the sub-menu's entries do
+  int index = 0;                    // place in its menu, from 0, which the handlers get
+  MenuId subMenu = MenuId::None;    // that it opens
   bool separatorBefore = false;
   bool separatorAfter = false;
   bool hasCheck = false;  // can carry a check mark
   bool checked = false;
   bool enabled = true;
 };
-
-// Menus of the first level, by the numbers that their handlers know.
-namespace menu_number {
-inline constexpr int kPages = 1;
-inline constexpr int kFind = 2;
-inline constexpr int kAlphabet = 3;
-inline constexpr int kSetup = 4;
-inline constexpr int kPopup = 5;
-}  // namespace menu_number
-
-// Sub-menus have numbers of their own.
-namespace sub_menu_number {
-inline constexpr int kCamView = 8;
-inline constexpr int kCamMode = 9;
-inline constexpr int kRate = 10;
-inline constexpr int kWindowSize = 11;
-inline constexpr int kThumbs = 12;
-inline constexpr int kLanguage = 13;
-inline constexpr int kMapOfCall = 30;
-inline constexpr int kPageViews = 31;
-inline constexpr int kLookups = 32;
-}  // namespace sub_menu_number

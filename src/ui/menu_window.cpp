@@ -96,14 +96,13 @@ QAction* MenuWindow::MakeRow(const MenuEntry& entry) {
   return row;
 }
 
-void MenuWindow::MakeRows(int number, const QList<MenuEntry>& entries) {
+void MenuWindow::MakeRows(const QList<MenuEntry>& entries) {
   // The row that has just been chosen may be among those of the last time, and is still in use then.
   const QList<QAction*> old = actions();
   for (QAction* row : old) {
     removeAction(row);
     row->deleteLater();
   }
-  number_ = number;
   entries_ = entries;
   rows_.clear();
   for (const MenuEntry& entry : entries) {
@@ -168,22 +167,22 @@ frmMenu::frmMenu(QWidget* parent) : MenuWindow(parent) {
   connect(this, &QMenu::aboutToHide, this, &frmMenu::AboutToClose);
 }
 
-void frmMenu::MakeMenu(int number, const QList<MenuEntry>& entries, const SubMenuTable& subMenus) {
+void frmMenu::MakeMenu(const QList<MenuEntry>& entries, const SubMenuTable& subMenus) {
   close();
   const QList<frmSubMenu*> old = subMenus_;
   subMenus_.clear();
-  MakeRows(number, entries);
+  MakeRows(entries);
   for (frmSubMenu* menu : old) menu->deleteLater();
   if (!subMenus) return;
   for (qsizetype i = 0; i < entries.size(); ++i) {
-    const int subNumber = entries.at(i).subMenu;
-    if (subNumber == 0) continue;
+    const MenuId subMenu = entries.at(i).subMenu;
+    if (subMenu == MenuId::None) continue;
     auto* menu = new frmSubMenu(this);
     menu->setObjectName(u"frmSubMenu"_s);
     menu->setFont(font());
     menu->setTitle(entries.at(i).text.trimmed());
     menu->setAccessibleName(menu->title());
-    menu->MakeMenu(subNumber, subMenus(subNumber));
+    menu->MakeMenu(subMenus(subMenu));
     connect(menu, &MenuWindow::KeyPressed, this, &frmMenu::KeepPointer);
     Rows().at(i)->setMenu(menu);
     Rows().at(i)->setEnabled(entries.at(i).enabled);
@@ -239,14 +238,12 @@ void frmMenu::MenusTick() {
 }
 
 void frmMenu::Dispatch(QAction* action) {
-  if (const MenuEntry* entry = EntryOf(action)) {
-    Q_EMIT Chosen(Number(), entry->action, entry->text);
-    return;
-  }
+  const MenuEntry* entry = EntryOf(action);
   for (const frmSubMenu* menu : std::as_const(subMenus_)) {
-    if (const MenuEntry* entry = menu->EntryOf(action)) {
-      Q_EMIT SubChosen(menu->Number(), entry->action, entry->text);
-      return;
-    }
+    if (entry == nullptr) entry = menu->EntryOf(action);
   }
+  if (entry == nullptr) return;
+  // A copy: the handler may make this menu anew.
+  const MenuEntry chosen = *entry;
+  Q_EMIT Chosen(chosen);
 }

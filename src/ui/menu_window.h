@@ -16,8 +16,6 @@ class MenuWindow : public QMenu {
  public:
   explicit MenuWindow(QWidget* parent);
 
-  // The number that the entries were made for; 0 before the first.
-  int Number() const { return number_; }
   // The entry of a row of this menu; nullptr for any other action.
   const MenuEntry* EntryOf(const QAction* action) const;
 
@@ -27,7 +25,7 @@ class MenuWindow : public QMenu {
  protected:
   void keyPressEvent(QKeyEvent* event) override;
   // Rows in the order of entries; those of the last time go.
-  void MakeRows(int number, const QList<MenuEntry>& entries);
+  void MakeRows(const QList<MenuEntry>& entries);
   const QList<QAction*>& Rows() const { return rows_; }
 
  private:
@@ -35,7 +33,6 @@ class MenuWindow : public QMenu {
   void FindTyped(const QString& text);
   void SelectByKeys(const QAction* row);
 
-  int number_ = 0;
   QList<MenuEntry> entries_;
   QList<QAction*> rows_;  // parallel to entries_
   QString typed_;
@@ -47,21 +44,21 @@ class frmSubMenu : public MenuWindow {
 
  public:
   using MenuWindow::MenuWindow;
-  void MakeMenu(int number, const QList<MenuEntry>& entries) { MakeRows(number, entries); }
+  void MakeMenu(const QList<MenuEntry>& entries) { MakeRows(entries); }
 };
 
 class frmMenu : public MenuWindow {
   Q_OBJECT
 
  public:
-  // Entries of a sub-menu by its number.
-  using SubMenuTable = std::function<QList<MenuEntry>(int)>;
+  // Entries of a sub-menu.
+  using SubMenuTable = std::function<QList<MenuEntry>(MenuId)>;
   enum class Opener { Pointer, Keyboard };
 
   explicit frmMenu(QWidget* parent);
 
   // Closes an open menu and builds the rows of a new one, sub-menus included. Its accessible name is up to the caller.
-  void MakeMenu(int number, const QList<MenuEntry>& entries, const SubMenuTable& subMenus = {});
+  void MakeMenu(const QList<MenuEntry>& entries, const SubMenuTable& subMenus = {});
   // Shows the menu with its corner at a point of the screen, moved as far as its monitor asks for; closes any other
   // one. A menu without entries stays shut. One opened by keyboard has its checked or first entry selected.
   void OpenAt(const QPoint& globalPoint, Opener opener = Opener::Pointer);
@@ -72,9 +69,8 @@ class frmMenu : public MenuWindow {
   QTimer tmrMenus;
 
  Q_SIGNALS:
-  // An entry of this menu, or of a sub-menu by its own number; both menus are closed by then.
-  void Chosen(int number, int index, const QString& text);
-  void SubChosen(int number, int index, const QString& text);
+  // An entry of this menu or of a sub-menu; both menus are closed by then.
+  void Chosen(const MenuEntry& entry);
   void AboutToClose();
 
  private:

@@ -58,13 +58,15 @@ struct StationsFixture : WindowFixture {
     ThumbCell* cell = form->findChild<PageView*>()->CellAt(slot);
     QTest::mouseClick(cell, Qt::LeftButton, {}, cell->SenderPlace().center());
   }
-  void ChooseInSubMenu(int subMenu, int index) const {
-    Q_EMIT form->findChild<frmMenu*>(u"frmMenu"_s)->SubChosen(subMenu, index, SubText(subMenu, index));
+  void ChooseInSubMenu(MenuId subMenu, int index) const {
+    const MenuEntry entry = SubEntry(subMenu, index);
+    services->commands.Do({entry.command, index, entry.text, {}});
   }
-  QString SubText(int subMenu, int index) const {
-    MenuTables tables(State());
+  MenuEntry SubEntry(MenuId subMenu, int index) const {
+    MenuTables tables(State(), services->commands);
     tables.BuildMenuTables(State().language);
-    return tables.SubMenu(subMenu).at(index).text;
+    const auto* menus = form->findChild<WindowMenus*>();
+    return tables.Menu(subMenu, menus->SubjectOf(State().page.SelectedSlot)).at(index);
   }
 };
 
@@ -137,8 +139,8 @@ class TestStationWindows : public QObject {
     StationsFixture f;
     f.CallField().setText(u"left over"_s);
     f.State().page.SelectedSlot = 0;
-    QCOMPARE(f.SubText(sub_menu_number::kLookups, 1), u"VK2QFW sender"_s);
-    f.ChooseInSubMenu(sub_menu_number::kLookups, 1);
+    QCOMPARE(f.SubEntry(MenuId::Lookups, 1).text, u"VK2QFW sender"_s);
+    f.ChooseInSubMenu(MenuId::Lookups, 1);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
     QCOMPARE(f.CallField().text(), QString());
     QCOMPARE(f.State().LookupCall, u"VK2QFW"_s);
@@ -148,7 +150,7 @@ class TestStationWindows : public QObject {
   void ShowsStationsOnMaps() {
     StationsFixture f;
     f.State().page.SelectedSlot = 0;
-    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
+    f.ChooseInSubMenu(MenuId::MapOfCall, 1);
     QVERIFY2(f.Find<frmMapLoc>() == nullptr, "nobody knows yet where the sender is");
     f.ClickCaption(0);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
@@ -158,10 +160,10 @@ class TestStationWindows : public QObject {
              f.Find<frmMapLoc>()->windowTitle() == title;
     };
     // The record is written beside the event loop.
-    QTRY_VERIFY((f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1), f.Find<frmMapLoc>() != nullptr));
+    QTRY_VERIFY((f.ChooseInSubMenu(MenuId::MapOfCall, 1), f.Find<frmMapLoc>() != nullptr));
     QTRY_VERIFY(showsMap(u"Australia Map"_s));
     // A site's place stands in the list of sites.
-    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 0);
+    f.ChooseInSubMenu(MenuId::MapOfCall, 0);
     QTRY_VERIFY(showsMap(u"UK Map"_s));
     // Its call opens the lookup again.
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"K1QPE"_s, QRect(300, 300, 50, 20));
@@ -174,7 +176,7 @@ class TestStationWindows : public QObject {
     database.DbCurrent.Lat = u"51.5"_s;
     database.DbCurrent.Lon = u"0"_s;
     QVERIFY(database.AddRecord() && database.SortDatabase());
-    f.ChooseInSubMenu(sub_menu_number::kMapOfCall, 1);
+    f.ChooseInSubMenu(MenuId::MapOfCall, 1);
     QTRY_VERIFY(showsMap(u"Australia Map"_s));
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"ZZ9MER"_s, QRect(300, 300, 50, 20));
     f.Find<Form12>()->MnuMapsClick(0);

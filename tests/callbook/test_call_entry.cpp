@@ -50,7 +50,7 @@ class TestCallEntry : public QObject {
     QList<MenuEntry> maps = LookupMapEntries(program, u"DL0QPA"_s, true, {});
     QCOMPARE(maps.size(), 3);
     QVERIFY(maps.at(1).text.startsWith(u"DLØQPA"_s) && maps.at(1).text != maps.at(2).text);
-    QVERIFY(maps.at(0).enabled && maps.at(0).action == 0);
+    QVERIFY(maps.at(0).enabled && maps.at(0).index == 0);
     QVERIFY(!LookupMapEntries(program, u"DL0QPA"_s, false).at(0).enabled);
     const QList<MenuEntry> picture = LookupPictureEntries(program);
     QCOMPARE(picture.size(), 5);
