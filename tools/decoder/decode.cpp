@@ -50,6 +50,50 @@ int PlayedDelay(int stored) {
   return stored <= 10 ? 100 : stored;
 }
 
+// Keeps every frame, then every second, every fourth, as their number demands: how many there are is known only at the
+// end, and an animation that is cut off would miss what its sender wanted to show.
+class ThinnedFrames {
+ public:
+  explicit ThinnedFrames(qint64 most) : most_(most) {}
+
+  void Add(const QImage& frame, QSize size, int delay) {
+    if (seen_ % step_ == 0 && kept_.size() == most_) Thin();
+    if (seen_ % step_ == 0 && kept_.size() < most_) {
+      kept_.append({Finished(frame, size), delay});
+    } else {
+      kept_.last().delay = static_cast<int>(std::min<qint64>(qint64{kept_.last().delay} + delay, kLongestDelay));
+    }
+    ++seen_;
+  }
+
+  QList<DecodedFrame> Take() {
+    if (kept_.size() == 1) kept_.first().delay = 0;
+    return std::move(kept_);
+  }
+
+ private:
+  static constexpr qint64 kLongestDelay = 1 << 24;
+
+  void Thin() {
+    step_ *= 2;
+    QList<DecodedFrame> thinned;
+    for (qsizetype i = 0; i < kept_.size(); ++i) {
+      if (i % 2 == 0) {
+        thinned.append(kept_.at(i));
+      } else {
+        thinned.last().delay =
+            static_cast<int>(std::min<qint64>(qint64{thinned.last().delay} + kept_.at(i).delay, kLongestDelay));
+      }
+    }
+    kept_ = thinned;
+  }
+
+  qint64 most_;
+  qint64 seen_ = 0;
+  qint64 step_ = 1;
+  QList<DecodedFrame> kept_;
+};
+
 QImage OnWhite(const QImage& image) {
   if (!image.hasAlphaChannel()) return image.convertToFormat(QImage::Format_RGB32);
   QImage result = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -87,7 +131,7 @@ QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize s
   return Finished(reader.read(), size);
 }
 
-QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size) {
+QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes) {
   if (header.kind != PictureKind::Gif) {
     const QImage still = DecodeStill(bytes, header, size);
     return still.isNull() ? QList<DecodedFrame>() : QList<DecodedFrame>{{still, 0}};
@@ -96,18 +140,17 @@ QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& h
   buffer.setData(bytes);
   QImageReader reader(&buffer, "gif");
   reader.setAutoDetectImageFormat(false);
-  const qint64 most = std::clamp<qint64>(PictureLimits::kAnimationBytes / (qint64{4} * size.width() * size.height()), 1,
-                                         PictureLimits::kFrames);
+  const qint64 granted = frameBytes > 0 ? frameBytes : PictureLimits::kAnimationBytes;
+  ThinnedFrames frames(
+      std::clamp<qint64>(granted / (qint64{4} * size.width() * size.height()), 1, PictureLimits::kFrames));
   QElapsedTimer watch;
   watch.start();
-  QList<DecodedFrame> frames;
-  while (frames.size() < most && std::chrono::milliseconds(watch.elapsed()) < kAnimationTime) {
+  while (std::chrono::milliseconds(watch.elapsed()) < kAnimationTime) {
     const QImage frame = reader.read();
     if (frame.isNull()) break;
-    frames.append({Finished(frame, size), PlayedDelay(reader.nextImageDelay())});
+    frames.Add(frame, size, PlayedDelay(reader.nextImageDelay()));
   }
-  if (frames.size() == 1) frames.first().delay = 0;
-  return frames;
+  return frames.Take();
 }
 
 QByteArray Encode24(const QImage& image, WrittenFormat format) {

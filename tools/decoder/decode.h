@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // From bytes to pixels of the size that is wanted, whatever the format; and back to the two formats that are written.
-// Called by jobs.
+// Called by picture_role.
 #pragma once
 
 #include <QByteArray>
@@ -10,20 +10,25 @@
 
 #include "picture_header.h"
 
+// A frame ready to be sent.
 struct DecodedFrame {
   QImage image;   // RGB32, or ARGB32_Premultiplied where it has see-through parts
   int delay = 0;  // milliseconds until the next frame; 0 for a still
 };
 
+// Whether a picture that is smaller than its box is enlarged.
 enum class Fit { DownOnly, Always };
 
 // The size of picture within box, aspect kept, no side below 1. DownOnly leaves a picture that fits as it is.
 QSize FitInto(QSize picture, QSize box, Fit fit);
 // The picture (of an animation the first frame) at exactly size. Null where it cannot be decoded.
 QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize size);
-// As many frames of an animation as stay within the limits, at least the first; one frame for any other picture.
-QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size);
+// The frames of an animation, spread over its whole length: where all of them would be more than frameBytes of pixels
+// (0: PictureLimits::kAnimationBytes) or more than PictureLimits::kFrames, some are left out and their delays go to the
+// frame before them. At least the first, as a still; one frame for any other picture.
+QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes);
 
+// The formats of files that are stored.
 enum class WrittenFormat { Jpeg, Bmp };
 // A file of 24 bits a pixel; see-through parts become white. Empty where it cannot be written.
 QByteArray Encode24(const QImage& image, WrittenFormat format);

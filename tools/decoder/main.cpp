@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// omni-perch-decoder: takes picture jobs on standard input, answers on standard output, ends with its input.
-// Its one argument is the folder below which it may write.
+// omni-perch-decoder: takes jobs on standard input, answers on standard output, ends with its input. Its one argument
+// is its role. It opens no file once it has said that it is ready.
 #include <fcntl.h>
 #include <malloc.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
-#include <QDir>
-#include <QFileInfo>
-#include <QImageReader>
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <optional>
 
-#include "jobs.h"
+#include "picture_role.h"
+#include "platform/picture/helper_frame.h"
+#include "role.h"
 #include "sandbox.h"
 
 namespace {
@@ -24,43 +25,82 @@ class Input {
   std::optional<QByteArray> Line() {
     qsizetype end = buffer_.indexOf('\n');
     while (end < 0) {
-      const qsizetype seen = buffer_.size();
-      if (!More()) return std::nullopt;
-      end = buffer_.indexOf('\n', seen);
+      if (buffer_.size() > HelperLimits::kLine || !More()) return std::nullopt;
+      end = buffer_.indexOf('\n');
     }
-    return Take(end + 1);
+    QByteArray line = buffer_.left(end + 1);
+    buffer_.remove(0, end + 1);
+    return line;
   }
 
+  // The size is known, so the bytes go straight to where they stay.
   std::optional<QByteArray> Block(qint64 count) {
-    while (buffer_.size() < count) {
-      if (!More()) return std::nullopt;
+    QByteArray block = buffer_.left(count);
+    buffer_.remove(0, block.size());
+    qint64 filled = block.size();
+    block.resize(count);
+    while (filled < count) {
+      const ssize_t got = Read(block.data() + filled, count - filled);
+      if (got <= 0) return std::nullopt;
+      filled += got;
     }
-    return Take(count);
+    return block;
   }
 
  private:
-  bool More() {
-    constexpr qsizetype kChunk = 65536;
-    const qsizetype had = buffer_.size();
-    buffer_.resize(had + kChunk);
-    ssize_t count = -1;
+  static ssize_t Read(char* at, qint64 most) {
+    ssize_t got = -1;
     do {
-      count = read(STDIN_FILENO, buffer_.data() + had, kChunk);
-    } while (count < 0 && errno == EINTR);
-    buffer_.resize(had + (count > 0 ? count : 0));
-    return count > 0;
+      got = read(STDIN_FILENO, at, static_cast<size_t>(most));
+    } while (got < 0 && errno == EINTR);
+    return got;
   }
 
-  QByteArray Take(qsizetype count) {
-    QByteArray taken = buffer_.left(count);
-    buffer_.remove(0, count);
-    return taken;
+  bool More() {
+    char chunk[4096];
+    const ssize_t got = Read(chunk, sizeof(chunk));
+    if (got > 0) buffer_.append(chunk, got);
+    return got > 0;
   }
 
   QByteArray buffer_;
 };
 
-bool WriteOut(const void* data, qint64 count) {
+void Silence(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+// What a decoder has to say about a stranger's picture interests nobody: the answer's outcome says it all. Qt is asked
+// to be silent, the libraries below it print.
+void BeQuiet() {
+  qInstallMessageHandler(Silence);
+#if !defined(__SANITIZE_ADDRESS__)  // the sanitizers' reports are what a sanitized build is for
+  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
+  if (nowhere >= 0) dup2(nowhere, STDERR_FILENO);
+#endif
+}
+
+const Role* RoleNamed(const char* name) {
+  static const Role roles[] = {PictureRole()};
+  const auto* found = std::find_if(std::begin(roles), std::end(roles),
+                                   [&](const Role& role) { return std::strcmp(role.name, name) == 0; });
+  return found == std::end(roles) ? nullptr : found;
+}
+
+int Serve(const Role& role, bool sandboxed) {
+  Input input;
+  RoleOutput output;
+  if (!output.Write(ReadyLine())) return 1;
+  while (const std::optional<QByteArray> line = input.Line()) {
+    const qint64 bytes = FrameBodyBytes(*line);
+    if (bytes < 0 || bytes > role.mostBody) return 1;
+    const std::optional<QByteArray> body = input.Block(bytes);
+    if (!body || !role.answer({*line, *body, sandboxed}, output)) return 1;
+  }
+  return 0;
+}
+
+}  // namespace
+
+bool RoleOutput::Write(const void* data, qint64 count) {
   const char* at = static_cast<const char*>(data);
   while (count > 0) {
     const ssize_t written = write(STDOUT_FILENO, at, static_cast<size_t>(count));
@@ -72,55 +112,16 @@ bool WriteOut(const void* data, qint64 count) {
   return true;
 }
 
-bool Answer(const JobResult& result) {
-  const QByteArray line = WriteReply(result.reply);
-  if (!WriteOut(line.constData(), line.size())) return false;
-  for (const DecodedFrame& frame : result.frames) {
-    const PictureFrameHead head{frame.image.width(), frame.image.height(), frame.delay,
-                                frame.image.hasAlphaChannel() ? 0 : 1};
-    if (!WriteOut(&head, sizeof(head)) || !WriteOut(frame.image.constBits(), frame.image.sizeInBytes())) return false;
-  }
-  return true;
-}
-
-void Silence(QtMsgType, const QMessageLogContext&, const QString&) {}
-
-// What a decoder has to say about a stranger's picture interests nobody: the answer's "ok" says it all. Qt is asked,
-// the libraries below it print.
-void BeQuiet() {
-  qInstallMessageHandler(Silence);
-#if !defined(__SANITIZE_ADDRESS__)  // their reports are what they are there for
-  const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-  if (nowhere >= 0) dup2(nowhere, STDERR_FILENO);
-#endif
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
-  if (argc != 2) return 2;
+  const Role* role = argc == 2 ? RoleNamed(argv[1]) : nullptr;
+  if (role == nullptr) return 2;
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  CloseInherited();  // first: a descriptor that came along by mistake would pass every later rule
   BeQuiet();
   mallopt(M_ARENA_MAX, 1);  // each thread would reserve 64 MB of the address space that the sandbox grants
   qputenv("QT_NO_GLIB", "1");
-  QImageReader::setAllocationLimit(static_cast<int>(PictureLimits::kDecodedBytes >> 20));
-  const QString given = QFile::decodeName(argv[1]);
-  QString dataDir;
-  bool begun = false;
-  Input input;
-  while (const std::optional<QByteArray> line = input.Line()) {
-    const std::optional<PictureRequest> request = ReadRequest(*line);
-    if (!request) return 1;
-    const std::optional<QByteArray> body = input.Block(request->bodyBytes);
-    if (!body) return 1;
-    if (!begun) {
-      // Not before the first job: the process may be started ahead of the moment when the folder is made.
-      begun = true;
-      QDir().mkpath(given);
-      dataDir = QFileInfo(given).canonicalFilePath();
-      EnterSandbox(dataDir);
-    }
-    if (!Answer(RunJob(*request, *body, dataDir))) return 1;
-  }
-  _exit(0);  // nothing to tidy up, and the leak check of a sanitizer would need what the sandbox took away
+  role->prepare();
+  const bool sandboxed = EnterSandbox(role->addressSpace).calls;
+  // Nothing to tidy up, and the leak check of a sanitizer would need what the sandbox took away.
+  _exit(Serve(*role, sandboxed));
 }

@@ -5,10 +5,13 @@
 #include <QImageReader>
 #include <QtEndian>
 #include <algorithm>
+#include <cstdlib>
 
 #include "platform/picture/picture_protocol.h"
 
 namespace {
+
+constexpr int kMaxSide = 1 << 30;
 
 // Big-endian numbers at any offset; 0 behind the end.
 class Bytes {
@@ -82,7 +85,6 @@ bool ReadSizeSegment(const Bytes& bytes, qint64 start, PictureHeader& header) {
   const qint64 height = bottom - bytes.U32(start + 16);
   const qint64 tileWidth = bytes.U32(start + 20);
   const qint64 tileHeight = bytes.U32(start + 24);
-  constexpr qint64 kMaxSide = 1 << 30;
   if (width <= 0 || height <= 0 || width > kMaxSide || height > kMaxSide || tileWidth == 0 || tileHeight == 0) {
     return false;
   }
@@ -140,7 +142,9 @@ PictureHeader ReadPictureHeader(const QByteArray& bytes) {
     header.size = ReaderSize(bytes, "gif");
   } else if (bytes.startsWith("BM")) {
     header.kind = PictureKind::Bmp;
-    header.size = ReaderSize(bytes, "bmp");
+    // A height below zero says that the rows are stored from the top down.
+    const QSize stored = ReaderSize(bytes, "bmp");
+    if (stored.height() > -kMaxSide) header.size = QSize(stored.width(), std::abs(stored.height()));
     header.depth = 8;
   } else if (bytes.startsWith(QByteArray::fromRawData("\0\0\0\x0CjP  \r\n\x87\n", 12))) {
     header.kind = PictureKind::Jpeg2000;

@@ -3,37 +3,41 @@
 
 #include <fcntl.h>
 #include <linux/landlock.h>
-#include <sched.h>
 #include <seccomp.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QByteArray>
-#include <QFile>
+#include <QThread>
+#include <QThreadPool>
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <latch>
+#include <memory>
 
 namespace {
 
-// What Qt, the image libraries, the C library and the sanitizers call while they decode and write a file, a family a
-// line. Anything else is answered as if the kernel did not know it, which the libraries take better than a refusal.
+// What Qt, the image libraries, the C library and the sanitizers call between a read and a write, a family a line.
+// Anything else is answered as if the kernel did not know it: the libraries take that better than a refusal, and
+// killing the process would take the pool threads' harmless questions for an attack.
 constexpr auto kAllowedCalls = std::to_array<const char*>({
-  "read write readv writev pread64 pwrite64 lseek _llseek close dup fcntl fcntl64 fadvise64 poll ppoll",
-      "open openat stat stat64 lstat lstat64 fstat fstat64 newfstatat fstatat64 statx statfs fstatfs access faccessat",
-      "faccessat2 readlink readlinkat getcwd getdents getdents64 umask",
-      "rename renameat renameat2 unlink unlinkat ftruncate ftruncate64",
-      "mmap mmap2 munmap mprotect mremap madvise brk",
-      "futex futex_time64 eventfd2 set_robust_list rseq sched_yield sched_getaffinity sched_getparam "
-      "sched_getscheduler",
-      "nanosleep clock_nanosleep clock_gettime clock_gettime64 gettimeofday time restart_syscall",
-      "rt_sigaction rt_sigprocmask rt_sigreturn sigreturn sigaltstack",
-      "getpid gettid getuid geteuid getgid getegid uname sysinfo getrlimit getrusage getrandom", "exit exit_group",
+  "read write", "munmap mremap madvise brk", "futex futex_time64 sched_yield sched_getaffinity",
+      "nanosleep clock_nanosleep clock_nanosleep_time64 clock_gettime clock_gettime64 gettimeofday time "
+      "restart_syscall",
+      "rt_sigaction rt_sigprocmask rt_sigreturn sigreturn sigaltstack", "getpid gettid getrandom exit exit_group",
 #if defined(__SANITIZE_ADDRESS__)
-      "pipe pipe2"  // the sanitizers look at memory through a pipe, so that a bad address is an error and no crash
+      // The sanitizers look at memory through a pipe, so that a bad address is an error and no crash.
+      "pipe pipe2 close rseq set_robust_list",
 #endif
 });
+
+// Memory may be asked for, but never such that what a stranger wrote into it can be run.
+constexpr auto kMemoryCalls = std::to_array<const char*>({"mmap", "mmap2", "mprotect"});
+constexpr unsigned kProtection = 2;  // the argument of those calls
 
 // A name that this machine's architecture lacks is refused by the library and missed nowhere.
 void Allow(scmp_filter_ctx filter, const char* family) {
@@ -46,67 +50,86 @@ bool FilterCalls() {
   scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ERRNO(ENOSYS));
   if (filter == nullptr) return false;
   for (const char* family : kAllowedCalls) Allow(filter, family);
-  // Qt scales and converts large pictures in several threads, and waits forever for one that cannot begin. A thread is
-  // no new process; its event queue is a descriptor of the process's own. clone3 hides its flags from the filter: as an
-  // unknown call it makes the C library use clone.
-  constexpr scmp_datum_t kThread = CLONE_VM | CLONE_THREAD;
-  seccomp_rule_add(filter, SCMP_ACT_ALLOW, SCMP_SYS(clone), 1, SCMP_A0(SCMP_CMP_MASKED_EQ, kThread, kThread));
-  // Its own death is the one signal that the process may send: a failed assertion aborts through it.
-  seccomp_rule_add(filter, SCMP_ACT_ALLOW, SCMP_SYS(tgkill), 1,
-                   SCMP_A0(SCMP_CMP_EQ, static_cast<scmp_datum_t>(getpid())));
-  const bool loaded = seccomp_load(filter) == 0;
+  for (const char* name : kMemoryCalls) {
+    seccomp_rule_add(filter, SCMP_ACT_ALLOW, seccomp_syscall_resolve_name(name), 1,
+                     SCMP_CMP(kProtection, SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(PROT_EXEC), 0));
+  }
+  // All threads or none: one that runs unfiltered would do for the others what they may not.
+  const bool loaded = seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1) == 0 && seccomp_load(filter) == 0;
   seccomp_release(filter);
   return loaded;
 }
 
-// The rights that older system headers do not name; the running kernel's version says which count.
-constexpr quint64 kRefer = 1ULL << 13;
-constexpr quint64 kTruncate = 1ULL << 14;
-
-bool KeepWritesBelow(const QString& folder) {
+// Landlock with every right handled and none granted. The right to link or move a file into another folder is refused
+// from version 2 on even unnamed, truncation counts from version 3, calls of devices from version 5.
+bool RefuseFiles() {
   const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
   if (version < 1) return false;
-  quint64 wanted = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG;
-  if (version >= 3) wanted |= kTruncate;
+  quint64 rights = 13;
+  if (version >= 2) rights = 14;
+  if (version >= 3) rights = 15;
+  if (version >= 5) rights = 16;
   landlock_ruleset_attr attributes = {};
-  attributes.handled_access_fs = wanted | LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_REMOVE_DIR |
-                                 LANDLOCK_ACCESS_FS_MAKE_CHAR | LANDLOCK_ACCESS_FS_MAKE_DIR |
-                                 LANDLOCK_ACCESS_FS_MAKE_SOCK | LANDLOCK_ACCESS_FS_MAKE_FIFO |
-                                 LANDLOCK_ACCESS_FS_MAKE_BLOCK | LANDLOCK_ACCESS_FS_MAKE_SYM;
-  if (version >= 2) attributes.handled_access_fs |= kRefer;
+  attributes.handled_access_fs = (1ULL << rights) - 1;
   const auto rules =
       static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof(attributes.handled_access_fs), 0));
   if (rules < 0) return false;
-  const int place = open(QFile::encodeName(folder).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
-  if (place >= 0) {
-    landlock_path_beneath_attr beneath = {};
-    beneath.allowed_access = wanted;
-    beneath.parent_fd = place;
-    syscall(SYS_landlock_add_rule, rules, LANDLOCK_RULE_PATH_BENEATH, &beneath, 0);
-    close(place);
-  }
   const bool kept = syscall(SYS_landlock_restrict_self, rules, 0) == 0;
   close(rules);
   return kept;
 }
 
-void LimitResources() {
+// Qt scales and converts large pictures in the threads of its pool, and waits for ever for one that cannot begin. So
+// all of them begin here and never end; afterwards no thread can be made.
+void StartPoolThreads() {
+  constexpr int kMostThreads = 4;
+  constexpr uint kStack = 1 << 20;
+  QThreadPool* pool = QThreadPool::globalInstance();
+  const int count = std::clamp(QThread::idealThreadCount(), 1, kMostThreads);
+  pool->setExpiryTimeout(-1);
+  pool->setMaxThreadCount(count);
+  pool->setStackSize(kStack);
+  // Shared, because the last thread may still be leaving it when this function ends. (waitForDone() would end the
+  // threads.)
+  const auto all = std::make_shared<std::latch>(count + 1);
+  for (int i = 0; i < count; ++i) pool->start([all]() { all->arrive_and_wait(); });
+  all->arrive_and_wait();
+}
+
+void LimitResources(quint64 addressSpace) {
   const rlimit none = {0, 0};
   setrlimit(RLIMIT_CORE, &none);
-#if !defined(__SANITIZE_ADDRESS__)  // the address sanitizer reserves terabytes
-  constexpr rlim_t kAddressSpace = 1ULL << 30;
-  const rlimit space = {kAddressSpace, kAddressSpace};
+  setrlimit(RLIMIT_FSIZE, &none);
+#if defined(__SANITIZE_ADDRESS__)
+  Q_UNUSED(addressSpace)  // the address sanitizer reserves terabytes, and opens pipes
+#else
+  const rlimit space = {addressSpace, addressSpace};
   setrlimit(RLIMIT_AS, &space);
+  // A copy gets the lowest free number, which is the number of those that are open.
+  const int lowestFree = dup(STDIN_FILENO);
+  if (lowestFree < 0) return;
+  close(lowestFree);
+  const rlimit open = {static_cast<rlim_t>(lowestFree), static_cast<rlim_t>(lowestFree)};
+  setrlimit(RLIMIT_NOFILE, &open);
 #endif
 }
 
 }  // namespace
 
-SandboxState EnterSandbox(const QString& writable) {
+void CloseInherited() {
+  constexpr unsigned kFirstOther = STDERR_FILENO + 1;
+  if (syscall(SYS_close_range, kFirstOther, ~0U, 0) == 0) return;
+  // Kernels before 5.9.
+  for (int file = static_cast<int>(sysconf(_SC_OPEN_MAX)) - 1; file >= static_cast<int>(kFirstOther); --file)
+    close(file);
+}
+
+SandboxState EnterSandbox(quint64 addressSpace) {
   SandboxState state;
-  LimitResources();
   if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return state;
-  state.files = KeepWritesBelow(writable);
+  state.files = RefuseFiles();  // before the threads: it holds for the calling one and those that it starts
+  StartPoolThreads();
+  LimitResources(addressSpace);
   state.calls = FilterCalls();
   return state;
 }

@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes from the process what decoding never needs: the network, other programs, and every place to write but one
-// folder. Called once, by the tool's main, before the first picture is looked at.
+// Takes from the process what turning given bytes into other bytes never needs: files, the network, other processes,
+// new threads, new code. Called by the helper's main, once, after its role has loaded what it needs.
 #pragma once
 
-#include <QString>
+#include <QtGlobal>
 
+// What is in force.
 struct SandboxState {
-  bool calls = false;  // system calls are filtered
-  bool files = false;  // the kernel keeps writes within the folder
+  bool calls = false;  // system calls are filtered; without this no job may be done
+  bool files = false;  // the kernel's file rules besides, where it has them
 };
 
-// Each part is used where the system offers it and left out where it does not; the result says what is in force.
-// writable: the folder below which files may be written; it must exist.
-SandboxState EnterSandbox(const QString& writable);
+// Closes every descriptor but standard input, output and error.
+void CloseInherited();
+// Files can be opened and threads started before this, never after it. addressSpace: bytes.
+SandboxState EnterSandbox(quint64 addressSpace);

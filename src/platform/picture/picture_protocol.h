@@ -1,42 +1,43 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What passes between the program and omni-perch-decoder over the tool's standard input and output. The driver
-// (platform/picture_tool) and the tool itself both use these, so that neither has a spelling of its own.
+// What the fields of a frame (platform/picture/helper_frame) mean in the helper's role `pictures`. picture_job in the
+// program and the helper itself both use these, so that neither has a spelling of its own.
 //
-// A job is one line of tab separated fields, ended by LF:
-//   verb  id  source  target  width  height  bytes
-// Paths are UTF-8, percent-encoded; fields that a verb has no use for are empty or 0. A measure job is followed by that
-// many bytes of the picture. Each job has one answer, in the order of the jobs:
-//   id  ok  type  width  height  depth  frames  bytes
-// ended by LF and followed by that many bytes: per frame a PictureFrameHead and its rows of 32-bit pixels without
-// padding, all in the machine's byte order. Nothing else is ever written to standard output.
+// A job:  verb  id  width  height  frame-bytes  bytes, then that many bytes: the picture's file as it came.
+// Its answer:  id  outcome  width  height  depth  frames  bytes, then that many bytes: of a thumb or a conversion the
+// file to be stored; of a load or a view per frame a PictureFrameHead and its rows of 32-bit pixels without padding,
+// all in the machine's byte order. Fields that a verb has no use for are 0.
 #pragma once
 
 #include <QByteArray>
 #include <QSize>
-#include <QString>
 #include <optional>
 
-enum class PictureVerb { Measure, Thumb, Convert, Load, View };
+// What is to be done with a picture.
+enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View };
 
+// A job's line.
 struct PictureRequest {
   PictureVerb verb = PictureVerb::Measure;
   quint64 id = 0;
-  QString source;
-  QString target;
   QSize box{0, 0};
+  qint64 frameBytes = 0;  // of an animation's pixels together; 0: PictureLimits::kAnimationBytes
   qint64 bodyBytes = 0;
 };
 
+// How a job went.
+enum class PictureOutcome { Failed, Done, NoSandbox };
+
+// An answer's line.
 struct PictureReply {
   quint64 id = 0;
-  bool ok = false;
-  QString type;
+  PictureOutcome outcome = PictureOutcome::Failed;
   QSize size{0, 0};
   int depth = 0;
   int frames = 0;
   qint64 payloadBytes = 0;
 };
 
+// What stands in front of each frame's pixels.
 struct PictureFrameHead {
   qint32 width = 0;
   qint32 height = 0;
@@ -52,7 +53,6 @@ inline constexpr int kFrames = 200;                                 // of one an
 inline constexpr qint64 kAnimationBytes = 16LL * 1024 * 1024;       // scaled pixels of one animation
 inline constexpr qint64 kPayloadBytes = kDecodedBytes + (1 << 20);  // of one answer
 inline constexpr int kBoxSide = 16384;                              // of the box that a caller may ask for
-inline constexpr qint64 kReplyLine = 4096;                          // characters of an answer line
 }  // namespace PictureLimits
 
 // With its LF.
@@ -61,7 +61,3 @@ QByteArray WriteRequest(const PictureRequest& request);
 std::optional<PictureRequest> ReadRequest(const QByteArray& line);
 QByteArray WriteReply(const PictureReply& reply);
 std::optional<PictureReply> ReadReply(const QByteArray& line);
-
-// The hidden file beside target that process pid writes before it takes target's name. The driver removes what a
-// killed tool left there.
-QString PartFileName(const QString& target, qint64 pid);

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Drives omni-perch-decoder, the small program that decodes what strangers sent. Two of them run, started at need; one
-// that dies or takes too long is replaced and costs its own job and nothing else.
+// Drives omni-perch-decoder in its role `pictures`: what strangers sent is decoded there. Two processes of it run,
+// started at need; one that dies or takes too long is replaced and costs its own job and nothing else.
 #pragma once
 
-#include <QImage>
+#include <QByteArray>
 #include <QList>
 #include <QObject>
 #include <QSize>
@@ -14,30 +14,21 @@
 #include <functional>
 #include <memory>
 
+#include "platform/picture/picture_answer.h"
 #include "platform/picture/picture_protocol.h"
 
-class PictureWorker;
+class HelperProcess;
+struct PictureTask;
 
-struct PictureFrame {
-  QImage image;
-  std::chrono::milliseconds delay{0};  // until the next frame; 0 for a still
-};
-
-struct PictureAnswer {
-  bool ok = false;
-  QString type;   // by content, as GetFileType says
-  QSize size;     // pixels of the picture itself, before any scaling
-  int depth = 0;  // colour depth as the converter reports it (JPEG and JPEG 2000: bits a pixel; PNG, BMP: 8); 0 unknown
-  QList<PictureFrame> frames;  // of Load and View, scaled to fit their box; more than one for an animation
-};
-
+// The queue of picture jobs and the processes that do them.
 class PictureTool : public QObject {
   Q_OBJECT
 
  public:
   using Done = std::function<void(const PictureAnswer&)>;
 
-  // toolPath: the program; dataDir: the only folder below which it may write; patience: what one job may take.
+  // toolPath: the program; dataDir: the folder below which MakeThumb and Convert may store; patience: what one job may
+  // take.
   PictureTool(const QString& toolPath, const QString& dataDir,
               std::chrono::milliseconds patience = std::chrono::seconds(5), QObject* parent = nullptr);
   ~PictureTool() override;
@@ -45,8 +36,8 @@ class PictureTool : public QObject {
   // Starts the processes ahead of the first job.
   void WarmUp();
 
-  // Every call answers later through done, once, unless context is gone by then. Files are read and written by the
-  // tool.
+  // Every call answers later through done, once, unless context is gone by then. Files are read when the job's turn has
+  // come, and written, beside the event loop.
 
   // Decodes bytes of a marker picture; answers type and size.
   void Measure(const QByteArray& bytes, QObject* context, Done done);
@@ -62,18 +53,20 @@ class PictureTool : public QObject {
   // Any picture that decodes, scaled down to fit box.
   void View(const QString& path, QSize box, QObject* context, Done done);
 
-  // Of the processes that run now, for whoever watches them; at most two.
+  // Of the processes that run now, for whoever watches them.
   QList<qint64> ProcessIds() const;
 
  private:
   struct Job;
 
-  void Add(PictureRequest request, const QByteArray& body, QObject* context, Done done);
+  void Add(PictureTask task, QObject* context, Done done);
   void HandOut();
-  void OnAnswered(PictureWorker* worker, const PictureAnswer& answer);
+  void OnAnswered(HelperProcess* helper);
 
-  std::array<std::unique_ptr<PictureWorker>, 2> workers_;
+  const QString dataDir_;
+  const std::chrono::milliseconds patience_;
+  std::array<std::unique_ptr<HelperProcess>, 2> helpers_;
   std::deque<std::unique_ptr<Job>> waiting_;
-  std::array<std::unique_ptr<Job>, 2> running_;  // by worker
+  std::array<std::unique_ptr<Job>, 2> running_;  // by helper
   quint64 lastId_ = 0;
 };

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The framing of all that passes between the program and omni-perch-decoder, whatever the helper's role: a line of tab
+// separated fields, of which the last tells how many bytes follow the line's LF. helper_process writes and reads such
+// frames in the program, the helper's main does in the helper; what the fields mean is the role's business.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <optional>
+
+namespace HelperLimits {
+inline constexpr qint64 kLine = 4096;                      // characters of a line with its LF
+inline constexpr qint64 kBodyBytes = 256LL * 1024 * 1024;  // that a line may announce at all
+}  // namespace HelperLimits
+
+// The line with its LF. No field may hold a tab or a line end.
+QByteArray FrameLine(const QList<QByteArray>& fields, qint64 bodyBytes);
+// How many bytes follow this line (with or without its LF); -1 where it is malformed.
+qint64 FrameBodyBytes(const QByteArray& line);
+
+// What the helper says once, when it is ready for its first job: a line of its own, without a body.
+QByteArray ReadyLine();
+
+// Takes the fields of a line one after the other and remembers whether every one of them was what it should be.
+class FieldReader {
+ public:
+  // count: of the fields, the count of bytes at the end among them.
+  FieldReader(const QByteArray& line, qsizetype count);
+  bool Good() const { return good_; }
+  QByteArray Text();
+  qint64 Number(qint64 low, qint64 high);
+  int Int(qint64 low, qint64 high) { return static_cast<int>(Number(low, high)); }
+
+ private:
+  QList<QByteArray> fields_;
+  qsizetype next_ = 0;
+  bool good_ = false;
+};

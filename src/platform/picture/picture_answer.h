@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What a picture job answers, as values. Whoever asks picture_tool reads it; picture_job fills it in.
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QSize>
+#include <QString>
+#include <chrono>
+
+// One frame of an animation, or the one image of a still.
+struct PictureFrame {
+  QImage image;
+  std::chrono::milliseconds delay{0};  // until the next frame; 0 for a still
+};
+
+// The answer to one job.
+struct PictureAnswer {
+  bool ok = false;
+  bool noSandbox = false;  // not ok because this system cannot lock the decoder in; then nothing else is known
+  QString type;            // by content, as GetFileType says
+  QSize size;              // pixels of the picture itself, before any scaling
+  int depth = 0;  // colour depth as the converter reports it (JPEG and JPEG 2000: bits a pixel; PNG, BMP: 8); 0 unknown
+  QList<PictureFrame> frames;  // of Load and View, scaled to fit their box; more than one for an animation
+};
