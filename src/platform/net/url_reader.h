@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asynchronous reads of http(s) addresses by key. UrlNetwork is the program's one access manager with its limits;
+// Asynchronous reads of http(s) addresses by key. UrlNetwork is the program's one network thread with its limits;
 // each download control owns a UrlReader with a key space of its own.
 #pragma once
 
@@ -12,16 +12,12 @@
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
-#include <chrono>
+#include <memory>
 
-// What no server may exceed. A read begins when one of the six connections to its host is free for it.
-struct UrlLimits {
-  std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte
-  std::chrono::milliseconds deadline = std::chrono::minutes(10);  // in all, against a slow drip
-  std::chrono::milliseconds quiet = std::chrono::seconds(5);      // of all servers, before floods are looked for
-  qint64 maxBody = 64LL * 1024 * 1024;                            // unpacked bytes
-  int maxRedirects = 10;
-};
+#include "platform/net/address_rules.h"
+#include "platform/net/body_budget.h"
+#include "platform/net/url_answer.h"
+#include "platform/net/url_limits.h"
 
 class CookieStore;
 class UrlReader;
@@ -31,38 +27,41 @@ class UrlNetwork : public QObject {
   Q_OBJECT
 
  public:
-  explicit UrlNetwork(const UrlLimits& limits = {}, QObject* parent = nullptr);
+  // rules: which addresses no redirect of a public server may lead to.
+  explicit UrlNetwork(const UrlLimits& limits = {},
+                      std::shared_ptr<const AddressRules> rules = std::make_shared<AddressRules>(),
+                      QObject* parent = nullptr);
   ~UrlNetwork() override;  // ends all reads; none of them answers
 
   // From now on reads carry the store's cookies to the hosts that they belong to, and these hosts may renew or expire
   // them. Without a store, and to any other host, no cookie goes out and none is kept.
   void SetCookies(CookieStore& store);
 
+ Q_SIGNALS:
+  // A server sent more than any answer may have: a body without end, or head lines. Its read fails just after.
+  void HostFlooded(const QString& host);
+
  private:
   friend class UrlReader;
-  friend class UrlWorker;
 
-  struct Answer {
-    enum class Kind { Progress, Done, Failed };
-    Kind kind = Kind::Failed;
-    quint64 id = 0;
-    qint64 max = 0;
-    qint64 read = 0;
-    QByteArray body;
-  };
   struct Asker {
     UrlReader* reader = nullptr;
     QString key;
   };
 
-  quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url);
+  quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url, UrlPriority priority);
   void End(quint64 id);
   void PassCookies();
   void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told);
-  void Take(const Answer& answer);
+  void Take(const UrlAnswer& answer);
   void HandOut();
-  void Raise(const Answer& answer);
+  void Raise(const UrlAnswer& answer);
+  void LetGo(const QByteArray& body);
+  void LetGoOfHeld();
+  void GiveBack(qint64 bytes);
 
+  const std::shared_ptr<const AddressRules> rules_;
+  BodyBudget budget_;
   // Sockets, TLS and unpacking run on a thread of their own: none of it can hold the event loop.
   QThread thread_;
   UrlWorker* worker_;
@@ -70,8 +69,10 @@ class UrlNetwork : public QObject {
   QHash<quint64, Asker> askers_;
   quint64 lastId_ = 0;
   // Answers wait here and are handed out a few milliseconds at a time: a page of them arrives at once.
-  QQueue<Answer> answers_;
+  QQueue<UrlAnswer> answers_;
   QTimer handOut_;
+  QList<QByteArray> held_;  // handed out, and counted as long as somebody else has them
+  QTimer letGo_;
 };
 
 class UrlReader : public QObject {
@@ -82,7 +83,7 @@ class UrlReader : public QObject {
   ~UrlReader() override;
 
   // Begins a read; one pending under the same key is cancelled first and says nothing. Never answers before it returns.
-  void Start(const QString& key, const QUrl& url);
+  void Start(const QString& key, const QUrl& url, UrlPriority priority = UrlPriority::Page);
   // Ends a read without a word; a key that is not pending is passed over.
   void Cancel(const QString& key);
   bool IsPending(const QString& key) const;

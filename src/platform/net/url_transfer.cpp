@@ -1,178 +1,284 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/net/url_transfer.h"
 
+#include <QLocale>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qint64 kProgressEveryMs = 30;
-constexpr qint64 kSlice = 64LL * 1024;
+constexpr qsizetype kMostHead = 64LL * 1024;  // with all interim heads before it
 
 bool IsWebAddress(const QUrl& url) {
   const QString scheme = url.scheme();
   return url.isValid() && !url.host().isEmpty() && (scheme == "http"_L1 || scheme == "https"_L1);
 }
 
-int Status(const QNetworkReply& reply) {
-  return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+QByteArray Languages() {
+  const QByteArray name = QLocale::system().name().replace(u'_', u'-').toLatin1();
+  if (name == "C") return "en,*";
+  return name.startsWith("en") ? name + ",*" : name + ",en,*";
 }
 
-// Qt reports a status of 400 and above as an error although the answer came whole; such errors are these.
-bool IsAnswer(const QNetworkReply& reply) {
-  const QNetworkReply::NetworkError error = reply.error();
-  if (error == QNetworkReply::NoError) return true;
-  const bool ofStatus = (error >= QNetworkReply::ContentAccessDenied && error <= QNetworkReply::UnknownContentError) ||
-                        (error >= QNetworkReply::InternalServerError && error <= QNetworkReply::UnknownServerError) ||
-                        error == QNetworkReply::ProtocolInvalidOperationError ||
-                        error == QNetworkReply::ProxyAuthenticationRequiredError;
-  return ofStatus && Status(reply) >= 400;
-}
-
-bool IsRedirect(const QNetworkReply& reply) {
-  switch (Status(reply)) {
-    case 301:
-    case 302:
-    case 303:
-    case 307:
-    case 308:
-      return !reply.rawHeader("Location").isEmpty();
-    default:
-      return false;
+QByteArray RequestFor(const QUrl& url, const QByteArray& cookies) {
+  static const QByteArray fixed =
+      "Connection: Keep-Alive\r\nAccept-Encoding: gzip, deflate\r\nAccept-Language: " + Languages() +
+      "\r\nUser-Agent: Omni-Perch/6.50\r\nCache-Control: no-cache\r\nPragma: no-cache\r\n";
+  const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
+  QByteArray request = "GET " + (path.startsWith('/') ? path : '/' + path);
+  if (url.hasQuery()) request += '?' + url.query(QUrl::FullyEncoded).toLatin1();
+  request += " HTTP/1.1\r\nHost: " + url.adjusted(QUrl::RemoveUserInfo).authority(QUrl::FullyEncoded).toLatin1() +
+             "\r\n" + fixed;
+  if (!url.userName().isEmpty()) {
+    const QString who = url.userName(QUrl::FullyDecoded) + u':' + url.password(QUrl::FullyDecoded);
+    request += "Authorization: Basic " + who.toUtf8().toBase64() + "\r\n";
   }
-}
-
-QNetworkRequest RequestFor(const QUrl& url) {
-  QNetworkRequest request(url);
-  request.setHeader(QNetworkRequest::UserAgentHeader, u"Omni-Perch/6.50"_s);
-  request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
-  request.setAttribute(QNetworkRequest::CacheSaveControlAttribute, false);
-  request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
-  request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
-  // Stations are small servers: plain connections, six of them, are what they know.
-  request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-  // Redirects are followed by hand: none of Qt's policies allows https to http and still refuses every other scheme.
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-  // The body limit here counts unpacked bytes whatever their ratio.
-  request.setDecompressedSafetyCheckThreshold(-1);
-  return request;
+  if (!cookies.isEmpty()) request += "Cookie: " + cookies + "\r\n";
+  return request + "\r\n";
 }
 
 }  // namespace
 
-UrlTransfer::UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, const CookieList& cookies,
-                         QObject* parent)
-    : QObject(parent), access_(access), limits_(limits), cookies_(cookies), stall_(this), deadline_(this) {
+UrlTransfer::UrlTransfer(const Shared& shared, std::function<bool(qint64)> mayGrow, QObject* parent)
+    : QObject(parent), shared_(shared), mayGrow_(std::move(mayGrow)), stall_(this), deadline_(this) {
   stall_.setSingleShot(true);
   deadline_.setSingleShot(true);
   connect(&stall_, &QTimer::timeout, this, &UrlTransfer::Fail);
   connect(&deadline_, &QTimer::timeout, this, &UrlTransfer::Fail);
+  deadline_.start(shared.limits.deadline);
 }
 
 UrlTransfer::~UrlTransfer() {
-  DropReply();
+  Stop();
 }
 
 void UrlTransfer::Begin(const QUrl& url) {
-  deadline_.start(limits_.deadline);
-  Request(url);
+  url_ = url;
+  stall_.start(shared_.limits.stall);
+  if (IsWebAddress(url)) {
+    Ask(shared_.pool.Take(HttpPlace(url), wasPublic_));
+  } else {
+    QMetaObject::invokeMethod(this, &UrlTransfer::Fail, Qt::QueuedConnection);
+  }
 }
 
-void UrlTransfer::Request(const QUrl& url) {
-  stall_.start(limits_.stall);
-  if (!IsWebAddress(url)) {
-    QMetaObject::invokeMethod(this, &UrlTransfer::Fail, Qt::QueuedConnection);
+void UrlTransfer::Ask(const ConnectionPool::Taken& taken) {
+  connection_ = taken.connection;
+  isUsed_ = taken.isUsed;
+  isHeard_ = false;
+  input_.clear();
+  used_ = searched_ = headBytes_ = 0;
+  head_.reset();
+  reader_.reset();
+  connect(connection_, &HttpConnection::Opened, this, &UrlTransfer::SendRequest);
+  connect(connection_, &HttpConnection::Readable, this, &UrlTransfer::OnReadable);
+  connect(connection_, &HttpConnection::Lost, this, &UrlTransfer::OnLost);
+  if (isUsed_) {
+    SendRequest();
+  } else {
+    connection_->Open();
+  }
+}
+
+void UrlTransfer::SendRequest() {
+  if (!connection_->LeadsIntoPrivate()) wasPublic_ = true;
+  connection_->Send(RequestFor(url_, shared_.cookies.HeaderFor(url_)));
+}
+
+void UrlTransfer::OnReadable() {
+  if (isPaused_) return;
+  stall_.start(shared_.limits.stall);
+  isHeard_ = true;
+  Pump();
+}
+
+void UrlTransfer::OnLost() {
+  if (isPaused_) return;
+  // A server may close a connection that was idle just when it is used again: it has not seen the request.
+  if (isUsed_ && !isHeard_ && connection_) {
+    DropConnection();
+    Ask({shared_.pool.TakeNew(HttpPlace(url_), wasPublic_), false});
     return;
   }
-  QNetworkRequest request = RequestFor(url);
-  if (const QByteArray cookies = cookies_.HeaderFor(url); !cookies.isEmpty()) request.setRawHeader("Cookie", cookies);
-  reply_ = access_.get(request);
-  connect(reply_, &QNetworkReply::metaDataChanged, this, &UrlTransfer::OnHeaders);
-  connect(reply_, &QNetworkReply::readyRead, this, &UrlTransfer::OnData);
-  connect(reply_, &QNetworkReply::finished, this, &UrlTransfer::OnFinished);
+  Pump();
 }
 
-void UrlTransfer::OnHeaders() {
-  Q_EMIT Heard();
-  stall_.start(limits_.stall);
-  const auto cookies = reply_->header(QNetworkRequest::SetCookieHeader).value<QList<QNetworkCookie>>();
-  if (!cookies.isEmpty()) Q_EMIT CookiesTold(reply_->url(), cookies);
-  if (reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong() > limits_.maxBody) Fail();
+// Takes what has come until there is nothing more, the budget is spent or the answer is at its end.
+void UrlTransfer::Pump() {
+  while (connection_ && !isPaused_) {
+    if (used_ >= input_.size() && !(reader_ && reader_->IsPending())) {
+      input_ = connection_->Read();
+      used_ = searched_ = 0;
+      if (input_.isEmpty()) break;
+    }
+    if (!(head_ ? TakeBody() : TakeHead())) return;
+  }
+  if (!connection_ || isPaused_ || !connection_->HasEnded()) return;
+  if (reader_ && reader_->End() == HttpBody::State::Whole) return OnWhole();
+  Fail();
 }
 
-void UrlTransfer::OnData() {
-  Q_EMIT Heard();
-  stall_.start(limits_.stall);
-  if (!Drain()) return;
-  if (sinceProgress_.isValid() && sinceProgress_.elapsed() < kProgressEveryMs) return;
-  if (IsRedirect(*reply_)) return;
+// False when the read has ended or gone elsewhere.
+bool UrlTransfer::TakeHead() {
+  const QByteArrayView rest = QByteArrayView(input_).sliced(used_);
+  const qsizetype length = HeadLength(rest, searched_);
+  if (headBytes_ + (length > 0 ? length : rest.size()) > kMostHead) {
+    FailAsFlood();
+    return false;
+  }
+  if (length == 0) {
+    searched_ = rest.size();
+    const QByteArray more = connection_->Read();
+    if (!more.isEmpty()) {
+      input_.remove(0, std::exchange(used_, 0));
+      input_ += more;
+      return true;
+    }
+    if (connection_->HasEnded()) Fail();
+    return false;
+  }
+  head_ = ParseHead(rest.first(length));
+  used_ += length;
+  searched_ = 0;
+  headBytes_ += length;
+  if (!head_ || head_->status == 101) {
+    Fail();
+    return false;
+  }
+  if (head_->IsInterim()) {
+    head_.reset();
+    return true;
+  }
+  return OnHead();
+}
+
+// False when the answer is at its end already.
+bool UrlTransfer::OnHead() {
+  if (!head_->cookies.isEmpty()) Q_EMIT CookiesTold(url_, head_->cookies);
+  reader_ = std::make_unique<HttpBody>(*head_);
+  const qint64 told = ToldLength();
+  if (head_->IsRedirect()) {
+    Follow();
+  } else if (told > shared_.limits.maxBody) {
+    FailAsFlood();
+  } else if (reader_->Now() == HttpBody::State::Whole) {
+    OnWhole();
+  } else {
+    body_.reserve(told);
+    return true;
+  }
+  return false;
+}
+
+// False when the read has ended or stands still.
+bool UrlTransfer::TakeBody() {
+  while (used_ < input_.size() || reader_->IsPending()) {
+    if (!mayGrow_(body_.size())) {
+      Pause();
+      return false;
+    }
+    if (!Step()) return false;
+  }
+  if (!sinceProgress_.isValid() || sinceProgress_.elapsed() >= kProgressEveryMs) TellProgress();
+  return true;
+}
+
+bool UrlTransfer::Step() {
+  const qsizetype before = body_.size();
+  used_ += reader_->Step(QByteArrayView(input_).sliced(used_), body_);
+  shared_.budget.Take(body_.size() - before);
+  if (body_.size() > shared_.limits.maxBody) {
+    FailAsFlood();
+  } else if (reader_->Now() == HttpBody::State::Broken) {
+    Fail();
+  } else if (reader_->Now() == HttpBody::State::Whole) {
+    OnWhole();
+  } else {
+    return true;
+  }
+  return false;
+}
+
+// What a server does while nobody reads from it does not count against it.
+void UrlTransfer::Pause() {
+  isPaused_ = true;
+  stall_.stop();
+  deadlineRest_ = deadline_.remainingTimeAsDuration();
+  deadline_.stop();
+}
+
+void UrlTransfer::Resume() {
+  if (!std::exchange(isPaused_, false)) return;
+  stall_.start(shared_.limits.stall);
+  deadline_.start(deadlineRest_);
+  Pump();
+}
+
+void UrlTransfer::OnWhole() {
+  ReleaseConnection();
+  stall_.stop();
+  deadline_.stop();
+  TellProgress();
+  // From here on its reader answers for the body's bytes in the budget.
+  const QByteArray body = std::exchange(body_, {});
+  Q_EMIT Done(body);
+}
+
+// The redirect's own body is of no use; where it is there already, the connection is.
+void UrlTransfer::Follow() {
+  QByteArray unread;
+  while (used_ < input_.size() && unread.size() < kMostHead && reader_->Now() == HttpBody::State::More)
+    used_ += reader_->Step(QByteArrayView(input_).sliced(used_), unread);
+  ReleaseConnection();
+  stall_.stop();
+  const QUrl target = url_.resolved(QUrl::fromEncoded(head_->location));
+  if (++redirects_ > shared_.limits.maxRedirects) return Fail();
+  Q_EMIT Moved(target);
+}
+
+void UrlTransfer::Finish(bool isFlood) {
+  Stop();
+  Q_EMIT Failed(isFlood);
+}
+
+void UrlTransfer::Stop() {
+  isPaused_ = false;
+  stall_.stop();
+  deadline_.stop();
+  DropConnection();
+  ForgetBody();
+}
+
+void UrlTransfer::ForgetBody() {
+  shared_.budget.Give(body_.size());
+  body_ = {};
+}
+
+void UrlTransfer::DropConnection() {
+  if (!connection_) return;
+  HttpConnection* connection = std::exchange(connection_, nullptr);
+  connection->disconnect(this);
+  shared_.pool.Drop(connection);
+}
+
+// For the next read of its server, where the answer has left it in a known place.
+void UrlTransfer::ReleaseConnection() {
+  if (!connection_) return;
+  const bool isAtEnd = reader_->Now() == HttpBody::State::Whole && used_ == input_.size();
+  if (!isAtEnd || !head_->isKeepAlive) return DropConnection();
+  HttpConnection* connection = std::exchange(connection_, nullptr);
+  connection->disconnect(this);
+  shared_.pool.GiveBack(connection);
+}
+
+void UrlTransfer::TellProgress() {
   sinceProgress_.start();
   Q_EMIT Progress(ToldLength(), body_.size());
 }
 
-// Takes over what has come, in slices: a few packed bytes can hold gigabytes. False when that ended the read.
-bool UrlTransfer::Drain() {
-  while (true) {
-    const QByteArray slice = reply_->read(kSlice);
-    if (slice.isEmpty()) return true;
-    body_ += slice;
-    if (body_.size() > limits_.maxBody) {
-      Fail();
-      return false;
-    }
-  }
-}
-
-void UrlTransfer::OnFinished() {
-  Q_EMIT Heard();
-  if (!Drain()) return;
-  if (!IsAnswer(*reply_) || body_.size() < ToldLength()) {
-    Fail();
-    return;
-  }
-  if (Follow()) return;
-  const qint64 max = ToldLength();
-  Stop();
-  Q_EMIT Progress(max, body_.size());
-  Q_EMIT Done(body_);
-}
-
-// True when the answer was a redirect and the read goes on, or has failed, at its target.
-bool UrlTransfer::Follow() {
-  if (!IsRedirect(*reply_)) return false;
-  const QUrl target = reply_->url().resolved(QUrl::fromEncoded(reply_->rawHeader("Location")));
-  DropReply();
-  body_.clear();
-  if (++redirects_ > limits_.maxRedirects) {
-    Fail();
-  } else {
-    Request(target);
-  }
-  return true;
-}
-
-void UrlTransfer::Fail() {
-  Stop();
-  Q_EMIT Failed();
-}
-
-void UrlTransfer::Stop() {
-  stall_.stop();
-  deadline_.stop();
-  DropReply();
-}
-
-void UrlTransfer::DropReply() {
-  if (!reply_) return;
-  QNetworkReply* reply = std::exchange(reply_, nullptr);
-  reply->disconnect(this);
-  reply->abort();
-  reply->deleteLater();
-}
-
-// Length of the body as the server told it; 0 where it did not, or where it told that of the packed one. Qt unpacks on
-// its own and tells neither the packed length nor whether the stream was whole: a packed body that was cut off passes.
+// Length of the body as the server told it; 0 where it did not, or where it told that of the packed one.
 qint64 UrlTransfer::ToldLength() const {
-  const QByteArray packing = reply_->rawHeader("Content-Encoding").trimmed().toLower();
-  if (!packing.isEmpty() && packing != "identity") return 0;
-  return reply_->header(QNetworkRequest::ContentLengthHeader).toLongLong();
+  if (!head_ || head_->isChunked || head_->packing != HttpHead::Packing::None) return 0;
+  return std::max<qint64>(head_->length, 0);
 }

@@ -1,61 +1,97 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One read of one address, through its redirects to its only answer. Lives on the network thread; url_reader makes one
+// One read of one address, through its redirects to its only answer. Lives on the network thread; url_worker makes one
 // for each read that has begun.
 #pragma once
 
 #include <QElapsedTimer>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
 #include <QObject>
 #include <QTimer>
 #include <QUrl>
+#include <functional>
+#include <optional>
 
+#include "platform/net/body_budget.h"
+#include "platform/net/connection_pool.h"
 #include "platform/net/cookie_list.h"
-#include "platform/net/url_reader.h"
+#include "platform/net/http_body.h"
+#include "platform/net/http_head.h"
+#include "platform/net/url_limits.h"
 
 class UrlTransfer : public QObject {
   Q_OBJECT
 
  public:
-  // Each request carries those of the cookies that belong to its own address.
-  UrlTransfer(QNetworkAccessManager& access, const UrlLimits& limits, const CookieList& cookies,
-              QObject* parent = nullptr);
+  // What all reads share; it outlives them.
+  struct Shared {
+    ConnectionPool& pool;
+    const UrlLimits& limits;
+    const CookieList& cookies;  // each request carries those that belong to its own address
+    BodyBudget& budget;
+  };
+
+  // mayGrow: asked with the size of the body so far before more is taken; after a no the read stands still until
+  // Resume.
+  UrlTransfer(const Shared& shared, std::function<bool(qint64 size)> mayGrow, QObject* parent = nullptr);
   ~UrlTransfer() override;
 
-  // Never answers before it returns.
+  // The first address, or the one that Moved has told. Never answers before it returns.
   void Begin(const QUrl& url);
+  bool IsPaused() const { return isPaused_; }
+  void Resume();
   // Ends the read without a word.
   void Stop();
-  // What is being asked, a redirect's target too; empty when nothing is.
-  QUrl Asked() const { return reply_ ? reply_->url() : QUrl(); }
 
  Q_SIGNALS:
-  // The server was heard.
-  void Heard();
   void Progress(qint64 max, qint64 read);
+  // The body counts in the budget until its reader has let go of it.
   void Done(const QByteArray& body);
-  void Failed();
+  // isFlood: the server sent more than any answer may have.
+  void Failed(bool isFlood);
+  // The answer was a redirect; the read goes on when Begin is called with the target.
+  void Moved(const QUrl& target);
   // An answer, that of a redirect too, came with cookies.
   void CookiesTold(const QUrl& url, const QList<QNetworkCookie>& cookies);
 
  private:
-  void Request(const QUrl& url);
-  void OnHeaders();
-  void OnData();
-  void OnFinished();
-  bool Follow();
-  bool Drain();
-  void Fail();
-  void DropReply();
+  void Ask(const ConnectionPool::Taken& taken);
+  void SendRequest();
+  void OnReadable();
+  void OnLost();
+  void Pump();
+  bool TakeHead();
+  bool TakeBody();
+  bool Step();
+  void Pause();
+  bool OnHead();
+  void OnWhole();
+  void Follow();
+  void Fail() { Finish(false); }
+  void FailAsFlood() { Finish(true); }
+  void Finish(bool isFlood);
+  void DropConnection();
+  void ReleaseConnection();
+  void ForgetBody();
+  void TellProgress();
   qint64 ToldLength() const;
 
-  QNetworkAccessManager& access_;
-  const UrlLimits limits_;
-  const CookieList& cookies_;
-  QNetworkReply* reply_ = nullptr;
+  const Shared shared_;
+  const std::function<bool(qint64)> mayGrow_;
+  QUrl url_;
+  HttpConnection* connection_ = nullptr;
+  bool isUsed_ = false;   // the connection, by an earlier read
+  bool isHeard_ = false;  // the server, in answer to this request
+  bool isPaused_ = false;
+  bool wasPublic_ = false;  // one of the servers so far
   QTimer stall_;
   QTimer deadline_;
+  std::chrono::milliseconds deadlineRest_{0};  // while paused
   QElapsedTimer sinceProgress_;
+  QByteArray input_;  // came in and is not used up
+  qsizetype used_ = 0;
+  qsizetype searched_ = 0;  // of input_, for the end of a head
+  qsizetype headBytes_ = 0;
+  std::optional<HttpHead> head_;
+  std::unique_ptr<HttpBody> reader_;
   QByteArray body_;
   int redirects_ = 0;
 };

@@ -9,7 +9,6 @@
 #include <atomic>
 #include <thread>
 
-#include "platform/net/flood_watch.h"
 #include "platform/net/url_reader.h"
 #include "rude_server.h"
 #include "test_suite.h"
@@ -43,7 +42,7 @@ class FloodServer {
   Q_DISABLE_COPY_MOVE(FloodServer)
 
   QUrl Url() const { return QUrl(u"http://127.0.0.1:%1/"_s.arg(port_)); }
-  bool HasBegun() const { return sent_ > 1'000'000; }
+  bool HasBegun() const { return connections_ > 0; }
   int Connections() const { return connections_; }
   int Ended() const { return ended_; }
 
@@ -55,7 +54,8 @@ class FloodServer {
       const int client = accept4(socket_, nullptr, nullptr, SOCK_CLOEXEC);
       ++connections_;
       Send(client, head_);
-      while (Send(client, block_)) sent_ += block_.size();
+      while (Send(client, block_)) {
+      }
       close(client);
       ++ended_;
     }
@@ -82,7 +82,6 @@ class FloodServer {
   int socket_ = -1;
   quint16 port_ = 0;
   std::atomic<bool> isOver_ = false;
-  std::atomic<qint64> sent_ = 0;
   std::atomic<int> connections_ = 0;
   std::atomic<int> ended_ = 0;
   std::thread thread_;
@@ -111,7 +110,7 @@ class TestFlood : public QObject {
     RudeServer server;
     server.Set("/x", {"HTTP/1.1 200 OK\r\n", "x"});
     server.Set("/drip", {kOk + "Content-Length: 1000000\r\n", "", RudeAnswer::Then::Drip});
-    UrlNetwork network({.stall = 30s, .quiet = 500ms});
+    UrlNetwork network({.stall = 30s});
     UrlReader reader(network);
     QStringList said;
     connect(&reader, &UrlReader::Failed, this, [&](const QString& key) { said += key + u" failed"_s; });
@@ -139,7 +138,7 @@ class TestFlood : public QObject {
     FloodServer flood(kOk, "X: y\r\n"_ba.repeated(5000));
     RudeServer server;
     server.Set("/x", {"HTTP/1.1 200 OK\r\n", "x"});
-    UrlNetwork network({.stall = 60s, .quiet = 500ms});
+    UrlNetwork network({.stall = 60s});
     UrlReader reader(network);
     QStringList said;
     connect(&reader, &UrlReader::Done, this, [&](const QString& key) { said += key; });
@@ -168,53 +167,6 @@ class TestFlood : public QObject {
     QTRY_VERIFY_WITH_TIMEOUT(flood.HasBegun(), kPatienceMs);
     if (isDropped) reader.Cancel(u"flood"_s);
     network.reset();
-    QTRY_COMPARE_WITH_TIMEOUT(flood.Ended(), 1, kPatienceMs);
-  }
-
-  // What only comes in and is not taken is the victim of another one.
-  void LeavesTheWaitingAlone() {
-    QTcpServer server;
-    QVERIFY(server.listen(QHostAddress::LocalHost));
-    QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, server.serverPort(), QIODevice::ReadWrite | QIODevice::Unbuffered);
-    QVERIFY(socket.waitForConnected() && server.waitForNewConnection(kPatienceMs));
-    QTcpSocket* sender = server.nextPendingConnection();
-    const QList<FloodWatch::Peer> peers{{QHostAddress::LocalHost, server.serverPort()}};
-    FloodWatch watch;
-    for (int i = 0; i < 2; ++i) {
-      sender->write(QByteArray(30'000, 'x'));
-      QVERIFY(sender->waitForBytesWritten(kPatienceMs));
-      QVERIFY(!FloodWatch::Unread().isEmpty());
-      QVERIFY(watch.Look(peers).isEmpty());
-    }
-  }
-
-  // A stranger's connection, or one that is not read between two looks.
-  void LeavesOthersAlone() {
-    FloodServer flood(kOk, QByteArray(65536, 'x'));
-    QTcpSocket socket;
-    socket.connectToHost(QHostAddress::LocalHost, static_cast<quint16>(flood.Url().port()),
-                         QIODevice::ReadWrite | QIODevice::Unbuffered);
-    QVERIFY(socket.waitForConnected());
-    const FloodWatch::Peer peer{QHostAddress::LocalHost, static_cast<quint16>(flood.Url().port())};
-    QByteArray room(4'000'000, '\0');
-    const auto takeSome = [&]() {
-      qint64 taken = 0;
-      while (taken < 2'000'000 && socket.waitForReadyRead(kPatienceMs)) taken += socket.read(room.data(), room.size());
-      QTRY_VERIFY_WITH_TIMEOUT(!FloodWatch::Unread().isEmpty(), kPatienceMs);
-    };
-    FloodWatch watch;
-    takeSome();
-    QVERIFY(watch.Look({{QHostAddress(u"127.0.0.2"_s), peer.port}, {peer.address, 1}}).isEmpty());
-    QVERIFY(watch.Look({peer}).isEmpty());
-    takeSome();
-    const QList<FloodWatch::Flood> floods = watch.Look({peer});
-    QCOMPARE(floods.size(), 1);
-    QCOMPARE(floods.first().peer, peer);
-    watch.Forget();
-    QVERIFY(watch.Look({peer}).isEmpty());
-    QCOMPARE(flood.Ended(), 0);
-    FloodWatch::Cut(floods);
     QTRY_COMPARE_WITH_TIMEOUT(flood.Ended(), 1, kPatienceMs);
   }
 };

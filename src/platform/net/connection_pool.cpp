@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/net/connection_pool.h"
+
+#include <algorithm>
+
+ConnectionPool::ConnectionPool(const UrlLimits& limits, const AddressRules& rules, QObject* parent)
+    : QObject(parent), limits_(limits), rules_(rules), old_(this) {
+  old_.setSingleShot(true);
+  connect(&old_, &QTimer::timeout, this, &ConnectionPool::CloseOld);
+}
+
+ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPublic) {
+  // The one that was used last: it has the best chance of being open at its other end.
+  for (qsizetype i = idle_.size() - 1; i >= 0; --i) {
+    HttpConnection* connection = idle_[i].connection;
+    if (connection->Place() != place || connection->HasEnded()) continue;
+    if (onlyPublic && connection->LeadsIntoPrivate()) continue;
+    connection->disconnect(this);
+    idle_.removeAt(i);
+    ++taken_;
+    return {connection, true};
+  }
+  return {TakeNew(place, onlyPublic), false};
+}
+
+HttpConnection* ConnectionPool::TakeNew(const HttpPlace& place, bool onlyPublic) {
+  ++taken_;
+  CloseSurplus();
+  return new HttpConnection(place, rules_, onlyPublic, this);
+}
+
+void ConnectionPool::GiveBack(HttpConnection* connection) {
+  if (connection->HasEnded()) return Drop(connection);
+  --taken_;
+  idle_ += {connection, QDeadlineTimer(limits_.idle)};
+  // Its end, or words that nobody has asked for.
+  connect(connection, &HttpConnection::Lost, this, [this, connection]() { DropIdle(connection); });
+  connect(connection, &HttpConnection::Readable, this, [this, connection]() { DropIdle(connection); });
+  CloseSurplus();
+  if (!old_.isActive()) old_.start(limits_.idle);
+}
+
+void ConnectionPool::Drop(HttpConnection* connection) {
+  --taken_;
+  connection->deleteLater();
+}
+
+void ConnectionPool::DropIdle(HttpConnection* connection) {
+  connection->disconnect(this);
+  idle_.removeIf([connection](const Idle& one) { return one.connection == connection; });
+  connection->deleteLater();
+}
+
+void ConnectionPool::CloseSurplus() {
+  while (!idle_.isEmpty() && taken_ + idle_.size() > limits_.maxSockets) DropIdle(idle_.first().connection);
+}
+
+void ConnectionPool::CloseOld() {
+  while (!idle_.isEmpty() && idle_.first().until.hasExpired()) DropIdle(idle_.first().connection);
+  if (idle_.isEmpty()) return;
+  using std::chrono::milliseconds;
+  const auto rest = std::chrono::ceil<milliseconds>(idle_.first().until.remainingTimeAsDuration());
+  old_.start(std::max(rest, milliseconds(1)));
+}

@@ -1,0 +1,145 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/net/http_connection.h"
+
+#include <QHostInfo>
+#include <QNetworkProxy>
+#include <QSslSocket>
+#include <QTcpSocket>
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr qint64 kBuffer = 128LL * 1024;
+constexpr qint64 kStep = 64LL * 1024;
+constexpr auto kPatience = 5s;
+constexpr qsizetype kMostAddresses = 8;
+
+// The desktop's own settings; NoProxy where none is needed.
+QNetworkProxy ProxyFor(const HttpPlace& place) {
+  QUrl url;
+  url.setScheme(place.isEncrypted ? u"https"_s : u"http"_s);
+  url.setHost(place.host);
+  url.setPort(place.port);
+  const QList<QNetworkProxy> proxies = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url));
+  for (const QNetworkProxy& proxy : proxies)
+    if (proxy.type() == QNetworkProxy::NoProxy || (proxy.capabilities() & QNetworkProxy::TunnelingCapability) != 0)
+      return proxy;
+  return QNetworkProxy::NoProxy;
+}
+
+}  // namespace
+
+HttpPlace::HttpPlace(const QUrl& url)
+    : isEncrypted(url.scheme() == "https"_L1),
+      host(url.host(QUrl::FullyEncoded)),
+      port(static_cast<quint16>(url.port(isEncrypted ? 443 : 80))) {}
+
+HttpConnection::HttpConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent)
+    : QObject(parent), place_(place), rules_(rules), onlyPublic_(onlyPublic), patience_(this) {
+  patience_.setSingleShot(true);
+  patience_.setInterval(kPatience);
+  connect(&patience_, &QTimer::timeout, this, &HttpConnection::TryNext);
+}
+
+HttpConnection::~HttpConnection() {
+  if (socket_) socket_->disconnect(this);
+}
+
+void HttpConnection::Open() {
+  const QNetworkProxy proxy = ProxyFor(place_);
+  if (proxy.type() != QNetworkProxy::NoProxy) return OpenThrough(proxy);
+  QHostAddress literal;
+  if (literal.setAddress(place_.host)) {
+    addresses_ = {literal};
+    return TryNext();
+  }
+  QHostInfo::lookupHost(QUrl::fromAce(place_.host.toLatin1()), this, &HttpConnection::TakeAddresses);
+}
+
+void HttpConnection::OpenThrough(const QNetworkProxy& proxy) {
+  QHostAddress literal;
+  leadsIntoPrivate_ = literal.setAddress(place_.host) ? rules_.IsPrivate(literal) : !place_.host.contains(u'.');
+  if (onlyPublic_ && leadsIntoPrivate_) return TellLost();
+  MakeSocket(proxy);
+  Connect(place_.host);
+}
+
+void HttpConnection::TakeAddresses(const QHostInfo& found) {
+  addresses_ = found.addresses().first(std::min(found.addresses().size(), kMostAddresses));
+  TryNext();
+}
+
+// One address after another. The addresses that are judged here are those that are connected to: a name cannot lead
+// elsewhere in between.
+void HttpConnection::TryNext() {
+  patience_.stop();
+  if (onlyPublic_) addresses_.removeIf([this](const QHostAddress& address) { return rules_.IsPrivate(address); });
+  if (addresses_.isEmpty()) return TellLost();
+  const QHostAddress address = addresses_.takeFirst();
+  leadsIntoPrivate_ = rules_.IsPrivate(address);
+  if (!addresses_.isEmpty()) patience_.start();
+  MakeSocket(QNetworkProxy::NoProxy);
+  Connect(address.toString());
+}
+
+void HttpConnection::MakeSocket(const QNetworkProxy& proxy) {
+  if (socket_) {
+    socket_->disconnect(this);
+    socket_->deleteLater();
+  }
+  socket_ = place_.isEncrypted ? new QSslSocket(this) : new QTcpSocket(this);
+  socket_->setProxy(proxy);
+  socket_->setReadBufferSize(kBuffer);
+  connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::Readable);
+  connect(socket_, &QTcpSocket::errorOccurred, this, &HttpConnection::OnLost);
+  connect(socket_, &QTcpSocket::disconnected, this, &HttpConnection::OnLost);
+  if (auto* safe = qobject_cast<QSslSocket*>(socket_)) {
+    connect(safe, &QSslSocket::encrypted, this, &HttpConnection::OnOpened);
+  } else {
+    connect(socket_, &QTcpSocket::connected, this, &HttpConnection::OnOpened);
+  }
+}
+
+void HttpConnection::Connect(const QString& host) {
+  if (auto* safe = qobject_cast<QSslSocket*>(socket_)) {
+    safe->connectToHostEncrypted(host, place_.port, place_.host);
+  } else {
+    socket_->connectToHost(host, place_.port);
+  }
+}
+
+void HttpConnection::OnOpened() {
+  patience_.stop();
+  isOpen_ = true;
+  Q_EMIT Opened();
+}
+
+void HttpConnection::OnLost() {
+  if (isOpen_ || addresses_.isEmpty()) return TellLost();
+  // Later, as it replaces the socket that is just telling this.
+  socket_->disconnect(this);
+  QMetaObject::invokeMethod(this, &HttpConnection::TryNext, Qt::QueuedConnection);
+}
+
+// Later, so that nobody hears of the end while opening or reading.
+void HttpConnection::TellLost() {
+  if (std::exchange(isLost_, true)) return;
+  QMetaObject::invokeMethod(this, &HttpConnection::Lost, Qt::QueuedConnection);
+}
+
+void HttpConnection::Send(const QByteArray& request) {
+  socket_->write(request);
+}
+
+QByteArray HttpConnection::Read() {
+  return socket_ ? socket_->read(kStep) : QByteArray();
+}
+
+bool HttpConnection::HasEnded() const {
+  return isLost_ || (isOpen_ && socket_->state() != QAbstractSocket::ConnectedState && socket_->bytesAvailable() == 0);
+}

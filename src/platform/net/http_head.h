@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The head of an HTTP answer as values. url_transfer reads one before each body; no network is needed to test it.
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <QList>
+#include <QNetworkCookie>
+#include <optional>
+
+// What of a head decides how the answer goes on.
+struct HttpHead {
+  enum class Packing { None, Gzip, Deflate };
+
+  int status = 0;
+  bool isKeepAlive = false;
+  bool isChunked = false;
+  qint64 length = -1;  // of the body as it is sent; -1 where it is not told
+  Packing packing = Packing::None;
+  QByteArray location;
+  QList<QNetworkCookie> cookies;
+
+  // 301, 302, 303, 307 or 308 with a place to go to.
+  bool IsRedirect() const;
+  // 100 to 199: another head follows.
+  bool IsInterim() const { return status >= 100 && status < 200; }
+};
+
+// Length of the first head in the bytes, its empty line included; 0 while it is not whole. from: where an earlier
+// search in the same bytes has ended, so that a head that comes in small pieces is not searched again and again.
+qsizetype HeadLength(QByteArrayView bytes, qsizetype from = 0);
+// Empty where it is no HTTP/1 head, or one that tells its body's length in two ways.
+std::optional<HttpHead> ParseHead(QByteArrayView head);

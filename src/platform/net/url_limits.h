@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What the reads of one program may take, and which of them goes first. Given to UrlNetwork by its maker and read by
+// everything below it.
+#pragma once
+
+#include <QtGlobal>
+#include <chrono>
+
+// What no server, and no number of servers, may exceed.
+struct UrlLimits {
+  std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte; a paused read's stands still
+  std::chrono::milliseconds deadline = std::chrono::minutes(10);  // in all, against a slow drip
+  std::chrono::milliseconds idle = std::chrono::seconds(30);      // of an open connection that nobody reads from
+  qint64 maxBody = 64LL * 1024 * 1024;                            // unpacked bytes of one answer
+  qint64 maxMemory = 256LL * 1024 * 1024;                         // of all bodies that are in memory at once
+  int maxRedirects = 10;
+  int maxReads = 24;  // at once
+  int maxReadsPerHost = 6;
+  int maxSockets = 40;
+};
+
+// A read for which a user is waiting begins before all others, and two of the reads at once are kept for such.
+enum class UrlPriority { Page, User };

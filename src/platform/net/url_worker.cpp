@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "platform/net/url_worker.h"
+
+#include <algorithm>
+
+#include "platform/net/url_transfer.h"
+
+namespace {
+
+constexpr int kKeptForUsers = 2;
+// Thumbs and pages go on while large bodies wait for room: 24 of these are not worth holding up a page for.
+constexpr qint64 kSmallBody = 1024LL * 1024;
+
+}  // namespace
+
+UrlWorker::UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Told told)
+    : limits_(limits), budget_(budget), told_(std::move(told)), pool_(limits_, rules, this) {}
+
+// Before the pool goes that they give their connections back to.
+UrlWorker::~UrlWorker() {
+  qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly));
+}
+
+void UrlWorker::Add(quint64 id, const QUrl& url, UrlPriority priority) {
+  Enqueue({id, url, priority});
+  BeginWaiting();
+}
+
+void UrlWorker::Enqueue(const Waiting& read) {
+  const auto isBehind = [&read](const Waiting& other) { return other.priority < read.priority; };
+  waiting_.insert(std::find_if(waiting_.begin(), waiting_.end(), isBehind), read);
+}
+
+void UrlWorker::Drop(quint64 id) {
+  const auto found =
+      std::find_if(waiting_.begin(), waiting_.end(), [id](const Waiting& read) { return read.id == id; });
+  if (found != waiting_.end()) {
+    if (found->transfer) found->transfer->deleteLater();
+    waiting_.erase(found);
+    return;
+  }
+  if (const auto read = running_.constFind(id); read != running_.cend()) {
+    UrlTransfer* transfer = read->transfer;
+    Release(id);
+    // It may be the one that is just raising its answer.
+    transfer->disconnect(this);
+    transfer->Stop();
+    transfer->deleteLater();
+  }
+  ResumePaused();
+  BeginWaiting();
+}
+
+void UrlWorker::BeginWaiting() {
+  for (qsizetype i = 0; i < waiting_.size();) {
+    if (MayBegin(waiting_[i])) {
+      BeginRead(waiting_.takeAt(i));
+    } else {
+      ++i;
+    }
+  }
+}
+
+bool UrlWorker::MayBegin(const Waiting& read) const {
+  const int most =
+      read.priority == UrlPriority::User ? limits_.maxReads : std::max(limits_.maxReads - kKeptForUsers, 1);
+  return running_.size() < most && busy_.value(read.url.host()) < limits_.maxReadsPerHost;
+}
+
+void UrlWorker::BeginRead(const Waiting& read) {
+  UrlTransfer* transfer = read.transfer ? read.transfer : MakeTransfer(read.id);
+  running_.insert(read.id, {transfer, read.url.host(), read.priority});
+  ++busy_[read.url.host()];
+  transfer->Begin(read.url);
+}
+
+UrlTransfer* UrlWorker::MakeTransfer(quint64 id) {
+  const UrlTransfer::Shared shared{pool_, limits_, cookies_, budget_};
+  auto* transfer = new UrlTransfer(
+      shared, [this, id](qint64 size) { return MayGrow(id, size); }, this);
+  connect(transfer, &UrlTransfer::Progress, this, [this, id](qint64 max, qint64 read) {
+    told_.answer(
+        {.kind = UrlAnswer::Kind::Progress, .id = id, .max = max, .read = read, .body = {}, .floodingHost = {}});
+  });
+  connect(transfer, &UrlTransfer::Done, this, [this, id](const QByteArray& body) {
+    Answer({.kind = UrlAnswer::Kind::Done, .id = id, .body = body, .floodingHost = {}});
+  });
+  connect(transfer, &UrlTransfer::Failed, this, [this, id](bool isFlood) {
+    Answer({.kind = UrlAnswer::Kind::Failed,
+            .id = id,
+            .body = {},
+            .floodingHost = isFlood ? running_.value(id).host : QString()});
+  });
+  connect(transfer, &UrlTransfer::Moved, this, [this, id](const QUrl& target) { Move(id, target); });
+  connect(transfer, &UrlTransfer::CookiesTold, this, &UrlWorker::TakeCookiesOf);
+  return transfer;
+}
+
+// The target's server may be busy with as many reads as it is to have.
+void UrlWorker::Move(quint64 id, const QUrl& target) {
+  const Running read = running_.value(id);
+  Release(id);
+  waiting_.prepend({id, target, read.priority, read.transfer});
+  // From the event loop, not from within the answer that has just been read.
+  QMetaObject::invokeMethod(this, &UrlWorker::BeginWaiting, Qt::QueuedConnection);
+}
+
+void UrlWorker::Answer(const UrlAnswer& answer) {
+  told_.answer(answer);
+  Drop(answer.id);
+}
+
+// Called before each step of a body. While the budget is spent, the oldest read alone goes on, so that one always comes
+// to its end and gives room to the next.
+bool UrlWorker::MayGrow(quint64 id, qint64 size) {
+  if (!budget_.IsSpent() || size < kSmallBody || running_.firstKey() == id) return true;
+  budget_.SetWaiting(true);
+  // The reader may have let go of a body before it could see that somebody waits.
+  if (budget_.IsSpent()) return false;
+  return true;
+}
+
+void UrlWorker::ResumePaused() {
+  if (!budget_.IsWaiting()) return;
+  budget_.SetWaiting(false);
+  // Each of them asks MayGrow first, and may be paused again.
+  const QList<quint64> ids = running_.keys();
+  for (const quint64 id : ids) {
+    const auto read = running_.constFind(id);
+    if (read != running_.cend() && read->transfer->IsPaused()) read->transfer->Resume();
+  }
+}
+
+void UrlWorker::Release(quint64 id) {
+  const Running read = running_.take(id);
+  if (--busy_[read.host] <= 0) busy_.remove(read.host);
+}
+
+// Here at once, for the next step of a chain of redirects; the store decides what stays, as the user may just have
+// signed out.
+void UrlWorker::TakeCookiesOf(const QUrl& url, const QList<QNetworkCookie>& told) {
+  if (cookies_.Renew(url, told)) told_.cookies(url, told);
+}

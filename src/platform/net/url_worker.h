@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The part of the reads that lives on the network thread: which read begins when, and which of them may go on while
+// memory is short. UrlNetwork owns one and talks to it by queued calls.
+#pragma once
+
+#include <QHash>
+#include <QList>
+#include <QMap>
+#include <QObject>
+#include <QUrl>
+#include <functional>
+
+#include "platform/net/address_rules.h"
+#include "platform/net/body_budget.h"
+#include "platform/net/connection_pool.h"
+#include "platform/net/cookie_list.h"
+#include "platform/net/url_answer.h"
+#include "platform/net/url_limits.h"
+
+class UrlTransfer;
+
+class UrlWorker : public QObject {
+  Q_OBJECT
+
+ public:
+  // What is told is called on the network thread.
+  struct Told {
+    std::function<void(const UrlAnswer&)> answer;
+    std::function<void(const QUrl&, const QList<QNetworkCookie>&)> cookies;
+  };
+
+  UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Told told);
+  ~UrlWorker() override;
+
+  void Add(quint64 id, const QUrl& url, UrlPriority priority);
+  void Drop(quint64 id);
+  void TakeCookies(const CookieList& cookies) { cookies_ = cookies; }
+  // The budget has room again.
+  void ResumePaused();
+
+ private:
+  struct Waiting {
+    quint64 id = 0;
+    QUrl url;
+    UrlPriority priority = UrlPriority::Page;
+    UrlTransfer* transfer = nullptr;  // of one that waits for the target of its redirect
+  };
+  struct Running {
+    UrlTransfer* transfer = nullptr;
+    QString host;
+    UrlPriority priority = UrlPriority::Page;
+  };
+
+  void Enqueue(const Waiting& read);
+  void BeginWaiting();
+  bool MayBegin(const Waiting& read) const;
+  void BeginRead(const Waiting& read);
+  UrlTransfer* MakeTransfer(quint64 id);
+  void Move(quint64 id, const QUrl& target);
+  void Answer(const UrlAnswer& answer);
+  bool MayGrow(quint64 id, qint64 size);
+  void Release(quint64 id);
+  void TakeCookiesOf(const QUrl& url, const QList<QNetworkCookie>& told);
+
+  const UrlLimits limits_;
+  BodyBudget& budget_;
+  const Told told_;
+  CookieList cookies_;
+  ConnectionPool pool_;
+  QList<Waiting> waiting_;          // of users first, each kind in order
+  QMap<quint64, Running> running_;  // the oldest first
+  QHash<QString, int> busy_;        // reads that run, by host
+};
