@@ -34,8 +34,14 @@ int UtcOffset(const QDateTime& local) {
   return local.toUTC().time().hour() - local.time().hour();
 }
 
-LoadSequence::LoadSequence(Program& program, HeightTable& heights, SettingsStore& store, const Clock& clock)
-    : program_(program), heights_(heights), store_(store), lists_(program.sites, program.AppDataDir), clock_(clock) {}
+LoadSequence::LoadSequence(Program& program, Translations& translations, HeightTable& heights, SettingsStore& store,
+                           const Clock& clock)
+    : program_(program),
+      translations_(translations),
+      heights_(heights),
+      store_(store),
+      lists_(program.sites, program.AppDataDir),
+      clock_(clock) {}
 
 LoadStop LoadSequence::ReadSettings(bool anotherRuns) {
   const QDateTime now = clock_.Now();
@@ -106,6 +112,7 @@ void LoadSequence::FindLanguages() {
 QString LoadSequence::LoadLanguage() {
   const LanguageResult result = ::LoadLanguage(LanguageFolder(), program_.config.LanguageName,
                                                program_.lstLanguages.size(), Program::ProgVersion(), program_.language);
+  translations_.Take(program_.config.LanguageName);
   return result.read && !result.versionOk ? result.wrongVersion : QString();
 }
 

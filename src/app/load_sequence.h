@@ -9,6 +9,7 @@
 
 #include "core/program.h"
 #include "core/save_state.h"
+#include "core/translations.h"
 #include "platform/clock.h"
 #include "platform/settings_store.h"
 #include "poll/height_table.h"
@@ -22,7 +23,8 @@ struct LoadStop {
 
 class LoadSequence {
  public:
-  LoadSequence(Program& program, HeightTable& heights, SettingsStore& store, const Clock& clock);
+  LoadSequence(Program& program, Translations& translations, HeightTable& heights, SettingsStore& store,
+               const Clock& clock);
 
   // Folders, heights, maps, languages, configuration, page labels. anotherRuns: nothing is made, deleted or written,
   // and the stop is the already-running message at its place.
@@ -39,7 +41,8 @@ class LoadSequence {
   // SaveAllState alone, for callers that rebuild the tables.
   void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
 
-  // Takes another language: its texts, and the default page labels in it. A message to be shown, or nothing.
+  // Takes another language: its file, then its translations, and the default page labels in it. The windows are still
+  // to be told. A message to be shown, or nothing.
   QString ChangeLanguage(const QString& name);
   // What the language file of the start had to be warned of; empty where it was right or missing.
   QString LanguageMessage() const { return languageMessage_; }
@@ -54,6 +57,7 @@ class LoadSequence {
   QString LoadLanguage();
 
   Program& program_;
+  Translations& translations_;
   HeightTable& heights_;
   SettingsStore& store_;
   SiteListFile lists_;

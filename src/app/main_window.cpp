@@ -10,6 +10,7 @@
 #include "page/thumb_layout.h"
 #include "platform/companion_link.h"
 #include "platform/text/numbers.h"
+#include "ui/language_change.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -33,7 +34,7 @@ Form1::Form1(Services& services)
       program_(services.program),
       dialogs_(services.dialogs),
       logic_(services.program, services.clock, services.network, services.tool, services.background),
-      load_(services.program, logic_.heights, services.store, services.clock),
+      load_(services.program, services.translations, logic_.heights, services.store, services.clock),
       hover_(services.program, services.database),
       connectivity_(services.network, services.run.hosts.Connectivity),
       pic_(new MenuStrip(this)),
@@ -128,16 +129,13 @@ bool Form1::Load(bool anotherRuns) {
   if (!load_.LanguageMessage().isEmpty()) dialogs_.Inform(nullptr, load_.LanguageMessage(), false);
   setFont(QApplication::font("QMenu"));
   pic_->setFont(font());
-  pic_->SetTexts(program_.language);
-  menus_->BuildMenuTables();
+  ShowTexts();
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
   // Their windows are not built yet; each is enabled when its window comes.
   for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblOnAirNow, pic_->lblPropagation}) {
     part->setEnabled(false);
   }
-  ShowPageLabel();
-  RefreshCaptions();
   if (const LoadStop stop = load_.ReadLists()) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;
@@ -292,13 +290,25 @@ void Form1::MnuLanguageClick(int index) {
   if (name.isEmpty()) return;
   const QString message = load_.ChangeLanguage(name);
   if (!message.isEmpty()) dialogs_.Inform(this, message, false);
+  SendLanguageChange();
+  logic_.poll.LanguageChange();
+}
+
+void Form1::ShowTexts() {
   pic_->SetTexts(program_.language);
   menus_->BuildMenuTables();
   RefreshCaptions();
   ShowPageLabel();
   picAll_->TakeLanguage();
   stations_->TakeLanguage();
-  logic_.poll.LanguageChange();
+}
+
+void Form1::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange) return;
+  // A tip that stands was made in the former language.
+  hover_.Close();
+  ShowTexts();
 }
 
 void Form1::StepPage(int step) {

@@ -51,6 +51,7 @@ class Form1 : public QWidget {
   void Closed();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -60,6 +61,8 @@ class Form1 : public QWidget {
   void RegisterCommands();
   void ConnectHover();
   void ShowTip(int slot, const QString& text, const QString& picturePath);
+  // Every text of the bar and the page in the present language.
+  void ShowTexts();
   void ReadScreen();
   // Sizes the window for the layout and the window size, within the screen.
   void ApplyLayout();

@@ -41,7 +41,7 @@ Services::Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& th
       network(run.limits),
       tool(run.decoder, run.appDataDir),
       database(run.appDataDir),
-      web(run.programDir, run.appDataDir + u"/browser"_s, cookies, [this]() { return program.config.LanguageName; }),
+      web(run.programDir, run.appDataDir + u"/browser"_s, cookies),
       maps(run.appDataDir) {
   network.SetCookies(cookies);
 }

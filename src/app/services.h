@@ -11,6 +11,7 @@
 #include "callbook/call_database.h"
 #include "core/hosts.h"
 #include "core/program.h"
+#include "core/translations.h"
 #include "maps/map_store.h"
 #include "platform/background.h"
 #include "platform/clock.h"
@@ -43,6 +44,7 @@ struct Services {
   Dialogs& dialogs;
   const Clock& clock;
   Program program;
+  Translations translations;
   SettingsStore store;
   Background background;
   CookieStore cookies;

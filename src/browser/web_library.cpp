@@ -12,9 +12,8 @@ namespace {
 
 class LoadedWindows : public BrowserWindows, private WebPort {
  public:
-  LoadedWindows(OmniWebMake make, const QString& profileFolder, CookieStore& cookies,
-                std::function<QString()> languageName)
-      : cookies_(cookies), languageName_(std::move(languageName)), pages_(make(profileFolder, *this)) {
+  LoadedWindows(OmniWebMake make, const QString& profileFolder, CookieStore& cookies)
+      : cookies_(cookies), pages_(make(profileFolder, *this)) {
     connect(&cookies_, &CookieStore::Changed, this, &LoadedWindows::OnChanged);
   }
   // The pages' last words go into the store, and must not come back to pages that are half gone.
@@ -38,21 +37,15 @@ class LoadedWindows : public BrowserWindows, private WebPort {
   QList<QNetworkCookie> Cookies() const override { return cookies_.All(); }
   void TakeCookies(const QList<CookieChange>& changes) override { cookies_.Apply(changes); }
   void PageClosed(const QString& title) override { Q_EMIT Closed(title); }
-  QString LanguageName() const override { return languageName_ ? languageName_() : QString(); }
 
   CookieStore& cookies_;
-  std::function<QString()> languageName_;
   std::unique_ptr<WebPages> pages_;
 };
 
 }  // namespace
 
-WebLibrary::WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies,
-                       std::function<QString()> languageName)
-    : libraryFolder_(std::move(libraryFolder)),
-      profileFolder_(std::move(profileFolder)),
-      cookies_(cookies),
-      languageName_(std::move(languageName)) {}
+WebLibrary::WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies)
+    : libraryFolder_(std::move(libraryFolder)), profileFolder_(std::move(profileFolder)), cookies_(cookies) {}
 
 WebLibrary::~WebLibrary() = default;
 
@@ -62,7 +55,7 @@ BrowserWindows* WebLibrary::Windows() {
   // A browser leaves threads behind that run its code until the process ends.
   library.setLoadHints(QLibrary::PreventUnloadHint);
   if (const auto make = reinterpret_cast<OmniWebMake>(library.resolve(kOmniWebMake)))
-    windows_ = std::make_unique<LoadedWindows>(make, profileFolder_, cookies_, languageName_);
+    windows_ = std::make_unique<LoadedWindows>(make, profileFolder_, cookies_);
   return windows_.get();
 }
 

@@ -3,7 +3,6 @@
 // itself does not pay for a browser. main makes one of these.
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include "browser/browser_windows.h"
@@ -13,10 +12,8 @@
 // before the application object and before the store.
 class WebLibrary {
  public:
-  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone; languageName: of
-  // the windows that open, asked for each; without it they speak English.
-  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies,
-             std::function<QString()> languageName = {});
+  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone.
+  WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies);
   ~WebLibrary();
 
   BrowserWindows* Windows();
@@ -28,6 +25,5 @@ class WebLibrary {
   QString libraryFolder_;
   QString profileFolder_;
   CookieStore& cookies_;
-  std::function<QString()> languageName_;
   std::unique_ptr<BrowserWindows> windows_;
 };

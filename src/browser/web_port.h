@@ -20,8 +20,6 @@ class WebPort {
   // What pages did to cookies of theirs, in order. Their domains are told as in CookieStore::Add.
   virtual void TakeCookies(const QList<CookieChange>& changes) = 0;
   virtual void PageClosed(const QString& title) = 0;
-  // As in Config; a window speaks it from its opening on.
-  virtual QString LanguageName() const = 0;
 };
 
 // The library's side.

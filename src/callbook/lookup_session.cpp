@@ -305,15 +305,14 @@ QString LookupSession::DistanceText(double lat, double lon) const {
 }
 
 SignInOffer LookupSession::Offer() const {
-  const QString& language = parts_.program.config.LanguageName;
-  const QString& service = parts_.program.config.CallbookName;
+  const QString signIn = tr("Sign in to %1").arg(parts_.program.config.CallbookName);
   const QUrl url = SignInUrl();
-  if (!url.isValid()) return {SignInOffer::Kind::None, SignInText(language, service)};
+  if (!url.isValid()) return {SignInOffer::Kind::None, signIn};
   // Until a page has told, cookies of the service stand for a sign-in.
   const bool told = loggedIn_.has_value() && toldBy_ == parts_.program.config.CallbookIndex;
   const bool in = told ? *loggedIn_ : !ServiceCookies().isEmpty();
-  return in ? SignInOffer{SignInOffer::Kind::SignOut, SignOutText(language, service)}
-            : SignInOffer{SignInOffer::Kind::SignIn, SignInText(language, service)};
+  if (!in) return {SignInOffer::Kind::SignIn, signIn};
+  return {SignInOffer::Kind::SignOut, tr("Sign out of %1").arg(parts_.program.config.CallbookName)};
 }
 
 QUrl LookupSession::SignInUrl() const {

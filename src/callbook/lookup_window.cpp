@@ -165,11 +165,11 @@ void Form12::ShowView() {
   lblAdd1->SetField(view.add1, role(TextLine::kAddressLabel));
   lblAdd2->SetField(view.add2, role(TextLine::kCityLabel));
   lblCtry->SetField(view.ctry, role(TextLine::kCountryLabel));
-  lblDxAz->SetField(view.dxAz, DistanceLabelText(parts_.program.config.LanguageName));
+  lblDxAz->SetField(view.dxAz, tr("Distance and direction"));
   cmdUpdate->setText(QString(view.updateCaption).replace(u'&', "&&"_L1));
   cmdUpdate->setAccessibleName(view.updateCaption);
   Image1->SetPicture(view.picture, PixelsOf(view.pictureUnits));
-  Image1->setAccessibleName(PictureText(parts_.program.config.LanguageName, session_.Call()));
+  Image1->setAccessibleName(tr("Picture of %1").arg(session_.Call()));
   if (view.busy) {
     setCursor(Qt::BusyCursor);
   } else {
@@ -313,7 +313,7 @@ void Form12::SignInOrOut() {
 void Form12::SignIn() {
   BrowserWindows* browser = parts_.browser();
   if (browser == nullptr) {
-    parts_.dialogs.Inform(this, NoBrowserText(parts_.program.config.LanguageName), true);
+    parts_.dialogs.Inform(this, tr("The window for web pages could not be opened."), true);
     return;
   }
   connect(browser, &BrowserWindows::Closed, this, &Form12::BrowserClosed, Qt::UniqueConnection);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Signing in to a callbook service and out again: what is offered, and its words in the eight languages. The lookup
-// session asks for them, the lookup window shows them.
+// Signing in to a callbook service and out again, as a value. The lookup session makes the offer, the chooser of the
+// service shows it.
 #pragma once
 
 #include <QString>
@@ -11,13 +11,3 @@ struct SignInOffer {
   Kind kind = Kind::None;
   QString text;  // "Sign in to QRZ"; there for None too
 };
-
-// languageName as in Config; a name that is not known speaks English.
-QString SignInText(const QString& languageName, const QString& service);
-QString SignOutText(const QString& languageName, const QString& service);
-// Message where the windows for web pages cannot be loaded.
-QString NoBrowserText(const QString& languageName);
-// What the small window with the operator's picture is called.
-QString PictureText(const QString& languageName, const QString& call);
-// What the line with the distance is, for screen readers.
-QString DistanceLabelText(const QString& languageName);

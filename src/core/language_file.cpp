@@ -20,6 +20,8 @@ constexpr QLatin1StringView kName("Omni-Perch");
 
 struct KnownLanguage {
   QLatin1StringView name;
+  QLatin1StringView code;
+  QLocale::Language locale;
   CodePage codePage;
   QStringView wrongVersion;
   QStringView notFound;
@@ -29,20 +31,26 @@ constexpr QStringView kWrongVersion = u"Wrong language file version.";
 constexpr QStringView kNotFound = u"Language file not found or corrupt";
 
 constexpr std::array<KnownLanguage, kLanguageNames> kKnown = {{
-    {"Dutch"_L1, CodePage::Western1252, u"Foute taalbestand versie.", u"Taalbestand ontbreekt of corrupt."},
-    {"English"_L1, CodePage::Western1252, kWrongVersion, kNotFound},
-    {"French"_L1, CodePage::Western1252, u"Mauvaise version de fichier langage.",
+    {"Dutch"_L1, "nl"_L1, QLocale::Dutch, CodePage::Western1252, u"Foute taalbestand versie.",
+     u"Taalbestand ontbreekt of corrupt."},
+    {"English"_L1, "en"_L1, QLocale::English, CodePage::Western1252, kWrongVersion, kNotFound},
+    {"French"_L1, "fr"_L1, QLocale::French, CodePage::Western1252, u"Mauvaise version de fichier langage.",
      u"Fichier langage non trouvé ou corrompu."},
-    {"German"_L1, CodePage::Western1252, kWrongVersion, kNotFound},
-    {"Japanese"_L1, CodePage::Japanese932, kWrongVersion, kNotFound},
-    {"Polish"_L1, CodePage::CentralEuropean1250, kWrongVersion, kNotFound},
-    {"Russian"_L1, CodePage::Cyrillic1251, kWrongVersion, kNotFound},
-    {"Spanish"_L1, CodePage::Western1252, kWrongVersion, kNotFound},
+    {"German"_L1, "de"_L1, QLocale::German, CodePage::Western1252, kWrongVersion, kNotFound},
+    {"Japanese"_L1, "ja"_L1, QLocale::Japanese, CodePage::Japanese932, kWrongVersion, kNotFound},
+    {"Polish"_L1, "pl"_L1, QLocale::Polish, CodePage::CentralEuropean1250, kWrongVersion, kNotFound},
+    {"Russian"_L1, "ru"_L1, QLocale::Russian, CodePage::Cyrillic1251, kWrongVersion, kNotFound},
+    {"Spanish"_L1, "es"_L1, QLocale::Spanish, CodePage::Western1252, kWrongVersion, kNotFound},
 }};
 
 const KnownLanguage* FindKnown(const QString& name) {
   const auto found = std::find_if(kKnown.begin(), kKnown.end(), [&](const KnownLanguage& k) { return k.name == name; });
   return found == kKnown.end() ? nullptr : &*found;
+}
+
+const KnownLanguage& KnownOrEnglish(const QString& name) {
+  const KnownLanguage* known = FindKnown(name);
+  return known != nullptr ? *known : *FindKnown(u"English"_s);
 }
 
 // Blanks that a text gets because its window puts it straight beside another text or at a label's edge.
@@ -146,6 +154,14 @@ LanguageResult LoadLanguage(const QString& folder, const QString& languageName, 
   result.wrongVersion = known->wrongVersion.toString();
   result.notFound = known->notFound.toString();
   return result;
+}
+
+QLatin1StringView LanguageCode(const QString& languageName) {
+  return KnownOrEnglish(languageName).code;
+}
+
+QLocale LanguageLocale(const QString& languageName) {
+  return QLocale(KnownOrEnglish(languageName).locale);
 }
 
 QStringList ListLanguages(const QStringList& fileNames) {

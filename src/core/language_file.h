@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 #include <array>
@@ -35,6 +36,11 @@ LanguageResult LoadLanguage(const QString& folder, const QString& languageName, 
 // The same for the bytes of a file, without the messages. Bytes behind the first MiB are not looked at.
 LanguageResult ReadLanguage(const QByteArray& bytes, CodePage codePage, qsizetype listed, const QString& progVersion,
                             LanguageTexts& texts);
+
+// Of one of the eight languages, and of English for any other name: the two letters in the names of the files of
+// translations, and the locale in which dates and numbers are shown. What is stored never goes through the locale.
+QLatin1StringView LanguageCode(const QString& languageName);
+QLocale LanguageLocale(const QString& languageName);
 
 // lstLanguages from the names of the files in the language folder, in any order: the order of the language menu.
 QStringList ListLanguages(const QStringList& fileNames);

@@ -8,6 +8,7 @@
 #include "callbook/operator_picture.h"
 #include "callbook/station_place.h"
 #include "station/callsign.h"
+#include "station/date_text.h"
 #include "station/distance.h"
 
 using namespace Qt::StringLiterals;
@@ -62,8 +63,9 @@ Operator LookUp(const Program& program, CallDatabase& database, const QString& s
 // " 5,704 km 50° "; zeros for a station whose place is not known.
 QString DistanceOf(const Program& program, const Operator& station) {
   const Config& config = program.config;
-  if (!IsKnownPosition(station.lat, station.lon)) return DistAzText(DistAz(), config.DistUnit);
-  return DistAzText(config.MyLat, config.MyLon, station.lat, station.lon, config.DistUnit);
+  const QLocale locale = LanguageLocale(config.LanguageName);
+  if (!IsKnownPosition(station.lat, station.lon)) return DistAzText(DistAz(), config.DistUnit, locale);
+  return DistAzText(config.MyLat, config.MyLon, station.lat, station.lon, config.DistUnit, locale);
 }
 
 QString OperatorLines(const Operator& station) {
@@ -71,8 +73,10 @@ QString OperatorLines(const Operator& station) {
          kLineEnd + kLineEnd + u' ';
 }
 
-QString SentText(const QString& sentTime) {
-  const QString date = sentTime.section(u' ', 0, 0);
+QString SentText(const QString& sentTime, const QLocale& locale) {
+  // A tail may hold what is no date; that is shown as it came.
+  const QDateTime when = ReadDate(sentTime);
+  const QString date = when.isValid() ? ShownDate(when.date(), locale) : sentTime.section(u' ', 0, 0);
   return u' ' + date + u"  "_s + sentTime.right(kTimeLength) + (sentTime.isEmpty() ? u" "_s : u" UTC  "_s);
 }
 
@@ -98,7 +102,8 @@ TipTexts PictureTip(const Program& program, CallDatabase& database, int slot) {
     tip.imgTip = QString(program.language[TextLine::kNoLocation]).replace("??"_L1, shownCall);
   }
   tip.HoverText = u' ' + shownCall + u"  "_s + OperatorLines(station) + program.page.Field(slot, ModeText) + u"   "_s +
-                  DistanceOf(program, station) + kLineEnd + SentText(program.page.Field(slot, SentTime));
+                  DistanceOf(program, station) + kLineEnd +
+                  SentText(program.page.Field(slot, SentTime), LanguageLocale(program.config.LanguageName));
   return tip;
 }
 

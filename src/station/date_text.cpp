@@ -72,3 +72,10 @@ QDateTime ReadDate(const QString& text) {
 QString DateText(const QDateTime& when) {
   return when.isValid() ? when.toString(u"M/d/yyyy hh:mm") : QString();
 }
+
+QString ShownDate(QDate date, const QLocale& locale) {
+  // "26" behind a day and a month could be any of the three.
+  QString format = locale.dateFormat(QLocale::ShortFormat);
+  if (!format.contains("yyyy"_L1)) format.replace("yy"_L1, "yyyy"_L1);
+  return locale.toString(date, format);
+}

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QLocale>
 #include <QString>
 
 // Reads "M/D/YYYY hh:mm" and the shapes of older files: seconds, AM and PM, day first with points or dashes, year
@@ -11,3 +12,5 @@
 QDateTime ReadDate(const QString& text);
 // "M/D/YYYY hh:mm", the fields of the moment as they stand; empty for an invalid one.
 QString DateText(const QDateTime& when);
+// A date as people of the locale write it in digits, the year with four of them.
+QString ShownDate(QDate date, const QLocale& locale);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "station/distance.h"
 
-#include <QLocale>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -69,8 +68,7 @@ double Rounded(double kilometres) {
   return std::abs(rounded) <= std::numeric_limits<qint16>::max() ? rounded : 0;
 }
 
-QString Grouped(double wholeNumber) {
-  QLocale locale;
+QString Grouped(double wholeNumber, QLocale locale) {
   locale.setNumberOptions(locale.numberOptions() & ~QLocale::OmitGroupSeparator);
   return locale.toString(wholeNumber, 'f', 0);
 }
@@ -99,13 +97,13 @@ QString DistUnitText(int unit) {
   return unit == kUnitMiles ? u"mi"_s : u"km"_s;
 }
 
-QString DistAzText(const DistAz& result, int unit) {
-  return Grouped(result.distance) + u' ' + DistUnitText(unit) + u' ' + QString::number(result.azimuth, 'f', 0) +
+QString DistAzText(const DistAz& result, int unit, const QLocale& locale) {
+  return Grouped(result.distance, locale) + u' ' + DistUnitText(unit) + u' ' + QString::number(result.azimuth, 'f', 0) +
          u"° "_s;
 }
 
-QString DistAzText(double myLat, double myLon, double lat, double lon, int unit) {
+QString DistAzText(double myLat, double myLon, double lat, double lon, int unit, const QLocale& locale) {
   // Without a blank before the direction, as users know it.
   if (myLat == lat && myLon == lon) return u"0 "_s + DistUnitText(unit) + u"0° "_s;
-  return DistAzText(GetDistAz(myLat, myLon, lat, lon, unit), unit);
+  return DistAzText(GetDistAz(myLat, myLon, lat, lon, unit), unit, locale);
 }

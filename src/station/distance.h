@@ -3,6 +3,7 @@
 // tips, the lookup, the lists and the maps.
 #pragma once
 
+#include <QLocale>
 #include <QString>
 
 inline constexpr int kUnitMiles = 1;  // a DistUnit; any other value is kilometres
@@ -18,10 +19,10 @@ DistAz GetDistAz(double lat1, double lon1, double lat2, double lon2, int unit);
 
 // "km" or "mi".
 QString DistUnitText(int unit);
-// "5,704 km 50° " with the user's thousands separator.
-QString DistAzText(const DistAz& result, int unit);
+// "5,704 km 50° " with the thousands separator of the locale, which is the user's where none is handed in.
+QString DistAzText(const DistAz& result, int unit, const QLocale& locale = QLocale());
 // The same from own position to a target that is known; "0 km0° " where the two are one place.
-QString DistAzText(double myLat, double myLon, double lat, double lon, int unit);
+QString DistAzText(double myLat, double myLon, double lat, double lon, int unit, const QLocale& locale = QLocale());
 // A coordinate of exactly 0 is an unknown position.
 inline bool IsKnownPosition(double lat, double lon) {
   return lat != 0 && lon != 0;

@@ -137,7 +137,7 @@ void TestLanguage::filesHoldTheSameLines() {
 
 void TestLanguage::shortPlacesGetShortTexts() {
   const QHash<TextLine, int> places = {
-      {kFindCaption, 12},  {kCamsWord, 10},       {kOnAirText, 14},   {kPropagationCaption, 12}, {kRefreshWord, 12},
+      {kFindCaption, 12},  {kCamsWord, 10},       {kOnAirText, 14},   {kPropagationCaption, 12}, {kRefreshWord, 13},
       {kInactiveWord, 10}, {kConnectingText, 12}, {kErrorCaption, 8}, {kErrorWord, 14},          {kNoPictureText, 16},
       {kCorruptText, 16},  {kBlockedCaption, 8},  {kBlockedText, 16}, {kIllegalText, 16},        {kMissingLocation, 5},
       {kFromWord, 8},      {kDaysWord, 6},        {kMeWord, 5}};

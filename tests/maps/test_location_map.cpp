@@ -87,7 +87,8 @@ class TestLocationMap : public QObject {
     store.SetValue(u"Omni-Perch"_s, u"MapLeft"_s, u"8"_s, u"-7"_s);
     HeightTable heights;
     const Clock clock;
-    LoadSequence(program, heights, store, clock).ReadSettings(true);
+    Translations translations;
+    LoadSequence(program, translations, heights, store, clock).ReadSettings(true);
     QCOMPARE(program.lstMap.join(u", "_s), u"Asia Map.jpg, Homemap.png, Map.jpg, uk map.GIF, World Map.jpg"_s);
     QCOMPARE(program.MapLeft.at(8), -7);
     QCOMPARE(program.MapTop.at(7), -267);

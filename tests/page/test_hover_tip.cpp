@@ -81,6 +81,8 @@ class TestHoverTip : public QObject {
   void TellsOfTheCaption_data();
   void TellsOfTheCaption();
   void FollowsSettings();
+  void FollowsTheLanguage_data();
+  void FollowsTheLanguage();
   void ComesAndGoes();
   void StaysAway();
 };
@@ -156,6 +158,34 @@ void TestHoverTip::FollowsSettings() {
   page.program.page.CurrentPage = kWxPage;
   QCOMPARE(PictureTip(page.program, page.database, kSlot).Shown(), QString());
   QCOMPARE(CaptionTip(page.program, page.database, kSlot, TipPart::Call).Shown(), QString());
+}
+
+void TestHoverTip::FollowsTheLanguage_data() {
+  QTest::addColumn<QString>("distance");
+  QTest::addColumn<QString>("date");
+  QTest::newRow("English") << u"5,711 km"_s << u"3/15/2026"_s;
+  QTest::newRow("German") << u"5.711 km"_s << u"15.03.2026"_s;
+  QTest::newRow("French") << u"5\u202f711 km"_s << u"15/03/2026"_s;
+  QTest::newRow("Dutch") << u"5.711 km"_s << u"15-03-2026"_s;
+  QTest::newRow("Polish") << u"5711 km"_s << u"15.03.2026"_s;
+  QTest::newRow("Spanish") << u"5711 km"_s << u"15/3/2026"_s;
+  QTest::newRow("Russian") << u"5\u00a0711 km"_s << u"15.03.2026"_s;
+  QTest::newRow("Japanese") << u"5,711 km"_s << u"2026/03/15"_s;
+  QTest::newRow("Klingon") << u"5,711 km"_s << u"3/15/2026"_s;
+}
+
+// What is stored stays month first; what is no date is shown as it stands.
+void TestHoverTip::FollowsTheLanguage() {
+  QFETCH(const QString, distance);
+  QFETCH(const QString, date);
+  Page page;
+  page.program.config.LanguageName = QString::fromLatin1(QTest::currentDataTag());
+  page.program.page.Field(kSlot, Caller) = u"AB0CD"_s;
+  const QString tip = PictureTip(page.program, page.database, kSlot).HoverText;
+  const QString end = u"   %1 50° \r\n %2  12:34 UTC  "_s.arg(distance, date);
+  QVERIFY2(tip.endsWith(end), qPrintable(tip));
+  page.program.page.Field(kSlot, SentTime) = u"yesterday 12:34"_s;
+  QVERIFY(PictureTip(page.program, page.database, kSlot).HoverText.endsWith(u" yesterday  12:34 UTC  "_s));
 }
 
 void TestHoverTip::ComesAndGoes() {

@@ -5,8 +5,6 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineSettings>
 
-#include "browser/engine/web_words.h"
-
 using namespace Qt::StringLiterals;
 
 bool IsWebUrl(const QUrl& url) {
@@ -14,8 +12,7 @@ bool IsWebUrl(const QUrl& url) {
   return url.isValid() && !url.host().isEmpty() && (scheme == "http"_L1 || scheme == "https"_L1);
 }
 
-WebPage::WebPage(QWebEngineProfile* profile, const WebWords& words, QObject* parent)
-    : QWebEnginePage(profile, parent), words_(words) {
+WebPage::WebPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(profile, parent) {
   QWebEngineSettings* own = settings();
   own->setAttribute(QWebEngineSettings::JavascriptCanOpenWindows, false);
   own->setAttribute(QWebEngineSettings::PluginsEnabled, false);
@@ -33,12 +30,12 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMa
   // What a page writes into frames of its own.
   const QString scheme = url.scheme();
   if (!isMainFrame && (scheme == "about"_L1 || scheme == "data"_L1 || scheme == "blob"_L1)) return true;
-  if (isMainFrame) Q_EMIT Told(words_.notOpened.toString() + url.toDisplayString().left(200));
+  if (isMainFrame) Q_EMIT Told(tr("Not opened: %1").arg(url.toDisplayString().left(200)));
   return false;
 }
 
 QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) {
-  Q_EMIT Told(words_.noFiles.toString());
+  Q_EMIT Told(tr("Pages get no files here."));
   return {};
 }
 
@@ -48,12 +45,12 @@ void WebPage::javaScriptAlert(const QUrl&, const QString& text) {
 }
 
 bool WebPage::javaScriptConfirm(const QUrl&, const QString& text) {
-  Q_EMIT Told(words_.answeredNo.toString() + text.simplified());
+  Q_EMIT Told(tr("Answered with no: %1").arg(text.simplified()));
   return false;
 }
 
 bool WebPage::javaScriptPrompt(const QUrl&, const QString& text, const QString&, QString*) {
-  Q_EMIT Told(words_.notAnswered.toString() + text.simplified());
+  Q_EMIT Told(tr("Not answered: %1").arg(text.simplified()));
   return false;
 }
 
@@ -67,7 +64,8 @@ void WebPage::RefuseFeature(const QUrl& origin, QWebEnginePage::Feature feature)
 void WebPage::RefuseCertificate(const QWebEngineCertificateError& error) {
   QWebEngineCertificateError(error).rejectCertificate();
   Q_EMIT Distrusted(error.url().host());
-  Q_EMIT Told(words_.refused.toString() + error.url().host() + u": "_s + error.description());
+  const QString what = error.url().host() + u": "_s + error.description();
+  Q_EMIT Told(tr("Refused, its certificate does not hold: %1").arg(what));
 }
 
 // A link that would open a window goes on in this one. A script that opens windows unasked opens none.

@@ -8,7 +8,6 @@
 
 class QWebEngineCertificateError;
 class QWebEngineNewWindowRequest;
-struct WebWords;
 
 // http or https, and a host.
 bool IsWebUrl(const QUrl& url);
@@ -17,8 +16,7 @@ class WebPage : public QWebEnginePage {
   Q_OBJECT
 
  public:
-  // The words are to outlive it.
-  WebPage(QWebEngineProfile* profile, const WebWords& words, QObject* parent);
+  WebPage(QWebEngineProfile* profile, QObject* parent);
 
  Q_SIGNALS:
   // Something the page wanted was refused, or it had something to say that no box is opened for; one line of text.
@@ -40,6 +38,4 @@ class WebPage : public QWebEnginePage {
   void RefuseFeature(const QUrl& origin, QWebEnginePage::Feature feature);
   void RefuseCertificate(const QWebEngineCertificateError& error);
   void OpenHere(const QWebEngineNewWindowRequest& request);
-
-  const WebWords& words_;
 };

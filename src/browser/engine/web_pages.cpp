@@ -13,7 +13,6 @@
 #include "browser/engine/site_storage.h"
 #include "browser/engine/web_page.h"
 #include "browser/engine/web_window.h"
-#include "browser/engine/web_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,7 +68,7 @@ void BrowserPages::OpenPage(const QString& title, const QUrl& url) {
     return;
   }
   if (!IsWebUrl(url)) return;
-  auto* window = new WebWindow(title, profile_.get(), WebWordsOf(port_.LanguageName()));
+  auto* window = new WebWindow(title, profile_.get());
   windows_ += window;
   connect(window, &WebWindow::Closed, this, &BrowserPages::OnClosed);
   connect(window, &QObject::destroyed, this, [this, window]() { closing_.removeOne(window); });
@@ -126,7 +125,7 @@ void BrowserPages::SyncCookies() {
 void BrowserPages::RefuseDownload(QWebEngineDownloadRequest* request) {
   request->cancel();
   auto* page = qobject_cast<WebPage*>(request->page());
-  if (page) Q_EMIT page->Told(WebWordsOf(port_.LanguageName()).notSaved.toString() + request->suggestedFileName());
+  if (page) Q_EMIT page->Told(tr("Not saved: %1").arg(request->suggestedFileName()));
 }
 
 extern "C" Q_DECL_EXPORT WebPages* OmniWebMakePages(const QString& profileFolder, WebPort& port) {

@@ -14,7 +14,6 @@
 #include <QWebEngineView>
 
 #include "browser/engine/web_page.h"
-#include "browser/engine/web_words.h"
 
 using namespace Qt::StringLiterals;
 
@@ -24,11 +23,12 @@ constexpr QSize kSize(1000, 760);
 
 }  // namespace
 
-WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const WebWords& words)
+WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
     : title_(title),
-      words_(words),
       view_(new QWebEngineView(this)),
-      page_(new WebPage(profile, words, view_)),
+      page_(new WebPage(profile, view_)),
+      back_(new QToolButton(this)),
+      reload_(new QToolButton(this)),
       lock_(new QLabel(this)),
       address_(new QLineEdit(this)),
       message_(new QLabel(this)) {
@@ -37,7 +37,6 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const Web
   setAccessibleName(windowTitle());
   resize(kSize);
   view_->setPage(page_);
-  view_->setAccessibleName(words_.page.toString());
   view_->setContextMenuPolicy(Qt::CustomContextMenu);
 
   auto* column = new QVBoxLayout(this);
@@ -48,7 +47,6 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const Web
   column->addLayout(bar);
   column->addWidget(view_, 1);
   column->addWidget(message_);
-  message_->setAccessibleDescription(words_.message.toString());
   // A page's words are words, whatever they look like.
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
@@ -63,34 +61,49 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile, const Web
   connect(view_, &QWidget::customContextMenuRequested, this, &WebWindow::ShowMenu);
   for (const QKeySequence& keys : {QKeySequence(Qt::Key_Escape), QKeySequence(Qt::CTRL | Qt::Key_W)})
     connect(new QShortcut(keys, this), &QShortcut::activated, this, &QWidget::close);
+  ShowTexts();
   view_->setFocus();
 }
 
 void WebWindow::MakeBar(QBoxLayout* bar) {
-  const auto addButton = [this, bar](QWebEnginePage::WebAction which, const QString& name, QStyle::StandardPixmap icon,
+  const auto addButton = [this, bar](QToolButton* button, QWebEnginePage::WebAction which, QStyle::StandardPixmap icon,
                                      QKeySequence::StandardKey keys) {
     QAction* action = page_->action(which);
-    action->setText(name);
     action->setIcon(style()->standardIcon(icon));
     action->setShortcuts(keys);
     addAction(action);
-    auto* button = new QToolButton(this);
     button->setDefaultAction(action);
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
-    button->setAccessibleName(name);
     bar->addWidget(button);
   };
   bar->setContentsMargins(2, 2, 2, 2);
-  addButton(QWebEnginePage::Back, words_.back.toString(), QStyle::SP_ArrowBack, QKeySequence::Back);
-  addButton(QWebEnginePage::Reload, words_.reload.toString(), QStyle::SP_BrowserReload, QKeySequence::Refresh);
+  addButton(back_, QWebEnginePage::Back, QStyle::SP_ArrowBack, QKeySequence::Back);
+  addButton(reload_, QWebEnginePage::Reload, QStyle::SP_BrowserReload, QKeySequence::Refresh);
   lock_->setMargin(4);
-  lock_->setAccessibleDescription(words_.connection.toString());
   bar->addWidget(lock_);
   // To be read before a password is typed: the user types it for whoever stands here.
   address_->setReadOnly(true);
-  address_->setAccessibleName(words_.address.toString());
   bar->addWidget(address_, 1);
+}
+
+void WebWindow::ShowTexts() {
+  const std::initializer_list<std::pair<QWebEnginePage::WebAction, QString>> actions = {
+      {QWebEnginePage::Back, tr("Back")},   {QWebEnginePage::Reload, tr("Reload")},
+      {QWebEnginePage::Cut, tr("Cut")},     {QWebEnginePage::Copy, tr("Copy")},
+      {QWebEnginePage::Paste, tr("Paste")}, {QWebEnginePage::SelectAll, tr("Select all")}};
+  for (const auto& [which, text] : actions) page_->action(which)->setText(text);
+  for (QToolButton* button : {back_, reload_}) button->setAccessibleName(button->defaultAction()->text());
+  view_->setAccessibleName(tr("Page"));
+  message_->setAccessibleDescription(tr("Message"));
+  lock_->setAccessibleDescription(tr("Connection"));
+  address_->setAccessibleName(tr("Address"));
+  ShowAddress(shown_);
+}
+
+void WebWindow::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) ShowTexts();
 }
 
 bool WebWindow::Shows(const QString& host) const {
@@ -109,10 +122,11 @@ void WebWindow::Load(const QUrl& url) {
 }
 
 void WebWindow::ShowAddress(const QUrl& url) {
+  shown_ = url;
+  if (url.isEmpty()) return;
   const bool safe = url.scheme() == "https"_L1;
   const bool refused = safe && url.host() == distrusted_;
-  const QStringView state = refused ? words_.notTrusted : (safe ? words_.encrypted : words_.notEncrypted);
-  lock_->setText(state.toString());
+  lock_->setText(refused ? tr("Not trusted") : (safe ? tr("Encrypted") : tr("Not encrypted")));
   // To be heard, too, before a password is typed.
   lock_->setAccessibleName(lock_->text());
   // The password of user:password@host is nobody's to read over a shoulder.
@@ -124,14 +138,10 @@ void WebWindow::ShowAddress(const QUrl& url) {
 void WebWindow::ShowMenu(const QPoint& at) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  const std::initializer_list<std::pair<QWebEnginePage::WebAction, QStringView>> entries = {
-      {QWebEnginePage::Back, words_.back},   {QWebEnginePage::Reload, words_.reload},
-      {QWebEnginePage::Cut, words_.cut},     {QWebEnginePage::Copy, words_.copy},
-      {QWebEnginePage::Paste, words_.paste}, {QWebEnginePage::SelectAll, words_.selectAll}};
-  for (const auto& [which, text] : entries) {
-    QAction* action = page_->action(which);
-    action->setText(text.toString());
-    menu->addAction(action);
+  for (const QWebEnginePage::WebAction entry :
+       {QWebEnginePage::Back, QWebEnginePage::Reload, QWebEnginePage::Cut, QWebEnginePage::Copy, QWebEnginePage::Paste,
+        QWebEnginePage::SelectAll}) {
+    menu->addAction(page_->action(entry));
   }
   menu->popup(view_->mapToGlobal(at));
 }
@@ -147,7 +157,7 @@ void WebWindow::OnLoadStarted() {
 }
 
 void WebWindow::OnProcessEnded() {
-  Tell(words_.stopped.toString());
+  Tell(tr("The page has stopped. Reload shows it again."));
 }
 
 void WebWindow::Tell(const QString& text) {

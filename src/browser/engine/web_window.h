@@ -9,17 +9,16 @@ class QAction;
 class QBoxLayout;
 class QLabel;
 class QLineEdit;
+class QToolButton;
 class QWebEngineProfile;
 class QWebEngineView;
 class WebPage;
-struct WebWords;
 
 class WebWindow : public QWidget {
   Q_OBJECT
 
  public:
-  // The words are to outlive it.
-  WebWindow(const QString& title, QWebEngineProfile* profile, const WebWords& words);
+  WebWindow(const QString& title, QWebEngineProfile* profile);
 
   const QString& Title() const { return title_; }
   bool Shows(const QString& host) const;  // a page of that host or of one below it
@@ -29,10 +28,13 @@ class WebWindow : public QWidget {
   void Closed(WebWindow* window);
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
 
  private:
   void MakeBar(QBoxLayout* bar);
+  // Every word of the window in the present language.
+  void ShowTexts();
   void ShowAddress(const QUrl& url);
   void ShowMenu(const QPoint& at);
   void OnDistrusted(const QString& host);
@@ -41,11 +43,13 @@ class WebWindow : public QWidget {
   void Tell(const QString& text);
 
   QString title_;
-  const WebWords& words_;
   QUrl asked_;
+  QUrl shown_;          // the address in the bar
   QString distrusted_;  // the last host whose certificate was refused
   QWebEngineView* view_;
   WebPage* page_;
+  QToolButton* back_;
+  QToolButton* reload_;
   QLabel* lock_;
   QLineEdit* address_;
   QLabel* message_;

@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Nicht gespeichert: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Das Fenster für Webseiten konnte nicht geöffnet werden.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Bild von %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Entfernung und Richtung</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Bei %1 anmelden</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Bei %1 abmelden</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Nicht geöffnet: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Seiten bekommen hier keine Dateien.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Mit Nein beantwortet: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Nicht beantwortet: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Abgelehnt, das Zertifikat gilt nicht: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Neu laden</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopieren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles auswählen</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Verschlüsselt</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Nicht verschlüsselt</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>Nicht vertrauenswürdig</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Verbindung</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>Die Seite ist stehen geblieben. Neu laden zeigt sie wieder.</translation>
+    </message>
+</context>
+</TS>

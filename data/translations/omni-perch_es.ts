@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>No guardado: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>No se pudo abrir la ventana de páginas web.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto de %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Distancia y dirección</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Iniciar sesión en %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Cerrar sesión en %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>No abierto: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Las páginas no reciben archivos aquí.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Respondido con no: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Sin respuesta: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Rechazado, su certificado no es válido: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Recargar</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Cortar</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copiar</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Pegar</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Seleccionar todo</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Cifrado</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Sin cifrar</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>No fiable</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Conexión</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Dirección</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Mensaje</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>La página se ha detenido. Recargar la muestra de nuevo.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Non enregistré : %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>La fenêtre des pages web n&apos;a pas pu être ouverte.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Photo de %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Distance et direction</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Se connecter à %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Se déconnecter de %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Non ouvert : %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Les pages ne reçoivent aucun fichier ici.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Réponse donnée : non. %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Sans réponse : %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Refusé, le certificat n&apos;est pas valable : %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Retour</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Actualiser</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Couper</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copier</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Coller</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Tout sélectionner</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Chiffré</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Non chiffré</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>Non fiable</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Connexion</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adresse</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Message</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>La page s&apos;est arrêtée. Actualiser l&apos;affiche de nouveau.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>保存しませんでした: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>ウェブページのウィンドウを開けませんでした。</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>%1 の写真</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>距離と方位</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>%1 にサインイン</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>%1 からサインアウト</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>開きませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>ここではページにファイルを渡せません。</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>「いいえ」と答えました: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>答えませんでした: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>証明書が正しくないため拒否しました: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>再読み込み</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>切り取り</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>貼り付け</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>すべて選択</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>暗号化あり</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>暗号化なし</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>信頼できません</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>接続</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>アドレス</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>ページ</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>メッセージ</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>ページが停止しました。再読み込みで再び表示されます。</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="nl">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Niet opgeslagen: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Het venster voor webpagina&apos;s kon niet worden geopend.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto van %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Afstand en richting</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Aanmelden bij %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Afmelden bij %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Niet geopend: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Pagina&apos;s krijgen hier geen bestanden.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Met nee beantwoord: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Niet beantwoord: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Geweigerd, het certificaat deugt niet: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Vernieuwen</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Knippen</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiëren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Plakken</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Alles selecteren</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Versleuteld</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Niet versleuteld</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>Niet vertrouwd</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Verbinding</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adres</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Pagina</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Melding</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>De pagina is gestopt. Vernieuwen toont haar weer.</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="pl">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Nie zapisano: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Nie udało się otworzyć okna stron internetowych.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Zdjęcie %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Odległość i kierunek</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Zaloguj się do %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Wyloguj się z %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Nie otwarto: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Strony nie otrzymują tu plików.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Odpowiedziano „nie”: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Bez odpowiedzi: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Odrzucono, certyfikat jest nieważny: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Wstecz</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Odśwież</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Wytnij</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Kopiuj</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Wklej</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Zaznacz wszystko</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Szyfrowane</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Nieszyfrowane</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>Niezaufane</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Połączenie</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Adres</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Strona</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Komunikat</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>Strona przestała działać. Odśwież, aby ją znów zobaczyć.</translation>
+    </message>
+</context>
+</TS>

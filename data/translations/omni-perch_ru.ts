@@ -1,0 +1,119 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ru">
+<context>
+    <name>BrowserPages</name>
+    <message>
+        <source>Not saved: %1</source>
+        <translation>Не сохранено: %1</translation>
+    </message>
+</context>
+<context>
+    <name>Form12</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Не удалось открыть окно веб-страниц.</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Фото %1</translation>
+    </message>
+    <message>
+        <source>Distance and direction</source>
+        <translation>Расстояние и направление</translation>
+    </message>
+</context>
+<context>
+    <name>LookupSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Войти на %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Выйти из %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebPage</name>
+    <message>
+        <source>Not opened: %1</source>
+        <translation>Не открыто: %1</translation>
+    </message>
+    <message>
+        <source>Pages get no files here.</source>
+        <translation>Страницы не получают здесь файлов.</translation>
+    </message>
+    <message>
+        <source>Answered with no: %1</source>
+        <translation>Дан ответ «нет»: %1</translation>
+    </message>
+    <message>
+        <source>Not answered: %1</source>
+        <translation>Без ответа: %1</translation>
+    </message>
+    <message>
+        <source>Refused, its certificate does not hold: %1</source>
+        <translation>Отклонено, сертификат недействителен: %1</translation>
+    </message>
+</context>
+<context>
+    <name>WebWindow</name>
+    <message>
+        <source>Back</source>
+        <translation>Назад</translation>
+    </message>
+    <message>
+        <source>Reload</source>
+        <translation>Обновить</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Вырезать</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Копировать</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Вставить</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>Выделить всё</translation>
+    </message>
+    <message>
+        <source>Encrypted</source>
+        <translation>Зашифровано</translation>
+    </message>
+    <message>
+        <source>Not encrypted</source>
+        <translation>Не зашифровано</translation>
+    </message>
+    <message>
+        <source>Not trusted</source>
+        <translation>Нет доверия</translation>
+    </message>
+    <message>
+        <source>Connection</source>
+        <translation>Соединение</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Адрес</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Страница</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Сообщение</translation>
+    </message>
+    <message>
+        <source>The page has stopped. Reload shows it again.</source>
+        <translation>Страница остановилась. «Обновить» покажет её снова.</translation>
+    </message>
+</context>
+</TS>
