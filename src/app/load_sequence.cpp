@@ -85,7 +85,9 @@ LoadStop LoadSequence::ReadLists() {
 void LoadSequence::MakeFolders() {
   const QDir data(program_.AppDataDir);
   // Without its thumbs what the heights remember is worthless.
-  if (!data.exists(u"images/dsstv/thumbs"_s)) QFile::remove(data.filePath(u"images/dsstv/ckNewHeight.txt"_s));
+  if (!data.exists(u"images/dsstv/thumbs"_s)) {
+    QFile::remove(ResolvePath(program_.AppDataDir, u"images/dsstv/ckNewHeight.txt"_s));
+  }
   for (const QString& folder : {u"TextFiles"_s, u"images"_s, u"images/dsstv"_s, u"images/dsstv/thumbs"_s,
                                 u"images/wx"_s, u"images/last15"_s, u"Backups"_s}) {
     data.mkpath(folder);
@@ -125,8 +127,38 @@ QString LoadSequence::ChangeLanguage(const QString& name) {
   return message;
 }
 
+void LoadSequence::OvertakeWriting() {
+  const QMutexLocker lock(&writing_->mutex);
+  ++writing_->newest;
+}
+
+void LoadSequence::SaveAfterPoll(Background& background, QObject* context) {
+  QStringList changing = heights_.Entries();
+  for (const SiteRec& site : std::as_const(program_.sites.Sites)) changing += site.LastSeen;
+  if (changing == written_) return;
+  written_ = changing;
+  OvertakeWriting();
+  background.Run<bool>(
+      context,
+      [writing = writing_, mine = writing_->newest, save = lists_.SaveLater(program_.config.ThumbLayout),
+       heights = heights_, folder = program_.AppDataDir]() {
+        const QMutexLocker lock(&writing->mutex);
+        if (writing->newest != mine) return false;
+        save();
+        return heights.Write(folder);
+      },
+      [](bool) {});
+}
+
+void LoadSequence::WriteNow(const std::optional<WindowPlacement>& placement) {
+  SaveAllState(placement, [](const QString&) {});
+  heights_.Write(program_.AppDataDir);
+  WriteNicknames(program_.AppDataDir, program_.nicknames);
+}
+
 void LoadSequence::SaveAllState(const std::optional<WindowPlacement>& placement,
                                 const std::function<void(const QString&)>& inform) {
+  OvertakeWriting();
   ::SaveAllState(program_, lists_, store_, placement, inform);
 }
 

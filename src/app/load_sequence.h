@@ -3,13 +3,16 @@
 // it closes. The main window runs the steps and shows what they ask to be shown.
 #pragma once
 
+#include <QMutex>
 #include <QString>
 #include <functional>
+#include <memory>
 #include <optional>
 
 #include "core/program.h"
 #include "core/save_state.h"
 #include "core/translations.h"
+#include "platform/background.h"
 #include "platform/clock.h"
 #include "platform/settings_store.h"
 #include "poll/height_table.h"
@@ -38,6 +41,11 @@ class LoadSequence {
                   const std::function<void(const QString&)>& inform);
   // Removes what a picture tool that was killed has left half-written beside its pictures.
   void CleanTemporaryFiles() const;
+  // Writes what a poll changes, the dates of the sites' pictures and the heights, beside the event loop: a machine that
+  // goes down loses one poll at most. Nothing is written where nothing has changed since.
+  void SaveAfterPoll(Background& background, QObject* context);
+  // State, heights and nicknames at once and without a word.
+  void WriteNow(const std::optional<WindowPlacement>& placement);
   // SaveAllState alone, for callers that rebuild the tables.
   void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
 
@@ -50,6 +58,13 @@ class LoadSequence {
   std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
 
  private:
+  // Jobs of SaveAfterPoll write under the mutex, and not at all once the state has been written by somebody else: what
+  // they hold is older.
+  struct Writing {
+    QMutex mutex;
+    int newest = 0;
+  };
+  void OvertakeWriting();
   void MakeFolders();
   void FindMaps();
   void FindLanguages();
@@ -64,6 +79,8 @@ class LoadSequence {
   const Clock& clock_;
   std::optional<WindowPlacement> placement_;
   QString languageMessage_;
+  std::shared_ptr<Writing> writing_ = std::make_shared<Writing>();
+  QStringList written_;  // what SaveAfterPoll wrote last
 };
 
 // Twips a pixel: below 10 or above 20 no screen reports the truth, and 15 is taken.

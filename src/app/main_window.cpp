@@ -235,6 +235,11 @@ void Form1::resizeEvent(QResizeEvent* event) {
 void Form1::ShowBusy(bool busy) {
   pic_->imgRefresh->setVisible(busy);
   pic_->lblRefresh->SetLit(busy);
+  if (!busy) load_.SaveAfterPoll(services_.background, this);
+}
+
+void Form1::SessionEnds() {
+  if (closing_ == Closing::No) load_.WriteNow(Placement());
 }
 
 void Form1::RefreshCaptions() {
@@ -357,9 +362,13 @@ void Form1::FirstClosingStep() {
 void Form1::SecondClosingStep() {
   repaint();
   message_->ShowMsg(u" 73 de ZZ9QX "_s, kClosingGreen);
+  QTimer::singleShot(services_.run.closingPause * 2, this, &Form1::ThirdClosingStep);
+}
+
+void Form1::ThirdClosingStep() {
   load_.CleanTemporaryFiles();
-  // Two seconds of the message, then half a second for what is still under way.
-  QTimer::singleShot(services_.run.closingPause * 5 / 2, this, &Form1::LastClosingStep);
+  // Half a second for what is still under way.
+  QTimer::singleShot(services_.run.closingPause / 2, this, &Form1::LastClosingStep);
 }
 
 void Form1::LastClosingStep() {

@@ -31,6 +31,8 @@ class Form1 : public QWidget {
   bool Load(bool anotherRuns);
   // Starts the closing sequence.
   void CloseMe() { close(); }
+  // The desktop's session is about to end and may end the program without another word: writes the state back.
+  void SessionEnds();
 
   void MnuPagesClick(int index);
   void MnuAlphaClick(int index);
@@ -78,6 +80,7 @@ class Form1 : public QWidget {
   std::optional<WindowPlacement> Placement() const;
   void FirstClosingStep();
   void SecondClosingStep();
+  void ThirdClosingStep();
   void LastClosingStep();
 
   Services& services_;

@@ -320,6 +320,13 @@ QStringList SiteListFile::SaveSiteLists(int layout) {
   return messages;
 }
 
+SiteListFile::SiteListFile(SiteTable& sites, const SiteListFile& sources)
+    : sites_(sites), dsstv_(sources.dsstv_), wx_(sources.wx_), older_(sources.older_) {}
+
+std::function<void()> SiteListFile::SaveLater(int layout) const {
+  return [sites = sites_, sources = *this, layout]() mutable { SiteListFile(sites, sources).SaveSiteLists(layout); };
+}
+
 void SiteListFile::AddCamsOfSites() {
   QStringList calls;
   for (const SiteRec& site : std::as_const(sites_.Sites)) {

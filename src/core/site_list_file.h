@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <functional>
 
 #include "core/site_table.h"
 
@@ -27,6 +28,10 @@ class SiteListFile {
   // record dropped, in the order of their finding. A file that is there and could not be read is left alone.
   QStringList SaveSiteLists(int layout);
 
+  // What SaveSiteLists writes, from copies of the present tables: for a thread beside the event loop. Duplicates are
+  // left out of the files and stay in the tables, until SaveSiteLists tells of them.
+  std::function<void()> SaveLater(int layout) const;
+
  private:
   enum class Shape { Dsstv, Wx, Older };
   struct Source {
@@ -39,6 +44,7 @@ class SiteListFile {
     QList<SiteRec> Read(Shape shape);
   };
 
+  SiteListFile(SiteTable& sites, const SiteListFile& sources);
   void AddCamsOfSites();
   void WriteSites();
 

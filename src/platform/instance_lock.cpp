@@ -11,11 +11,7 @@ InstanceLock::InstanceLock(const QString& appDataDir) : lock_(appDataDir + u"/om
 bool InstanceLock::Acquire() {
   if (lock_.tryLock(0)) return true;
   if (lock_.error() != QLockFile::LockFailedError) return true;
-  qint64 pid = 0;
-  QString host;
-  QString program;
-  if (lock_.getLockInfo(&pid, &host, &program) && pid > 0) return false;
-  // A lock file without its owner's name is what a power cut leaves. A living owner still holds the file itself, and
-  // then it is not removed.
+  // Whatever the file says of its owner: it may have come with a data folder copied from another machine, or be what a
+  // power cut left. A living owner holds the file itself, by the kernel's lock, and then it is not removed.
   return lock_.removeStaleLockFile() && lock_.tryLock(0);
 }

@@ -72,12 +72,16 @@ void HeightTable::Read(const QString& appDataDir) {
   Take(fields);
 }
 
-bool HeightTable::Write(const QString& appDataDir) const {
+QStringList HeightTable::Entries() const {
   QStringList lines;
   for (size_t page = 1; page <= kPages; ++page) {
     for (const QString& entry : entries_[page]) lines.append(entry);
   }
-  return WriteTextLines(HeightsPath(appDataDir), lines);
+  return lines;
+}
+
+bool HeightTable::Write(const QString& appDataDir) const {
+  return WriteTextLines(HeightsPath(appDataDir), Entries());
 }
 
 int HeightTable::Height(int page, int slot) const {

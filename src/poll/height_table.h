@@ -18,6 +18,9 @@ class HeightTable {
   // Writes all 720 entries, or leaves the old file as it was and returns false.
   bool Write(const QString& appDataDir) const;
 
+  // All 720 entries, as the file has them.
+  QStringList Entries() const;
+
   // The stored height of a page 1 to 20 and a 0-based slot; 0 where none is known.
   int Height(int page, int slot) const;
   void SetHeight(int page, int slot, int height);

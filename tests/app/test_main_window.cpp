@@ -2,6 +2,7 @@
 // The main window from its load to its closing sequence, on real files and a real band.
 #include <QAccessible>
 #include <QDirIterator>
+#include <QLabel>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QPushButton>
@@ -71,6 +72,11 @@ class TestMainWindow : public QObject {
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblPages"_s)->text(), u"  Page 1 "_s);
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblRefresh"_s)->text(), u"Refresh (auto 2 min) "_s);
 
+    // What the poll has changed does not wait for the closing.
+    const QByteArray height = "1-1-" + QByteArray::number(one.Marker().height());
+    QTRY_COMPARE(f.Read("images/dsstv/ckNewHeight.txt").split('\n').value(1).trimmed(), height);
+    QVERIFY(f.Read("Omni-Perch.lst").contains("2026"));
+
     QLocalServer companion;
     QVERIFY(companion.listen(f.folder.filePath(u"tv-echo-form1"_s)));
     QByteArray heard;
@@ -84,7 +90,7 @@ class TestMainWindow : public QObject {
     QVERIFY(f.dialogs.told.isEmpty());
     const QList<QByteArray> heights = f.Read("images/dsstv/ckNewHeight.txt").split('\n');
     QCOMPARE(heights.size(), 721);
-    QCOMPARE(heights.at(1).trimmed(), "1-1-" + QByteArray::number(one.Marker().height()));
+    QCOMPARE(heights.at(1).trimmed(), height);
     QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*0101*****0201*52.5*-1.25*"));
     QVERIFY(f.Read("Omni-Perch.cfg").startsWith("1\r\n1\r\n1\r\n2\r\n7\r\nEnglish\r\n52.5\r\n-1.25\r\n"));
     QCOMPARE(f.Read("Omni-Perch.cfg").count('\n'), 20);
@@ -98,6 +104,29 @@ class TestMainWindow : public QObject {
     QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy() && one.Requests(u"checknew.jpg"_s) == 2);
     QCOMPARE(one.Requests(u"image1"_s), 1);
     f.Close();
+  }
+
+  // Left-over files go after the farewell has been seen, and a height file of any spelling goes with the thumbs.
+  void CleansUpInItsOrder() {
+    WindowFixture f;
+    f.closingPause = std::chrono::milliseconds(400);
+    QDir(f.folder.path()).mkpath(u"images/dsstv"_s);
+    f.Write("images/dsstv/cknewheight.txt", "1-0-300\r\n");
+    QVERIFY(f.Start());
+    QVERIFY(!QFile::exists(f.folder.filePath(u"images/dsstv/cknewheight.txt"_s)));
+    QTRY_VERIFY(f.form->isVisible());
+    f.Write("images/dsstv/.part-1", "half a picture");
+    const QString part = f.folder.filePath(u"images/dsstv/.part-1"_s);
+    QSignalSpy closed(f.form.get(), &Form1::Closed);
+    f.form->CloseMe();
+    const auto saysFarewell = [&f]() {
+      const auto* label = f.form->findChild<QLabel*>(u"lblMsg"_s);
+      return label != nullptr && label->text() == " 73 de ZZ9QX "_L1;
+    };
+    QTRY_VERIFY(saysFarewell());
+    QVERIFY(QFile::exists(part));
+    QTRY_COMPARE(closed.count(), 1);
+    QVERIFY(!QFile::exists(part));
   }
 
   void GoesOnWithoutAConnection() {

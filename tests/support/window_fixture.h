@@ -32,6 +32,7 @@ struct WindowFixture {
   ScriptedDialogs dialogs;
   StandingClock clock;
   Hosts hosts;
+  std::chrono::milliseconds closingPause{20};
   std::unique_ptr<Services> services;
   std::unique_ptr<Form1> form;
 
@@ -76,7 +77,7 @@ struct WindowFixture {
                                                       .socketDir = folder.path(),
                                                       .hosts = hosts,
                                                       .limits = QuickLimits(),
-                                                      .closingPause = std::chrono::milliseconds(20)},
+                                                      .closingPause = closingPause},
                                           dialogs, clock);
     form = std::make_unique<Form1>(*services);
     return form->Load(anotherRuns);

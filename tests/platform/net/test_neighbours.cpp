@@ -59,9 +59,10 @@ class TestNeighbours : public QObject {
       QVERIFY(!content.isEmpty());
     }
     QVERIFY(!QFile::exists(file));
-    // What a crash and a power cut leave of a lock file.
+    // What a crash, a power cut and a folder copied from another machine leave of a lock file.
+    const QByteArray copied = QByteArray::number(QCoreApplication::applicationPid()) + "\nomni-perch\nelsewhere\n";
     const QByteArray ended = QByteArray::number(EndedProcess()) + content.sliced(content.indexOf('\n'));
-    for (const QByteArray& rest : {ended, QByteArray(), QByteArray(64, '\0'), "garbage\n"_ba}) {
+    for (const QByteArray& rest : {ended, copied, QByteArray(), QByteArray(64, '\0'), "garbage\n"_ba}) {
       QFile torn(file);
       QVERIFY(torn.open(QIODevice::WriteOnly) && torn.write(rest) == rest.size());
       torn.close();
