@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/html/html_elements.h"
 
+#include <QByteArray>
 #include <array>
 #include <initializer_list>
 #include <string_view>
@@ -68,6 +69,10 @@ bool IsReplaced(GumboTag tag) {
   }
 }
 
+bool IsSpace(char c) {
+  return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\f';
+}
+
 bool IsWord(std::string_view text, std::string_view word) {
   return text.size() == word.size() && qstrnicmp(text.data(), word.data(), word.size()) == 0;
 }
@@ -100,22 +105,13 @@ Display DisplayOfDrawing(const GumboNode* element) {
   return Display::None;
 }
 
-bool IsSummaryOf(const GumboNode* element, const GumboNode* details) {
-  const GumboVector& children = details->v.element.children;
-  for (unsigned i = 0; i < children.length; ++i) {
-    const auto* child = static_cast<const GumboNode*>(children.data[i]);
-    if (child->type == GUMBO_NODE_ELEMENT && child->v.element.tag == GUMBO_TAG_SUMMARY) return child == element;
-  }
-  return false;
-}
-
-// What a parent shows of its children: of closed details the first summary, of a choice its options, of a table no form
-// that stands between its rows or cells.
+// What a parent shows of its children: of closed details a summary, of a choice its options, of a table no form that
+// stands between its rows or cells.
 bool IsShownByParent(const GumboNode* element) {
   const GumboNode* parent = element->parent;
   if (parent == nullptr || parent->type != GUMBO_NODE_ELEMENT) return true;
   const GumboTag tag = element->v.element.tag;
-  if (IsClosed(parent)) return IsSummaryOf(element, parent);
+  if (IsClosed(parent)) return tag == GUMBO_TAG_SUMMARY;
   if (parent->v.element.tag == GUMBO_TAG_SELECT) return tag == GUMBO_TAG_OPTION || tag == GUMBO_TAG_OPTGROUP;
   const Display around = DisplayOfTag(parent->v.element.tag);
   const bool isInTable = around == Display::Table || around == Display::Section || around == Display::Row;
@@ -123,6 +119,15 @@ bool IsShownByParent(const GumboNode* element) {
 }
 
 }  // namespace
+
+std::string_view AttributeOf(const GumboNode* element, const char* name) {
+  const GumboAttribute* attribute = gumbo_get_attribute(&element->v.element.attributes, name);
+  if (attribute == nullptr) return {};
+  std::string_view value = attribute->value;
+  while (!value.empty() && IsSpace(value.front())) value.remove_prefix(1);
+  while (!value.empty() && IsSpace(value.back())) value.remove_suffix(1);
+  return value;
+}
 
 bool IsClosed(const GumboNode* element) {
   return element->v.element.tag == GUMBO_TAG_DETAILS && !HasAttribute(element, "open");

@@ -4,7 +4,9 @@
 
 #include <gumbo.h>
 
-#include "platform/html/html_style.h"
+#include <string_view>
+
+#include "platform/html/element_style.h"
 
 // Display, replacement, white space and floating of an element by its name and attributes. What is inherited comes in
 // with the style that is handed over.
@@ -12,3 +14,6 @@ void ApplyOwnRules(const GumboNode* element, bool isQuirky, ElementStyle* style)
 
 // Details that are not open show their summary alone.
 bool IsClosed(const GumboNode* element);
+
+// The value of an attribute, empty if there is none.
+std::string_view AttributeOf(const GumboNode* element, const char* name);

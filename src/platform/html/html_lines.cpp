@@ -48,7 +48,14 @@ void HtmlLines::AddText(std::string_view text, const ElementStyle& style) {
       ++at;
       continue;
     }
-    const size_t end = style.whiteSpace == WhiteSpace::Keep ? text.find('\n', at) : EndOfWords(text, at);
+    // A carriage return can only come of a reference: a line end of the source has become a line feed by now. In a text
+    // that keeps its blanks it is shown as a blank; the readers know CR LF alone as the end of a line.
+    if (text[at] == '\r') {
+      AddWords(" ", style);
+      ++at;
+      continue;
+    }
+    const size_t end = style.whiteSpace == WhiteSpace::Keep ? text.find_first_of("\r\n", at) : EndOfWords(text, at);
     AddWords(text.substr(at, end - at), style);
     at = std::min(end, text.size());
   }

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/html/html_style.h"
+#include "platform/html/element_style.h"
 
 class HtmlLines {
  public:

@@ -126,6 +126,8 @@ void PageLook::ReadStyles(std::string_view page) {
       const std::string_view tag = page.substr(at, kLongestTag);
       const size_t end = tag.find('>');
       if (end == kNowhere || CanBeSeen(tag.substr(0, end))) isPlain_ = false;
+      // What has been looked through is not looked through again for the next "style" in it.
+      if (end != kNowhere) next = at + end;
     }
     at = kStyle.Find(page, next);
   }
@@ -171,6 +173,9 @@ bool PageLook::Matters(const TagScanner::Attribute& attribute, GumboTag tag) con
   switch (Small(name.front())) {
     case 's':
       return IsName(name, "style") && CanBeSeen(source);
+    case 'e':
+      // Of an annotation in a formula: whether it holds HTML.
+      return IsName(name, "encoding");
     case 'h':
       return IsName(name, "hidden");
     case 'o':

@@ -6,6 +6,7 @@
 #include <array>
 #include <vector>
 
+#include "platform/html/html_depth.h"
 #include "platform/html/html_doctype.h"
 #include "platform/html/html_look.h"
 #include "platform/html/html_tags.h"
@@ -13,73 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr size_t kDeepest = 500;
-
-// The elements that are open, as far as the depth is concerned.
-class OpenElements {
- public:
-  void Follow(const TagScanner::Tag& tag) {
-    constexpr quint16 kWithoutDepth = TagTrait::kVoid | TagTrait::kEndsItself | TagTrait::kRawText;
-    const bool isOfItsOwn = tag.closesItself && tag.name == GUMBO_TAG_UNKNOWN;
-    if (tag.kind == TagScanner::Kind::Comment || isOfItsOwn || (TraitsOf(tag.name) & kWithoutDepth) != 0) return;
-    if (tag.kind == TagScanner::Kind::End) {
-      End(tag.name);
-    } else {
-      Start(tag.name);
-    }
-  }
-
-  // Between the cells of a table stray text is thrown out of it, and the parser looks at each tag that parts it.
-  bool IsBetweenCells() const {
-    for (size_t i = open_.size(); i > 0; --i) {
-      const GumboTag tag = open_[i - 1];
-      if (tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH || tag == GUMBO_TAG_CAPTION) return false;
-      if (IsOfTable(tag)) return true;
-    }
-    return false;
-  }
-
-  bool IsInTable() const {
-    const auto around = std::find_if(open_.rbegin(), open_.rend(),
-                                     [](GumboTag tag) { return tag == GUMBO_TAG_TABLE || tag == GUMBO_TAG_TEMPLATE; });
-    return around != open_.rend() && *around == GUMBO_TAG_TABLE;
-  }
-
-  static bool IsOfTable(GumboTag tag) { return tag == GUMBO_TAG_TABLE || IsPartOfTable(tag); }
-
-  bool IsTooDeep() const { return open_.size() > kDeepest; }
-
- private:
-  static bool IsPartOfTable(GumboTag tag) { return (TraitsOf(tag) & TagTrait::kInTable) != 0; }
-
-  void Start(GumboTag tag) {
-    // A table between the cells of another one ends that one.
-    if (tag == GUMBO_TAG_TABLE && IsBetweenCells()) End(tag);
-    if (IsPartOfTable(tag)) {
-      const auto table = std::find(open_.rbegin(), open_.rend(), GUMBO_TAG_TABLE);
-      const auto below = static_cast<size_t>(table - open_.rbegin());
-      // A cell stands in its row and section, a row in its section.
-      const size_t levels = tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH ? 2 : tag == GUMBO_TAG_TR ? 1 : 0;
-      if (table != open_.rend() && below > levels) open_.resize(open_.size() - below + levels);
-    }
-    open_.push_back(tag);
-  }
-
-  void End(GumboTag tag) {
-    const bool isOfTable = IsOfTable(tag);
-    for (size_t i = open_.size(); i > 0; --i) {
-      const GumboTag open = open_[i - 1];
-      if (open == tag) {
-        open_.resize(i - 1);
-        return;
-      }
-      if (isOfTable ? open == GUMBO_TAG_TABLE : (TraitsOf(open) & TagTrait::kBarrier) != 0) return;
-    }
-  }
-
-  std::vector<GumboTag> open_;
-};
 
 constexpr std::string_view kHardBlank("&nbsp;");
 
@@ -127,9 +61,9 @@ bool IsOfReference(char c) {
 }
 
 // Makes the source that the parser gets.
-class Reducer {
+class SourceWriter {
  public:
-  explicit Reducer(const QByteArray& html)
+  explicit SourceWriter(const QByteArray& html)
       : html_(html),
         page_(html.constData(), static_cast<size_t>(html.size())),
         look_(page_),
@@ -159,10 +93,10 @@ class Reducer {
       isAtLineBegin_ = beginsLine;
       isBehindTableTag_ = isOfTable;
       isInDrawing_ = tag.isInDrawing;
-      open_.Follow(tag);
+      open_.Follow(tag, hasAttributes_);
       if (open_.IsTooDeep()) return {};
     }
-    AddText(Slice(copied, html_.size()));
+    if (copied < scanner.TextEnd()) AddText(Slice(copied, scanner.TextEnd()));
     return std::move(source_);
   }
 
@@ -243,6 +177,7 @@ class Reducer {
   }
 
   void AddTag(const TagScanner::Tag& tag) {
+    hasAttributes_ = false;
     if (IsImplied(heldEnd_, tag)) heldEnd_ = GUMBO_TAG_UNKNOWN;
     WriteHeld();
     isTextOpen_ = false;
@@ -251,7 +186,11 @@ class Reducer {
     std::string& text = source_.text;
     if (tag.isInDrawing) {
       if (KeepsBlanks(Slice(tag.begin, tag.end))) mayKeepBlanks_ = true;
-      text += Slice(tag.begin, tag.rawEnd);
+      if (tag.kind == TagScanner::Kind::Comment) {
+        text += Slice(tag.begin, tag.rawEnd);
+      } else {
+        WriteTag(tag);
+      }
       return;
     }
     if (tag.kind == TagScanner::Kind::Comment) {
@@ -262,19 +201,32 @@ class Reducer {
     // The parser holds text back until the next element begins or ends, but forgets it when a form ends: the text would
     // slip out of the form. A comment brings it in.
     if (tag.name == GUMBO_TAG_FORM && tag.kind == TagScanner::Kind::End) text += "<!---->";
+    WriteTag(tag);
+    if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
+    if (tag.kind != TagScanner::Kind::Start) return;
+    if (tag.name == GUMBO_TAG_STYLE && look_.HasSheets()) AddSheet(Slice(tag.end, tag.rawEnd));
+    if (tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT) text += Slice(tag.end, tag.rawEnd);
+  }
+
+  // The parser compares every attribute of a tag with all those before it, so that each name is handed on once.
+  void WriteTag(const TagScanner::Tag& tag) {
+    std::string& text = source_.text;
     text += tag.kind == TagScanner::Kind::End ? "</" : "<";
     text += Text(tag.writtenName);
+    std::array<QByteArrayView, 16> written;
+    size_t count = 0;
     for (const TagScanner::Attribute& attribute : tag.attributes) {
-      if (!look_.Matters(attribute, tag.name)) continue;
+      if (!look_.Matters(attribute, tag.name) || count == written.size()) continue;
+      const bool isRepeated = std::any_of(written.begin(), written.begin() + count,
+                                          [&](QByteArrayView name) { return IsName(name, attribute.name); });
+      if (isRepeated) continue;
+      written[count++] = attribute.name;
+      hasAttributes_ = true;
       if (KeepsBlanks(Text(attribute.source))) mayKeepBlanks_ = true;
       text += ' ';
       text += Text(attribute.source);
     }
     text += tag.closesItself ? " />" : ">";
-    if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
-    if (tag.kind != TagScanner::Kind::Start) return;
-    if (tag.name == GUMBO_TAG_STYLE && look_.HasSheets()) AddSheet(Slice(tag.end, tag.rawEnd));
-    if (tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT) text += Slice(tag.end, tag.rawEnd);
   }
 
   void AddSheet(std::string_view sheet) {
@@ -292,13 +244,7 @@ class Reducer {
     size_t at = 0;
     while (at < text.size()) {
       size_t end = PlainEnd(text, at, mayKeepBlanks_);
-      // Behind a "<" that begins no tag stands a tag that the source's end has cut.
-      const bool isCutTag = at > 0 && text[at - 1] == '<';
-      if (isCutTag) {
-        source_.text += text.substr(at, end - at);
-      } else {
-        AddPlain(text.substr(at, end - at));
-      }
+      AddPlain(text.substr(at, end - at));
       if (end < text.size()) {
         end = AddSpecial(text, end);
         isTextOpen_ = end >= text.size();
@@ -373,13 +319,15 @@ class Reducer {
   bool isInDrawing_ = false;
   GumboTag heldEnd_ = GUMBO_TAG_UNKNOWN;
   OpenElements open_;
+  // The last tag was handed on with attributes.
+  bool hasAttributes_ = false;
   PageSource source_;
 };
 
 }  // namespace
 
 PageSource ParserSource(const QByteArray& html) {
-  return Reducer(html).Run();
+  return SourceWriter(html).Run();
 }
 
 PageSource FlatSource(const QByteArray& html) {
@@ -402,6 +350,7 @@ PageSource FlatSource(const QByteArray& html) {
       flat += ' ';
     }
   }
-  flat.append(html.constData() + copied, static_cast<size_t>(html.size() - copied));
+  if (copied < scanner.TextEnd())
+    flat.append(html.constData() + copied, static_cast<size_t>(scanner.TextEnd() - copied));
   return {std::move(flat), {}, false};
 }

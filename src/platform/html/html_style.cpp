@@ -13,7 +13,7 @@ using std::string_view;
 
 // Beyond any page that people wrote; what comes from a stranger may hold more.
 constexpr size_t kMostRules = 2000;
-constexpr int kMostComparisons = 20'000'000;
+constexpr int kMostComparisons = 5'000'000;
 constexpr int kScreenWidth = 1280;
 
 constexpr quint32 kOrderBits = 12;
@@ -47,15 +47,15 @@ QByteArray Bytes(string_view text) {
   return QByteArray(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-// The position of a sign outside of quotes and brackets, or the text's end.
-size_t FindOpen(string_view text, char sign, size_t from = 0) {
+// The position of the first of some signs outside of quotes and brackets, or the text's end.
+size_t FindOpen(string_view text, string_view signs, size_t from = 0) {
   char quote = 0;
   int brackets = 0;
   for (size_t i = from; i < text.size(); ++i) {
     const char c = text[i];
     if (quote != 0) {
       if (c == quote) quote = 0;
-    } else if (c == sign && brackets == 0) {
+    } else if (brackets == 0 && signs.find(c) != string_view::npos) {
       return i;
     } else if (c == '"' || c == '\'') {
       quote = c;
@@ -154,11 +154,6 @@ void MakeBlock(ElementStyle* style) {
 
 }  // namespace
 
-string_view AttributeOf(const GumboNode* element, const char* name) {
-  const GumboAttribute* attribute = gumbo_get_attribute(&element->v.element.attributes, name);
-  return attribute == nullptr ? string_view() : Trimmed(attribute->value);
-}
-
 bool PageStyles::Declarations::IsEmpty() const {
   return std::all_of(values.begin(), values.end(), [](string_view value) { return value.empty(); });
 }
@@ -203,16 +198,18 @@ void PageStyles::ReadStyleElements(const HtmlTree& tree) {
 void PageStyles::ReadSheet(string_view sheet) {
   size_t at = 0;
   while (at < sheet.size()) {
-    const size_t brace = FindOpen(sheet, '{', at);
-    const size_t semicolon = FindOpen(sheet.substr(0, brace), ';', at);
-    string_view prelude = Trimmed(sheet.substr(at, std::min(brace, semicolon) - at));
+    size_t brace = FindOpen(sheet, "{;", at);
+    string_view prelude = Trimmed(sheet.substr(at, brace - at));
     // A media block stands open while its rules are read; its own end comes by as a stray brace.
     while (!prelude.empty() && prelude.front() == '}') prelude = Trimmed(prelude.substr(1));
-    if (semicolon < brace && !prelude.empty() && prelude.front() == '@') {
-      at = semicolon + 1;
-    } else if (brace == sheet.size()) {
-      return;
-    } else if (prelude.starts_with("@media") && IsForScreens(prelude.substr(6))) {
+    const bool isOneLine = brace < sheet.size() && sheet[brace] == ';';
+    if (isOneLine && prelude.starts_with('@')) {
+      at = brace + 1;
+      continue;
+    }
+    if (isOneLine) brace = FindOpen(sheet, "{", brace);
+    if (brace == sheet.size()) return;
+    if (prelude.starts_with("@media") && IsForScreens(prelude.substr(6))) {
       at = brace + 1;
     } else {
       at = EndOfBlock(sheet, brace);
@@ -249,7 +246,7 @@ void PageStyles::AddRules(string_view selectors, string_view block) {
   const Declarations declarations = ReadDeclarations(block);
   if (declarations.IsEmpty()) return;
   while (!selectors.empty() && rules_.size() < kMostRules) {
-    const size_t comma = FindOpen(selectors, ',');
+    const size_t comma = FindOpen(selectors, ",");
     Rule rule;
     const bool isKnown = ReadSelector(Trimmed(selectors.substr(0, comma)), &rule.selector);
     selectors.remove_prefix(std::min(comma + 1, selectors.size()));
@@ -274,7 +271,7 @@ PageStyles::Declarations PageStyles::ReadDeclarations(string_view text) {
                                                                   "float",   "position",   "text-transform"};
   Declarations declarations;
   while (!text.empty()) {
-    const size_t end = FindOpen(text, ';');
+    const size_t end = FindOpen(text, ";");
     const string_view declaration = text.substr(0, end);
     text.remove_prefix(std::min(end + 1, text.size()));
     const size_t colon = declaration.find(':');
@@ -341,11 +338,18 @@ bool PageStyles::Matches(const Compound& compound, const GumboNode* element) con
   if (!compound.tag.isEmpty() &&
       !Same(NameOf(element), {compound.tag.constData(), static_cast<size_t>(compound.tag.size())}))
     return false;
-  if (!compound.id.isEmpty() && !HasClass(AttributeOf(element, "id"), compound.id, isQuirky_)) return false;
+  if (!compound.id.isEmpty() && !HasWord(AttributeOf(element, "id"), compound.id)) return false;
   if (compound.classes.empty()) return true;
   const string_view classes = AttributeOf(element, "class");
   return std::all_of(compound.classes.begin(), compound.classes.end(),
-                     [&](const QByteArray& name) { return HasClass(classes, name, isQuirky_); });
+                     [&](const QByteArray& name) { return HasWord(classes, name); });
+}
+
+// A list of classes may be as long as the page, so that it costs by its length.
+bool PageStyles::HasWord(string_view words, const QByteArray& word) const {
+  constexpr size_t kCharactersOfAComparison = 64;
+  comparisons_ -= static_cast<int>(words.size() / kCharactersOfAComparison);
+  return comparisons_ > 0 && HasClass(words, word, isQuirky_);
 }
 
 // From the last compound up through the ancestors. The nearest ancestor that fits is taken; only a selector that mixes
@@ -367,6 +371,7 @@ bool PageStyles::Matches(const Rule& rule, const GumboNode* element) const {
 
 void PageStyles::ApplySheets(const GumboNode* element, Cascade* cascade) const {
   const auto tryKey = [&](const QByteArray& key) {
+    if (comparisons_ <= 0) return;
     const auto found = rulesByKey_.constFind(isQuirky_ ? key.toLower() : key);
     if (found == rulesByKey_.constEnd()) return;
     for (const size_t index : *found)

@@ -11,37 +11,11 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/html/element_style.h"
+
 class HtmlTree;
 
-enum class Display : quint8 {
-  None,
-  Inline,
-  InlineBlock,
-  Block,
-  Table,
-  Section,  // of a table
-  Row,
-  Cell,
-};
-
-enum class WhiteSpace : quint8 { Collapse, Keep, KeepLines };
-
-enum class LetterCase : quint8 { AsWritten, Upper, Lower, Capital };
-
-struct ElementStyle {
-  Display display = Display::Block;
-  WhiteSpace whiteSpace = WhiteSpace::Collapse;
-  LetterCase letterCase = LetterCase::AsWritten;
-  // Its text takes its room but is not seen.
-  bool isHidden = false;
-  // Beside the line that it stands in: floating or absolutely positioned.
-  bool isAside = false;
-  // A picture, a field: it fills room in its line, and what it holds is not text of the page.
-  bool isReplaced = false;
-  // A flexible box or a grid: each child is a block.
-  bool isFlex = false;
-};
-
+// The styles of one page's elements.
 class PageStyles {
  public:
   // Reads the page's style elements.
@@ -92,6 +66,7 @@ class PageStyles {
   void ApplySheets(const GumboNode* element, Cascade* cascade) const;
   bool Matches(const Rule& rule, const GumboNode* element) const;
   bool Matches(const Compound& compound, const GumboNode* element) const;
+  bool HasWord(std::string_view words, const QByteArray& word) const;
 
   bool isQuirky_;
   std::vector<QByteArray> sheets_;
@@ -101,6 +76,3 @@ class PageStyles {
   // Comparisons that are still allowed; without any the sheets are not looked at any more.
   mutable int comparisons_;
 };
-
-// The value of an attribute, empty if there is none.
-std::string_view AttributeOf(const GumboNode* element, const char* name);

@@ -62,8 +62,14 @@ constexpr auto MakeTraits() {
               GUMBO_TAG_I,    GUMBO_TAG_INS,  GUMBO_TAG_KBD,     GUMBO_TAG_LABEL, GUMBO_TAG_MARK,   GUMBO_TAG_NOBR,
               GUMBO_TAG_S,    GUMBO_TAG_SAMP, GUMBO_TAG_SMALL,   GUMBO_TAG_SPAN,  GUMBO_TAG_STRIKE, GUMBO_TAG_STRONG,
               GUMBO_TAG_SUB,  GUMBO_TAG_SUP,  GUMBO_TAG_TT,      GUMBO_TAG_U,     GUMBO_TAG_VAR});
+  add(kFormatting,
+      {GUMBO_TAG_A, GUMBO_TAG_B, GUMBO_TAG_BIG, GUMBO_TAG_CODE, GUMBO_TAG_EM, GUMBO_TAG_FONT, GUMBO_TAG_I,
+       GUMBO_TAG_NOBR, GUMBO_TAG_S, GUMBO_TAG_SMALL, GUMBO_TAG_STRIKE, GUMBO_TAG_STRONG, GUMBO_TAG_TT, GUMBO_TAG_U});
   return traits;
 }
+
+// Of one tag; what stands behind them is passed over.
+constexpr size_t kMostAttributes = 1000;
 
 bool IsTagOf(QByteArrayView text, QByteArrayView beginning) {
   if (text.size() <= beginning.size()) return false;
@@ -109,7 +115,7 @@ void TagScanner::SkipComment() {
   } else if (rest.startsWith("<!--->")) {
     at_ += 6;
   } else if (rest.startsWith("<!--")) {
-    at_ = std::min(Past("-->", at_ + 4), Past("--!>", at_ + 4));
+    at_ = PastComment(at_ + 4);
   } else if (isInDrawing_ && rest.startsWith("<![CDATA[")) {
     at_ = Past("]]>", at_ + 9);
   } else {
@@ -136,9 +142,11 @@ bool TagScanner::ReadTag(qsizetype name, Tag* tag) {
     while (at < size && IsSpace(html_[at])) ++at;
     const bool hasValue = at < size && html_[at] == '=';
     at = hasValue ? EndOfValue(at + 1) : nameEnd;
-    tag->attributes.push_back({html_.sliced(begin, nameEnd - begin), html_.sliced(begin, at - begin)});
+    if (tag->attributes.size() < kMostAttributes)
+      tag->attributes.push_back({html_.sliced(begin, nameEnd - begin), html_.sliced(begin, at - begin)});
   }
   if (at >= size) {
+    textEnd_ = tag->begin;
     at_ = size;
     return false;
   }
@@ -202,6 +210,18 @@ qsizetype TagScanner::EndOfScript(qsizetype from) const {
       if (!isInner) return at;
       isInner = false;
     }
+  }
+  return html_.size();
+}
+
+// One past the "-->" or "--!>" that ends a comment; both are looked for in one go, so that a page of nothing but
+// comments is not searched to its end for each of them.
+qsizetype TagScanner::PastComment(qsizetype from) const {
+  const QByteArrayView kDashes("--");
+  for (qsizetype at = html_.indexOf(kDashes, from); at >= 0; at = html_.indexOf(kDashes, at + 1)) {
+    const QByteArrayView rest = html_.sliced(at + kDashes.size());
+    if (rest.startsWith('>')) return at + 3;
+    if (rest.startsWith("!>")) return at + 4;
   }
   return html_.size();
 }

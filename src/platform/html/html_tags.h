@@ -28,6 +28,8 @@ inline constexpr quint16 kBeginsLine = 256;
 inline constexpr quint16 kUnseen = 512;
 // No drawing holds it: its start tag ends the drawing that it stands in.
 inline constexpr quint16 kEndsDrawing = 1024;
+// Opened again in the next block where its end tag was left out.
+inline constexpr quint16 kFormatting = 2048;
 }  // namespace TagTrait
 
 extern const std::array<quint16, GUMBO_TAG_LAST + 1> kTagTraits;
@@ -59,10 +61,12 @@ class TagScanner {
     std::vector<Attribute> attributes;
   };
 
-  explicit TagScanner(QByteArrayView html) : html_(html) {}
+  explicit TagScanner(QByteArrayView html) : html_(html), textEnd_(html.size()) {}
 
   // False at the end of the source; a tag that the source's end cuts is none.
   bool Next(Tag* tag);
+  // Where the page's text ends: ahead of a tag that the source's end cuts. Known once Next has answered false.
+  qsizetype TextEnd() const { return textEnd_; }
 
  private:
   void SkipComment();
@@ -72,10 +76,12 @@ class TagScanner {
   void FollowDrawings(const Tag& tag);
   qsizetype EndOfRawText(qsizetype from, QByteArrayView name) const;
   qsizetype EndOfScript(qsizetype from) const;
+  qsizetype PastComment(qsizetype from) const;
   qsizetype Past(QByteArrayView text, qsizetype from) const;
 
   QByteArrayView html_;
   qsizetype at_ = 0;
+  qsizetype textEnd_;
   // Within a drawing or a formula other rules hold: no raw text, and tags may close themselves.
   bool isInDrawing_ = false;
 };

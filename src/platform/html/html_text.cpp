@@ -2,6 +2,7 @@
 #include "platform/html/html_text.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "platform/html/html_elements.h"
@@ -40,10 +41,20 @@ class PageWalk {
   }
 
  private:
+  // Where among an element's children the next one of a kind stands; kept, as it is asked for behind every child.
+  struct Ahead {
+    unsigned child = 0;
+    bool isKnown = false;
+  };
+
   struct Open {
     const GumboNode* element;
     unsigned next;  // child
     ElementStyle style;
+    bool hasSummary = false;  // of details: the one that is shown was met
+    Ahead row = {};
+    Ahead cell = {};
+    Ahead sectionWithRow = {};
   };
 
   void Visit(const GumboNode* node) {
@@ -69,8 +80,10 @@ class PageWalk {
   }
 
   void Begin(const GumboNode* element) {
-    const ElementStyle style = styles_.Of(element, open_.back().style);
+    Open& parent = open_.back();
+    const ElementStyle style = styles_.Of(element, parent.style);
     if (style.display == Display::None) return;
+    if (IsClosed(parent.element) && std::exchange(parent.hasSummary, true)) return;
     if (element->v.element.tag == GUMBO_TAG_BR) {
       lines_.EndLine();
       if (!style.isHidden) lines_.AddNewLine();
@@ -98,7 +111,7 @@ class PageWalk {
     }
     AskForBreaks(ended.element, style);
     if (style.isHidden) return;
-    if (style.display == Display::Cell && HasNext(Display::Cell, open_.back())) lines_.AddTab();
+    if (style.display == Display::Cell && HasCellBehind(&open_.back())) lines_.AddTab();
     if (style.display == Display::Row && IsRowBelow()) lines_.AddNewLine();
   }
 
@@ -108,35 +121,47 @@ class PageWalk {
     if (element->v.element.tag == GUMBO_TAG_P) lines_.AskForBreaks(2);
   }
 
-  bool HasNext(Display display, const Open& parent) const {
-    const GumboVector& siblings = ChildrenOf(parent.element);
-    for (unsigned i = parent.next; i < siblings.length; ++i)
-      if (IsShownAs(display, static_cast<const GumboNode*>(siblings.data[i]), parent.style)) return true;
-    return false;
+  // True if a child at next or behind it fits. Children are gone through once, however often it is asked.
+  template <typename Fits>
+  static bool IsAhead(const Open& parent, Ahead* ahead, Fits fits) {
+    if (ahead->isKnown && ahead->child >= parent.next) return ahead->child < ChildrenOf(parent.element).length;
+    const GumboVector& children = ChildrenOf(parent.element);
+    unsigned at = parent.next;
+    while (at < children.length && !fits(static_cast<const GumboNode*>(children.data[at]))) ++at;
+    *ahead = {at, true};
+    return at < children.length;
   }
 
   bool IsShownAs(Display display, const GumboNode* node, const ElementStyle& parent) const {
     return node->type == GUMBO_NODE_ELEMENT && styles_.Of(node, parent).display == display;
   }
 
-  // After a row has ended: true if its table shows another one, in this section or in a later one.
-  bool IsRowBelow() const {
-    const Open& parent = open_.back();
-    if (HasNext(Display::Row, parent)) return true;
-    if (parent.style.display != Display::Section) return HasRowInNextSections(parent);
-    if (open_.size() < 2) return false;
-    const Open& table = open_[open_.size() - 2];
-    return HasNext(Display::Row, table) || HasRowInNextSections(table);
+  bool HasCellBehind(Open* row) const {
+    return IsAhead(*row, &row->cell,
+                   [&](const GumboNode* child) { return IsShownAs(Display::Cell, child, row->style); });
   }
 
-  bool HasRowInNextSections(const Open& table) const {
-    const GumboVector& siblings = ChildrenOf(table.element);
-    for (unsigned i = table.next; i < siblings.length; ++i) {
-      const auto* section = static_cast<const GumboNode*>(siblings.data[i]);
-      if (!IsShownAs(Display::Section, section, table.style)) continue;
-      if (HasNext(Display::Row, {section, 0, styles_.Of(section, table.style)})) return true;
-    }
-    return false;
+  bool HasRowBehind(Open* parent) const {
+    return IsAhead(*parent, &parent->row,
+                   [&](const GumboNode* child) { return IsShownAs(Display::Row, child, parent->style); });
+  }
+
+  bool HasRowInSectionsBehind(Open* table) const {
+    return IsAhead(*table, &table->sectionWithRow, [&](const GumboNode* child) {
+      if (!IsShownAs(Display::Section, child, table->style)) return false;
+      Open section = {child, 0, styles_.Of(child, table->style)};
+      return HasRowBehind(&section);
+    });
+  }
+
+  // After a row has ended: true if its table shows another one, in this section or in a later one.
+  bool IsRowBelow() {
+    Open& parent = open_.back();
+    if (HasRowBehind(&parent)) return true;
+    if (parent.style.display != Display::Section) return HasRowInSectionsBehind(&parent);
+    if (open_.size() < 2) return false;
+    Open& table = open_[open_.size() - 2];
+    return HasRowBehind(&table) || HasRowInSectionsBehind(&table);
   }
 
   const HtmlTree& tree_;

@@ -10,4 +10,4 @@
 // page longer than kMostHtml characters only the beginning is read. Safe on any thread; 50 kB take about 3 ms.
 QString HTMLDecode(const QString& html);
 
-inline constexpr qsizetype kMostHtml = 4 * 1024 * 1024;
+inline constexpr qsizetype kMostHtml = 2 * 1024 * 1024;
