@@ -35,6 +35,13 @@
     </message>
 </context>
 <context>
+    <name>MapWindow</name>
+    <message>
+        <source>%1 cannot be read</source>
+        <translation>Impossible de lire %1</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -46,8 +46,9 @@ Form12& StationWindows::Lookup() {
 
 frmMapLoc& StationWindows::Map() {
   if (!map_) {
-    map_ = std::make_unique<frmMapLoc>(program_, services_.maps, window_);
-    connect(map_.get(), &frmMapLoc::LookupWanted, this, &StationWindows::LookUp);
+    map_ = new frmMapLoc(program_, services_.maps, window_);
+    connect(map_, &frmMapLoc::LookupWanted, this, &StationWindows::LookUp);
+    connect(map_, &frmMapLoc::Closed, this, [this]() { map_.clear(); });
   }
   return *map_;
 }
@@ -135,7 +136,7 @@ void StationWindows::ShowLookedUp(const QString& call) {
 }
 
 void StationWindows::TakeLanguage() {
-  if (map_) map_->SetTexts();
+  if (map_) map_->ShowTexts();
 }
 
 void StationWindows::CloseAll() {

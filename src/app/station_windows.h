@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <memory>
 
 #include "app/menu_strip.h"
@@ -68,5 +69,5 @@ class StationWindows : public QObject {
   QWidget* window_;
   // Made when they first open: the start does not wait for them.
   std::unique_ptr<Form12> lookup_;
-  std::unique_ptr<frmMapLoc> map_;
+  QPointer<frmMapLoc> map_;  // deletes itself when it is closed
 };

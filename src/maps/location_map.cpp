@@ -2,10 +2,8 @@
 #include "maps/location_map.h"
 
 #include <QLocale>
-#include <cmath>
 
-#include "maps/map_geometry.h"
-#include "maps/map_projection.h"
+#include "maps/station_marks.h"
 #include "station/distance.h"
 
 using namespace Qt::StringLiterals;
@@ -13,152 +11,86 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kHighestOwnLat = 89;
-constexpr double kStub = 100;  // pixels from own position towards a target off the picture
-constexpr double kTargetMark = 25;
+constexpr double kTargetMark = 25;  // radius in pixels
+constexpr double kCallBox = 4;      // how far a call's frame reaches beyond its label, at most
 constexpr QColor kBlue(0, 0, 255);
 constexpr QColor kTargetRed(208, 0, 0);
 
-std::optional<QPointF> PixelOf(MapName map, double& lat, double& lon) {
-  if (map == MapName::None || std::isnan(lat) || std::isnan(lon)) return std::nullopt;
-  int x = 0;
-  int y = 0;
-  LatLonToPixel(map, lat, lon, x, y);
-  return QPointF(x, y);
+// Distance and direction between own position and the target; none where one of the two is unknown.
+std::optional<DistAz> WayTo(const Config& config, const MapTarget& target) {
+  if (!IsKnownPosition(config.MyLat, config.MyLon) || !IsKnownPosition(target.lat, target.lon)) return std::nullopt;
+  return GetDistAz(config.MyLat, config.MyLon, target.lat, target.lon, config.DistUnit);
 }
 
-// A point on the very edge is not off.
-bool IsOff(const QPointF& point, const QSize& picture) {
-  return point.x() < 0 || point.y() < 0 || point.x() > picture.width() || point.y() > picture.height();
+QString AzimuthText(const DistAz& way) {
+  return u"  Az "_s + QString::number(way.azimuth, 'f', 0) + u"° "_s;
 }
 
-bool IsInside(const QPointF& point, const QSize& picture) {
-  return point.x() > 0 && point.y() > 0 && point.x() < picture.width() && point.y() < picture.height();
+// Behind the call: distance and direction, or why there are none.
+QString DistanceText(const Program& program, const MapTarget& target, const std::optional<DistAz>& way) {
+  const LanguageTexts& language = program.language;
+  if (!IsKnownPosition(target.lat, target.lon)) {
+    return u"  "_s + QString(language[TextLine::kNoLocation]).replace("??"_L1, target.call).trimmed() + u' ';
+  }
+  if (!way) return u"  "_s + language[TextLine::kSetLocation].trimmed() + u' ';
+  QLocale locale;
+  locale.setNumberOptions(locale.numberOptions() & ~QLocale::OmitGroupSeparator);
+  const TextLine unit = program.config.DistUnit == kUnitMiles ? TextLine::kMilesWord : TextLine::kKilometersWord;
+  return u"  Dx "_s + locale.toString(way->distance, 'f', 0) + u' ' + language[unit].trimmed() + AzimuthText(*way);
 }
 
-// Draws one map. The order of its calls is the order in which things lie upon each other.
-class Sketch {
- public:
-  Sketch(Program& program, const MapTarget& target, const LabelMeasure& measure)
-      : program_(program), target_(target), measure_(measure) {
-    const Config& config = program_.config;
-    if (IsKnownPosition(config.MyLat, config.MyLon) && IsKnownPosition(target.lat, target.lon)) {
-      way_ = GetDistAz(config.MyLat, config.MyLon, target.lat, target.lon, config.DistUnit);
-    }
-  }
+// From own position towards a target that is off the picture, the label at the end. Near an edge the label is moved
+// back onto the picture.
+void DrawStub(StationMarks& marks, const QPointF& own, double azimuth, const QString& text) {
+  const QPointF end = marks.Stub(own, azimuth, kBlue, 2);
+  const QRectF place = marks.MovedInside(marks.PlaceAbove(text, end, 2), kCallBox + 1);
+  marks.CallLabel(u"lblCall(0)"_s, text, place, kBlue, 2);
+}
 
-  // Behind the call: distance and direction, or why there are none.
-  QString DistanceText() const {
-    const LanguageTexts& language = program_.language;
-    if (!IsKnownPosition(target_.lat, target_.lon)) {
-      return u"  "_s + QString(language[TextLine::kNoLocation]).replace("??"_L1, target_.call).trimmed() + u' ';
-    }
-    if (!way_) return u"  "_s + language[TextLine::kSetLocation].trimmed() + u' ';
-    QLocale locale;
-    locale.setNumberOptions(locale.numberOptions() & ~QLocale::OmitGroupSeparator);
-    const TextLine unit = program_.config.DistUnit == kUnitMiles ? TextLine::kMilesWord : TextLine::kKilometersWord;
-    return u"  Dx "_s + locale.toString(way_->distance, 'f', 0) + u' ' + language[unit].trimmed() + u"  Az "_s +
-           QString::number(way_->azimuth, 'f', 0) + u"° "_s;
-  }
-
-  // From own position 100 pixels towards a target that is off the picture, the label at the end.
-  void Stub(const QPointF& own) {
-    const double angle = ((way_ ? way_->azimuth : 0) - 90) / 180 * PI2;
-    const QPointF end = own + QPointF(std::cos(angle), std::sin(angle)) * kStub;
-    overlay_.lines.append({own, end, kBlue, 2});
-    const QString text = u" To "_s + target_.call + DistanceText();
-    CallLabel(text, end.x(), end.y() - 2, kBlue, 2);
-  }
-
-  void Target(const QPointF& target) {
-    overlay_.circles.append({target, 4, kTargetRed, 3, false});
-    overlay_.circles.append({target, kTargetMark, kTargetRed, 3, false});
-    CallLabel(target_.call + u"\r\n"_s + DistanceText(), target.x(), target.y() - kTargetMark, kTargetRed, 3);
-  }
-
-  void Own(const QPointF& own) {
-    overlay_.circles.append({own, 2.5, kBlue, 4, true});  // half a pixel under the ring, so that no seam shows
-    overlay_.circles.append({own, 4, kBlue, 4, false});
-    MapOverlay::Label me;
-    me.name = u"lblMe"_s;
-    me.text = program_.language[TextLine::kMeWord];
-    me.place = PlaceAbove(me.text, own.x(), own.y() - 6);
-    me.box = me.place.adjusted(-1, -1, 3, 3);
-    me.boxColour = kBlue;
-    overlay_.labels.append(me);
-  }
-
-  MapOverlay Take() { return std::move(overlay_); }
-
- private:
-  // Centred on x, the lower edge at bottom.
-  QRectF PlaceAbove(const QString& text, double x, double bottom) const {
-    const QSizeF size = measure_(text);
-    return {QPointF(x - size.width() / 2, bottom - size.height()), size};
-  }
-
-  void CallLabel(const QString& text, double x, double bottom, const QColor& colour, double width) {
-    MapOverlay::Label label;
-    label.name = u"lblCall(0)"_s;
-    label.text = text;
-    label.place = PlaceAbove(text, x, bottom);
-    label.box = label.place.adjusted(-2, -2, 4, 4);
-    label.boxColour = colour;
-    label.boxWidth = width;
-    label.clickable = true;
-    overlay_.labels.append(label);
-  }
-
-  Program& program_;
-  const MapTarget& target_;
-  const LabelMeasure& measure_;
-  std::optional<DistAz> way_;  // none where one of the two positions is unknown
-  MapOverlay overlay_;
-};
+void DrawTarget(StationMarks& marks, const QPointF& at, const QString& text) {
+  marks.Ring(at, 4, kTargetRed, 3);
+  marks.Ring(at, kTargetMark, kTargetRed, 3);
+  marks.CallLabel(u"lblCall(0)"_s, text, marks.PlaceAbove(text, at, kTargetMark), kTargetRed, 3);
+}
 
 }  // namespace
 
-QString MapTitle(const QStringList& lstMap, int index) {
-  return lstMap.value(index).chopped(std::min<qsizetype>(4, lstMap.value(index).size()));
-}
-
-QStringList MapListNames(const QStringList& lstMap) {
-  QStringList names = lstMap;
-  for (QString& name : names) {
-    name.remove(" Map.jpg"_L1, Qt::CaseInsensitive).remove(" Map.gif"_L1, Qt::CaseInsensitive);
-  }
-  return names;
-}
-
-int BestMapIndex(const QStringList& lstMap, double lat, double lon) {
-  const QLatin1String name = FindMapName(lat, lon);
-  int index = 0;
-  while (index < lstMap.size() && !lstMap.at(index).contains(name, Qt::CaseInsensitive)) ++index;
-  return index;
-}
-
-LocationMap BuildLocationMap(Program& program, MapTarget& target, const QSize& picture, const LabelMeasure& measure) {
+MapDrawing BuildLocationMap(Program& program, MapTarget& target, const MapSurface& surface) {
   Config& config = program.config;
   // The conic maps have no place for the poles; the value stays changed for the rest of the run.
   if (config.MyLat > kHighestOwnLat) config.MyLat = kHighestOwnLat;
   if (config.MyLat < -kHighestOwnLat) config.MyLat = -kHighestOwnLat;
 
-  const MapName map = MapOfName(MapTitle(program.lstMap, config.MapIndex));
+  StationMarks marks(surface);
   std::optional<QPointF> own;
-  if (config.MyLat != 0 || config.MyLon != 0) own = PixelOf(map, config.MyLat, config.MyLon);
-  const std::optional<QPointF> aim = PixelOf(map, target.lat, target.lon);
+  // Copies: a longitude that the World map moves past the date line is none that may be stored.
+  double myLat = config.MyLat;
+  double myLon = config.MyLon;
+  if (myLat != 0 || myLon != 0) own = marks.PointOf(myLat, myLon);
+  const std::optional<DistAz> way = WayTo(config, target);
+  const std::optional<QPointF> at = marks.PointOf(target.lat, target.lon);
 
-  Sketch sketch(program, target, measure);
-  LocationMap result;
-  result.info = (target.call + sketch.DistanceText()).trimmed();
-  if (!aim) return result;
-  if (own && IsOff(*aim, picture) && IsInside(*own, picture)) {
-    sketch.Stub(*own);
+  const QString distance = DistanceText(program, target, way);
+  MapDrawing result;
+  result.info = (target.call + distance).trimmed();
+  if (!at) return result;
+  const bool ownShows = own && marks.IsInside(*own);
+  if (marks.IsOff(*at) && ownShows) {
+    DrawStub(marks, *own, way ? way->azimuth : 0, u" To "_s + target.call + distance);
     result.keep = own;
   } else {
-    sketch.Target(*aim);
-    result.keep = aim;
+    DrawTarget(marks, *at, target.call + u"\r\n"_s + distance);
+    result.keep = at;
+    // Neither of the two can be seen: an arrow tells where the target lies.
+    if (marks.IsOff(*at)) {
+      const QString direction = way ? AzimuthText(*way) : QString(u' ');
+      marks.EdgeArrow(*at, u"lblCall(0)"_s, u' ' + target.call + direction, kTargetRed);
+    }
   }
-  if (own) sketch.Own(*own);
-  result.overlay = sketch.Take();
+  if (own) {
+    marks.Dot(*own, kBlue);
+    marks.OwnLabel(*own, program.language[TextLine::kMeWord]);
+  }
+  result.overlay = marks.Take();
   return result;
 }

@@ -1,28 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "maps/map_accessible.h"
 
-#include "maps/map_view.h"
-
 using namespace Qt::StringLiterals;
 
-AccessibleMapView::AccessibleMapView(MapView* view) : QAccessibleWidget(view, QAccessible::Pane) {}
+AccessibleMapView::AccessibleMapView(QWidget* view, MapLabels* labels)
+    : QAccessibleWidget(view, QAccessible::Pane), source_(labels) {}
 
 AccessibleMapView::~AccessibleMapView() {
   for (const QAccessible::Id id : std::as_const(labels_)) QAccessible::deleteAccessibleInterface(id);
 }
 
-MapView* AccessibleMapView::View() const {
-  return qobject_cast<MapView*>(object());
+QWidget* AccessibleMapView::View() const {
+  return qobject_cast<QWidget*>(object());
 }
 
 int AccessibleMapView::childCount() const {
-  return View() == nullptr ? 0 : static_cast<int>(View()->Overlay().labels.size());
+  return View() == nullptr ? 0 : static_cast<int>(source_->Labels().size());
 }
 
 QAccessibleInterface* AccessibleMapView::child(int index) const {
   if (index < 0 || index >= childCount()) return nullptr;
   if (!labels_.contains(index)) {
-    labels_.insert(index, QAccessible::registerAccessibleInterface(new AccessibleMapLabel(View(), index)));
+    labels_.insert(index, QAccessible::registerAccessibleInterface(new AccessibleMapLabel(View(), source_, index)));
   }
   return QAccessible::accessibleInterface(labels_.value(index));
 }
@@ -38,14 +37,14 @@ QAccessibleInterface* AccessibleMapView::childAt(int x, int y) const {
   if (View() == nullptr) return nullptr;
   const QPoint place = View()->mapFromGlobal(QPoint(x, y));
   for (int i = childCount() - 1; i >= 0; --i) {
-    if (View()->LabelRect(i).contains(place)) return child(i);
+    if (source_->LabelRect(i).contains(place)) return child(i);
   }
   return nullptr;
 }
 
 QAccessibleInterface* AccessibleMapView::focusChild() const {
   if (View() == nullptr || !View()->hasFocus()) return nullptr;
-  const qsizetype label = View()->FocusedLabel();
+  const qsizetype label = source_->FocusedLabel();
   return label < 0 ? QAccessible::queryAccessibleInterface(View()) : child(static_cast<int>(label));
 }
 
@@ -53,35 +52,36 @@ void AccessibleMapView::Install() {
   static const bool installed = []() {
     QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
       if (className != "MapView"_L1) return nullptr;
-      auto* view = qobject_cast<MapView*>(object);
-      return view != nullptr ? new AccessibleMapView(view) : nullptr;
+      auto* labels = dynamic_cast<MapLabels*>(object);
+      return labels != nullptr ? new AccessibleMapView(qobject_cast<QWidget*>(object), labels) : nullptr;
     });
     return true;
   }();
   Q_UNUSED(installed)
 }
 
-void AccessibleMapView::LabelsChanged(MapView* view) {
+void AccessibleMapView::LabelsChanged(QWidget* view) {
   if (!QAccessible::isActive()) return;
   QAccessibleEvent changed(view, QAccessible::ObjectReorder);
   QAccessible::updateAccessibility(&changed);
 }
 
-void AccessibleMapView::FocusMoved(MapView* view) {
+void AccessibleMapView::FocusMoved(QWidget* view, qsizetype focusedLabel) {
   if (!QAccessible::isActive()) return;
   QAccessibleEvent focus(view, QAccessible::Focus);
-  if (view->FocusedLabel() >= 0) focus.setChild(static_cast<int>(view->FocusedLabel()));
+  if (focusedLabel >= 0) focus.setChild(static_cast<int>(focusedLabel));
   QAccessible::updateAccessibility(&focus);
 }
 
-AccessibleMapLabel::AccessibleMapLabel(MapView* view, int index) : view_(view), index_(index) {}
+AccessibleMapLabel::AccessibleMapLabel(QWidget* view, MapLabels* labels, int index)
+    : view_(view), source_(labels), index_(index) {}
 
 bool AccessibleMapLabel::isValid() const {
-  return view_ != nullptr && index_ < view_->Overlay().labels.size();
+  return view_ != nullptr && index_ < source_->Labels().size();
 }
 
 bool AccessibleMapLabel::IsClickable() const {
-  return isValid() && view_->Overlay().labels.at(index_).clickable;
+  return isValid() && source_->Labels().at(index_).clickable;
 }
 
 QWindow* AccessibleMapLabel::window() const {
@@ -94,12 +94,12 @@ QAccessibleInterface* AccessibleMapLabel::parent() const {
 
 QString AccessibleMapLabel::text(QAccessible::Text kind) const {
   if (!isValid() || kind != QAccessible::Name) return {};
-  return view_->Overlay().labels.at(index_).text.simplified();
+  return source_->Labels().at(index_).text.simplified();
 }
 
 QRect AccessibleMapLabel::rect() const {
   if (!isValid()) return {};
-  const QRect place = view_->LabelRect(index_);
+  const QRect place = source_->LabelRect(index_);
   return {view_->mapToGlobal(place.topLeft()), place.size()};
 }
 
@@ -110,9 +110,9 @@ QAccessible::Role AccessibleMapLabel::role() const {
 QAccessible::State AccessibleMapLabel::state() const {
   QAccessible::State state;
   state.invisible = view_ == nullptr || !view_->isVisible();
-  state.offscreen = isValid() && !view_->rect().intersects(view_->LabelRect(index_));
+  state.offscreen = isValid() && !view_->rect().intersects(source_->LabelRect(index_));
   state.focusable = IsClickable();
-  state.focused = isValid() && view_->hasFocus() && view_->FocusedLabel() == index_;
+  state.focused = isValid() && view_->hasFocus() && source_->FocusedLabel() == index_;
   return state;
 }
 
@@ -125,5 +125,5 @@ QStringList AccessibleMapLabel::actionNames() const {
 }
 
 void AccessibleMapLabel::doAction(const QString& actionName) {
-  if (isValid() && actionName == pressAction()) view_->PressLabel(index_, true);
+  if (isValid() && actionName == pressAction()) source_->PressLabel(index_, true);
 }

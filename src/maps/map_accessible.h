@@ -6,12 +6,15 @@
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
+#include <QWidget>
 
-class MapView;
+#include "maps/map_labels.h"
 
+// The map itself.
 class AccessibleMapView : public QAccessibleWidget {
  public:
-  explicit AccessibleMapView(MapView* view);
+  // labels: of the same widget.
+  AccessibleMapView(QWidget* view, MapLabels* labels);
   ~AccessibleMapView() override;
 
   int childCount() const override;
@@ -23,18 +26,20 @@ class AccessibleMapView : public QAccessibleWidget {
   // Serves all map views from the first call on.
   static void Install();
   // Tell whoever listens.
-  static void LabelsChanged(MapView* view);
-  static void FocusMoved(MapView* view);
+  static void LabelsChanged(QWidget* view);
+  static void FocusMoved(QWidget* view, qsizetype focusedLabel);
 
  private:
-  MapView* View() const;
+  QWidget* View() const;
 
+  MapLabels* source_;
   mutable QHash<int, QAccessible::Id> labels_;  // by index, made when asked for
 };
 
+// One label of a map.
 class AccessibleMapLabel : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
-  AccessibleMapLabel(MapView* view, int index);
+  AccessibleMapLabel(QWidget* view, MapLabels* labels, int index);
 
   int Index() const { return index_; }
   bool isValid() const override;
@@ -59,6 +64,7 @@ class AccessibleMapLabel : public QAccessibleInterface, public QAccessibleAction
  private:
   bool IsClickable() const;
 
-  QPointer<MapView> view_;
+  QPointer<QWidget> view_;
+  MapLabels* source_;  // as long as the widget is there
   int index_;
 };

@@ -2,6 +2,7 @@
 #include "maps/map_fit.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -36,6 +37,16 @@ void MapFit::KeepInView(const QPointF& point, int bottomRoom) {
   if (picture.width() < frame.width()) {
     place = QPoint((frame.width() - picture.width()) / 2, (frame.height() - picture.height()) / 2);
   }
+}
+
+QPointF MapFit::Middle(int hiddenRows) const {
+  return QPointF(frame.width() / 2.0, (frame.height() - hiddenRows) / 2.0) - QPointF(place);
+}
+
+void MapFit::KeepMiddle(const QPointF& middle, int hiddenRows) {
+  const QPointF wanted = Middle(hiddenRows) + QPointF(place) - middle;
+  PanBy(QPoint(static_cast<int>(std::lround(wanted.x())), static_cast<int>(std::lround(wanted.y()))) - place,
+        hiddenRows);
 }
 
 bool MapFit::DragTo(const QPoint& wanted) {

@@ -4,12 +4,14 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointF>
 #include <QSize>
 
 // The frame of a map window begins below its bar and is as high as the whole window, so that its lowest rows lie below
 // the window's edge. Maps that keep a point in view leave this much room below the picture for it.
 inline constexpr int kMapBottomRoom = 25;
 
+// The picture's place in its frame, and the steps that change it.
 struct MapFit {
   QSize picture;      // empty: no picture
   QSize frame;        // inside of the frame
@@ -22,9 +24,13 @@ struct MapFit {
   void FitMapToWindow(const QSize& window, const QSize& border = QSize(0, 0));
   // The picture moves so that the point (of the picture) comes as near to the middle of the frame as its edges allow.
   void KeepInView(const QPointF& point, int bottomRoom = 0);
+  // The point of the picture in the middle of what is seen. hiddenRows: of the frame below the window's edge.
+  QPointF Middle(int hiddenRows) const;
+  // That point moves back into the middle of a frame whose size has changed, as far as the edges allow.
+  void KeepMiddle(const QPointF& middle, int hiddenRows);
   // A step of dragging: the place that the pointer asks for. Each direction takes it or stays; true where one took it.
   bool DragTo(const QPoint& wanted);
-  // A step by keys or wheel, stopping at the edges of the picture. hiddenRows: of the frame below the window's edge.
+  // A step by keys or wheel, stopping at the edges of the picture.
   bool PanBy(const QPoint& step, int hiddenRows);
 };
 

@@ -5,7 +5,7 @@
 
 #include <array>
 
-#include "maps/map_projection.h"
+#include "maps/map_name.h"
 
 // Not pi: the maps were fitted with these digits, and the radii are long enough for the difference to show.
 inline constexpr double PI2 = 3.14159625;

@@ -2,7 +2,6 @@
 #include "maps/map_layer.h"
 
 #include <QFontMetricsF>
-#include <QPainter>
 #include <QSemaphore>
 #include <QThreadPool>
 #include <cmath>
@@ -29,8 +28,9 @@ QColor TextOn(const QColor& back) {
 
 }  // namespace
 
-void MapLayer::SetPicture(const QImage& picture) {
+void MapLayer::SetPicture(const QImage& picture, const QSize& size) {
   picture_ = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
+  size_ = picture_.isNull() ? QSize() : size;
   stale_ = true;
 }
 
@@ -45,15 +45,15 @@ void MapLayer::SetOverlay(const MapOverlay& overlay) {
   stale_ = true;
 }
 
-void MapLayer::SetLook(const MapLook& look) {
-  if (look == look_) return;
-  look_ = look;
+void MapLayer::SetStyle(const MapStyle& style) {
+  if (style == style_) return;
+  style_ = style;
   stale_ = true;
 }
 
 const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
-  const QSize size = (QSizeF(frame) * look_.ratio).toSize();
-  const QPoint offset = (QPointF(place) * look_.ratio).toPoint();
+  const QSize size = (QSizeF(frame) * style_.ratio).toSize();
+  const QPoint offset = (QPointF(place) * style_.ratio).toPoint();
   if (frame_.size() != size) {
     MakeRoom(size);
     frame_ = QRect(QPoint(0, 0), size);
@@ -77,15 +77,16 @@ void MapLayer::MakeRoom(const QSize& size) {
 }
 
 void MapLayer::Prepare(const QSize& frame) {
-  MakeRoom((QSizeF(frame) * look_.ratio).toSize());
-  image_.fill(look_.back);
+  MakeRoom((QSizeF(frame) * style_.ratio).toSize());
+  image_.fill(style_.back);
   stale_ = true;
   QPainter painter(&image_);
   MapOverlay::Label label;
   label.text = u"0°"_s;
   label.place = QRectF(0, 0, 40, 20);
-  painter.setFont(look_.font);
-  PaintLabel(painter, label);
+  painter.setFont(style_.font);
+  PaintGround(painter, label);
+  PaintText(painter, label);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawEllipse(label.place);
 }
@@ -108,7 +109,7 @@ QRegion MapLayer::Shift(const QPoint& by) {
 }
 
 QRect MapLayer::PictureRect() const {
-  return {offset_, (QSizeF(picture_.size()) * look_.ratio).toSize()};
+  return {offset_, (QSizeF(size_) * style_.ratio).toSize()};
 }
 
 void MapLayer::Compose(const QRect& part) {
@@ -122,9 +123,10 @@ void MapLayer::Compose(const QRect& part) {
 
 void MapLayer::ComposePicture(const QRect& part) {
   const QRect inside = part & PictureRect();
-  if (inside != part) QPainter(&image_).fillRect(part, look_.back);
+  if (inside != part) QPainter(&image_).fillRect(part, style_.back);
   if (inside.isEmpty()) return;
-  if (look_.ratio == 1) {
+  const QRectF whole = PictureRect();
+  if (whole.size().toSize() == picture_.size()) {
     const auto bytes = static_cast<std::size_t>(inside.width()) * sizeof(QRgb);
     for (int y = inside.top(); y <= inside.bottom(); ++y) {
       std::memcpy(image_.scanLine(y) + inside.left() * 4,
@@ -135,7 +137,16 @@ void MapLayer::ComposePicture(const QRect& part) {
   QPainter painter(&image_);
   painter.setClipRect(inside);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawImage(QRectF(PictureRect()), picture_, QRectF(picture_.rect()));
+  // Only what is needed of it: the painter goes wrong where a target reaches beyond 16 bits. At its rim a scaled piece
+  // differs from the inside of a larger one, so some pixels more are drawn, outside of the clip.
+  const double acrossX = picture_.width() / whole.width();
+  const double acrossY = picture_.height() / whole.height();
+  const double rimX = 2 + 2 / acrossX;
+  const double rimY = 2 + 2 / acrossY;
+  const QRectF target = QRectF(inside).adjusted(-rimX, -rimY, rimX, rimY) & whole;
+  const QPointF from = target.topLeft() - whole.topLeft();
+  const QRectF source(from.x() * acrossX, from.y() * acrossY, target.width() * acrossX, target.height() * acrossY);
+  painter.drawImage(target, picture_, source);
 }
 
 void MapLayer::ComposeLines(const QRect& part) {
@@ -149,7 +160,7 @@ void MapLayer::ComposeLines(const QRect& part) {
   strokes.reserve(static_cast<std::size_t>(overlay_.lines.size()));
   for (const MapOverlay::Line& line : std::as_const(overlay_.lines)) {
     strokes.push_back(
-        {ToImage(line.from), ToImage(line.to), {line.colour.rgba(), line.width * look_.ratio, smoothLines_}});
+        {ToImage(line.from), ToImage(line.to), {line.colour.rgba(), line.width * style_.ratio, smoothLines_}});
   }
   std::vector<MapLineCanvas> tiles;
   for (int top = part.top(); top <= part.bottom(); top += kTile) {
@@ -178,34 +189,42 @@ void MapLayer::ComposeMarks(const QRect& part) {
   QPainter painter(&image_);
   painter.setClipRect(part);
   painter.translate(offset_);
-  painter.scale(look_.ratio, look_.ratio);
-  const QRectF shown((QPointF(part.topLeft()) - QPointF(offset_)) / look_.ratio, QSizeF(part.size()) / look_.ratio);
+  painter.scale(style_.ratio, style_.ratio);
+  const QRectF shown((QPointF(part.topLeft()) - QPointF(offset_)) / style_.ratio, QSizeF(part.size()) / style_.ratio);
+  std::vector<const MapOverlay::Label*> labels;
+  for (const MapOverlay::Label& label : std::as_const(overlay_.labels)) {
+    const double rim = label.boxWidth;
+    if (shown.intersects(label.place.united(label.box).adjusted(-rim, -rim, rim, rim))) labels.push_back(&label);
+  }
+  for (const MapOverlay::Label* label : labels) PaintGround(painter, *label);
   painter.setRenderHint(QPainter::Antialiasing);
   for (const MapOverlay::Circle& circle : std::as_const(overlay_.circles)) {
     const double reach = circle.radius + circle.width;
-    if (!shown.intersects(QRectF(circle.centre - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach)))) continue;
-    painter.setPen(circle.filled ? QPen(Qt::NoPen) : QPen(circle.colour, circle.width));
-    painter.setBrush(circle.filled ? QBrush(circle.colour) : QBrush(Qt::NoBrush));
-    painter.drawEllipse(circle.centre, circle.radius, circle.radius);
+    const QRectF around(circle.centre - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach));
+    if (shown.intersects(around)) PaintCircle(painter, circle);
   }
   painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setFont(look_.font);
-  for (const MapOverlay::Label& label : std::as_const(overlay_.labels)) {
-    const double rim = label.boxWidth;
-    if (shown.intersects(label.place.united(label.box).adjusted(-rim, -rim, rim, rim))) PaintLabel(painter, label);
-  }
+  painter.setFont(style_.font);
+  for (const MapOverlay::Label* label : labels) PaintText(painter, *label);
 }
 
-void MapLayer::PaintLabel(QPainter& painter, const MapOverlay::Label& label) const {
-  const QColor back = label.back.isValid() ? label.back : look_.labelBack;
-  painter.fillRect(label.place.united(label.box), back);
-  if (!label.box.isEmpty()) {
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(QPen(label.boxColour, label.boxWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    painter.drawRect(label.box);
-  }
-  painter.setPen(label.back.isValid() ? TextOn(back) : look_.labelText);
-  const QFontMetricsF metrics(look_.font);
+void MapLayer::PaintCircle(QPainter& painter, const MapOverlay::Circle& circle) const {
+  painter.setPen(circle.filled ? QPen(Qt::NoPen) : QPen(circle.colour, circle.width));
+  painter.setBrush(circle.filled ? QBrush(circle.colour) : QBrush(Qt::NoBrush));
+  painter.drawEllipse(circle.centre, circle.radius, circle.radius);
+}
+
+void MapLayer::PaintGround(QPainter& painter, const MapOverlay::Label& label) const {
+  painter.fillRect(label.place.united(label.box), label.back.isValid() ? label.back : style_.labelBack);
+  if (label.box.isEmpty()) return;
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(QPen(label.boxColour, label.boxWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+  painter.drawRect(label.box);
+}
+
+void MapLayer::PaintText(QPainter& painter, const MapOverlay::Label& label) const {
+  painter.setPen(label.back.isValid() ? TextOn(label.back) : style_.labelText);
+  const QFontMetricsF metrics(style_.font);
   double base = label.place.top() + kMapLabelMargin + metrics.ascent();
   for (const QStringView line : QStringView(label.text).split(u'\n')) {
     const QString text = (line.endsWith(u'\r') ? line.chopped(1) : line).toString();

@@ -5,28 +5,32 @@
 
 #include <QFont>
 #include <QImage>
+#include <QPainter>
 #include <QRegion>
 
 #include "maps/map_overlay.h"
 
-struct MapLook {
+// How a map is painted: letters, colours, sharpness.
+struct MapStyle {
   QFont font;        // of the labels
   QColor back;       // around a picture smaller than its frame
   QColor labelBack;  // of labels that bring no colour
   QColor labelText;
   double ratio = 1;  // device pixels to one pixel of the map
 
-  bool operator==(const MapLook& other) const = default;
+  bool operator==(const MapStyle& other) const = default;
 };
 
 // Room between a label's edge and its text.
 inline constexpr double kMapLabelMargin = 2;
 
+// The frame's image, kept right while picture, overlay, look and place change.
 class MapLayer {
  public:
-  void SetPicture(const QImage& picture);
+  // size: of the map, in whose pixels everything is placed; the picture may have fewer.
+  void SetPicture(const QImage& picture, const QSize& size);
   void SetOverlay(const MapOverlay& overlay);
-  void SetLook(const MapLook& look);
+  void SetStyle(const MapStyle& style);
 
   const QImage& Picture() const { return picture_; }
   const MapOverlay& Overlay() const { return overlay_; }
@@ -44,14 +48,17 @@ class MapLayer {
   void ComposePicture(const QRect& part);
   void ComposeLines(const QRect& part);
   void ComposeMarks(const QRect& part);
-  void PaintLabel(class QPainter& painter, const MapOverlay::Label& label) const;
+  void PaintGround(QPainter& painter, const MapOverlay::Label& label) const;
+  void PaintCircle(QPainter& painter, const MapOverlay::Circle& circle) const;
+  void PaintText(QPainter& painter, const MapOverlay::Label& label) const;
   // The picture's place in image_.
   QRect PictureRect() const;
-  QPointF ToImage(const QPointF& point) const { return point * look_.ratio + QPointF(offset_); }
+  QPointF ToImage(const QPointF& point) const { return point * style_.ratio + QPointF(offset_); }
 
   QImage picture_;
+  QSize size_;
   MapOverlay overlay_;
-  MapLook look_;
+  MapStyle style_;
   bool smoothLines_ = true;
   QImage image_;   // as large as the largest frame so far: fresh memory costs more than painting
   QRect frame_;    // the part of it that is used

@@ -9,14 +9,21 @@
 #include <QRectF>
 #include <QString>
 #include <functional>
+#include <optional>
 
+#include "maps/map_name.h"
+
+// Everything that is drawn on one map. Lines lie at the bottom, then the boxes of labels, then circles, so that no box
+// covers the mark that it belongs to; the texts of labels lie on top.
 struct MapOverlay {
+  // A straight line with square ends.
   struct Line {
     QPointF from;
     QPointF to;
     QColor colour;
     double width = 2;
   };
+  // A ring, or a disc where it is filled.
   struct Circle {
     QPointF centre;
     double radius = 4;
@@ -24,6 +31,7 @@ struct MapOverlay {
     double width = 2;  // of the rim; a filled one has none
     bool filled = false;
   };
+  // A text on a ground of its own, with or without a frame around it.
   struct Label {
     QString name;  // of the control, such as "lblCall(0)"; handed out with a click
     QString text;  // lines parted by CR LF
@@ -41,3 +49,17 @@ struct MapOverlay {
 
 // Width and height of a label with this text, in pixels of the picture.
 using LabelMeasure = std::function<QSizeF(const QString& text)>;
+
+// The map that is drawn upon: its formula, its size in pixels, and how large the texts of labels come out.
+struct MapSurface {
+  MapName map = MapName::None;
+  QSize picture;
+  LabelMeasure measure;
+};
+
+// What a map window's logic hands to the window that shows it.
+struct MapDrawing {
+  MapOverlay overlay;
+  QString info;                 // the information line above the map
+  std::optional<QPointF> keep;  // the point to be kept in view; none where the map has no formula
+};

@@ -6,7 +6,7 @@
 #include <QLatin1String>
 #include <QString>
 
-enum class MapName { None, NorthAmerica, Australia, NewZealand, Uk, NNederland, Europe, Japan, Asia, World };
+#include "maps/map_name.h"
 
 // The map of a name without its extension, such as "Asia Map", in any letter case; None for a user's own map.
 MapName MapOfName(QStringView name);

@@ -2,8 +2,6 @@
 #include "maps/map_store.h"
 
 #include <QFileInfo>
-#include <QImageReader>
-#include <QPainter>
 
 #include "platform/paths.h"
 
@@ -13,72 +11,58 @@ namespace {
 
 constexpr qsizetype kKeptPictures = 2;
 constexpr qint64 kKeptBytes = 96LL << 20;  // two ordinary maps; a huge one is kept alone
-constexpr qint64 kMaxPixels = 32'000'000;  // what the reader's own limit of 128 MiB lets pass
-constexpr int kMaxSide = 32'000;           // painting goes wrong beyond 16 bits
-
-bool IsShowable(const QSize& size) {
-  return size.width() <= kMaxSide && size.height() <= kMaxSide &&
-         static_cast<qint64>(size.width()) * size.height() <= kMaxPixels;
-}
-
-QImage ReadPicture(const QString& path) {
-  QImageReader reader(path);
-  // A user's own picture may be of another type than its name says.
-  reader.setDecideFormatFromContent(true);
-  if (!IsShowable(reader.size())) return {};
-  QImage picture = reader.read();
-  if (picture.isNull() || !IsShowable(picture.size())) return {};
-  if (!picture.hasAlphaChannel()) return std::move(picture).convertToFormat(QImage::Format_RGB32);
-  QImage opaque(picture.size(), QImage::Format_RGB32);
-  opaque.fill(Qt::white);
-  QPainter(&opaque).drawImage(0, 0, picture);
-  return opaque;
-}
 
 }  // namespace
 
 MapStore::MapStore(QString appDataDir, QObject* parent) : QObject(parent), appDataDir_(std::move(appDataDir)) {}
 
-void MapStore::Read(const QString& fileName, QObject* context, std::function<void(const QImage&)> then) {
+void MapStore::Read(const QString& fileName, QObject* context, std::function<void(const MapPicture&)> then) {
   for (qsizetype i = 0; i < kept_.size(); ++i) {
+    if (kept_.at(i).fileName != fileName) continue;
     const QFileInfo file(kept_.at(i).path);
-    if (kept_.at(i).fileName != fileName || file.size() != kept_.at(i).size ||
-        file.lastModified() != kept_.at(i).changed) {
-      continue;
-    }
+    if (file.size() != kept_.at(i).size || file.lastModified() != kept_.at(i).changed) continue;
     kept_.move(i, 0);
-    then(QImage(kept_.first().picture));
+    then(MapPicture(kept_.first().picture));
     return;
   }
   background_.Run<Kept>(
-      this, [folder = appDataDir_, fileName]() { return Decode(folder, fileName); },
+      this, [folder = appDataDir_, fileName]() { return Load(folder, fileName); },
       [this, asker = QPointer<QObject>(context), then = std::move(then)](Kept read) {
-        const QImage picture = read.picture;
-        if (!picture.isNull()) Keep(std::move(read));
+        const MapPicture picture = Keep(std::move(read));
         if (asker) then(picture);
       });
 }
 
-MapStore::Kept MapStore::Decode(const QString& appDataDir, const QString& fileName) {
-  Kept kept;
-  kept.fileName = fileName;
-  if (fileName.isEmpty()) return kept;
-  kept.path = ResolvePath(appDataDir, u"Maps/"_s + fileName);
+MapStore::Kept MapStore::Load(const QString& appDataDir, const QString& fileName) {
+  Kept read;
+  read.fileName = fileName;
+  read.picture.failed = true;
+  if (fileName.isEmpty()) return read;
+  read.path = ResolvePath(appDataDir, u"Maps/"_s + fileName);
   // Before the read: a file that changes meanwhile is read again the next time.
-  const QFileInfo file(kept.path);
-  if (!file.isFile()) return kept;
-  kept.size = file.size();
-  kept.changed = file.lastModified();
-  kept.picture = ReadPicture(kept.path);
-  return kept;
+  const QFileInfo file(read.path);
+  if (!file.isFile()) return read;
+  read.size = file.size();
+  read.changed = file.lastModified();
+  read.picture = ReadMapFile(read.path);
+  return read;
 }
 
-void MapStore::Keep(Kept&& kept) {
-  kept_.removeIf([&kept](const Kept& old) { return old.fileName == kept.fileName; });
-  kept_.prepend(std::move(kept));
-  qint64 bytes = 0;
-  for (const Kept& each : std::as_const(kept_)) bytes += each.picture.sizeInBytes();
-  while (kept_.size() > 1 && (kept_.size() > kKeptPictures || bytes > kKeptBytes)) {
-    bytes -= kept_.takeLast().picture.sizeInBytes();
+MapPicture MapStore::Keep(Kept&& read) {
+  const auto same = [&read](const Kept& old) { return old.fileName == read.fileName; };
+  if (read.picture.failed) {
+    const auto old = std::find_if(kept_.cbegin(), kept_.cend(), same);
+    if (old == kept_.cend()) return read.picture;
+    MapPicture before = old->picture;
+    before.failed = true;
+    return before;
   }
+  kept_.removeIf(same);
+  kept_.prepend(std::move(read));
+  qint64 bytes = 0;
+  for (const Kept& each : std::as_const(kept_)) bytes += each.picture.pixels.sizeInBytes();
+  while (kept_.size() > 1 && (kept_.size() > kKeptPictures || bytes > kKeptBytes)) {
+    bytes -= kept_.takeLast().picture.pixels.sizeInBytes();
+  }
+  return kept_.first().picture;
 }

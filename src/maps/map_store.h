@@ -4,9 +4,9 @@
 #pragma once
 
 #include <QDateTime>
-#include <QImage>
 #include <QObject>
 
+#include "maps/map_file.h"
 #include "platform/background.h"
 
 class MapStore : public QObject {
@@ -15,21 +15,23 @@ class MapStore : public QObject {
  public:
   explicit MapStore(QString appDataDir, QObject* parent = nullptr);
 
-  // Hands over the picture of a file in Maps, 32 bits a pixel: at once where it is at hand and its file is still the
-  // same, else when it has been read, unless context is gone by then. A null picture: the file is not there or cannot
-  // be shown. Answers come in the order of the questions only among files that have to be read.
-  void Read(const QString& fileName, QObject* context, std::function<void(const QImage&)> then);
+  // Hands over the picture of a file in Maps: at once where it is at hand and its file is still the same, else when it
+  // has been read, unless context is gone by then. A file that can no longer be read fails with the picture that was
+  // read from it before, if that is still at hand. Answers come in the order of the questions only among files that
+  // have to be read.
+  void Read(const QString& fileName, QObject* context, std::function<void(const MapPicture&)> then);
 
  private:
+  // A picture that was read, and what its file was like just before.
   struct Kept {
     QString fileName;
     QString path;
     qint64 size = 0;
     QDateTime changed;
-    QImage picture;
+    MapPicture picture;
   };
-  static Kept Decode(const QString& appDataDir, const QString& fileName);
-  void Keep(Kept&& kept);
+  static Kept Load(const QString& appDataDir, const QString& fileName);
+  MapPicture Keep(Kept&& read);
 
   QString appDataDir_;
   QList<Kept> kept_;  // the last used one in front

@@ -30,12 +30,12 @@ MapView::MapView(QWidget* parent) : QWidget(parent) {
   setAttribute(Qt::WA_OpaquePaintEvent);
   setMouseTracking(true);
   AccessibleMapView::Install();
-  UpdateLook();
+  UpdateStyle();
 }
 
-void MapView::SetPicture(const QImage& picture) {
-  layer_.SetPicture(picture);
-  fit_.picture = layer_.Picture().size();
+void MapView::SetPicture(const QImage& picture, const QSize& size) {
+  layer_.SetPicture(picture, size);
+  fit_.picture = picture.isNull() ? QSize() : size;
   update();
 }
 
@@ -49,22 +49,26 @@ void MapView::SetOverlay(const MapOverlay& overlay) {
 }
 
 void MapView::Prepare(const QSize& frame) {
-  UpdateLook();
+  UpdateStyle();
   layer_.Prepare(frame);
 }
 
 void MapView::FitMapToWindow(const QSize& window, int menuBarHeight) {
   fit_.FitMapToWindow(window);
   setGeometry(QRect(QPoint(0, menuBarHeight), window));
+  if (middle_) {
+    fit_.KeepMiddle(*middle_, HiddenRows());
+  } else if (home_) {
+    fit_.KeepInView(*home_, homeRoom_);
+  }
   UpdateCursor(mapFromGlobal(QCursor::pos()));
   update();
 }
 
-void MapView::KeepInView(const QPointF& point, int bottomRoom) {
-  fit_.KeepInView(point, bottomRoom);
+void MapView::SetHome(const std::optional<QPointF>& point, int bottomRoom) {
   home_ = point;
   homeRoom_ = bottomRoom;
-  update();
+  middle_.reset();
 }
 
 int MapView::HiddenRows() const {
@@ -105,7 +109,7 @@ void MapView::PressLabel(qsizetype index, bool byKeyboard) {
 }
 
 void MapView::paintEvent(QPaintEvent* event) {
-  UpdateLook();
+  UpdateStyle();
   const QImage& image = layer_.Frame(size(), fit_.place);
   const double ratio = devicePixelRatioF();
   QPainter painter(this);
@@ -119,10 +123,10 @@ void MapView::paintEvent(QPaintEvent* event) {
   if (focused_ >= 0) painter.drawRect(LabelRect(focused_).adjusted(-3, -3, 3, 3));
 }
 
-void MapView::UpdateLook() {
+void MapView::UpdateStyle() {
   const QPalette tips = QToolTip::palette();
-  layer_.SetLook({font(), palette().color(QPalette::Window), tips.color(QPalette::Inactive, QPalette::ToolTipBase),
-                  tips.color(QPalette::Inactive, QPalette::ToolTipText), devicePixelRatioF()});
+  layer_.SetStyle({font(), palette().color(QPalette::Window), tips.color(QPalette::Inactive, QPalette::ToolTipBase),
+                   tips.color(QPalette::Inactive, QPalette::ToolTipText), devicePixelRatioF()});
 }
 
 void MapView::UpdateCursor(const QPoint& pointer) {
@@ -146,8 +150,7 @@ void MapView::mousePressEvent(QMouseEvent* event) {
 void MapView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   if (held_ && event->buttons().testFlag(Qt::LeftButton) && fit_.DragTo(place - *held_)) {
-    update();
-    Q_EMIT Panned(fit_.place.x(), fit_.place.y());
+    TakePan();
   }
   UpdateCursor(place);
 }
@@ -170,7 +173,11 @@ void MapView::wheelEvent(QWheelEvent* event) {
 }
 
 void MapView::PanBy(const QPoint& step) {
-  if (!fit_.PanBy(step, HiddenRows())) return;
+  if (fit_.PanBy(step, HiddenRows())) TakePan();
+}
+
+void MapView::TakePan() {
+  middle_ = fit_.Middle(HiddenRows());
   update();
   Q_EMIT Panned(fit_.place.x(), fit_.place.y());
 }
@@ -203,8 +210,8 @@ void MapView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Home:
       if (!home_) return;
       fit_.KeepInView(*home_, homeRoom_);
-      update();
-      Q_EMIT Panned(fit_.place.x(), fit_.place.y());
+      TakePan();
+      middle_.reset();
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter:
@@ -241,7 +248,7 @@ void MapView::FocusLabel(qsizetype index) {
   focused_ = index;
   ShowLabel(index);
   update();
-  AccessibleMapView::FocusMoved(this);
+  AccessibleMapView::FocusMoved(this, focused_);
 }
 
 void MapView::ShowLabel(qsizetype index) {

@@ -7,37 +7,41 @@
 #include <optional>
 
 #include "maps/map_fit.h"
+#include "maps/map_labels.h"
 #include "maps/map_layer.h"
 
-class MapView : public QWidget {
+// The widget picOuter. A window sets picture and overlay, and fits the view to itself.
+class MapView : public QWidget, public MapLabels {
   Q_OBJECT
 
  public:
   explicit MapView(QWidget* parent);
 
-  void SetPicture(const QImage& picture);
+  // size: of the map in pixels, for a picture that was read with fewer.
+  void SetPicture(const QImage& picture, const QSize& size);
   const QImage& Picture() const { return layer_.Picture(); }
+  QSize PictureSize() const { return fit_.picture; }
   void SetOverlay(const MapOverlay& overlay);
   const MapOverlay& Overlay() const { return layer_.Overlay(); }
 
   // Makes ready for a first picture in a frame of that size, while the picture is being read.
   void Prepare(const QSize& frame);
-  // picOuter takes the window's width below its bar, and the window's whole height: its lowest rows are cut off.
+  // picOuter takes the window's width below its bar, and the window's whole height: its lowest rows are cut off. A
+  // picture that the user has moved keeps its middle, any other one shows its point, or else its own middle.
   void FitMapToWindow(const QSize& window, int menuBarHeight);
-  // Moves the point of the picture into view; the Home key comes back to it.
-  void KeepInView(const QPointF& point, int bottomRoom);
+  // The point of the picture that FitMapToWindow and the Home key bring into view; none: the picture's middle. Where
+  // the user has moved the map to is forgotten.
+  void SetHome(const std::optional<QPointF>& point, int bottomRoom);
   const MapFit& Fit() const { return fit_; }
   // Place of the picture inside picOuter.
-  QRect picInner() const { return {fit_.place, layer_.Picture().size()}; }
+  QRect picInner() const { return {fit_.place, fit_.picture}; }
 
   // Size of a label's text, for whoever places labels.
   QSizeF LabelSize(const QString& text) const;
-  // Place of a label inside picOuter, its box included; empty for an index beyond the list.
-  QRect LabelRect(qsizetype index) const;
-  // Index of the clickable label that has the focus within the view, -1: the map itself.
-  qsizetype FocusedLabel() const { return focused_; }
-  // What a click on the label does; nothing for one that is not clickable.
-  void PressLabel(qsizetype index, bool byKeyboard);
+  const QList<MapOverlay::Label>& Labels() const override { return layer_.Overlay().labels; }
+  QRect LabelRect(qsizetype index) const override;
+  qsizetype FocusedLabel() const override { return focused_; }
+  void PressLabel(qsizetype index, bool byKeyboard) override;
 
  Q_SIGNALS:
   // A click on a clickable label, or its press by keyboard. globalPoint: where a menu of it opens.
@@ -59,9 +63,10 @@ class MapView : public QWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  void UpdateLook();
+  void UpdateStyle();
   void UpdateCursor(const QPoint& pointer);
   void PanBy(const QPoint& step);
+  void TakePan();
   bool PanByKey(int key, Qt::KeyboardModifiers modifiers);
   void FocusLabel(qsizetype index);
   void ShowLabel(qsizetype index);
@@ -74,7 +79,8 @@ class MapView : public QWidget {
   MapFit fit_;
   std::optional<QPointF> home_;
   int homeRoom_ = 0;
-  std::optional<QPoint> held_;   // point of the picture where the left button went down
-  qsizetype pressedLabel_ = -1;  // label under the left button
+  std::optional<QPointF> middle_;  // point of the picture in the middle of what is seen, once the user has moved it
+  std::optional<QPoint> held_;     // point of the picture where the left button went down
+  qsizetype pressedLabel_ = -1;    // label under the left button
   qsizetype focused_ = -1;
 };

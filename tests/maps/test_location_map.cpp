@@ -6,6 +6,8 @@
 
 #include "app/load_sequence.h"
 #include "maps/location_map.h"
+#include "maps/map_list.h"
+#include "maps/map_projection.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -32,17 +34,31 @@ struct Picked {
     program.config.MyLat = 52.5;
     program.config.MyLon = -1.25;
   }
-  LocationMap Build() { return BuildLocationMap(program, target, picture, Measure); }
+  MapDrawing Build() {
+    return BuildLocationMap(program, target, {MapOfName(MapTitle(program.lstMap, 1)), picture, Measure});
+  }
 };
 
+// The plainest of the maps: its pixels can be turned back into degrees.
+Picked Netherlands(const QPoint& target, const QPoint& own) {
+  Picked picked(u"N-Nederland Map.jpg"_s);
+  picked.picture = QSize(1010, 1180);
+  const auto lat = [](const QPoint& pixel) { return 52.184 + (584 - pixel.y()) / 386.36; };
+  const auto lon = [](const QPoint& pixel) { return 3.828 + (pixel.x() + 14) / 240.16; };
+  picked.target = {u"ZZ1AA"_s, lat(target), lon(target)};
+  picked.program.config.MyLat = lat(own);
+  picked.program.config.MyLon = lon(own);
+  return picked;
+}
+
 // Name and text of each label, in the order of drawing.
-QStringList Labels(const LocationMap& map) {
+QStringList Labels(const MapDrawing& map) {
   QStringList labels;
   for (const MapOverlay::Label& label : map.overlay.labels) labels.append(label.name + u'=' + label.text);
   return labels;
 }
 
-int CirclesAt(const LocationMap& map, const QPointF& point) {
+int CirclesAt(const MapDrawing& map, const QPointF& point) {
   return static_cast<int>(std::count_if(map.overlay.circles.begin(), map.overlay.circles.end(),
                                         [&point](const auto& circle) { return circle.centre == point; }));
 }
@@ -67,7 +83,7 @@ class TestLocationMap : public QObject {
   void Names() {
     QFETCH(QString, file);
     QTEST(MapTitle({file}, 0), "title");
-    QTEST(MapListNames({file}).constFirst(), "listed");
+    QTEST(MapListName(file), "listed");
     QCOMPARE(MapTitle({file}, 1), QString());
     QCOMPARE(MapTitle({file}, -1), QString());
   }
@@ -113,7 +129,7 @@ class TestLocationMap : public QObject {
 
   void TargetOnThePicture() {
     Picked picked;
-    const LocationMap map = picked.Build();
+    const MapDrawing map = picked.Build();
     QVERIFY(map.keep.has_value());
     const QPointF target = *map.keep;
     QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(target));
@@ -144,7 +160,7 @@ class TestLocationMap : public QObject {
     Picked picked;
     picked.program.config.DistUnit = 1;
     picked.target = {u"ZZ2BB"_s, 40, -75};
-    const LocationMap map = picked.Build();
+    const MapDrawing map = picked.Build();
     QCOMPARE(map.overlay.lines.size(), 1);
     const MapOverlay::Line& stub = map.overlay.lines.first();
     QCOMPARE(stub.from, *map.keep);
@@ -161,6 +177,69 @@ class TestLocationMap : public QObject {
     QCOMPARE(call.boxWidth, 2.0);
     QCOMPARE(CirclesAt(map, stub.from), 2);
     QCOMPARE(map.overlay.circles.size(), 2);
+  }
+
+  // A stub that ends near an edge, or off the picture: its label is moved onto the picture with its frame, the line is
+  // drawn as it is.
+  void StubLabelStaysOnThePicture_data() {
+    QTest::addColumn<QPoint>("own");
+    QTest::addColumn<QPoint>("target");
+    QTest::newRow("left") << QPoint(5, 500) << QPoint(-800, 500);
+    QTest::newRow("right") << QPoint(1005, 500) << QPoint(1800, 500);
+    QTest::newRow("top") << QPoint(500, 3) << QPoint(500, -800);
+    QTest::newRow("corner") << QPoint(1008, 1178) << QPoint(2000, 2000);
+  }
+
+  void StubLabelStaysOnThePicture() {
+    QFETCH(QPoint, own);
+    QFETCH(QPoint, target);
+    Picked picked = Netherlands(target, own);
+    const MapDrawing map = picked.Build();
+    QCOMPARE(map.overlay.lines.first().from, QPointF(own));
+    const MapOverlay::Label& call = map.overlay.labels.first();
+    QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(call.box.adjusted(-1, -1, 1, 1)));
+    QCOMPARE(call.place.size(), Measure(call.text));
+  }
+
+  // Neither target nor own position on the picture: beside what is drawn off it, an arrow at the nearest edge.
+  void ArrowAtTheEdge_data() {
+    QTest::addColumn<QPoint>("target");
+    QTest::addColumn<QPoint>("own");
+    QTest::addColumn<QPointF>("tip");  // null: no arrow
+    const QPoint off(500, 3000);
+    QTest::newRow("west") << QPoint(-900, 500) << off << QPointF(10, 500);
+    QTest::newRow("far to the north") << QPoint(400, -20000) << off << QPointF(400, 44);
+    QTest::newRow("beyond a corner") << QPoint(1500, 2000) << off << QPointF(1000, 1156);
+    QTest::newRow("a hair off") << QPoint(-1, 500) << off << QPointF(10, 500);
+    QTest::newRow("on the edge") << QPoint(0, 500) << off << QPointF();
+    QTest::newRow("own position shows") << QPoint(-900, 500) << QPoint(500, 500) << QPointF();
+  }
+
+  void ArrowAtTheEdge() {
+    QFETCH(QPoint, target);
+    QFETCH(QPoint, own);
+    QFETCH(QPointF, tip);
+    Picked picked = Netherlands(target, own);
+    const MapDrawing map = picked.Build();
+    const bool stub = picked.picture.height() > own.y();
+    QCOMPARE(map.overlay.lines.size(), tip.isNull() ? (stub ? 1 : 0) : 3);
+    if (tip.isNull()) return;
+    const QPointF way = map.overlay.lines.first().to - map.overlay.lines.first().from;
+    QCOMPARE(map.overlay.lines.first().to, tip);
+    // It points from the picture's inside to where the target lies.
+    const QPointF wanted = QPointF(target) - tip;
+    QVERIFY(QPointF::dotProduct(way, wanted) >
+            0.999 * std::hypot(way.x(), way.y()) * std::hypot(wanted.x(), wanted.y()));
+    const MapOverlay::Label& beside = map.overlay.labels.at(1);
+    QVERIFY(beside.text.startsWith(u" ZZ1AA  Az "_s) && beside.clickable);
+    QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(beside.box));
+    QVERIFY(!beside.box.contains(tip));
+    // What is told of the target stays: its label over its place, the point kept in view.
+    QCOMPARE(map.overlay.labels.first().place.center().x(), double(target.x()));
+    QCOMPARE(*map.keep, QPointF(target));
+    // Without own position the arrow has no azimuth to tell.
+    picked.program.config.MyLat = picked.program.config.MyLon = 0;
+    QCOMPARE(picked.Build().overlay.labels.at(1).text, u" ZZ1AA "_s);
   }
 
   // Thousands are parted as the desktop parts them, also where its numbers usually are not.
@@ -209,25 +288,18 @@ class TestLocationMap : public QObject {
   void Edges() {
     QFETCH(QPoint, target);
     QFETCH(QPoint, own);
-    // The plainest of the maps: its pixels can be turned back into degrees.
-    Picked picked(u"N-Nederland Map.jpg"_s);
-    picked.picture = QSize(1010, 1180);
-    const auto lat = [](const QPoint& pixel) { return 52.184 + (584 - pixel.y()) / 386.36; };
-    const auto lon = [](const QPoint& pixel) { return 3.828 + (pixel.x() + 14) / 240.16; };
-    picked.target = {u"ZZ1AA"_s, lat(target), lon(target)};
-    picked.program.config.MyLat = lat(own);
-    picked.program.config.MyLon = lon(own);
-    const LocationMap map = picked.Build();
-    const bool stub = !map.overlay.lines.isEmpty();
+    Picked picked = Netherlands(target, own);
+    const MapDrawing map = picked.Build();
+    const bool stub = map.overlay.lines.size() == 1;
     QTEST(stub, "stub");
     QCOMPARE(*map.keep, QPointF(stub ? own : target));
     QCOMPARE(map.overlay.circles.last().centre, QPointF(own));
 
     // Without own position there is nothing that the way could begin at.
     picked.program.config.MyLat = picked.program.config.MyLon = 0;
-    const LocationMap alone = picked.Build();
-    QVERIFY(alone.overlay.lines.isEmpty());
-    QCOMPARE(alone.overlay.labels.size(), 1);
+    const MapDrawing alone = picked.Build();
+    QVERIFY(alone.overlay.lines.size() != 1);
+    QCOMPARE(alone.overlay.labels.first().text, u"ZZ1AA\r\n  Set your own location first (Setup) "_s);
     QCOMPARE(*alone.keep, QPointF(target));
   }
 
@@ -251,7 +323,7 @@ class TestLocationMap : public QObject {
     Picked picked;
     picked.program.config.MyLat = lat;
     picked.program.config.MyLon = lon;
-    const LocationMap map = picked.Build();
+    const MapDrawing map = picked.Build();
     QTEST(picked.program.config.MyLat, "latAfter");
     QCOMPARE(CirclesAt(map, *map.keep), 2);
     QCOMPARE(map.overlay.labels.size(), drawn ? 2 : 1);
@@ -275,10 +347,10 @@ class TestLocationMap : public QObject {
     world.picture = QSize(2800, 1412);
     QVERIFY(world.Build().keep->x() > 2600);
     QCOMPARE(world.target.lon, 185.0);
-    // Own position is moved past the date line like any other.
+    // Own position is drawn past the date line like any other, and stays as it is stored: 185 degrees have no locator.
     world.program.config.MyLon = -175;
     QVERIFY(world.Build().overlay.circles.last().centre.x() > 2400);
-    QCOMPARE(world.program.config.MyLon, 185.0);
+    QCOMPARE(world.program.config.MyLon, -175.0);
     for (const double far : {1e300, -1e300, qInf()}) {
       for (const QString& name : {u"Europe Map.jpg"_s, u"World Map.jpg"_s, u"Asia Map.jpg"_s}) {
         Picked picked(name);
@@ -288,7 +360,7 @@ class TestLocationMap : public QObject {
     }
     // A map of the user's own has no formula: nothing is drawn upon it, the distance is told all the same.
     Picked own(u"Moon Map.jpg"_s);
-    const LocationMap map = own.Build();
+    const MapDrawing map = own.Build();
     QVERIFY(map.overlay.circles.isEmpty() && map.overlay.labels.isEmpty() && !map.keep);
     QCOMPARE(map.info, u"ZZ1AA  Dx 551 km  Az 153°"_s);
   }

@@ -48,7 +48,7 @@ struct Shown {
     window.resize(400, 300);
     before.setGeometry(0, 0, 10, 10);
     after.setGeometry(20, 0, 10, 10);
-    view->SetPicture(Pattern(QSize(900, 700)));
+    view->SetPicture(Pattern(QSize(900, 700)), QSize(900, 700));
     view->FitMapToWindow(window.size(), 25);
     MapOverlay overlay;
     overlay.labels = {Label(u"first"_s, {300, 250}, true), Label(u"fixed"_s, {450, 250}, false),
@@ -116,8 +116,7 @@ class TestMapView : public QObject {
     QFETCH(int, key);
     QFETCH(int, modifiers);
     Shown shown;
-    shown.view->KeepInView(QPointF(100, 500), 25);
-    shown.view->FitMapToWindow(shown.window.size(), 25);
+    shown.view->SetHome(QPointF(100, 500), 25);
     QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
     if (key == Qt::Key_Down) QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
     QTEST(shown.Place(), "place");
@@ -240,15 +239,18 @@ class TestMapView : public QObject {
   void PannedPixels_data() {
     QTest::addColumn<double>("ratio");
     QTest::addColumn<QSize>("picture");
-    QTest::newRow("plain") << 1.0 << QSize(900, 700);
-    QTest::newRow("sharp screen") << 2.0 << QSize(900, 700);
-    QTest::newRow("smaller than its frame") << 1.0 << QSize(120, 90);
-    QTest::newRow("narrow") << 1.0 << QSize(120, 700);
+    QTest::addColumn<QSize>("pixels");
+    QTest::newRow("plain") << 1.0 << QSize(900, 700) << QSize(900, 700);
+    QTest::newRow("sharp screen") << 2.0 << QSize(900, 700) << QSize(900, 700);
+    QTest::newRow("smaller than its frame") << 1.0 << QSize(120, 90) << QSize(120, 90);
+    QTest::newRow("narrow") << 1.0 << QSize(120, 700) << QSize(120, 700);
+    QTest::newRow("read with fewer pixels") << 1.0 << QSize(900, 700) << QSize(562, 437);
   }
 
   void PannedPixels() {
     QFETCH(double, ratio);
     QFETCH(QSize, picture);
+    QFETCH(QSize, pixels);
     MapOverlay overlay;
     for (int i = 0; i < 12; ++i) {
       overlay.lines.append({{70.0 * i, 0}, {900.0 - 70 * i, 650}, QColor(0, 0, 255), 2});
@@ -256,8 +258,8 @@ class TestMapView : public QObject {
       overlay.labels.append(Label(u"label"_s, {80.0 * i, 55.0 * i}, true));
     }
     const auto layer = [&](MapLayer& made) {
-      made.SetLook({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
-      made.SetPicture(Pattern(picture));
+      made.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
+      made.SetPicture(Pattern(pixels), picture);
       made.SetOverlay(overlay);
     };
     MapLayer walked;
@@ -286,6 +288,55 @@ class TestMapView : public QObject {
     }
   }
 
+  // No label's box hides the mark that it belongs to, and no mark the text of a label.
+  void MarksLieOnBoxes() {
+    MapOverlay overlay;
+    overlay.labels = {Label(u"label"_s, {20, 20}, false)};
+    overlay.labels.first().box = QRectF(18, 18, 86, 66);
+    overlay.labels.first().boxColour = Qt::green;
+    const auto painted = [&overlay](const QColor& text) {
+      MapLayer layer;
+      layer.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), text, 1});
+      layer.SetPicture(Pattern(QSize(200, 150)), QSize(200, 150));
+      layer.SetOverlay(overlay);
+      return layer.Frame(QSize(200, 150), QPoint(0, 0)).copy();
+    };
+    overlay.circles = {{{60, 84}, 4, QColor(0, 0, 255), 4, false}};
+    const QImage rim = painted(Qt::black);
+    QCOMPARE(rim.pixelColor(60, 80), QColor(0, 0, 255));
+    QCOMPARE(rim.pixelColor(30, 84), QColor(Qt::green));
+    overlay.circles = {{{60, 40}, 60, QColor(0, 0, 255), 0, true}};
+    const QImage text = painted(Qt::white);
+    bool white = false;
+    for (int x = 20; x < 100; ++x) {
+      for (int y = 20; y < 60; ++y) white = white || qGray(text.pixel(x, y)) > 200;
+    }
+    QVERIFY(white);
+  }
+
+  // A window made larger and smaller again comes back to where the user has moved the map.
+  void ResizingKeepsThePan() {
+    Shown shown;
+    const QPoint panned = shown.Place() + QPoint(-40, 40);
+    QTest::keyClick(shown.view, Qt::Key_Right);
+    QTest::keyClick(shown.view, Qt::Key_Up);
+    QCOMPARE(shown.Place(), panned);
+    const auto resize = [&shown](int width, int height) {
+      shown.window.resize(width, height);
+      shown.view->FitMapToWindow(shown.window.size(), 25);
+    };
+    for (int width = 400; width <= 520; ++width) resize(width, 300 + (width - 400) / 2);
+    QCOMPARE(shown.Place(), panned + QPoint(60, 30));  // the same point in the middle
+    resize(1000, 800);
+    QCOMPARE(shown.Place(), QPoint(50, 50));
+    resize(400, 300);
+    QCOMPARE(shown.Place(), panned);
+    // Another map, or another station, begins anew.
+    shown.view->SetHome(QPointF(100, 500), 25);
+    resize(401, 300);
+    QCOMPARE(shown.Place(), QPoint(0, -350));
+  }
+
   // A busy band, with a second thread at hand and without: each tile as if the whole frame had been drawn at once.
   void ManyLines() {
     const QSize size(1100, 600);
@@ -308,7 +359,7 @@ class TestMapView : public QObject {
       QSemaphore gate;
       if (busy) pool->start([&gate]() { gate.acquire(); });
       MapLayer layer;
-      layer.SetPicture(white);
+      layer.SetPicture(white, size);
       layer.SetOverlay(overlay);
       const QImage frame = layer.Frame(size, QPoint(0, 0)).copy(QRect(QPoint(0, 0), size));
       gate.release();
@@ -320,13 +371,13 @@ class TestMapView : public QObject {
   // A desktop that turns dark while a map is open; labels with a colour of their own keep it, and stay readable.
   void TakesTheLook() {
     MapLayer layer;
-    layer.SetPicture(Pattern(QSize(200, 150)));
+    layer.SetPicture(Pattern(QSize(200, 150)), QSize(200, 150));
     MapOverlay overlay;
     overlay.labels = {Label(u"plain"_s, {10, 10}, false), Label(u"own"_s, {100, 10}, false)};
     overlay.labels.last().back = Qt::black;
     layer.SetOverlay(overlay);
     const auto colours = [&layer](const QColor& tip) {
-      layer.SetLook({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
+      layer.SetStyle({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
       const QImage frame = layer.Frame(QSize(200, 150), QPoint(0, 0));
       bool white = false;
       for (int x = 100; x < 180; ++x) {

@@ -170,11 +170,11 @@ int main(int argc, char** argv) {
   program.TargetLat = -33.9;
   program.TargetLon = 18.4;
   MapStore store(folder.path());
-  frmMapLoc* map = nullptr;
+  QPointer<frmMapLoc> map;
   PaintWatch watch;
-  // The first time the window is made too, as in the program.
+  // The window is made anew each time, as in the program.
   Opener opener([&]() {
-    if (map == nullptr) {
+    if (!map) {
       map = new frmMapLoc(program, store, &opener);
       watch.Watch(map->findChild<MapView*>());
     }
@@ -186,13 +186,15 @@ int main(int argc, char** argv) {
 
   const double first = Open(opener, watch);
   map->close();
+  // As the program's event loop does; the loops of this file lie too deep to delete what was closed outside of them.
+  QCoreApplication::sendPostedEvents(map, QEvent::DeferredDelete);
   Rest();
   const double again = Open(opener, watch);
 
   // A view of its own, so that the size does not depend on the screen.
   MapView wide(nullptr);
   const QSize large = kScreen + QSize(400, 400);
-  wide.SetPicture(MadeUpPicture(large));
+  wide.SetPicture(MadeUpPicture(large), large);
   PaintWatch wideWatch;
   wideWatch.Watch(&wide);
   wide.FitMapToWindow(kScreen, 0);

@@ -1,0 +1,137 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maps/map_file.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+#include <QPainter>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 kMaxBytes = 256LL << 20;
+constexpr qint64 kMaxPixels = 32'000'000;  // what the reader's own limit of 128 MiB lets pass
+constexpr int kMaxSide = 32'000;           // of what is decoded; painting goes wrong beyond 16 bits
+constexpr int kMaxShownSide = 1'000'000;
+
+// Bytes of a picture, read one after the other; what lies behind the end reads as -1.
+class ByteWalk {
+ public:
+  explicit ByteWalk(const QByteArray& bytes) : bytes_(bytes) {}
+  int Next() { return at_ < bytes_.size() ? static_cast<uchar>(bytes_.at(at_++)) : -1; }
+  void Skip(qsizetype count) { at_ += count; }
+  bool IsOver() const { return at_ > bytes_.size(); }
+
+ private:
+  const QByteArray& bytes_;
+  qsizetype at_ = 0;
+};
+
+// Segment after segment to the mark of the picture's end. Within the picture's data 0xff is followed by 0 or by the
+// number of a restart, so that any other byte behind it begins the next segment.
+bool IsWholeJpeg(const QByteArray& bytes) {
+  ByteWalk walk(bytes);
+  walk.Skip(2);
+  int next = walk.Next();
+  while (next >= 0) {
+    if (next != 0xff) {
+      next = walk.Next();
+      continue;
+    }
+    next = walk.Next();
+    if (next == 0xd9) return true;
+    const bool bare = next == 0 || next == 0xff || next == 0x01 || (next >= 0xd0 && next <= 0xd7);
+    if (bare) continue;
+    const int high = walk.Next();
+    const int low = walk.Next();
+    if (low < 0) return false;
+    walk.Skip(high * 256 + low - 2);
+    next = walk.Next();
+  }
+  return false;
+}
+
+// Blocks of a length byte and as many bytes, the last of length 0.
+bool SkipGifBlocks(ByteWalk& walk) {
+  for (int length = walk.Next(); length > 0; length = walk.Next()) walk.Skip(length);
+  return !walk.IsOver();
+}
+
+qsizetype GifTableBytes(int flags) {
+  return (flags & 0x80) != 0 ? 3LL << ((flags & 7) + 1) : 0;
+}
+
+// To the end of the first frame, which is the one that is shown.
+bool IsWholeGif(const QByteArray& bytes) {
+  ByteWalk walk(bytes);
+  walk.Skip(10);
+  const int flags = walk.Next();
+  if (flags < 0) return false;
+  walk.Skip(2 + GifTableBytes(flags));
+  for (int kind = walk.Next(); kind == '!' || kind == ','; kind = walk.Next()) {
+    if (kind == '!') {
+      walk.Skip(1);
+      if (!SkipGifBlocks(walk)) return false;
+      continue;
+    }
+    walk.Skip(8);
+    const int local = walk.Next();
+    if (local < 0) return false;
+    walk.Skip(GifTableBytes(local) + 1);
+    return SkipGifBlocks(walk);
+  }
+  return false;
+}
+
+// Of other types the decoder itself says when they break off.
+bool IsWhole(const QByteArray& bytes, const QByteArray& format) {
+  if (format == "jpeg") return IsWholeJpeg(bytes);
+  if (format == "gif") return IsWholeGif(bytes);
+  return true;
+}
+
+// The size to decode at: the picture's own, or as many eighths of it as the limits allow, since a JPEG is decoded in
+// eighths without its whole size ever being in memory.
+QSize DecodedSize(const QSize& size) {
+  for (int eighths = 8; eighths > 0; --eighths) {
+    // Rounded down: a pixel more, and the decoder takes the next larger eighth.
+    const QSize reduced(std::max(1, size.width() * eighths / 8), std::max(1, size.height() * eighths / 8));
+    const qint64 pixels = static_cast<qint64>(reduced.width()) * reduced.height();
+    if (reduced.width() <= kMaxSide && reduced.height() <= kMaxSide && pixels <= kMaxPixels) return reduced;
+  }
+  return {};
+}
+
+QImage Opaque(QImage picture) {
+  if (!picture.hasAlphaChannel()) return std::move(picture).convertToFormat(QImage::Format_RGB32);
+  QImage opaque(picture.size(), QImage::Format_RGB32);
+  opaque.fill(Qt::white);
+  QPainter(&opaque).drawImage(0, 0, picture);
+  return opaque;
+}
+
+}  // namespace
+
+MapPicture ReadMapFile(const QString& path) {
+  MapPicture failed;
+  failed.failed = true;
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBytes) return failed;
+  // All of it at once: what is looked through below and what is decoded are the same bytes, also while the file is
+  // being copied.
+  QByteArray bytes = file.readAll();
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QImageReader reader(&buffer);
+  // A user's own picture may be of another type than its name says.
+  reader.setDecideFormatFromContent(true);
+  const QSize size = reader.size();
+  if (size.isEmpty() || size.width() > kMaxShownSide || size.height() > kMaxShownSide) return failed;
+  const QSize decoded = DecodedSize(size);
+  if (decoded.isEmpty() || !IsWhole(bytes, reader.format())) return failed;
+  if (decoded != size) reader.setScaledSize(decoded);
+  QImage picture = reader.read();
+  if (picture.isNull()) return failed;
+  return {Opaque(std::move(picture)), size, false};
+}

@@ -1,0 +1,230 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "maps/map_window.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+
+#include "maps/map_list.h"
+#include "maps/map_projection.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kSmallest(360, 220);  // a tiny picture leaves room for the bar
+constexpr int kInfoGap = 4;           // between bar and info panel
+constexpr int kInfoRoom = 40;         // the info panel is that much wider than its text
+
+}  // namespace
+
+MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, QWidget* opener)
+    : BaseWindow(opener, Qt::Window),
+      program_(program),
+      store_(store),
+      picOuter_(new MapView(this)),
+      imgMenuBar_(this),
+      bar_(new QHBoxLayout(&imgMenuBar_)),
+      maps_(names.mapsButton, names.mapsList, &imgMenuBar_, this),
+      Shape1_(&imgMenuBar_),
+      lblHelp_(&imgMenuBar_),
+      Shape2_(&imgMenuBar_),
+      cmdClose_(u"cmdClose"_s, &imgMenuBar_),
+      picInfo_(this),
+      lblMapInfo1_(&picInfo_) {
+  setObjectName(names.window);
+  setMinimumSize(kSmallest);
+  MakeBar();
+  picInfo_.setObjectName(u"picInfo"_s);
+  picInfo_.setFrameShape(QFrame::StyledPanel);
+  picInfo_.setAutoFillBackground(true);
+  // The map can be dragged through it.
+  picInfo_.setAttribute(Qt::WA_TransparentForMouseEvents);
+  lblMapInfo1_.setObjectName(u"lblMapInfo1"_s);
+  lblMapInfo1_.setTextFormat(Qt::PlainText);
+  lblMapInfo1_.setAlignment(Qt::AlignCenter);
+
+  connect(&maps_, &MapChooser::Chosen, this, &MapWindow::ChooseMap);
+  connect(&maps_, &MapChooser::Left, this, [this]() { picOuter_->setFocus(); });
+  connect(&cmdClose_, &QToolButton::clicked, this, &QWidget::close);
+  connect(picOuter_, &MapView::Panned, this, &MapWindow::StoreOffsets);
+  connect(picOuter_, &MapView::LabelClicked, this,
+          [this](const QString& name, const QPoint& at, bool byKeyboard) { LabelPressed(name, at, byKeyboard); });
+  picOuter_->setFocus();
+}
+
+void MapWindow::MakeBar() {
+  imgMenuBar_.setObjectName(u"imgMenuBar"_s);
+  imgMenuBar_.setAutoFillBackground(true);
+  lblHelp_.setObjectName(u"lblHelp"_s);
+  lblHelp_.setTextFormat(Qt::PlainText);
+  // Cut off rather than keep the window wide.
+  lblHelp_.setMinimumWidth(1);
+  Shape1_.setObjectName(u"Shape1"_s);
+  Shape2_.setObjectName(u"Shape2"_s);
+  for (QFrame* shape : {&Shape1_, &Shape2_}) {
+    shape->setFrameShape(QFrame::VLine);
+    shape->setFrameShadow(QFrame::Sunken);
+  }
+  bar_->setContentsMargins(6, 0, 2, 0);
+  bar_->setSpacing(4);
+  bar_->addWidget(&maps_);
+  bar_->addWidget(&Shape1_);
+  bar_->addWidget(&lblHelp_, 1);
+  bar_->addWidget(&Shape2_);
+  bar_->addWidget(&cmdClose_);
+}
+
+void MapWindow::AddToBar(QWidget* control) {
+  bar_->insertWidget(bar_->indexOf(&lblHelp_), control);
+}
+
+void MapWindow::ShowTexts() {
+  const LanguageTexts& language = program_.language;
+  maps_.SetTexts(language[TextLine::kMapsWord].trimmed());
+  lblHelp_.setText(language[TextLine::kMapHelp].trimmed());
+  lblHelp_.setToolTip(lblHelp_.text());
+  cmdClose_.SetCaption(language[TextLine::kCloseWord].trimmed());
+  if (!isVisible()) return;
+  RedrawOverlay();
+  PlaceInfo();
+}
+
+void MapWindow::Redraw_Map() {
+  ShowTexts();
+  maps_.SetMaps(program_.lstMap, mapIndex_);
+  store_.Read(program_.lstMap.value(mapIndex_), this, [this, read = ++reads_](const MapPicture& picture) {
+    if (read == reads_) Display_Map(picture);
+  });
+  if (!testAttribute(Qt::WA_WState_Polished)) PrepareFirstShow();
+}
+
+// While the picture is read, what the first show takes: styles, fonts, sizes. The native window has to wait, as one
+// that is there already is placed without its decoration.
+void MapWindow::PrepareFirstShow() {
+  ensurePolished();
+  const QList<QWidget*> controls = findChildren<QWidget*>();
+  for (const QWidget* control : controls) control->ensurePolished();
+  bar_->activate();
+  const QWidget* on = parentWidget() != nullptr ? parentWidget() : this;
+  picOuter_->Prepare(on->screen()->availableGeometry().size());
+}
+
+void MapWindow::Display_Map(const MapPicture& picture) {
+  // A file that cannot be read leaves the picture that is shown.
+  failed_ = picture.failed;
+  if (!picture.pixels.isNull()) {
+    picOuter_->SetPicture(picture.pixels, picture.size);
+    shownFile_ = program_.lstMap.value(mapIndex_);
+  }
+  const QString title = MapTitle(program_.lstMap, mapIndex_);
+  const QString maps = program_.language[TextLine::kMapsWord].trimmed();
+  setWindowTitle(title.isEmpty() ? Program::Title() + u"  "_s + maps : title);
+  picOuter_->setAccessibleName(windowTitle());
+  RedrawOverlay();
+  picOuter_->SetHome(keep_, kMapBottomRoom);
+  PlaceOnScreen();
+  // A window that was left by its bar would come back with the focus on a button there.
+  if (!isVisible()) picOuter_->setFocus();
+  show();
+  raise();
+  activateWindow();
+}
+
+// As large as the picture where the screen allows it, in the middle of the screen.
+void MapWindow::PlaceOnScreen() {
+  // A minimized window would stay where nobody sees it.
+  setWindowState(windowState() & ~Qt::WindowMinimized);
+  const QWidget* on = isVisible() || parentWidget() == nullptr ? this : parentWidget();
+  const QRect room = on->screen()->availableGeometry();
+  const QSize allowance = FrameAllowance();
+  const QSize outer =
+      MapWindowSize(picOuter_->PictureSize(), allowance, room.size()).expandedTo(minimumSize() + allowance);
+  const bool sized = size() == outer - allowance;
+  resize(outer - allowance);
+  move(room.topLeft() + QPoint((room.width() - outer.width()) / 2, (room.height() - outer.height()) / 2));
+  if (sized || !isVisible()) PlaceControls();
+}
+
+void MapWindow::RedrawOverlay() {
+  const QString file = program_.lstMap.value(mapIndex_);
+  const MapSurface surface{MapOfName(MapTitle(program_.lstMap, mapIndex_)), picOuter_->PictureSize(),
+                           [this](const QString& text) { return picOuter_->LabelSize(text); }};
+  MapDrawing drawing = BuildDrawing(surface);
+  // By this map's formula nothing lies where it belongs on the picture of another map.
+  if (shownFile_ != file) {
+    drawing.overlay = {};
+    drawing.keep.reset();
+  }
+  picOuter_->SetOverlay(drawing.overlay);
+  info_ = drawing.info;
+  keep_ = drawing.keep;
+  ShowInfo();
+}
+
+void MapWindow::ShowInfo() {
+  QString text = info_;
+  const QString file = program_.lstMap.value(mapIndex_);
+  if (failed_ && !file.isEmpty()) {
+    const QString name = lblMapInfo1_.fontMetrics().elidedText(file, Qt::ElideMiddle, kSmallest.width() / 2);
+    if (!text.isEmpty()) text += u'\n';
+    text += tr("%1 cannot be read").arg(name);
+  }
+  picOuter_->setAccessibleDescription(text);
+  lblMapInfo1_.setText(text);
+}
+
+void MapWindow::PlaceControls() {
+  const int menuBarHeight = std::max(kMapBottomRoom, imgMenuBar_.sizeHint().height());
+  imgMenuBar_.setGeometry(0, 0, width(), menuBarHeight);
+  maps_.FitToWindow(width());
+  picOuter_->FitMapToWindow(size(), menuBarHeight);
+  PlaceInfo();
+  maps_.CloseList();
+}
+
+void MapWindow::PlaceInfo() {
+  const QSize text = lblMapInfo1_.sizeHint();
+  picInfo_.setVisible(!lblMapInfo1_.text().isEmpty());
+  picInfo_.resize(text.width() + kInfoRoom, text.height() + 2 * kInfoGap);
+  picInfo_.move((width() - picInfo_.width()) / 2, imgMenuBar_.height() + kInfoGap);
+  lblMapInfo1_.setGeometry(picInfo_.rect());
+}
+
+// What the window manager adds. Known once the window has been shown; until then its opener's is as good.
+QSize MapWindow::FrameAllowance() {
+  const QWidget* shown = isVisible() ? this : parentWidget();
+  if (shown != nullptr && shown->isVisible()) frameAllowance_ = shown->frameGeometry().size() - shown->size();
+  return frameAllowance_;
+}
+
+void MapWindow::ChooseMap(int index) {
+  picOuter_->setFocus();
+  mapIndex_ = index;
+  StoreMapIndex(index);
+  Redraw_Map();
+}
+
+void MapWindow::StoreOffsets(int left, int top) {
+  const bool known = mapIndex_ >= 0 && shownFile_ == program_.lstMap.value(mapIndex_);
+  if (known && picOuter_->Fit().PanX && mapIndex_ < program_.MapLeft.size()) program_.MapLeft[mapIndex_] = left;
+  if (known && picOuter_->Fit().PanY && mapIndex_ < program_.MapTop.size()) program_.MapTop[mapIndex_] = top;
+}
+
+void MapWindow::resizeEvent(QResizeEvent* event) {
+  BaseWindow::resizeEvent(event);
+  PlaceControls();
+}
+
+void MapWindow::changeEvent(QEvent* event) {
+  BaseWindow::changeEvent(event);
+  // The places of labels, and the bar's height, go by the size of the letters.
+  if (event->type() != QEvent::FontChange || !isVisible()) return;
+  RedrawOverlay();
+  PlaceControls();
+}
+
+void MapWindow::closeEvent(QCloseEvent* event) {
+  // A picture that is still being read would bring the window back before it is deleted.
+  ++reads_;
+  BaseWindow::closeEvent(event);
+}
