@@ -12,7 +12,7 @@ ConnectionPool::ConnectionPool(const UrlLimits& limits, const AddressRules& rule
 ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPublic) {
   // The one that was used last: it has the best chance of being open at its other end.
   for (qsizetype i = idle_.size() - 1; i >= 0; --i) {
-    HttpConnection* connection = idle_[i].connection;
+    UrlConnection* connection = idle_[i].connection;
     if (connection->Place() != place || connection->HasEnded()) continue;
     if (onlyPublic && connection->LeadsIntoPrivate()) continue;
     connection->disconnect(this);
@@ -23,29 +23,29 @@ ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPubl
   return {TakeNew(place, onlyPublic), false};
 }
 
-HttpConnection* ConnectionPool::TakeNew(const HttpPlace& place, bool onlyPublic) {
+UrlConnection* ConnectionPool::TakeNew(const HttpPlace& place, bool onlyPublic) {
   ++taken_;
   CloseSurplus();
-  return new HttpConnection(place, rules_, onlyPublic, this);
+  return new UrlConnection(place, rules_, onlyPublic, this);
 }
 
-void ConnectionPool::GiveBack(HttpConnection* connection) {
+void ConnectionPool::GiveBack(UrlConnection* connection) {
   if (connection->HasEnded()) return Drop(connection);
   --taken_;
   idle_ += {connection, QDeadlineTimer(limits_.idle)};
   // Its end, or words that nobody has asked for.
-  connect(connection, &HttpConnection::Lost, this, [this, connection]() { DropIdle(connection); });
-  connect(connection, &HttpConnection::Readable, this, [this, connection]() { DropIdle(connection); });
+  connect(connection, &UrlConnection::Lost, this, [this, connection]() { DropIdle(connection); });
+  connect(connection, &UrlConnection::Readable, this, [this, connection]() { DropIdle(connection); });
   CloseSurplus();
   if (!old_.isActive()) old_.start(limits_.idle);
 }
 
-void ConnectionPool::Drop(HttpConnection* connection) {
+void ConnectionPool::Drop(UrlConnection* connection) {
   --taken_;
   connection->deleteLater();
 }
 
-void ConnectionPool::DropIdle(HttpConnection* connection) {
+void ConnectionPool::DropIdle(UrlConnection* connection) {
   connection->disconnect(this);
   idle_.removeIf([connection](const Idle& one) { return one.connection == connection; });
   connection->deleteLater();

@@ -7,7 +7,7 @@
 #include <QList>
 #include <QTimer>
 
-#include "platform/net/http_connection.h"
+#include "platform/net/url_connection.h"
 #include "platform/net/url_limits.h"
 
 class ConnectionPool : public QObject {
@@ -16,7 +16,7 @@ class ConnectionPool : public QObject {
  public:
   // A connection, and whether it has served before: the server may be closing such a one just now.
   struct Taken {
-    HttpConnection* connection = nullptr;
+    UrlConnection* connection = nullptr;
     bool isUsed = false;
   };
 
@@ -25,19 +25,19 @@ class ConnectionPool : public QObject {
   // An idle connection to the place, or a new one that is not open yet. onlyPublic: one that leads into the user's own
   // network is no choice; the new one then fails.
   Taken Take(const HttpPlace& place, bool onlyPublic);
-  HttpConnection* TakeNew(const HttpPlace& place, bool onlyPublic);
+  UrlConnection* TakeNew(const HttpPlace& place, bool onlyPublic);
   // For the next read of its server. Nothing may be left to read of it.
-  void GiveBack(HttpConnection* connection);
+  void GiveBack(UrlConnection* connection);
   // It is closed and forgotten.
-  void Drop(HttpConnection* connection);
+  void Drop(UrlConnection* connection);
 
  private:
   struct Idle {
-    HttpConnection* connection = nullptr;
+    UrlConnection* connection = nullptr;
     QDeadlineTimer until;
   };
 
-  void DropIdle(HttpConnection* connection);
+  void DropIdle(UrlConnection* connection);
   void CloseSurplus();
   void CloseOld();
 

@@ -71,9 +71,9 @@ void UrlTransfer::Ask(const ConnectionPool::Taken& taken) {
   used_ = searched_ = headBytes_ = 0;
   head_.reset();
   reader_.reset();
-  connect(connection_, &HttpConnection::Opened, this, &UrlTransfer::SendRequest);
-  connect(connection_, &HttpConnection::Readable, this, &UrlTransfer::OnReadable);
-  connect(connection_, &HttpConnection::Lost, this, &UrlTransfer::OnLost);
+  connect(connection_, &UrlConnection::Opened, this, &UrlTransfer::SendRequest);
+  connect(connection_, &UrlConnection::Readable, this, &UrlTransfer::OnReadable);
+  connect(connection_, &UrlConnection::Lost, this, &UrlTransfer::OnLost);
   if (isUsed_) {
     SendRequest();
   } else {
@@ -257,7 +257,7 @@ void UrlTransfer::ForgetBody() {
 
 void UrlTransfer::DropConnection() {
   if (!connection_) return;
-  HttpConnection* connection = std::exchange(connection_, nullptr);
+  UrlConnection* connection = std::exchange(connection_, nullptr);
   connection->disconnect(this);
   shared_.pool.Drop(connection);
 }
@@ -267,7 +267,7 @@ void UrlTransfer::ReleaseConnection() {
   if (!connection_) return;
   const bool isAtEnd = reader_->Now() == HttpBody::State::Whole && used_ == input_.size();
   if (!isAtEnd || !head_->isKeepAlive) return DropConnection();
-  HttpConnection* connection = std::exchange(connection_, nullptr);
+  UrlConnection* connection = std::exchange(connection_, nullptr);
   connection->disconnect(this);
   shared_.pool.GiveBack(connection);
 }

@@ -77,7 +77,7 @@ class UrlTransfer : public QObject {
   const Shared shared_;
   const std::function<bool(qint64)> mayGrow_;
   QUrl url_;
-  HttpConnection* connection_ = nullptr;
+  UrlConnection* connection_ = nullptr;
   bool isUsed_ = false;   // the connection, by an earlier read
   bool isHeard_ = false;  // the server, in answer to this request
   bool isPaused_ = false;

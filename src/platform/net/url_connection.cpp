@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/net/http_connection.h"
+#include "platform/net/url_connection.h"
 
 #include <QHostInfo>
 #include <QNetworkProxy>
@@ -39,18 +39,18 @@ HttpPlace::HttpPlace(const QUrl& url)
       host(url.host(QUrl::FullyEncoded)),
       port(static_cast<quint16>(url.port(isEncrypted ? 443 : 80))) {}
 
-HttpConnection::HttpConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent)
+UrlConnection::UrlConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent)
     : QObject(parent), place_(place), rules_(rules), onlyPublic_(onlyPublic), patience_(this) {
   patience_.setSingleShot(true);
   patience_.setInterval(kPatience);
-  connect(&patience_, &QTimer::timeout, this, &HttpConnection::TryNext);
+  connect(&patience_, &QTimer::timeout, this, &UrlConnection::TryNext);
 }
 
-HttpConnection::~HttpConnection() {
+UrlConnection::~UrlConnection() {
   if (socket_) socket_->disconnect(this);
 }
 
-void HttpConnection::Open() {
+void UrlConnection::Open() {
   const QNetworkProxy proxy = ProxyFor(place_);
   if (proxy.type() != QNetworkProxy::NoProxy) return OpenThrough(proxy);
   QHostAddress literal;
@@ -58,10 +58,10 @@ void HttpConnection::Open() {
     addresses_ = {literal};
     return TryNext();
   }
-  QHostInfo::lookupHost(QUrl::fromAce(place_.host.toLatin1()), this, &HttpConnection::TakeAddresses);
+  QHostInfo::lookupHost(QUrl::fromAce(place_.host.toLatin1()), this, &UrlConnection::TakeAddresses);
 }
 
-void HttpConnection::OpenThrough(const QNetworkProxy& proxy) {
+void UrlConnection::OpenThrough(const QNetworkProxy& proxy) {
   QHostAddress literal;
   leadsIntoPrivate_ = literal.setAddress(place_.host) ? rules_.IsPrivate(literal) : !place_.host.contains(u'.');
   if (onlyPublic_ && leadsIntoPrivate_) return TellLost();
@@ -69,14 +69,14 @@ void HttpConnection::OpenThrough(const QNetworkProxy& proxy) {
   Connect(place_.host);
 }
 
-void HttpConnection::TakeAddresses(const QHostInfo& found) {
+void UrlConnection::TakeAddresses(const QHostInfo& found) {
   addresses_ = found.addresses().first(std::min(found.addresses().size(), kMostAddresses));
   TryNext();
 }
 
 // One address after another. The addresses that are judged here are those that are connected to: a name cannot lead
 // elsewhere in between.
-void HttpConnection::TryNext() {
+void UrlConnection::TryNext() {
   patience_.stop();
   if (onlyPublic_) addresses_.removeIf([this](const QHostAddress& address) { return rules_.IsPrivate(address); });
   if (addresses_.isEmpty()) return TellLost();
@@ -87,7 +87,7 @@ void HttpConnection::TryNext() {
   Connect(address.toString());
 }
 
-void HttpConnection::MakeSocket(const QNetworkProxy& proxy) {
+void UrlConnection::MakeSocket(const QNetworkProxy& proxy) {
   if (socket_) {
     socket_->disconnect(this);
     socket_->deleteLater();
@@ -95,17 +95,17 @@ void HttpConnection::MakeSocket(const QNetworkProxy& proxy) {
   socket_ = place_.isEncrypted ? new QSslSocket(this) : new QTcpSocket(this);
   socket_->setProxy(proxy);
   socket_->setReadBufferSize(kBuffer);
-  connect(socket_, &QTcpSocket::readyRead, this, &HttpConnection::Readable);
-  connect(socket_, &QTcpSocket::errorOccurred, this, &HttpConnection::OnLost);
-  connect(socket_, &QTcpSocket::disconnected, this, &HttpConnection::OnLost);
+  connect(socket_, &QTcpSocket::readyRead, this, &UrlConnection::Readable);
+  connect(socket_, &QTcpSocket::errorOccurred, this, &UrlConnection::OnLost);
+  connect(socket_, &QTcpSocket::disconnected, this, &UrlConnection::OnLost);
   if (auto* safe = qobject_cast<QSslSocket*>(socket_)) {
-    connect(safe, &QSslSocket::encrypted, this, &HttpConnection::OnOpened);
+    connect(safe, &QSslSocket::encrypted, this, &UrlConnection::OnOpened);
   } else {
-    connect(socket_, &QTcpSocket::connected, this, &HttpConnection::OnOpened);
+    connect(socket_, &QTcpSocket::connected, this, &UrlConnection::OnOpened);
   }
 }
 
-void HttpConnection::Connect(const QString& host) {
+void UrlConnection::Connect(const QString& host) {
   if (auto* safe = qobject_cast<QSslSocket*>(socket_)) {
     safe->connectToHostEncrypted(host, place_.port, place_.host);
   } else {
@@ -113,33 +113,33 @@ void HttpConnection::Connect(const QString& host) {
   }
 }
 
-void HttpConnection::OnOpened() {
+void UrlConnection::OnOpened() {
   patience_.stop();
   isOpen_ = true;
   Q_EMIT Opened();
 }
 
-void HttpConnection::OnLost() {
+void UrlConnection::OnLost() {
   if (isOpen_ || addresses_.isEmpty()) return TellLost();
   // Later, as it replaces the socket that is just telling this.
   socket_->disconnect(this);
-  QMetaObject::invokeMethod(this, &HttpConnection::TryNext, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &UrlConnection::TryNext, Qt::QueuedConnection);
 }
 
 // Later, so that nobody hears of the end while opening or reading.
-void HttpConnection::TellLost() {
+void UrlConnection::TellLost() {
   if (std::exchange(isLost_, true)) return;
-  QMetaObject::invokeMethod(this, &HttpConnection::Lost, Qt::QueuedConnection);
+  QMetaObject::invokeMethod(this, &UrlConnection::Lost, Qt::QueuedConnection);
 }
 
-void HttpConnection::Send(const QByteArray& request) {
+void UrlConnection::Send(const QByteArray& request) {
   socket_->write(request);
 }
 
-QByteArray HttpConnection::Read() {
+QByteArray UrlConnection::Read() {
   return socket_ ? socket_->read(kStep) : QByteArray();
 }
 
-bool HttpConnection::HasEnded() const {
+bool UrlConnection::HasEnded() const {
   return isLost_ || (isOpen_ && socket_->state() != QAbstractSocket::ConnectedState && socket_->bytesAvailable() == 0);
 }

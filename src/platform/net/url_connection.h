@@ -24,13 +24,13 @@ struct HttpPlace {
   bool operator==(const HttpPlace& other) const = default;
 };
 
-class HttpConnection : public QObject {
+class UrlConnection : public QObject {
   Q_OBJECT
 
  public:
   // onlyPublic: addresses of the user's own network are passed over.
-  HttpConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent);
-  ~HttpConnection() override;
+  UrlConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent);
+  ~UrlConnection() override;
 
   // Opened or Lost follows; Opened possibly before this returns.
   void Open();
