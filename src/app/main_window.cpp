@@ -81,6 +81,7 @@ void Form1::RegisterCommands() {
   does(Command::CompactPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.CompactPage(); });
   does(Command::RemoveFromPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.RemoveSite(); });
   does(Command::RemoveAllFromPage, [](Form1& form, const MenuChoice&) { form.logic_.sites.RemoveAllSites(); });
+  does(Command::PressBarLabel, [](Form1& form, const MenuChoice& choice) { form.pic_->PressMoved(choice.index); });
 }
 
 void Form1::ConnectHover() {

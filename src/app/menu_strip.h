@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pic: the bar of the main window with its labels, the call field and cmdGo. The main window connects its parts.
+// Pic: the bar of the main window with its labels, the call field and cmdGo. The main window connects its parts; what
+// has no room in the bar is offered by the menu of lblMore.
 #pragma once
 
 #include <QLineEdit>
@@ -9,7 +10,9 @@
 #include "core/language_file.h"
 #include "ui/bar_label.h"
 #include "ui/busy_sign.h"
+#include "ui/menu_entry.h"
 
+// Lays its parts out by itself: a layout of the toolkit would cut captions instead of letting them give way in order.
 class MenuStrip : public QWidget {
   Q_OBJECT
 
@@ -19,6 +22,11 @@ class MenuStrip : public QWidget {
   // Height for the present font, in pixels.
   int BarHeight() const;
   void SetTexts(const LanguageTexts& texts);
+
+  // The labels that are in the menu of lblMore at present, in the order of the bar.
+  QList<MenuEntry> MoreEntries() const;
+  // Presses one of them, by the index of its entry.
+  void PressMoved(int index);
 
   BarLabel* lblPages;
   BarLabel* lblRefresh;
@@ -31,7 +39,35 @@ class MenuStrip : public QWidget {
   BarLabel* lblOnAirNow;
   BarLabel* lblPropagation;
   BarLabel* lblSetup;
+  BarLabel* lblMore;
 
  protected:
+  bool event(QEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+
+ private:
+  // How far the labels have to give way.
+  struct Fit {
+    QList<BarLabel*> moved;  // in the menu of lblMore
+    bool brief = false;      // the brief captions are shown
+    bool least = true;       // no label is narrower than its least width
+    int widest = 0;          // nor wider than this, unless its least width is
+    int field = 0;           // width of txtCall
+
+    int WidthOf(const BarLabel* label) const;
+  };
+
+  // Labels that can go into the menu, the first to go first; wanted or not.
+  QList<BarLabel*> Movable() const { return {lblPropagation, lblOnAirNow, lblCam}; }
+  QList<BarLabel*> LabelsBeside(const QList<BarLabel*>& moved) const;
+  int RoomFor(qsizetype labels, int field) const;
+  int FieldWidth(int letters) const;
+  int SignWidth() const;
+  int ButtonWidth() const;
+  Fit FitLabels() const;
+  void Arrange();
+  // Puts a part at its place, in the middle of the bar's height; returns its right edge.
+  int Place(QWidget* part, int left, int partWidth);
 };

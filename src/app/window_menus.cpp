@@ -7,6 +7,7 @@ WindowMenus::WindowMenus(Program& program, const Commands& commands, PageLogic& 
       program_(program),
       commands_(commands),
       logic_(logic),
+      pic_(pic),
       window_(window),
       tables_(program, commands) {
   const auto opens = [this](BarLabel* label, MenuId menu) {
@@ -15,6 +16,7 @@ WindowMenus::WindowMenus(Program& program, const Commands& commands, PageLogic& 
   opens(pic.lblPages, MenuId::Pages);
   opens(pic.lblFind, MenuId::Alphabet);
   opens(pic.lblSetup, MenuId::Setup);
+  opens(pic.lblMore, MenuId::More);
   connect(&picAll, &PageView::MenuWanted, this, &WindowMenus::OpenCellMenu);
 }
 
@@ -56,10 +58,11 @@ MenuSubject WindowMenus::SubjectOf(int slot) const {
 void WindowMenus::OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard) {
   if (!logic_.grid.HasSlot(slot)) return;
   program_.page.SelectedSlot = slot;
+  const QString& caption = logic_.grid.Cells().at(slot).lblCall;
   OpenMenu({.menu = MenuId::Picture,
             .subject = SubjectOf(slot),
             .owner = window_,
-            .name = logic_.grid.Cells().at(slot).lblCall,
+            .name = caption.isEmpty() ? program_.language[TextLine::kEmptyCellName] : caption,
             .at = globalPoint,
             .byKeyboard = byKeyboard});
 }
@@ -76,7 +79,7 @@ void WindowMenus::OpenMenu(const MenuRequest& request) {
   connect(menu_, &frmMenu::Chosen, this, [this, subject = request.subject](const MenuEntry& entry) {
     commands_.Do({entry.command, entry.index, entry.text, subject});
   });
-  menu_->MakeMenu(tables_.Menu(request.menu, request.subject),
+  menu_->MakeMenu(request.menu == MenuId::More ? pic_.MoreEntries() : tables_.Menu(request.menu, request.subject),
                   [this, &request](MenuId menu) { return tables_.Menu(menu, request.subject); });
   menu_->setAccessibleName(request.name);
   menu_->OpenAt(request.at, request.byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);

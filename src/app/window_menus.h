@@ -41,6 +41,7 @@ class WindowMenus : public QObject, public MenuOpener {
   Program& program_;
   const Commands& commands_;
   PageLogic& logic_;
+  MenuStrip& pic_;
   QWidget* window_;
   MenuTables tables_;
   QPointer<frmMenu> menu_;  // opened last

@@ -1,7 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/bar_label.h"
 
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QPainter>
+#include <utility>
+
+namespace {
+constexpr int kLeastLetters = 6;  // of an elided caption, before its dots
+constexpr int kElidedMargin = 3;  // pixels at each side of an elided caption
+}  // namespace
 
 BarLabel::BarLabel(const QString& name, QWidget* parent) : QToolButton(parent) {
   setObjectName(name);
@@ -15,6 +23,14 @@ void BarLabel::SetCaption(const QString& caption) {
   if (text() == caption) return;
   setText(caption);
   setAccessibleName(caption.simplified());
+  TakeTip();
+  updateGeometry();
+}
+
+void BarLabel::SetBriefCaption(const QString& caption) {
+  if (brief_ == caption) return;
+  brief_ = caption;
+  TakeTip();
   updateGeometry();
 }
 
@@ -24,9 +40,60 @@ void BarLabel::SetLit(bool lit) {
   update();
 }
 
-QSize BarLabel::sizeHint() const {
+void BarLabel::SetMoved(bool moved) {
+  if (moved_ == moved) return;
+  moved_ = moved;
+  QToolButton::setVisible(wanted_ && !moved_);
+}
+
+void BarLabel::setVisible(bool visible) {
+  const bool changed = std::exchange(wanted_, visible) != visible;
+  QToolButton::setVisible(wanted_ && !moved_);
+  // The toolkit sees no change in a label that is off the bar.
+  if (changed && moved_ && parentWidget() != nullptr) {
+    QCoreApplication::postEvent(parentWidget(), new QEvent(QEvent::LayoutRequest));
+  }
+}
+
+int BarLabel::WidthOf(const QString& caption) const {
   const QFontMetrics metrics(font());
-  return {metrics.horizontalAdvance(text().trimmed()) + metrics.height() + 2, metrics.height() + 8};
+  return metrics.horizontalAdvance(caption.trimmed()) + metrics.height() + 2;
+}
+
+int BarLabel::LeastWidth() const {
+  const QString caption = text().trimmed();
+  return std::min(BriefWidth(), WidthOf(caption.left(kLeastLetters).trimmed() + QChar(0x2026)));
+}
+
+QString BarLabel::ShownCaption() const {
+  const QFontMetrics metrics(font());
+  if (width() >= WholeWidth()) return text().trimmed();
+  const QString caption = (brief_.isEmpty() ? text() : brief_).trimmed();
+  // Elided, a text may be found a fraction of a pixel wider than it was measured.
+  if (width() >= BriefWidth()) return caption;
+  return metrics.elidedText(caption, Qt::ElideRight, width() - 2 * kElidedMargin);
+}
+
+void BarLabel::TakeTip() {
+  setToolTip(ShownCaption() == text().trimmed() ? QString() : text().simplified());
+}
+
+QSize BarLabel::sizeHint() const {
+  return {WholeWidth(), QFontMetrics(font()).height() + 8};
+}
+
+void BarLabel::resizeEvent(QResizeEvent* event) {
+  QToolButton::resizeEvent(event);
+  TakeTip();
+}
+
+void BarLabel::keyPressEvent(QKeyEvent* event) {
+  // Only some desktops let Return press a button; here it does what Space does everywhere.
+  if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
+    QToolButton::keyPressEvent(event);
+  } else if (!event->isAutoRepeat()) {
+    click();
+  }
 }
 
 void BarLabel::paintEvent(QPaintEvent* event) {
@@ -47,5 +114,5 @@ void BarLabel::paintEvent(QPaintEvent* event) {
   painter.drawRoundedRect(pill, 4, 4);
   const QPalette::ColorGroup group = isEnabled() ? QPalette::Normal : QPalette::Disabled;
   painter.setPen(lit_ ? QColor(Qt::white) : palette().color(group, QPalette::WindowText));
-  painter.drawText(rect(), static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, text().trimmed());
+  painter.drawText(rect(), static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, ShownCaption());
 }

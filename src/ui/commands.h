@@ -22,6 +22,7 @@ enum class MenuId : int {
   LookupMaps = 11,
   LookupPicture = 12,
   SignIn = 16,
+  More = 17,  // what the main window's bar has no room for
   CamView = 108,
   CamMode = 109,
   RefreshRate = 110,
@@ -87,6 +88,8 @@ enum class Command : int {
   SaveOperatorPictureAs,
   PrintOperatorPicture,
   SignInOrOut,
+  // Menu of the bar's labels that have no room.
+  PressBarLabel,
 };
 
 // Which picture a choice is about. The window whose menu or button started the action decides, never another one that
