@@ -20,8 +20,8 @@ constexpr double kCheckStroke = 0.14;  // of the check mark's side
 constexpr std::chrono::milliseconds kTick = 500ms;
 constexpr std::chrono::milliseconds kTypingPause = 1s;
 
-// The desktop's style, but for what these menus do in their own way.
-class MenuLook : public QProxyStyle {
+// The desktop's style, changed where these menus differ from those of other programs.
+class PopupStyle : public QProxyStyle {
  public:
   int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
     return metric == PM_SubMenuOverlap ? -kSubMenuOverlap : QProxyStyle::pixelMetric(metric, option, widget);
@@ -79,9 +79,9 @@ QString RowText(const QString& text, const QFontMetrics& metrics, int widest) {
 }  // namespace
 
 MenuWindow::MenuWindow(QWidget* parent) : QMenu(parent) {
-  auto* look = new MenuLook;
-  look->setParent(this);
-  setStyle(look);
+  auto* style = new PopupStyle;
+  style->setParent(this);
+  setStyle(style);
   typedTimer_.setSingleShot(true);
   typedTimer_.setInterval(kTypingPause);
   connect(&typedTimer_, &QTimer::timeout, this, [this]() { typed_.clear(); });
@@ -238,6 +238,13 @@ void frmMenu::MenusTick() {
 }
 
 void frmMenu::Dispatch(QAction* action) {
+  // A mouse or a key has closed the menus by now; a press from a screen reader or a switch has not, and the window
+  // that the choice opens would be without keyboard behind them. Such a press may be on a row with a sub-menu, too.
+  if (action->menu() != nullptr) {
+    setActiveAction(action);
+    return;
+  }
+  close();
   const MenuEntry* entry = EntryOf(action);
   for (const frmSubMenu* menu : std::as_const(subMenus_)) {
     if (entry == nullptr) entry = menu->EntryOf(action);

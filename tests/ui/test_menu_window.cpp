@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "test_suite.h"
+#include "ui/bar_label.h"
 #include "ui/menu_accessible.h"
 #include "ui/menu_window.h"
 
@@ -125,6 +126,50 @@ class TestMenuWindow : public QObject {
     QCOMPARE(opened.closed.size(), 1);
     QVERIFY(opened.menu.isVisible());
     QCOMPARE(opened.menu.pos(), QPoint(10, 10));
+  }
+
+  void AScreenReaderPresses_data() {
+    QTest::addColumn<QString>("row");
+    QTest::addColumn<bool>("inSubMenu");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("entry") << u"Avocado"_s << false << u"Avocado"_s;
+    QTest::newRow("entry of a sub-menu") << u"two"_s << true << u"two"_s;
+    QTest::newRow("greyed entry") << u"Banana"_s << false << u"open"_s;
+    QTest::newRow("opens a sub-menu") << u"Cherry"_s << false << u"sub-menu"_s;
+  }
+
+  // Such a press closes no menu by itself, and an open one holds the keyboard.
+  void AScreenReaderPresses() {
+    QFETCH(QString, row);
+    QFETCH(bool, inSubMenu);
+    Opened opened;
+    opened.Open();
+    QMenu* sub = opened.Row(u"Cherry"_s)->menu();
+    if (inSubMenu) opened.menu.setActiveAction(opened.Row(u"Cherry"_s));
+    QString outcome;
+    connect(&opened.menu, &frmMenu::Chosen, &opened.menu, [&outcome](const MenuEntry& entry) {
+      outcome = QApplication::activePopupWidget() != nullptr ? u"chosen while open"_s : entry.text.trimmed();
+    });
+    QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(inSubMenu ? sub : &opened.menu);
+    for (int i = 0; i < menu->childCount(); ++i) {
+      QAccessibleInterface* item = menu->child(i);
+      if (item->text(QAccessible::Name).trimmed() != row) continue;
+      item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    }
+    const bool chosen = !outcome.isEmpty();
+    QCOMPARE(opened.closed.size(), chosen ? 1 : 0);
+    if (!chosen) outcome = sub->isVisible() ? u"sub-menu"_s : u"open"_s;
+    QTEST(outcome, "expected");
+  }
+
+  void KeysPressALabel() {
+    BarLabel label(u"lblSetup"_s, nullptr);
+    QSignalSpy clicked(&label, &BarLabel::clicked);
+    for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(&label, key);
+    QCOMPARE(clicked.size(), 3);
+    label.setEnabled(false);
+    QTest::keyClick(&label, Qt::Key_Return);
+    QCOMPARE(clicked.size(), 3);
   }
 
   void HoverOpensTheSubMenu() {
