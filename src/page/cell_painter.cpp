@@ -8,6 +8,11 @@
 
 namespace {
 
+// What stands for the given colours on a dark palette: cream and pink would glare there.
+constexpr QColor kDarkOnAir(84, 79, 38);
+constexpr QColor kDarkStale(116, 45, 49);
+constexpr QColor kTagOutline(60, 60, 60);
+
 bool IsDark(const QColor& colour) {
   return qGray(colour.rgb()) < 128;
 }
@@ -20,22 +25,23 @@ QColor TextOn(const QColor& background, const QPalette& palette) {
 
 class CellBrush {
  public:
-  CellBrush(QPainter& painter, const Cell& cell, const CellLook& look) : painter_(painter), cell_(cell), look_(look) {}
+  CellBrush(QPainter& painter, const Cell& cell, const CellTheme& theme)
+      : painter_(painter), cell_(cell), theme_(theme) {}
 
   QRectF Scaled(const QRectF& units) const {
-    const double s = look_.scale;
+    const double s = theme_.scale;
     return {units.x() * s, units.y() * s, units.width() * s, units.height() * s};
   }
   QRectF Whole() const { return Scaled(QRectF(QPointF(0, 0), cell_part::kCell)); }
 
-  QColor Back() const { return cell_.flash ? kFlashColour : CellBackground(cell_.Shape1, look_.palette); }
+  QColor Back() const { return cell_.flash ? kFlashColour : CellBackground(cell_.Shape1, theme_.palette); }
 
   void Background() const {
     painter_.fillRect(Whole(), Back());
     // Line1 and Line2: the white edge that lifts a cell off its page; on a dark page a hint of it is enough.
     QColor edge(Qt::white);
-    if (IsDark(look_.palette.color(QPalette::Window))) edge.setAlpha(70);
-    const double line = std::max(1.0, look_.scale * 0.8);
+    if (IsDark(theme_.palette.color(QPalette::Window))) edge.setAlpha(70);
+    const double line = std::max(1.0, theme_.scale * 0.8);
     painter_.fillRect(QRectF(0, 0, line, Whole().height()), edge);
     painter_.fillRect(QRectF(0, 0, Whole().width(), line), edge);
   }
@@ -58,9 +64,9 @@ class CellBrush {
     painter_.save();
     painter_.translate(box.topLeft());
     painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.setPen(QPen(Qt::white, std::max(1.0, look_.scale)));
+    painter_.setPen(QPen(Qt::white, std::max(1.0, theme_.scale)));
     painter_.setBrush(Qt::NoBrush);
-    painter_.drawRoundedRect(Scaled(QRectF(10, 7, 100, 38)), 2 * look_.scale, 2 * look_.scale);
+    painter_.drawRoundedRect(Scaled(QRectF(10, 7, 100, 38)), 2 * theme_.scale, 2 * theme_.scale);
     painter_.setPen(Qt::white);
     Line(cell_.lblError, QRectF(12, 12, 96, 30), 2.5, true);
     Line(cell_.lblInfo, QRectF(2, 47, 116, 20), 1.5, false);
@@ -70,14 +76,14 @@ class CellBrush {
 
   void Captions() const {
     const QColor background = Back();
-    painter_.setPen(TextOn(background, look_.palette));
+    painter_.setPen(TextOn(background, theme_.palette));
     Line(cell_.lblCall, cell_part::kCall, 1, true);
     if (cell_.picProg) {
       Progress();
     } else if (cell_.lblConnect) {
       Connecting();
     } else if (cell_.fromVisible) {
-      painter_.setPen(TextOn(background, look_.palette));
+      painter_.setPen(TextOn(background, theme_.palette));
       FromLine();
     }
     if (!cell_.lblMode.isEmpty()) Badge(cell_part::kMode, cell_.modeColour, cell_.lblMode);
@@ -85,11 +91,11 @@ class CellBrush {
   }
 
   void Focus() const {
-    if (!look_.focused && !look_.hovered) return;
+    if (!theme_.focused && !theme_.hovered) return;
     painter_.setRenderHint(QPainter::Antialiasing);
-    QColor ring = look_.palette.color(QPalette::Highlight);
-    if (!look_.focused) ring.setAlpha(110);
-    const double line = std::max(1.5, look_.scale * 1.3);
+    QColor ring = theme_.palette.color(QPalette::Highlight);
+    if (!theme_.focused) ring.setAlpha(110);
+    const double line = std::max(1.5, theme_.scale * 1.3);
     painter_.setPen(QPen(ring, line));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawRect(Whole().adjusted(line / 2, line / 2, -line / 2, -line / 2));
@@ -100,10 +106,10 @@ class CellBrush {
   void Line(const QString& text, const QRectF& units, double factor, bool bold) const {
     if (text.isEmpty()) return;
     const QRectF place = Scaled(units);
-    QFont font = look_.font;
+    QFont font = theme_.font;
     font.setBold(bold);
-    double pixels = std::min(look_.fontPixels * factor, place.height());
-    const double least = std::max(6.0, look_.fontPixels * 0.72);
+    double pixels = std::min(theme_.fontPixels * factor, place.height());
+    const double least = std::max(6.0, theme_.fontPixels * 0.72);
     font.setPixelSize(static_cast<int>(std::lround(pixels)));
     while (pixels > least && QFontMetricsF(font).horizontalAdvance(text) > place.width()) {
       pixels -= 1;
@@ -116,9 +122,9 @@ class CellBrush {
 
   // Centred where the cell's design has it, moved aside where it would run into the mode's badge.
   void FromLine() const {
-    QFont font = look_.font;
-    font.setPixelSize(static_cast<int>(std::lround(look_.fontPixels)));
-    const double half = QFontMetricsF(font).horizontalAdvance(cell_.lblFrom) / 2 / look_.scale;
+    QFont font = theme_.font;
+    font.setPixelSize(static_cast<int>(std::lround(theme_.fontPixels)));
+    const double half = QFontMetricsF(font).horizontalAdvance(cell_.lblFrom) / 2 / theme_.scale;
     QRectF place = cell_part::kFrom;
     if (!cell_.lblMode.isEmpty() && place.center().x() + half > cell_part::kMode.left() - 1) {
       place.setLeft(cell_.imgCam == CamLight::Hidden ? 3 : cell_part::kCam.right());
@@ -129,9 +135,12 @@ class CellBrush {
 
   void Badge(const QRectF& units, const QColor& colour, const QString& text) const {
     painter_.setRenderHint(QPainter::Antialiasing);
-    painter_.setPen(Qt::NoPen);
+    // Without an outline the pink of some modes vanishes on the pink of a stale cell.
+    const double line = std::max(1.0, theme_.scale * 0.8);
+    painter_.setPen(QPen(kTagOutline, line));
     painter_.setBrush(colour);
-    painter_.drawRoundedRect(Scaled(units), 2 * look_.scale, 2 * look_.scale);
+    const QRectF tag = Scaled(units).adjusted(line / 2, line / 2, -line / 2, -line / 2);
+    painter_.drawRoundedRect(tag, 2 * theme_.scale, 2 * theme_.scale);
     painter_.setPen(QColor(20, 20, 20));
     Line(text, units.adjusted(1, 0, -1, 0), 0.9, true);
   }
@@ -140,9 +149,9 @@ class CellBrush {
     painter_.setRenderHint(QPainter::Antialiasing);
     painter_.setPen(Qt::NoPen);
     painter_.setBrush(kConnectColour);
-    painter_.drawRoundedRect(Scaled(cell_part::kConnect), 3 * look_.scale, 3 * look_.scale);
+    painter_.drawRoundedRect(Scaled(cell_part::kConnect), 3 * theme_.scale, 3 * theme_.scale);
     painter_.setPen(QColor(16, 28, 60));
-    Line(look_.connectingText, cell_part::kConnect.adjusted(2, 0, -2, 0), 0.9, false);
+    Line(theme_.connectingText, cell_part::kConnect.adjusted(2, 0, -2, 0), 0.9, false);
   }
 
   void Progress() const {
@@ -167,7 +176,7 @@ class CellBrush {
                                                              : QColor(225, 60, 50);
     painter_.setRenderHint(QPainter::Antialiasing);
     const QRectF light = Scaled(cell_part::kCam.adjusted(3, 3, -3, -3));
-    painter_.setPen(QPen(QColor(60, 60, 60), std::max(1.0, look_.scale * 0.7)));
+    painter_.setPen(QPen(QColor(60, 60, 60), std::max(1.0, theme_.scale * 0.7)));
     painter_.setBrush(colour);
     painter_.drawEllipse(light);
     painter_.setPen(Qt::NoPen);
@@ -178,25 +187,26 @@ class CellBrush {
 
   QPainter& painter_;
   const Cell& cell_;
-  const CellLook& look_;
+  const CellTheme& theme_;
 };
 
 }  // namespace
 
 QColor CellBackground(CellColour colour, const QPalette& palette) {
+  const QColor window = palette.color(QPalette::Window);
   switch (colour) {
     case CellColour::OnAir:
-      return kOnAirColour;
+      return IsDark(window) ? kDarkOnAir : kOnAirColour;
     case CellColour::Stale:
-      return kStaleColour;
+      return IsDark(window) ? kDarkStale : kStaleColour;
     case CellColour::Window:
       break;
   }
-  return palette.color(QPalette::Window);
+  return window;
 }
 
-void PaintCell(QPainter& painter, const Cell& cell, const CellLook& look, const QPixmap& picture) {
-  const CellBrush brush(painter, cell, look);
+void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, const QPixmap& picture) {
+  const CellBrush brush(painter, cell, theme);
   brush.Background();
   brush.Picture(picture);
   brush.Captions();

@@ -9,8 +9,8 @@
 
 #include "page/cell.h"
 
-// How a cell is drawn beyond what it shows.
-struct CellLook {
+// Measures, fonts and colours that a cell is painted with, whatever it shows.
+struct CellTheme {
   double scale = 1;        // pixels a page unit
   double fontPixels = 11;  // of caption and from line, in pixels
   QFont font;              // face
@@ -20,7 +20,8 @@ struct CellLook {
   bool hovered = false;
 };
 
-// Colour behind a cell's state.
+// Colour behind a cell's state: the given colour, and on a dark palette one of the same hue that is as dark as the
+// page.
 QColor CellBackground(CellColour colour, const QPalette& palette);
 // picture: the frame to show, scaled to the cell already or not; may be null.
-void PaintCell(QPainter& painter, const Cell& cell, const CellLook& look, const QPixmap& picture);
+void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, const QPixmap& picture);

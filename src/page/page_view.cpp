@@ -74,20 +74,20 @@ void PageView::Place() {
   const double scale = std::min(width() / units_.width(), height() / units_.height());
   if (scale <= 0) return;
   const QPointF origin((width() - units_.width() * scale) / 2, (height() - units_.height() * scale) / 2);
-  CellLook look;
-  look.scale = scale;
-  look.font = font();
+  CellTheme theme;
+  theme.scale = scale;
+  theme.font = font();
   // The font grows and shrinks with the cells when the window is not of its layout's own size.
-  look.fontPixels = fontPoints_ * 96 / 72 * (nominalScale_ > 0 ? scale / nominalScale_ : 1);
-  fontPixels_ = look.fontPixels;
-  look.connectingText = program_.language[TextLine::kConnectingText];
+  theme.fontPixels = fontPoints_ * 96 / 72 * (nominalScale_ > 0 ? scale / nominalScale_ : 1);
+  fontPixels_ = theme.fontPixels;
+  theme.connectingText = program_.language[TextLine::kConnectingText];
   for (ThumbCell* cell : std::as_const(cells_)) {
     const QRectF units = CellRect(program_.config.ThumbLayout, cell->Slot());
     const QRectF place(origin + units.topLeft() * scale, units.size() * scale);
     cell->setGeometry(
         QRect(QPoint(static_cast<int>(std::floor(place.left())), static_cast<int>(std::floor(place.top()))),
               QPoint(static_cast<int>(std::ceil(place.right())) - 1, static_cast<int>(std::ceil(place.bottom())) - 1)));
-    cell->SetLook(look);
+    cell->SetTheme(theme);
   }
   const double pixels = scale * devicePixelRatioF();
   grid_.SetPictureBox(QSize(static_cast<int>(120 * pixels), static_cast<int>(90 * pixels)));

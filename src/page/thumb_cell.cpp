@@ -34,8 +34,8 @@ void ThumbCell::SetCell(const Cell& cell) {
   update();
 }
 
-void ThumbCell::SetLook(const CellLook& look) {
-  look_ = look;
+void ThumbCell::SetTheme(const CellTheme& theme) {
+  theme_ = theme;
   stale_ = true;
   update();
 }
@@ -52,10 +52,21 @@ void ThumbCell::SetTipText(const QString& text) {
   Describe();
 }
 
+// What the caption says behind the site's call: how old the picture or the error is; empty while it is young.
+QString ThumbCell::Age() const {
+  if (cell_.siteCall.isEmpty() || cell_.lblCall.size() <= cell_.siteCall.size()) return {};
+  // The caption may show the call's zeros as another letter, so its length is what the two have in common.
+  QStringView age = QStringView(cell_.lblCall).sliced(cell_.siteCall.size());
+  while (!age.isEmpty() && !age.front().isLetterOrNumber()) age = age.sliced(1);
+  return age.toString();
+}
+
+// Says what a glance at the cell tells: all its texts, and what its colour stands for.
 void ThumbCell::Describe() {
   const QString name =
       cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.siteCall;
-  QStringList details;
+  QStringList details = {Age()};
+  if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
   details << sentTime_ << cell_.onAirTip << tipText_;
@@ -79,8 +90,8 @@ void ThumbCell::MakePixmap() {
   if (cell_.frames.isEmpty() || cell_.errorBox) return;
   const QImage& image = cell_.frames.at(std::min(frame_, cell_.frames.size() - 1)).image;
   const double ratio = devicePixelRatioF();
-  const QSize target(static_cast<int>(std::lround(cell_.img.width() * look_.scale * ratio)),
-                     static_cast<int>(std::lround(cell_.img.height() * look_.scale * ratio)));
+  const QSize target(static_cast<int>(std::lround(cell_.img.width() * theme_.scale * ratio)),
+                     static_cast<int>(std::lround(cell_.img.height() * theme_.scale * ratio)));
   if (target.isEmpty()) return;
   // Scaled once here, not at every repaint.
   pixmap_ = QPixmap::fromImage(
@@ -92,11 +103,11 @@ void ThumbCell::paintEvent(QPaintEvent* event) {
   if (stale_) MakePixmap();
   QPainter painter(this);
   painter.fillRect(rect(), palette().color(QPalette::Window));
-  CellLook look = look_;
-  look.palette = palette();
-  look.focused = hasFocus();
-  look.hovered = underMouse();
-  PaintCell(painter, cell_, look, pixmap_);
+  CellTheme theme = theme_;
+  theme.palette = palette();
+  theme.focused = hasFocus();
+  theme.hovered = underMouse();
+  PaintCell(painter, cell_, theme, pixmap_);
 }
 
 void ThumbCell::mousePressEvent(QMouseEvent* event) {
@@ -110,7 +121,7 @@ void ThumbCell::mousePressEvent(QMouseEvent* event) {
 
 QRect ThumbCell::SenderPlace() const {
   const QRectF& units = cell_part::kFrom;
-  return QRectF(units.topLeft() * look_.scale, units.size() * look_.scale).toAlignedRect();
+  return QRectF(units.topLeft() * theme_.scale, units.size() * theme_.scale).toAlignedRect();
 }
 
 void ThumbCell::keyPressEvent(QKeyEvent* event) {
@@ -151,7 +162,7 @@ void ThumbCell::leaveEvent(QEvent* event) {
 }
 
 std::optional<TipPart> ThumbCell::PartAt(const QPointF& place) const {
-  const QPointF units = place / look_.scale;
+  const QPointF units = place / theme_.scale;
   if (cell_.img.contains(units)) return TipPart::Picture;
   if (cell_part::kFrom.contains(units)) return TipPart::From;
   if (cell_part::kCall.contains(units)) return TipPart::Call;

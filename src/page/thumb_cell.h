@@ -19,14 +19,14 @@ class ThumbCell : public QWidget {
 
   void SetCell(const Cell& cell);
   // Scale, font and texts; geometry is set by the view.
-  void SetLook(const CellLook& look);
+  void SetTheme(const CellTheme& theme);
   int Slot() const { return slot_; }
   const Cell& Shown() const { return cell_; }
   // What the tip of the picture says, as part of the description; empty: none.
   void SetTipText(const QString& text);
   // The caption that names the sender, in pixels of the cell.
   QRect SenderPlace() const;
-  // What a screen reader says of the cell beyond its name: sender, mode, signal and time as shown.
+  // Parts of the description that the cell itself does not hold, and the name of a cell without a site.
   void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
 
  Q_SIGNALS:
@@ -59,11 +59,12 @@ class ThumbCell : public QWidget {
   void NextFrame();
   void MakePixmap();
   void Describe();
+  QString Age() const;
   std::optional<TipPart> PartAt(const QPointF& place) const;
 
   int slot_;
   Cell cell_;
-  CellLook look_;
+  CellTheme theme_;
   QString modeText_;
   QString sentTime_;
   QString emptyName_;

@@ -5,7 +5,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "page/cell_painter.h"
 #include "page_fixture.h"
 #include "platform/text/text_file.h"
 #include "test_suite.h"
@@ -222,37 +221,6 @@ class TestThumbGrid : public QObject {
     f.logic->grid.ShowNotFound(0, 0, false);
     QCOMPARE(f.CellOf(0).lblCall, captionOfError);
     QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colourOfError);
-  }
-
-  void PaintsWhatTheCellHolds() {
-    Cell cell;
-    cell.img = QRectF(4, 4, 120, 90);
-    QImage red(116, 86, QImage::Format_RGB32);
-    red.fill(Qt::red);
-    const auto render = [&cell, &red]() {
-      QImage canvas(260, 234, QImage::Format_RGB32);
-      canvas.fill(Qt::magenta);
-      QPainter painter(&canvas);
-      CellLook look;
-      look.scale = 2;
-      look.palette = QPalette(QColor(230, 230, 230));
-      PaintCell(painter, cell, look, QPixmap::fromImage(red));
-      return canvas;
-    };
-    cell.Shape1 = CellColour::Stale;
-    QCOMPARE(render().pixelColor(128, 98), QColor(Qt::red));
-    QCOMPARE(render().pixelColor(10, 230), kStaleColour);
-    QCOMPARE(render().pixelColor(100, 0), QColor(Qt::white));
-    cell.Shape1 = CellColour::OnAir;
-    QCOMPARE(render().pixelColor(10, 230), kOnAirColour);
-    cell.lblMode = u"EP"_s;
-    cell.modeColour = QColor(192, 192, 0);
-    QCOMPARE(render().pixelColor(208, 219), QColor(192, 192, 0));
-    cell.picProg = true;
-    cell.progress = 50;
-    QVERIFY(render().pixelColor(60, 220) != render().pixelColor(180, 220));
-    cell.errorBox = true;
-    QCOMPARE(render().pixelColor(14, 14), kErrorColour);
   }
 };
 
