@@ -42,6 +42,20 @@
     </message>
 </context>
 <context>
+    <name>MenuStrip</name>
+    <message>
+        <source>More</source>
+        <translation>Más</translation>
+    </message>
+</context>
+<context>
+    <name>ThumbCell</name>
+    <message>
+        <source>stale</source>
+        <translation>anticuada</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>
