@@ -43,101 +43,74 @@ class TestHeightTable : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void WipesPicturesWithoutHeights_data();
-  void WipesPicturesWithoutHeights();
-  void ReadsEntries_data();
-  void ReadsEntries();
-  void ComesBackAfterARestart();
-  void KeepsPicturesOfAnUnreadableFile();
-};
+  // None, nothing, the former format in two forms, garbage.
+  void WipesPicturesWithoutHeights() {
+    for (const QByteArray& heights : {QByteArray(), ""_ba, "412,1-1-7\r\n1-2-8\r\n"_ba, "412\r\n1-1-7\r\n"_ba,
+                                      QByteArray("\0\xFF\0\n1-1-7\n", 10)}) {
+      const DataFolder folder(heights);
+      HeightTable table;
+      table.Read(folder.Path());
+      QVERIFY2(!folder.Has(u"images/dsstv/3-8"_s), heights.constData());
+      QVERIFY(!folder.Has(kFile));
+      QVERIFY(folder.Has(u"images/dsstv/thumbs/3-8.jpg"_s));
+      QCOMPARE(table.Height(1, 1), 0);
+    }
+  }
 
-void TestHeightTable::WipesPicturesWithoutHeights_data() {
-  QTest::addColumn<QByteArray>("heights");
-  QTest::newRow("missing") << QByteArray();
-  QTest::newRow("empty") << QByteArray("");
-  QTest::newRow("former format") << QByteArray("412,1-1-7\r\n1-2-8\r\n");
-  QTest::newRow("former format, a line each") << QByteArray("412\r\n1-1-7\r\n");
-  QTest::newRow("garbled") << QByteArray("\0\xFF\0\n1-1-7\n", 10);
-}
+  void ReadsEntries() {
+    const auto check = [](const QByteArray& entry, int height) {
+      for (const char* separator : {"\r\n", "\n", ","}) {
+        const DataFolder folder("1-0-11" + QByteArray(separator) + entry + separator + "1-2-13");
+        HeightTable table;
+        table.Read(folder.Path());
+        QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
+        QCOMPARE(table.Height(1, 0), 11);
+        QVERIFY2(table.Height(1, 1) == height, entry.constData());
+        QCOMPARE(table.Height(1, 2), 13);
+        QCOMPARE(table.Height(20, 35), 0);
+      }
+    };
+    for (const char* entry : {"1-1-412", "9-9-412", "412", "\"1-1-412\"", "1-1- 412px"}) check(entry, 412);
+    for (const char* entry : {"x", "", "1-412", "1-1--412", "-412", "1-1-99999999999999999999"}) check(entry, 0);
+  }
 
-void TestHeightTable::WipesPicturesWithoutHeights() {
-  QFETCH(const QByteArray, heights);
-  const DataFolder folder(heights);
-  HeightTable table;
-  table.Read(folder.Path());
-  QVERIFY(!folder.Has(u"images/dsstv/3-8"_s));
-  QVERIFY(!folder.Has(kFile));
-  QVERIFY(folder.Has(u"images/dsstv/thumbs/3-8.jpg"_s));
-  QCOMPARE(table.Height(1, 1), 0);
-}
+  void ComesBackAfterARestart() {
+    const DataFolder folder("1-0-11\n1-1-\"4,5\"\n\"1-2-6,7\"\n");
+    HeightTable table;
+    table.Read(folder.Path());
+    table.SetHeight(3, 7, 412);
+    table.SetHeight(20, 35, 65535);
+    table.SetHeight(21, 0, 5);  // the WX page has no place here
+    table.SetHeight(3, 36, 5);
+    QVERIFY(table.Write(folder.Path()));
 
-void TestHeightTable::ReadsEntries_data() {
-  QTest::addColumn<QByteArray>("entry");  // of page 1, slot 1
-  QTest::addColumn<int>("height");
-  QTest::newRow("as written") << QByteArray("1-1-412") << 412;
-  QTest::newRow("another place's") << QByteArray("9-9-412") << 412;
-  QTest::newRow("bare") << QByteArray("412") << 412;
-  QTest::newRow("quoted") << QByteArray("\"1-1-412\"") << 412;
-  QTest::newRow("number and more") << QByteArray("1-1- 412px") << 412;
-  QTest::newRow("unknown") << QByteArray("x") << 0;
-  QTest::newRow("nothing") << QByteArray("") << 0;
-  QTest::newRow("two parts") << QByteArray("1-412") << 0;
-  QTest::newRow("negative") << QByteArray("1-1--412") << 0;
-  QTest::newRow("negative, bare") << QByteArray("-412") << 0;
-  QTest::newRow("past any picture") << QByteArray("1-1-99999999999999999999") << 0;
-}
+    const QList<QByteArray> lines = folder.Lines();
+    QCOMPARE(lines.size(), 721);  // 720, and nothing behind the last line's end
+    QCOMPARE(lines[2 * 36 + 7].trimmed(), QByteArray("3-7-412"));
+    QCOMPARE(lines[2 * 36 + 8].trimmed(), QByteArray("3-8-x"));
+    HeightTable again;
+    again.Read(folder.Path());
+    for (int page = 0; page <= 22; ++page) {
+      for (int slot = -1; slot <= 37; ++slot) QCOMPARE(again.Height(page, slot), table.Height(page, slot));
+    }
+    QCOMPARE(again.Height(20, 35), 65535);
+    QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
 
-void TestHeightTable::ReadsEntries() {
-  QFETCH(const QByteArray, entry);
-  QFETCH(const int, height);
-  for (const char* separator : {"\r\n", "\n", ","}) {
-    const DataFolder folder("1-0-11" + QByteArray(separator) + entry + separator + "1-2-13");
+    HeightTable neverRead;
+    QVERIFY(neverRead.Write(folder.Path()));
+    QCOMPARE(folder.Lines().first().trimmed(), QByteArray("1-0-x"));
+  }
+
+  // A folder in the file's place cannot be read as a file by any user, root included.
+  void KeepsPicturesOfAnUnreadableFile() {
+    const DataFolder folder({});
+    QVERIFY(QDir(folder.Path()).mkdir(kFile));
     HeightTable table;
     table.Read(folder.Path());
     QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
-    QCOMPARE(table.Height(1, 0), 11);
-    QCOMPARE(table.Height(1, 1), height);
-    QCOMPARE(table.Height(1, 2), 13);
-    QCOMPARE(table.Height(20, 35), 0);
+    QVERIFY(!table.Write(folder.Path()));
   }
-}
-
-void TestHeightTable::ComesBackAfterARestart() {
-  const DataFolder folder("1-0-11\n1-1-\"4,5\"\n\"1-2-6,7\"\n");
-  HeightTable table;
-  table.Read(folder.Path());
-  table.SetHeight(3, 7, 412);
-  table.SetHeight(20, 35, 65535);
-  table.SetHeight(21, 0, 5);  // the WX page has no place here
-  table.SetHeight(3, 36, 5);
-  QVERIFY(table.Write(folder.Path()));
-
-  const QList<QByteArray> lines = folder.Lines();
-  QCOMPARE(lines.size(), 721);  // 720, and nothing behind the last line's end
-  QCOMPARE(lines[2 * 36 + 7].trimmed(), QByteArray("3-7-412"));
-  QCOMPARE(lines[2 * 36 + 8].trimmed(), QByteArray("3-8-x"));
-  HeightTable again;
-  again.Read(folder.Path());
-  for (int page = 0; page <= 22; ++page) {
-    for (int slot = -1; slot <= 37; ++slot) QCOMPARE(again.Height(page, slot), table.Height(page, slot));
-  }
-  QCOMPARE(again.Height(20, 35), 65535);
-  QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
-
-  HeightTable neverRead;
-  QVERIFY(neverRead.Write(folder.Path()));
-  QCOMPARE(folder.Lines().first().trimmed(), QByteArray("1-0-x"));
-}
-
-// A folder in the file's place cannot be read as a file by any user, root included.
-void TestHeightTable::KeepsPicturesOfAnUnreadableFile() {
-  const DataFolder folder({});
-  QVERIFY(QDir(folder.Path()).mkdir(kFile));
-  HeightTable table;
-  table.Read(folder.Path());
-  QVERIFY(folder.Has(u"images/dsstv/3-8"_s));
-  QVERIFY(!table.Write(folder.Path()));
-}
+};
 
 OMNI_TEST(TestHeightTable)
 #include "test_height_table.moc"

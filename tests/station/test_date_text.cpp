@@ -11,50 +11,37 @@ class TestDateText : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void ReadsTheShapesOfOlderFiles_data();
-  void ReadsTheShapesOfOlderFiles();
-  void ReadsBackWhatItWrites();
+  void ReadsTheShapesOfOlderFiles() {
+    const auto check = [](const QString& text, const QString& expected) {
+      QVERIFY2(DateText(ReadDate(text)) == expected, qPrintable(text));
+    };
+    check(u"1/24/2024 15:30"_s, u"1/24/2024 15:30"_s);
+    check(u"2/3/2024 9:05"_s, u"2/3/2024 09:05"_s);
+    check(u"1/24/2024 3:30:05 PM"_s, u"1/24/2024 15:30"_s);
+    check(u"1/24/24 12:05 a.m."_s, u"1/24/2024 00:05"_s);
+    check(u"1/24/2024"_s, u"1/24/2024 00:00"_s);
+    check(u"24/1/2024 15:30:00"_s, u"1/24/2024 15:30"_s);
+    check(u"3.4.2024 15:30:00"_s, u"4/3/2024 15:30"_s);
+    check(u"24.1.2024 15.30.00"_s, u"1/24/2024 15:30"_s);
+    check(u"3-4-2024 15:30"_s, u"4/3/2024 15:30"_s);
+    check(u"2024-01-24 15:30"_s, u"1/24/2024 15:30"_s);
+    check(u"2024. 01. 24. 15:30:00"_s, u"1/24/2024 15:30"_s);
+    check(u"1/24/2024 3:30\u202fPM"_s, u"1/24/2024 15:30"_s);
+    for (const QString& none : {u""_s, u" 15:30"_s, u"13/13/2024 10:00"_s, u"2/30/2024 10:00"_s, u"1/24/2024 25:00"_s,
+                                u"1/24/2024 15:30xx"_s, u"0/0/0 00:00"_s, u"1/24.2024 15:30"_s})
+      check(none, QString());
+  }
+
+  void ReadsBackWhatItWrites() {
+    QRandomGenerator random(17);
+    for (int i = 0; i < 2000; ++i) {
+      // Every minute counts, those that a clock change swallows as well.
+      const QDateTime when =
+          QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC).addSecs(60LL * random.bounded(20'000'000));
+      QCOMPARE(ReadDate(DateText(when)), when);
+    }
+  }
 };
-
-void TestDateText::ReadsTheShapesOfOlderFiles_data() {
-  QTest::addColumn<QString>("text");
-  QTest::addColumn<QString>("expected");
-  const auto row = [](const QString& text, const QString& expected) {
-    QTest::newRow(qPrintable(text)) << text << expected;
-  };
-  row(u"1/24/2024 15:30"_s, u"1/24/2024 15:30"_s);
-  row(u"2/3/2024 9:05"_s, u"2/3/2024 09:05"_s);
-  row(u"1/24/2024 3:30:05 PM"_s, u"1/24/2024 15:30"_s);
-  row(u"1/24/24 12:05 a.m."_s, u"1/24/2024 00:05"_s);
-  row(u"1/24/2024"_s, u"1/24/2024 00:00"_s);
-  row(u"24/1/2024 15:30:00"_s, u"1/24/2024 15:30"_s);
-  row(u"3.4.2024 15:30:00"_s, u"4/3/2024 15:30"_s);
-  row(u"24.1.2024 15.30.00"_s, u"1/24/2024 15:30"_s);
-  row(u"3-4-2024 15:30"_s, u"4/3/2024 15:30"_s);
-  row(u"2024-01-24 15:30"_s, u"1/24/2024 15:30"_s);
-  row(u"2024. 01. 24. 15:30:00"_s, u"1/24/2024 15:30"_s);
-  row(u"1/24/2024 3:30\u202fPM"_s, u"1/24/2024 15:30"_s);
-  for (const QString& none : {u""_s, u" 15:30"_s, u"13/13/2024 10:00"_s, u"2/30/2024 10:00"_s, u"1/24/2024 25:00"_s,
-                              u"1/24/2024 15:30xx"_s, u"0/0/0 00:00"_s, u"1/24.2024 15:30"_s}) {
-    row(none, QString());
-  }
-}
-
-void TestDateText::ReadsTheShapesOfOlderFiles() {
-  QFETCH(QString, text);
-  QFETCH(QString, expected);
-  QCOMPARE(DateText(ReadDate(text)), expected);
-}
-
-void TestDateText::ReadsBackWhatItWrites() {
-  QRandomGenerator random(17);
-  for (int i = 0; i < 2000; ++i) {
-    // Every minute counts, those that a clock change swallows as well.
-    const QDateTime when =
-        QDateTime(QDate(2000, 1, 1), QTime(0, 0), Qt::UTC).addSecs(60LL * random.bounded(20'000'000));
-    QCOMPARE(ReadDate(DateText(when)), when);
-  }
-}
 
 OMNI_TEST(TestDateText)
 #include "test_date_text.moc"

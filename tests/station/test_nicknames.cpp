@@ -14,77 +14,67 @@ class TestNicknames : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void SplitsFields_data();
-  void SplitsFields();
-  void KeepsOneFileOfAnyLetterCase();
-  void LeavesAnUnreadableFile();
-  void Finds();
+  void SplitsFields() {
+    const auto check = [](const QString& text, const QString& fields) {
+      QCOMPARE(SplitFields(text).join(u'|'), fields);
+    };
+    QCOMPARE(SplitFields(u""_s), QStringList());
+    check(u"A\r\nB\nC\rD"_s, u"A|B|C|D"_s);
+    check(u"A*Joe, Jr\r\nB"_s, u"A*Joe|Jr|B"_s);
+    check(u"\"A*Joe, Jr\",\"B\"\n"_s, u"A*Joe, Jr|B"_s);
+    check(u"A*Joe \"Jack\" X"_s, u"A*Joe \"Jack\" X"_s);
+    check(u"\"A*Joe\nB"_s, u"A*Joe|B"_s);
+    check(u"\"\nB"_s, u"|B"_s);
+    check(u"A,\n\nB"_s, u"A|||B"_s);
+  }
+
+  void KeepsOneFileOfAnyLetterCase() {
+    const QTemporaryDir folder;
+    QCOMPARE(ReadNicknames(folder.path()).lstNicknames, QStringList());
+
+    QFile file(folder.filePath(u"nicknames.TXT"_s));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("AB1CD*Jos\xE9\nZZ9QX*\"Q\", Max\n");
+    file.close();
+    const NicknameList read = ReadNicknames(folder.path());
+    QCOMPARE(read.lstNicknames, (QStringList{u"AB1CD*José"_s, u"ZZ9QX*\"Q\""_s, u"Max"_s}));
+
+    QVERIFY(WriteNicknames(folder.path(), read));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"nicknames.TXT"_s});
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("AB1CD*Jos\xE9\r\nZZ9QX*\"Q\"\r\nMax\r\n"));
+
+    const QTemporaryDir fresh;
+    QVERIFY(WriteNicknames(fresh.path(), {}));
+    QCOMPARE(QDir(fresh.path()).entryList(QDir::Files), QStringList{u"Nicknames.txt"_s});
+  }
+
+  // A folder in the file's place cannot be read as a file by any user, root included. What stands there by the time of
+  // closing is not known to this run.
+  void LeavesAnUnreadableFile() {
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(u"nicknames.txt"_s));
+    const NicknameList read = ReadNicknames(folder.path());
+    QVERIFY(!WriteNicknames(folder.path(), read));
+
+    QVERIFY(QDir(folder.path()).rmdir(u"nicknames.txt"_s));
+    QVERIFY(WriteNicknames(folder.path(), {{u"AB1CD*Joe"_s}, false}));
+    QVERIFY(!WriteNicknames(folder.path(), read));
+    QCOMPARE(ReadNicknames(folder.path()).lstNicknames, QStringList{u"AB1CD*Joe"_s});
+  }
+
+  void Finds() {
+    const QStringList rows = {u"AB1CDE*Long"_s, u"AB1CD*Short"_s, u"ZZ9QX"_s, u"ZZ0Q*"_s, u"K1*Bob*more"_s, u""_s};
+    const std::optional<QString> none;
+    QCOMPARE(Nickname(rows, u"AB1CD"_s), u"Long"_s);
+    QCOMPARE(Nickname(rows, u"ab1cde"_s), u"Long"_s);
+    QCOMPARE(Nickname(rows, u"K1"_s), u"Bob"_s);
+    QCOMPARE(Nickname(rows, u"ZZ0Q"_s), u""_s);
+    QCOMPARE(Nickname(rows, u"ZZ9QX"_s), none);
+    QCOMPARE(Nickname(rows, u"ZZ9QXX"_s), none);
+    QCOMPARE(Nickname(rows, u""_s), none);
+  }
 };
-
-void TestNicknames::SplitsFields_data() {
-  QTest::addColumn<QString>("text");
-  QTest::addColumn<QStringList>("fields");
-  QTest::newRow("nothing") << u""_s << QStringList();
-  QTest::newRow("any line end") << u"A\r\nB\nC\rD"_s << QStringList{u"A"_s, u"B"_s, u"C"_s, u"D"_s};
-  QTest::newRow("comma ends, blanks in front go") << u"A*Joe, Jr\r\nB"_s << QStringList{u"A*Joe"_s, u"Jr"_s, u"B"_s};
-  QTest::newRow("quotes keep the comma") << u"\"A*Joe, Jr\",\"B\"\n"_s << QStringList{u"A*Joe, Jr"_s, u"B"_s};
-  QTest::newRow("quotes inside stay") << u"A*Joe \"Jack\" X"_s << QStringList{u"A*Joe \"Jack\" X"_s};
-  QTest::newRow("open quote ends with the line") << u"\"A*Joe\nB"_s << QStringList{u"A*Joe"_s, u"B"_s};
-  QTest::newRow("a lone quote") << u"\"\nB"_s << QStringList{u""_s, u"B"_s};
-  QTest::newRow("empty fields count") << u"A,\n\nB"_s << QStringList{u"A"_s, u""_s, u""_s, u"B"_s};
-}
-
-void TestNicknames::SplitsFields() {
-  QFETCH(const QString, text);
-  QTEST(SplitFields(text), "fields");
-}
-
-void TestNicknames::KeepsOneFileOfAnyLetterCase() {
-  const QTemporaryDir folder;
-  QCOMPARE(ReadNicknames(folder.path()).lstNicknames, QStringList());
-
-  QFile file(folder.filePath(u"nicknames.TXT"_s));
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  file.write("AB1CD*Jos\xE9\nZZ9QX*\"Q\", Max\n");
-  file.close();
-  const NicknameList read = ReadNicknames(folder.path());
-  QCOMPARE(read.lstNicknames, (QStringList{u"AB1CD*José"_s, u"ZZ9QX*\"Q\""_s, u"Max"_s}));
-
-  QVERIFY(WriteNicknames(folder.path(), read));
-  QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"nicknames.TXT"_s});
-  QVERIFY(file.open(QIODevice::ReadOnly));
-  QCOMPARE(file.readAll(), QByteArray("AB1CD*Jos\xE9\r\nZZ9QX*\"Q\"\r\nMax\r\n"));
-
-  const QTemporaryDir fresh;
-  QVERIFY(WriteNicknames(fresh.path(), {}));
-  QCOMPARE(QDir(fresh.path()).entryList(QDir::Files), QStringList{u"Nicknames.txt"_s});
-}
-
-// A folder in the file's place cannot be read as a file by any user, root included. What stands there by the time of
-// closing is not known to this run.
-void TestNicknames::LeavesAnUnreadableFile() {
-  const QTemporaryDir folder;
-  QVERIFY(QDir(folder.path()).mkdir(u"nicknames.txt"_s));
-  const NicknameList read = ReadNicknames(folder.path());
-  QVERIFY(!WriteNicknames(folder.path(), read));
-
-  QVERIFY(QDir(folder.path()).rmdir(u"nicknames.txt"_s));
-  QVERIFY(WriteNicknames(folder.path(), {{u"AB1CD*Joe"_s}, false}));
-  QVERIFY(!WriteNicknames(folder.path(), read));
-  QCOMPARE(ReadNicknames(folder.path()).lstNicknames, QStringList{u"AB1CD*Joe"_s});
-}
-
-void TestNicknames::Finds() {
-  const QStringList rows = {u"AB1CDE*Long"_s, u"AB1CD*Short"_s, u"ZZ9QX"_s, u"ZZ0Q*"_s, u"K1*Bob*more"_s, u""_s};
-  const std::optional<QString> none;
-  QCOMPARE(Nickname(rows, u"AB1CD"_s), u"Long"_s);
-  QCOMPARE(Nickname(rows, u"ab1cde"_s), u"Long"_s);
-  QCOMPARE(Nickname(rows, u"K1"_s), u"Bob"_s);
-  QCOMPARE(Nickname(rows, u"ZZ0Q"_s), u""_s);
-  QCOMPARE(Nickname(rows, u"ZZ9QX"_s), none);
-  QCOMPARE(Nickname(rows, u"ZZ9QXX"_s), none);
-  QCOMPARE(Nickname(rows, u""_s), none);
-}
 
 OMNI_TEST(TestNicknames)
 #include "test_nicknames.moc"
