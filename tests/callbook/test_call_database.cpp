@@ -90,279 +90,236 @@ class TestCallDatabase : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void MeetsTheModel_data();
-  void MeetsTheModel();
-  void KeepsFieldsInTheirPlaces();
-  void CutsLongCalls();
-  void GoesOnWithoutAFile();
-  void LosesNothingOfABrokenFile_data();
-  void LosesNothingOfABrokenFile();
-  void TakesInWhatATemporaryFileHolds();
-  void PlacesStations();
-  void ReadsTheDemo();
-  void SeesEveryChangeOfARestedFile();
+  void MeetsTheModel_data() {
+    QTest::addColumn<QByteArray>("letters");
+    QTest::addColumn<bool>("searchesFirst");  // and sorts at once, as all callers do
+    QTest::newRow("few calls, many duplicates") << QByteArray("AB") << false;
+    QTest::newRow("blanks, NULs, accents, lower case") << QByteArray("A1 \0z\xC4", 6) << false;
+    QTest::newRow("each call once") << QByteArray("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") << true;
+    QTest::newRow("once, but for cut calls") << QByteArray("ABC") << true;
+  }
+
+  void MeetsTheModel() {
+    QFETCH(const QByteArray, letters);
+    QFETCH(const bool, searchesFirst);
+    const Folder folder;
+    CallDatabase database(folder.dir.path());
+    Model model;
+    QRandomGenerator random(41);
+    const auto anyCall = [&] {
+      if (!model.records.isEmpty() && random.bounded(3) == 0) {
+        return CallOf(model.records[random.bounded(static_cast<int>(model.records.size()))]);
+      }
+      QByteArray call;
+      for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
+      return call;
+    };
+    for (int step = 0; step < 400; ++step) {
+      const QByteArray call = anyCall();
+      const QString text = QString::fromLatin1(call);
+      const QByteArray name = QByteArray::number(step);
+      const int number = database.FindRecord(text);
+      QCOMPARE(number, model.Find(call));
+      const QByteArray found = number == 0 ? QByteArray() : model.records[number - 1].mid(6, 25);
+      QCOMPARE(database.DbCurrent.Name.Bytes().toByteArray(), Padded(found, 25));
+
+      database.ClearRecord();
+      database.DbCurrent.Call = text;
+      database.DbCurrent.Name = QString::fromLatin1(name);
+      const int choice = random.bounded(10);
+      if (choice == 0) {
+        QVERIFY(database.DeleteRecord(text));
+        model.records.removeIf([&call](const QByteArray& record) { return CallOf(record) == Trimmed(call); });
+      } else if (number > 0 && (searchesFirst || choice < 3)) {
+        QVERIFY(database.UpdateRecord(number));
+        model.records[number - 1] = Stored(call, name);
+      } else {
+        QVERIFY(database.AddRecord());
+        model.records += Stored(call, name);
+      }
+      if (searchesFirst || choice == 9) {
+        QVERIFY(database.SortDatabase());
+        model.Sort();
+      }
+      QCOMPARE(folder.Bytes(), model.records.join());
+      QCOMPARE(database.RecordCount(), model.records.size());
+    }
+    QStringList calls{u"old"_s};
+    QVERIFY(database.FillCallList(calls));
+    QStringList expected;
+    for (const QByteArray& record : std::as_const(model.records)) expected += QString::fromLatin1(CallOf(record));
+    QCOMPARE(calls, expected);
+  }
+
+  void KeepsFieldsInTheirPlaces() {
+    const Folder folder;
+    CallDatabase database(folder.dir.path());
+    QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 0);
+    DbRec& record = database.DbCurrent;
+    record.Call = u"ZZ9QX"_s;
+    record.Name = u"Abcdefghijklmnopqrstuvwxyz"_s;  // 26 characters
+    record.Add1 = u"Łódź Ж € ñ"_s;
+    record.Add2 = u"1 Mill Lane"_s;
+    record.Ctry = u"Nowhere"_s;
+    record.Lat = CoordinateText(-40.25);
+    record.Lon = CoordinateText(0);
+    record.Class = u"Extra"_s;
+    record.YearBorn = u"1961"_s;
+    QVERIFY(database.AddRecord());
+    QCOMPARE(folder.Bytes(), "ZZ9QX " + Padded("Abcdefghijklmnopqrstuvwxy", 25) +
+                                 Padded("?\xF3"
+                                        "dz ? \x80 \xF1",
+                                        30) +
+                                 Padded("1 Mill Lane", 30) + Padded("Nowhere", 30) + Padded("-40.25", 15) +
+                                 Padded("0", 15) + Padded("Extra", 12) + "1961");
+    CallDatabase other(folder.dir.path());
+    QCOMPARE(other.FindRecord(u" ZZ9QX "_s), 1);
+    QCOMPARE(other.DbCurrent.Name.Text(), u"Abcdefghijklmnopqrstuvwxy"_s);
+    QCOMPARE(other.DbCurrent.Add1.Text(), u"?ódz ? € ñ"_s);
+  }
+
+  void GoesOnWithoutAFile() {
+    const Folder folder;
+    folder.Put(Stored("LEFT"), u"temp.db"_s);
+    CallDatabase database(folder.dir.path());
+    database.DbCurrent.Call = u"ZZ9QX"_s;
+    QStringList calls{u"old"_s};
+    QVERIFY(!database.AddRecord() && !database.UpdateRecord(1) && !database.SortDatabase());
+    QVERIFY(!database.DeleteRecord(u"ZZ9QX"_s) && !database.FillCallList(calls));
+    QCOMPARE(database.RecordCount(), 0);
+    QCOMPARE(calls, QStringList{u"old"_s});
+    QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
+    QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"temp.db"_s});
+
+    // The first search makes the file, and searching it leaves it empty.
+    for (const QString& call : {u"ZZ9QX"_s, u""_s}) QCOMPARE(database.FindRecord(call), 0);
+    QCOMPARE(folder.Bytes(), QByteArray());
+    QCOMPARE(database.DbCurrent.Call.Text(), QString());
+    QVERIFY(database.FillCallList(calls) && calls.isEmpty());
+
+    // Nor does a record get behind the last one by its number.
+    QVERIFY(!database.UpdateRecord(1) && !database.UpdateRecord(0));
+    QCOMPARE(folder.Bytes(), QByteArray());
+
+    // A file of another spelling is the same file; no second one is made beside it.
+    QVERIFY(QFile::rename(folder.File(), folder.File(u"omni-perch-db.DB"_s)));
+    database.DbCurrent.Call = u"ZZ9QX"_s;
+    QVERIFY(database.AddRecord());
+    QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 1);
+    QVERIFY(!QFile::exists(folder.File()));
+
+    // What cannot be opened as a file is passed over, and the work record stays.
+    QVERIFY(QFile::remove(folder.File(u"omni-perch-db.DB"_s)) && QDir(folder.dir.path()).mkdir(u"Omni-Perch-DB.db"_s));
+    QCOMPARE(database.FindRecord(u"AB1CD"_s), 0);
+    QVERIFY(!database.AddRecord() && !database.SortDatabase() && !database.DeleteRecord(u"ZZ9QX"_s));
+    QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
+  }
+
+  void LosesNothingOfABrokenFile() {
+    const QByteArray a = Stored("A");
+    const QByteArray b = Stored("B");
+    const QByteArray c = Stored("C", "new");
+    const QByteArray d = Stored("D");
+    const QByteArray half = Stored("E").left(84);  // counts as a record where lengths are rounded
+    const QByteArray zeros(kRecordSize, '\0');
+    const auto check = [](const QByteArray& before, int count, const QByteArray& afterAddingC,
+                          const QByteArray& afterDeletingB) {
+      const Folder folder;
+      CallDatabase database(folder.dir.path());
+      folder.Put(before);
+      QCOMPARE(database.RecordCount(), count);
+      QCOMPARE(database.FindRecord(u"nowhere"_s), 0);
+      database.DbCurrent.Call = u"C"_s;
+      database.DbCurrent.Name = u"new"_s;
+      QVERIFY(database.AddRecord() && database.SortDatabase());
+      QCOMPARE(folder.Bytes(), afterAddingC);
+      QCOMPARE(database.DbCurrent.Name.Text(), u"new"_s);
+      folder.Put(before);
+      QVERIFY(database.DeleteRecord(u"B"_s));
+      QCOMPARE(folder.Bytes(), afterDeletingB);
+    };
+    check("rest", 0, c + "rest", "rest");
+    check(a + b + d + "\r\n", 3, a + b + c + d + "\r\n", a + d + "\r\n");
+    check(a + b + d + half, 4, a + b + c + d + half, a + d + Stored("E"));
+    check(zeros + a, 2, zeros + a + c, zeros + a);
+    check(d + b + a, 3, a + b + c + d, d + a);
+    check(a + half, 2, a + c + half, a + Stored("E"));
+  }
+
+  void TakesInWhatATemporaryFileHolds() {
+    const Folder folder;
+    folder.Put(Stored("A") + Stored("B") + Stored("C"));
+    folder.Put(Stored("X") + Stored("Y") + Stored("Z"), u"temp.db"_s);
+    CallDatabase database(folder.dir.path());
+    QVERIFY(database.DeleteRecord(u"C"_s));
+    QCOMPARE(folder.Bytes(), Stored("A") + Stored("B") + Stored("Z"));
+    QCOMPARE(database.DbCurrent.Call.Text(), u"C"_s);
+    QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"Omni-Perch-DB.db"_s});
+  }
+
+  void PlacesStations() {
+    const Folder folder;
+    CallDatabase database(folder.dir.path());
+    QVERIFY(!database.LookupTargetLocation(u"ZZ0QX"_s).InDatabase);
+    database.DbCurrent.Call = u"ZZ0QX"_s;
+    database.DbCurrent.Lat = u"-33,9"_s;
+    database.DbCurrent.Lon = u" 151.2E"_s;
+    database.DbCurrent.Add2 = u"Mill Town"_s;
+    QVERIFY(database.AddRecord());
+    const TargetLocation target = database.LookupTargetLocation(u"ZZØQX"_s);
+    QVERIFY(target.InDatabase);
+    QCOMPARE(target.TargetLat, -33.9);
+    QCOMPARE(target.TargetLon, 151.2);
+    QCOMPARE(target.Add1 + target.Add2 + target.Ctry, u"Mill Town"_s);
+    QCOMPARE(database.LookupTargetLocation(u"ZZ0QY"_s).TargetLat, 0.0);
+  }
+
+  // What searches remember of a file that has not changed for a while must go with its first change.
+  void SeesEveryChangeOfARestedFile() {
+    const Folder folder;
+    const auto call = [](int number) { return u"ZZ%1"_s.arg(number, 4, 10, QLatin1Char('0')); };
+    QByteArray even;
+    QByteArray odd;
+    for (int i = 0; i < 300; ++i) {
+      even += Stored(call(2 * i).toLatin1(), "first");
+      odd += Stored(call(2 * i + 1).toLatin1(), "second");
+    }
+    folder.Put(even);
+    CallDatabase database(folder.dir.path());
+    const auto rested = [&folder]() {
+      return QFileInfo(folder.File()).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
+    for (int round = 0; round < 2; ++round) {
+      for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 0 ? i / 2 + 1 : 0);
+    }
+    // Another program writes the same file, in place and of the same size.
+    folder.Put(odd);
+    for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 1 ? i / 2 + 1 : 0);
+    QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
+    QCOMPARE(database.FindRecord(call(299)), 150);
+    QCOMPARE(database.DbCurrent.Name.Text(), u"second"_s);
+    database.DbCurrent.Name = u"third"_s;
+    QVERIFY(database.UpdateRecord(150));
+    QCOMPARE(database.FindRecord(call(299)), 150);
+    QCOMPARE(database.DbCurrent.Name.Text(), u"third"_s);
+    QVERIFY(database.DeleteRecord(call(1)));
+    QCOMPARE(database.FindRecord(call(299)), 149);
+  }
+
+  // The demo's file is written by other code than that which reads it; the list is longer than what is read at once.
+  void ListsTheDemo() {
+    const Folder folder;
+    folder.Put(DemoDatabase().repeated(60));
+    CallDatabase database(folder.dir.path());
+    QStringList calls;
+    QVERIFY(database.FillCallList(calls));
+    QCOMPARE(calls.size(), DemoDatabase().size() / kRecordSize * 60);
+    QCOMPARE(calls.last(), calls.at(calls.size() / 60 - 1));
+    folder.Put(DemoDatabase());
+    QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
+  }
 };
-
-void TestCallDatabase::MeetsTheModel_data() {
-  QTest::addColumn<QByteArray>("letters");
-  QTest::addColumn<bool>("searchesFirst");  // and sorts at once, as all callers do
-  QTest::newRow("few calls, many duplicates") << QByteArray("AB") << false;
-  QTest::newRow("blanks, NULs, accents, lower case") << QByteArray("A1 \0z\xC4", 6) << false;
-  QTest::newRow("each call once") << QByteArray("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") << true;
-  QTest::newRow("once, but for cut calls") << QByteArray("ABC") << true;
-}
-
-void TestCallDatabase::MeetsTheModel() {
-  QFETCH(const QByteArray, letters);
-  QFETCH(const bool, searchesFirst);
-  const Folder folder;
-  CallDatabase database(folder.dir.path());
-  Model model;
-  QRandomGenerator random(41);
-  const auto anyCall = [&] {
-    if (!model.records.isEmpty() && random.bounded(3) == 0) {
-      return CallOf(model.records[random.bounded(static_cast<int>(model.records.size()))]);
-    }
-    QByteArray call;
-    for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
-    return call;
-  };
-  for (int step = 0; step < 400; ++step) {
-    const QByteArray call = anyCall();
-    const QString text = QString::fromLatin1(call);
-    const QByteArray name = QByteArray::number(step);
-    const int number = database.FindRecord(text);
-    QCOMPARE(number, model.Find(call));
-    const QByteArray found = number == 0 ? QByteArray() : model.records[number - 1].mid(6, 25);
-    QCOMPARE(database.DbCurrent.Name.Bytes().toByteArray(), Padded(found, 25));
-
-    database.ClearRecord();
-    database.DbCurrent.Call = text;
-    database.DbCurrent.Name = QString::fromLatin1(name);
-    const int choice = random.bounded(10);
-    if (choice == 0) {
-      QVERIFY(database.DeleteRecord(text));
-      model.records.removeIf([&call](const QByteArray& record) { return CallOf(record) == Trimmed(call); });
-    } else if (number > 0 && (searchesFirst || choice < 3)) {
-      QVERIFY(database.UpdateRecord(number));
-      model.records[number - 1] = Stored(call, name);
-    } else {
-      QVERIFY(database.AddRecord());
-      model.records += Stored(call, name);
-    }
-    if (searchesFirst || choice == 9) {
-      QVERIFY(database.SortDatabase());
-      model.Sort();
-    }
-    QCOMPARE(folder.Bytes(), model.records.join());
-    QCOMPARE(database.RecordCount(), model.records.size());
-  }
-  QStringList calls{u"old"_s};
-  QVERIFY(database.FillCallList(calls));
-  QStringList expected;
-  for (const QByteArray& record : std::as_const(model.records)) expected += QString::fromLatin1(CallOf(record));
-  QCOMPARE(calls, expected);
-}
-
-void TestCallDatabase::KeepsFieldsInTheirPlaces() {
-  const Folder folder;
-  CallDatabase database(folder.dir.path());
-  QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 0);
-  DbRec& record = database.DbCurrent;
-  record.Call = u"ZZ9QX"_s;
-  record.Name = u"Abcdefghijklmnopqrstuvwxyz"_s;  // 26 characters
-  record.Add1 = u"Łódź Ж € ñ"_s;
-  record.Add2 = u"1 Mill Lane"_s;
-  record.Ctry = u"Nowhere"_s;
-  record.Lat = CoordinateText(-40.25);
-  record.Lon = CoordinateText(0);
-  record.Class = u"Extra"_s;
-  record.YearBorn = u"1961"_s;
-  QVERIFY(database.AddRecord());
-  QCOMPARE(folder.Bytes(), "ZZ9QX " + Padded("Abcdefghijklmnopqrstuvwxy", 25) +
-                               Padded("?\xF3"
-                                      "dz ? \x80 \xF1",
-                                      30) +
-                               Padded("1 Mill Lane", 30) + Padded("Nowhere", 30) + Padded("-40.25", 15) +
-                               Padded("0", 15) + Padded("Extra", 12) + "1961");
-  CallDatabase other(folder.dir.path());
-  QCOMPARE(other.FindRecord(u" ZZ9QX "_s), 1);
-  QCOMPARE(other.DbCurrent.Name.Text(), u"Abcdefghijklmnopqrstuvwxy"_s);
-  QCOMPARE(other.DbCurrent.Add1.Text(), u"?ódz ? € ñ"_s);
-}
-
-void TestCallDatabase::CutsLongCalls() {
-  const Folder folder;
-  CallDatabase database(folder.dir.path());
-  for (int i = 1; i <= 3; ++i) {
-    QCOMPARE(database.FindRecord(u"ZZ9QX/P"_s), 0);
-    database.DbCurrent.Call = u"ZZ9QX/P"_s;
-    QVERIFY(database.AddRecord() && database.SortDatabase());
-    QCOMPARE(database.RecordCount(), i);
-  }
-  QCOMPARE(folder.Bytes(), Stored("ZZ9QX/").repeated(3));
-  QCOMPARE(database.FindRecord(u"ZZ9QX/"_s), 2);
-}
-
-void TestCallDatabase::GoesOnWithoutAFile() {
-  const Folder folder;
-  folder.Put(Stored("LEFT"), u"temp.db"_s);
-  CallDatabase database(folder.dir.path());
-  database.DbCurrent.Call = u"ZZ9QX"_s;
-  QStringList calls{u"old"_s};
-  QVERIFY(!database.AddRecord() && !database.UpdateRecord(1) && !database.SortDatabase());
-  QVERIFY(!database.DeleteRecord(u"ZZ9QX"_s) && !database.FillCallList(calls));
-  QCOMPARE(database.RecordCount(), 0);
-  QCOMPARE(calls, QStringList{u"old"_s});
-  QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
-  QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"temp.db"_s});
-
-  // The first search makes the file, and searching it leaves it empty.
-  for (const QString& call : {u"ZZ9QX"_s, u""_s}) QCOMPARE(database.FindRecord(call), 0);
-  QCOMPARE(folder.Bytes(), QByteArray());
-  QCOMPARE(database.DbCurrent.Call.Text(), QString());
-  QVERIFY(database.FillCallList(calls) && calls.isEmpty());
-
-  // Nor does a record get behind the last one by its number.
-  QVERIFY(!database.UpdateRecord(1) && !database.UpdateRecord(0));
-  QCOMPARE(folder.Bytes(), QByteArray());
-
-  // A file of another spelling is the same file; no second one is made beside it.
-  QVERIFY(QFile::rename(folder.File(), folder.File(u"omni-perch-db.DB"_s)));
-  database.DbCurrent.Call = u"ZZ9QX"_s;
-  QVERIFY(database.AddRecord());
-  QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 1);
-  QVERIFY(!QFile::exists(folder.File()));
-
-  // What cannot be opened as a file is passed over, and the work record stays.
-  QVERIFY(QFile::remove(folder.File(u"omni-perch-db.DB"_s)) && QDir(folder.dir.path()).mkdir(u"Omni-Perch-DB.db"_s));
-  QCOMPARE(database.FindRecord(u"AB1CD"_s), 0);
-  QVERIFY(!database.AddRecord() && !database.SortDatabase() && !database.DeleteRecord(u"ZZ9QX"_s));
-  QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
-}
-
-void TestCallDatabase::LosesNothingOfABrokenFile_data() {
-  QTest::addColumn<QByteArray>("before");
-  QTest::addColumn<int>("count");
-  QTest::addColumn<QByteArray>("afterAdding");    // of "C", sorted
-  QTest::addColumn<QByteArray>("afterDeleting");  // of "B"
-  const QByteArray a = Stored("A");
-  const QByteArray b = Stored("B");
-  const QByteArray c = Stored("C", "new");
-  const QByteArray d = Stored("D");
-  const QByteArray half = Stored("E").left(84);  // counts as a record where lengths are rounded
-  QTest::newRow("a few bytes") << QByteArray("rest") << 0 << c + "rest" << QByteArray("rest");
-  QTest::newRow("a line end behind") << a + b + d + "\r\n" << 3 << a + b + c + d + "\r\n" << a + d + "\r\n";
-  QTest::newRow("most of a record behind") << a + b + d + half << 4 << a + b + c + d + half << a + d + Stored("E");
-  QTest::newRow("zero bytes") << QByteArray(kRecordSize, '\0') + a << 2 << QByteArray(kRecordSize, '\0') + a + c
-                              << QByteArray(kRecordSize, '\0') + a;
-  QTest::newRow("unsorted") << d + b + a << 3 << a + b + c + d << d + a;
-  QTest::newRow("one and a half") << a + half << 2 << a + c + half << a + Stored("E");
-}
-
-void TestCallDatabase::LosesNothingOfABrokenFile() {
-  QFETCH(const QByteArray, before);
-  const Folder folder;
-  CallDatabase database(folder.dir.path());
-  folder.Put(before);
-  QTEST(database.RecordCount(), "count");
-  QCOMPARE(database.FindRecord(u"nowhere"_s), 0);
-  database.DbCurrent.Call = u"C"_s;
-  database.DbCurrent.Name = u"new"_s;
-  QVERIFY(database.AddRecord() && database.SortDatabase());
-  QTEST(folder.Bytes(), "afterAdding");
-  QCOMPARE(database.DbCurrent.Name.Text(), u"new"_s);
-
-  folder.Put(before);
-  QVERIFY(database.DeleteRecord(u"B"_s));
-  QTEST(folder.Bytes(), "afterDeleting");
-}
-
-void TestCallDatabase::TakesInWhatATemporaryFileHolds() {
-  const Folder folder;
-  folder.Put(Stored("A") + Stored("B") + Stored("C"));
-  folder.Put(Stored("X") + Stored("Y") + Stored("Z"), u"temp.db"_s);
-  CallDatabase database(folder.dir.path());
-  QVERIFY(database.DeleteRecord(u"C"_s));
-  QCOMPARE(folder.Bytes(), Stored("A") + Stored("B") + Stored("Z"));
-  QCOMPARE(database.DbCurrent.Call.Text(), u"C"_s);
-  QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"Omni-Perch-DB.db"_s});
-}
-
-void TestCallDatabase::PlacesStations() {
-  const Folder folder;
-  CallDatabase database(folder.dir.path());
-  QVERIFY(!database.LookupTargetLocation(u"ZZ0QX"_s).InDatabase);
-  database.DbCurrent.Call = u"ZZ0QX"_s;
-  database.DbCurrent.Lat = u"-33,9"_s;
-  database.DbCurrent.Lon = u" 151.2E"_s;
-  database.DbCurrent.Add2 = u"Mill Town"_s;
-  QVERIFY(database.AddRecord());
-  const TargetLocation target = database.LookupTargetLocation(u"ZZØQX"_s);
-  QVERIFY(target.InDatabase);
-  QCOMPARE(target.TargetLat, -33.9);
-  QCOMPARE(target.TargetLon, 151.2);
-  QCOMPARE(target.Add1 + target.Add2 + target.Ctry, u"Mill Town"_s);
-  QCOMPARE(database.LookupTargetLocation(u"ZZ0QY"_s).TargetLat, 0.0);
-}
-
-// The demo's file is written by other code than that which reads it.
-// What searches remember of a file that has not changed for a while must go with its first change.
-void TestCallDatabase::SeesEveryChangeOfARestedFile() {
-  const Folder folder;
-  const auto call = [](int number) { return u"ZZ%1"_s.arg(number, 4, 10, QLatin1Char('0')); };
-  QByteArray even;
-  QByteArray odd;
-  for (int i = 0; i < 300; ++i) {
-    even += Stored(call(2 * i).toLatin1(), "first");
-    odd += Stored(call(2 * i + 1).toLatin1(), "second");
-  }
-  folder.Put(even);
-  CallDatabase database(folder.dir.path());
-  const auto rested = [&folder]() {
-    return QFileInfo(folder.File()).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
-  };
-  QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
-  for (int round = 0; round < 2; ++round) {
-    for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 0 ? i / 2 + 1 : 0);
-  }
-  // Another program writes the same file, in place and of the same size.
-  folder.Put(odd);
-  for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 1 ? i / 2 + 1 : 0);
-  QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
-  QCOMPARE(database.FindRecord(call(299)), 150);
-  QCOMPARE(database.DbCurrent.Name.Text(), u"second"_s);
-  database.DbCurrent.Name = u"third"_s;
-  QVERIFY(database.UpdateRecord(150));
-  QCOMPARE(database.FindRecord(call(299)), 150);
-  QCOMPARE(database.DbCurrent.Name.Text(), u"third"_s);
-  QVERIFY(database.DeleteRecord(call(1)));
-  QCOMPARE(database.FindRecord(call(299)), 149);
-}
-
-void TestCallDatabase::ReadsTheDemo() {
-  const Folder folder;
-  folder.Put(DemoDatabase());
-  CallDatabase database(folder.dir.path());
-  QStringList calls;
-  QVERIFY(database.FillCallList(calls));
-  QVERIFY(calls.size() > 40);
-  QVERIFY(calls.contains(u"DL0QPA"_s));
-  for (const QString& call : calls) {
-    const TargetLocation target = database.LookupTargetLocation(call);
-    QVERIFY2(target.InDatabase && !database.DbCurrent.Name.Text().isEmpty() && !target.Ctry.isEmpty(),
-             qPrintable(call));
-    QVERIFY((target.TargetLat == 0) == (target.TargetLon == 0));
-  }
-  QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
-
-  // A list longer than what is read at once.
-  folder.Put(DemoDatabase().repeated(60));
-  const QStringList once = calls;
-  QVERIFY(database.FillCallList(calls));
-  QCOMPARE(calls.size(), once.size() * 60);
-  QCOMPARE(calls.last(), once.last());
-}
 
 OMNI_TEST(TestCallDatabase)
 #include "test_call_database.moc"

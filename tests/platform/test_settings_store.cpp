@@ -76,32 +76,28 @@ class TestSettingsStore : public QObject {
              "[Omni-Perch]\ngeometry\\SHOWCMD=1\nGeometry\\Left=-5\n\n[TV%20Echo]\nTX\\band0=1\n"_ba);
   }
 
-  void ReadsHandWrittenFiles_data() {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<QString>("value");
-    QTest::newRow("plain") << "SAVEDIR\\1=/home/x"_ba << u"/home/x"_s;
-    QTest::newRow("blanks around") << "  SAVEDIR\\1 =  a b  "_ba << u"a b"_s;
-    QTest::newRow("commas, semicolons, quotes") << "savedir\\1=a, b;c \"d\""_ba << u"a, b;c \"d\""_s;
-    QTest::newRow("slash parts too") << "SaveDir/1=x"_ba << u"x"_s;
-    QTest::newRow("utf-8") << "SAVEDIR\\1=Фото"_ba << u"Фото"_s;
-    QTest::newRow("1252") << "SAVEDIR\\1=\xD8"_ba << u"Ø"_s;
-    QTest::newRow("equals in value") << "SAVEDIR\\1=a=b"_ba << u"a=b"_s;
-    QTest::newRow("windows path") << "SAVEDIR\\1=D:\\Pictures"_ba << u"D:\\Pictures"_s;
-    QTest::newRow("lone backslash") << "SAVEDIR\\1=D:\\"_ba << u"D:\\"_s;
-    QTest::newRow("empty") << "SAVEDIR\\1="_ba << QString();
-    QTest::newRow("comment") << ";SAVEDIR\\1=x\n#SAVEDIR\\1=y"_ba << u"none"_s;
-    QTest::newRow("garbled") << "SAVEDIR\\1\n=x\n[\n]\n\0\n%\n%U12=\n"_ba << u"none"_s;
-    QTest::newRow("other application") << "[Other]\nSAVEDIR\\1=x"_ba << u"none"_s;
-    QTest::newRow("last spelling wins") << "SaveDir\\1=a\nSAVEDIR\\1=b\nsavedir\\1=c\n[x]\n"_ba << u"c"_s;
-    QTest::newRow("last group wins") << "SAVEDIR\\1=a\n[OMNI-perch]\nsavedir\\1=b"_ba << u"b"_s;
-    QTest::newRow("any line end") << "a=1\rSAVEDIR\\1=x\r\nb=2"_ba << u"x"_s;
-  }
   void ReadsHandWrittenFiles() {
-    QFETCH(QByteArray, line);
-    QFETCH(QString, value);
-    MakeFile(path_, "[Omni-Perch]\n" + line);
-    QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"1"_s, u"none"_s), value);
-    QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"2"_s, u"none"_s), u"none"_s);
+    const auto check = [this](const QByteArray& line, const QString& value) {
+      MakeFile(path_, "[Omni-Perch]\n" + line);
+      QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"1"_s, u"none"_s), value);
+      QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"2"_s, u"none"_s), u"none"_s);
+    };
+    check("SAVEDIR\\1=/home/x", u"/home/x"_s);
+    check("  SAVEDIR\\1 =  a b  ", u"a b"_s);
+    check("savedir\\1=a, b;c \"d\"", u"a, b;c \"d\""_s);
+    check("SaveDir/1=x", u"x"_s);
+    check("SAVEDIR\\1=Фото", u"Фото"_s);
+    check("SAVEDIR\\1=\xD8", u"Ø"_s);
+    check("SAVEDIR\\1=a=b", u"a=b"_s);
+    check("SAVEDIR\\1=D:\\Pictures", u"D:\\Pictures"_s);
+    check("SAVEDIR\\1=D:\\", u"D:\\"_s);
+    check("SAVEDIR\\1=", QString());
+    check(";SAVEDIR\\1=x\n#SAVEDIR\\1=y", u"none"_s);
+    check("SAVEDIR\\1\n=x\n[\n]\n\0\n%\n%U12=\n"_ba, u"none"_s);
+    check("[Other]\nSAVEDIR\\1=x", u"none"_s);
+    check("SaveDir\\1=a\nSAVEDIR\\1=b\nsavedir\\1=c\n[x]\n", u"c"_s);
+    check("SAVEDIR\\1=a\n[OMNI-perch]\nsavedir\\1=b", u"b"_s);
+    check("a=1\rSAVEDIR\\1=x\r\nb=2", u"x"_s);
   }
 
   void ChangesOnlyWhatWasSet() {

@@ -18,82 +18,63 @@ void MakeFile(const QString& path, const QByteArray& bytes) {
   QCOMPARE(file.write(bytes), bytes.size());
 }
 
-QByteArray EveryByte() {
-  QByteArray bytes;
-  for (int i = 0; i < 256; ++i) bytes += static_cast<char>(i);
-  return bytes;
-}
-
 }  // namespace
 
 class TestTextFile : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void Decodes_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<CodePage>("page");
-    QTest::addColumn<QString>("text");
-    const CodePage western = CodePage::Western1252;
-    QTest::newRow("empty") << QByteArray() << western << QString();
-    QTest::newRow("utf-8") << "Jos\xC3\xA9 \xE6\x97\xA5"_ba << western << u"José 日"_s;
-    QTest::newRow("utf-8 with mark") << "\xEF\xBB\xBF\xC3\x98"_ba << western << u"Ø"_s;
-    QTest::newRow("only the first mark goes") << "\xEF\xBB\xBF\xEF\xBB\xBFx"_ba << western << u"\uFEFFx"_s;
-    QTest::newRow("mark alone") << "\xEF\xBB\xBF"_ba << western << QString();
-    QTest::newRow("1252") << "\xD8 \x80 \x93"_ba << western << u"Ø € “"_s;
-    QTest::newRow("cut utf-8 is 1252") << "a\xC3"_ba << western << u"aÃ"_s;
-    QTest::newRow("surrogate in utf-8 is 1252") << "\xED\xA0\x80"_ba << western << u"í\u00A0€"_s;
-    QTest::newRow("undefined in 1252") << "\x81\xFF"_ba << western << u"\u0081ÿ"_s;
-    QTest::newRow("nul stays") << "a\0b"_ba << western << QString::fromLatin1("a\0b", 3);
-    QTest::newRow("1250") << "\x8C\x9C\xB3"_ba << CodePage::CentralEuropean1250 << u"Śśł"_s;
-    QTest::newRow("1251") << "\xCF\xF0"_ba << CodePage::Cyrillic1251 << u"Пр"_s;
-    QTest::newRow("932") << "\x93\xFA\x96\x7B\xB1\\"_ba << CodePage::Japanese932 << u"日本ｱ\\"_s;
-    QTest::newRow("utf-8 goes before the page") << "\xD0\x9F"_ba << CodePage::Cyrillic1251 << u"П"_s;
-  }
   void Decodes() {
-    QFETCH(QByteArray, bytes);
-    QFETCH(CodePage, page);
-    QTEST(DecodeText(bytes, page), "text");
+    const auto check = [](const QByteArray& bytes, const QString& text, CodePage page = CodePage::Western1252) {
+      QCOMPARE(DecodeText(bytes, page), text);
+    };
+    check("", QString());
+    check("Jos\xC3\xA9 \xE6\x97\xA5", u"José 日"_s);
+    // Of several marks only the first one goes.
+    check("\xEF\xBB\xBF\xC3\x98", u"Ø"_s);
+    check("\xEF\xBB\xBF\xEF\xBB\xBFx", u"\uFEFFx"_s);
+    check("\xEF\xBB\xBF", QString());
+    // What is no valid UTF-8 is of the code page: cut ones, surrogates, bytes that the page leaves undefined.
+    check("\xD8 \x80 \x93", u"Ø € “"_s);
+    check("a\xC3", u"aÃ"_s);
+    check("\xED\xA0\x80", u"í\u00A0€"_s);
+    check("\x81\xFF", u"\u0081ÿ"_s);
+    check("a\0b"_ba, QString::fromLatin1("a\0b", 3));
+    check("\x8C\x9C\xB3", u"Śśł"_s, CodePage::CentralEuropean1250);
+    check("\xCF\xF0", u"Пр"_s, CodePage::Cyrillic1251);
+    check("\x93\xFA\x96\x7B\xB1\\", u"日本ｱ\\"_s, CodePage::Japanese932);
+    check("\xD0\x9F", u"П"_s, CodePage::Cyrillic1251);
   }
 
   // What is written must be read back as the same text, whatever it is.
-  void EncodesWithoutLoss_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("utf8");
-    QTest::newRow("ascii") << u"ZZ9QX*1\r\n"_s << false;
-    QTest::newRow("western") << u"Ø é €"_s << false;
-    QTest::newRow("every byte of 1252") << DecodeText(EveryByte()) << false;
-    QTest::newRow("cyrillic") << u"Москва"_s << true;
-    QTest::newRow("beyond the base plane") << u"\U0001F426"_s << true;
-    QTest::newRow("western that looks like utf-8") << u"Ã©"_s << true;
-    QTest::newRow("begins with a mark") << u"\uFEFFx"_s << true;
-    QTest::newRow("begins with the mark's bytes") << u"ï»¿é"_s << false;
-    QTest::newRow("nul") << QString(u'\0') << false;
-  }
   void EncodesWithoutLoss() {
-    QFETCH(QString, text);
-    QFETCH(bool, utf8);
-    const QByteArray bytes = EncodeText(text);
-    QCOMPARE(DecodeText(bytes), text);
-    QCOMPARE(bytes.startsWith("\xEF\xBB\xBF") && bytes.isValidUtf8(), utf8);
-    if (!utf8) QCOMPARE(bytes.size(), text.size());
+    const auto check = [](const QString& text, bool utf8) {
+      const QByteArray bytes = EncodeText(text);
+      QCOMPARE(DecodeText(bytes), text);
+      QVERIFY2((bytes.startsWith("\xEF\xBB\xBF") && bytes.isValidUtf8()) == utf8, qPrintable(text));
+      if (!utf8) QCOMPARE(bytes.size(), text.size());
+    };
+    check(u"ZZ9QX*1\r\n"_s, false);
+    check(u"Ø é €"_s, false);
+    check(u"Москва"_s, true);
+    check(u"\U0001F426"_s, true);
+    check(u"Ã©"_s, true);       // its bytes are valid UTF-8
+    check(u"\uFEFFx"_s, true);  // begins with a mark
+    check(u"ï»¿é"_s, false);    // begins with the bytes of one
+    QByteArray everyByte;
+    for (int i = 0; i < 256; ++i) everyByte += static_cast<char>(i);
+    check(DecodeText(everyByte), false);
+    QCOMPARE(EncodeText(DecodeText(everyByte)), everyByte);
   }
-  void KeepsEveryByteOfAnOlderList() { QCOMPARE(EncodeText(DecodeText(EveryByte())), EveryByte()); }
 
-  void SplitsLines_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QStringList>("lines");
-    QTest::newRow("empty") << QString() << QStringList();
-    QTest::newRow("crlf") << u"a\r\nb\r\n"_s << QStringList{u"a"_s, u"b"_s};
-    QTest::newRow("mixed, last without end") << u"a\nb\rc\r\nd"_s << QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s};
-    QTest::newRow("empty lines count") << u"\r\n\n\rx\n\n"_s
-                                       << QStringList{QString(), QString(), QString(), u"x"_s, QString()};
-    QTest::newRow("lf cr are two ends") << u"a\n\rb"_s << QStringList{u"a"_s, QString(), u"b"_s};
-    QTest::newRow("lone end") << u"\r"_s << QStringList{QString()};
-  }
   void SplitsLines() {
-    QFETCH(QString, text);
-    QTEST(SplitLines(text), "lines");
+    const auto check = [](const QString& text, const QString& lines) { QCOMPARE(SplitLines(text).join(u'|'), lines); };
+    QCOMPARE(SplitLines(QString()), QStringList());
+    QCOMPARE(SplitLines(u"\r"_s), QStringList{QString()});
+    check(u"a\r\nb\r\n"_s, u"a|b"_s);
+    check(u"a\nb\rc\r\nd"_s, u"a|b|c|d"_s);
+    check(u"\r\n\n\rx\n\n"_s, u"|||x|"_s);
+    check(u"a\n\rb"_s, u"a||b"_s);
   }
 
   void WritesWholeFilesOrNone() {
@@ -123,27 +104,22 @@ class TestTextFile : public QObject {
     QVERIFY(!ReadTextFile(dir.filePath(u"none"_s)));
   }
 
-  void ResolvesNamesWithoutCase_data() {
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("found");
-    QTest::newRow("exact") << u"Nicknames.txt"_s << u"Nicknames.txt"_s;
-    QTest::newRow("other case") << u"NICKNAMES.TXT"_s << u"Nicknames.txt"_s;
-    QTest::newRow("exact wins") << u"images/B"_s << u"Images/B"_s;
-    QTest::newRow("exact wins, other") << u"images/b"_s << u"Images/b"_s;
-    QTest::newRow("each part") << u"images/dsstv/1-1.JPG"_s << u"Images/DSSTV/1-1.jpg"_s;
-    QTest::newRow("end missing") << u"images/dsstv/9-9"_s << u"Images/DSSTV/9-9"_s;
-    QTest::newRow("folder missing") << u"Maps/World.jpg"_s << u"Maps/World.jpg"_s;
-    QTest::newRow("not a pattern") << u"*.txt"_s << u"*.txt"_s;
-    QTest::newRow("beyond ascii") << u"ÉTÉ"_s << u"été"_s;
-  }
   void ResolvesNamesWithoutCase() {
-    QFETCH(QString, asked);
-    QFETCH(QString, found);
     const QTemporaryDir dir;
     QVERIFY(QDir(dir.path()).mkpath(u"Images/DSSTV"_s));
     for (const char* name : {"Nicknames.txt", "Images/B", "Images/b", "Images/DSSTV/1-1.jpg", "été"})
       MakeFile(dir.filePath(QString::fromUtf8(name)), "x");
-    QCOMPARE(ResolvePath(dir.path(), asked), dir.filePath(found));
+    const auto check = [&dir](const QString& asked, const QString& found) {
+      QCOMPARE(ResolvePath(dir.path(), asked), dir.filePath(found));
+    };
+    check(u"NICKNAMES.TXT"_s, u"Nicknames.txt"_s);
+    check(u"images/B"_s, u"Images/B"_s);
+    check(u"images/b"_s, u"Images/b"_s);
+    check(u"images/dsstv/1-1.JPG"_s, u"Images/DSSTV/1-1.jpg"_s);
+    check(u"images/dsstv/9-9"_s, u"Images/DSSTV/9-9"_s);
+    check(u"Maps/World.jpg"_s, u"Maps/World.jpg"_s);
+    check(u"*.txt"_s, u"*.txt"_s);
+    check(u"ÉTÉ"_s, u"été"_s);
   }
 };
 
