@@ -18,12 +18,9 @@ const QString kProgVersion = u"Omni-Perch  6.50"_s;
 const QStringList kLanguages = {u"English"_s, u"Spanish"_s, u"German"_s,   u"French"_s,
                                 u"Dutch"_s,   u"Polish"_s,  u"Japanese"_s, u"Russian"_s};
 
-QString InstalledPath(const QString& language) {
-  return u"%1/Omni-Perch_%2.Language"_s.arg(QStringLiteral(LANGUAGES_DIR), language);
-}
-
 QByteArray Installed(const QString& language) {
-  return ReadFileBytes(InstalledPath(language)).value_or(QByteArray());
+  const QString path = u"%1/Omni-Perch_%2.Language"_s.arg(QStringLiteral(LANGUAGES_DIR), language);
+  return ReadFileBytes(path).value_or(QByteArray());
 }
 
 struct Line {
@@ -69,6 +66,13 @@ LanguageResult Read(const QByteArray& bytes, LanguageTexts& texts, qsizetype lis
   return ReadLanguage(bytes, CodePage::Western1252, listed, kProgVersion, texts);
 }
 
+// The texts of a language file as it is installed.
+LanguageTexts Loaded(const QString& language) {
+  LanguageTexts texts;
+  LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, kProgVersion, texts);
+  return texts;
+}
+
 void WriteFile(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   QVERIFY(file.open(QIODevice::WriteOnly));
@@ -81,310 +85,244 @@ class TestLanguage : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void filesHoldTheSameLines_data();
-  void filesHoldTheSameLines();
-  void shortPlacesGetShortTexts();
-  void menusFindTheirTexts();
-  void versionLine_data();
-  void versionLine();
-  void textsAreFitted_data();
-  void textsAreFitted();
-  void countOfLines_data();
-  void countOfLines();
-  void encodings_data();
-  void encodings();
-  void hugeFiles();
-  void messagesAndMissingFiles();
-  void listOfLanguages_data();
-  void listOfLanguages();
-  void pageLabelsFollow();
-  void builtInTexts();
-};
-
-void TestLanguage::filesHoldTheSameLines_data() {
-  QTest::addColumn<QString>("language");
-  for (const QString& language : kLanguages) QTest::newRow(qPrintable(language)) << language;
-}
-
-void TestLanguage::filesHoldTheSameLines() {
-  QFETCH(QString, language);
-  const QByteArray bytes = Installed(language);
-  QVERIFY(bytes.isValidUtf8());
-  QVERIFY(!bytes.startsWith("\xEF\xBB\xBF"));
-  QCOMPARE(bytes.count('\r'), kTextLines);
-  QCOMPARE(bytes.count("\r\n"), kTextLines);
-  QCOMPARE(bytes.count('\n'), kTextLines);
-
-  const QList<Line> english = Parsed(u"English"_s);
-  const QList<Line> lines = Parsed(language);
-  QCOMPARE(lines.size(), kTextLines);
-  QSet<QString> keys;
-  for (int i = 0; i < kTextLines; ++i) {
-    const auto where = [&] { return qPrintable(u"line %1: %2 = %3"_s.arg(i).arg(lines[i].key, lines[i].text)); };
-    QVERIFY2(lines[i].key == english[i].key && !lines[i].key.isEmpty(), where());
-    QVERIFY2(!keys.contains(lines[i].key), where());
-    keys += lines[i].key;
-    QVERIFY2(MarksOf(lines[i].text) == MarksOf(english[i].text), where());
-    QVERIFY2(lines[i].text.trimmed() == lines[i].text, where());
-    QVERIFY2(lines[i].text.isEmpty() == (i == int(kAgeWord)), where());
-    QVERIFY2(language == u"English" || lines[i].text != english[i].text || MayEqualEnglish(language, i), where());
+  void FilesHoldTheSameLines_data() {
+    QTest::addColumn<QString>("language");
+    for (const QString& language : kLanguages) QTest::newRow(qPrintable(language)) << language;
   }
 
-  LanguageTexts texts;
-  const LanguageResult result = LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, kProgVersion, texts);
-  QVERIFY(result.read && result.versionOk && result.complete);
-}
+  void FilesHoldTheSameLines() {
+    QFETCH(QString, language);
+    const QByteArray bytes = Installed(language);
+    QVERIFY(bytes.isValidUtf8());
+    QVERIFY(!bytes.startsWith("\xEF\xBB\xBF"));
+    QCOMPARE(bytes.count('\r'), kTextLines);
+    QCOMPARE(bytes.count("\r\n"), kTextLines);
+    QCOMPARE(bytes.count('\n'), kTextLines);
 
-void TestLanguage::shortPlacesGetShortTexts() {
-  const QHash<TextLine, int> places = {
-      {kFindCaption, 12},  {kCamsWord, 10},       {kOnAirText, 14},   {kPropagationCaption, 12}, {kRefreshWord, 13},
-      {kInactiveWord, 10}, {kConnectingText, 12}, {kErrorCaption, 8}, {kErrorWord, 14},          {kNoPictureText, 16},
-      {kCorruptText, 16},  {kBlockedCaption, 8},  {kBlockedText, 16}, {kIllegalText, 16},        {kMissingLocation, 5},
-      {kFromWord, 8},      {kDaysWord, 6},        {kMeWord, 5}};
-  for (const QString& language : kLanguages) {
+    const QList<Line> english = Parsed(u"English"_s);
+    const QList<Line> lines = Parsed(language);
+    QCOMPARE(lines.size(), kTextLines);
+    QSet<QString> keys;
+    for (int i = 0; i < kTextLines; ++i) {
+      const auto where = [&] { return qPrintable(u"line %1: %2 = %3"_s.arg(i).arg(lines[i].key, lines[i].text)); };
+      QVERIFY2(lines[i].key == english[i].key && !lines[i].key.isEmpty(), where());
+      QVERIFY2(!keys.contains(lines[i].key), where());
+      keys += lines[i].key;
+      QVERIFY2(MarksOf(lines[i].text) == MarksOf(english[i].text), where());
+      QVERIFY2(lines[i].text.trimmed() == lines[i].text, where());
+      QVERIFY2(lines[i].text.isEmpty() == (i == int(kAgeWord)), where());
+      QVERIFY2(language == u"English" || lines[i].text != english[i].text || MayEqualEnglish(language, i), where());
+    }
+
     LanguageTexts texts;
-    LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, kProgVersion, texts);
-    for (auto place = places.begin(); place != places.end(); ++place) {
-      QVERIFY2(texts[place.key()].size() <= place.value(), qPrintable(language + u": "_s + texts[place.key()]));
+    const LanguageResult result = LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, kProgVersion, texts);
+    QVERIFY(result.read && result.versionOk && result.complete);
+  }
+
+  void ShortPlacesGetShortTexts() {
+    const QHash<TextLine, int> places = {
+        {kFindCaption, 12}, {kCamsWord, 10},      {kOnAirText, 14},      {kPropagationCaption, 12},
+        {kRefreshWord, 13}, {kInactiveWord, 10},  {kConnectingText, 12}, {kErrorCaption, 8},
+        {kErrorWord, 14},   {kNoPictureText, 16}, {kCorruptText, 16},    {kBlockedCaption, 8},
+        {kBlockedText, 16}, {kIllegalText, 16},   {kMissingLocation, 5}, {kFromWord, 8},
+        {kDaysWord, 6},     {kMeWord, 5}};
+    for (const QString& language : kLanguages) {
+      const LanguageTexts texts = Loaded(language);
+      for (auto place = places.begin(); place != places.end(); ++place) {
+        QVERIFY2(texts[place.key()].size() <= place.value(), qPrintable(language + u": "_s + texts[place.key()]));
+      }
     }
   }
-}
 
-void TestLanguage::menusFindTheirTexts() {
-  LanguageTexts texts;
-  LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, kProgVersion, texts);
-  QCOMPARE(texts[MenuLines::kSetup[1]], u"My callsign and location"_s);
-  QCOMPARE(texts[MenuLines::kSetup[12]], u"Thumbnails per page"_s);
-  QCOMPARE(texts[MenuLines::kSetup[16]], u"About Omni-Perch"_s);
-  QCOMPARE(texts[MenuLines::kPicture[3]], u"View ** pictures of ??"_s);
-  QCOMPARE(texts[MenuLines::kPicture[9]], u"Look up on ***"_s);
-  QCOMPARE(texts[MenuLines::kPicture[20]], u"Site index"_s);
-  QCOMPARE(texts[MenuLines::kCamMode[3]], u"Check only once"_s);
-  QCOMPARE(texts[MenuLines::kWindowSize[3]], u"Extra large"_s);
-  // The names of the languages stand in the order in which the languages are listed.
-  QStringList files;
-  for (const QString& language : kLanguages) files += u"Omni-Perch_%1.Language"_s.arg(language);
-  const QStringList listed = ListLanguages(files);
-  QCOMPARE(listed.size(), kLanguageNames);
-  for (int i = 0; i < kLanguageNames; ++i) QVERIFY(texts.lines[static_cast<std::size_t>(i + 1)].contains(listed[i]));
-}
+  void MenusFindTheirTexts() {
+    const LanguageTexts texts = Loaded(u"English"_s);
+    QCOMPARE(texts[MenuLines::kSetup[1]], u"My callsign and location"_s);
+    QCOMPARE(texts[MenuLines::kSetup[16]], u"About Omni-Perch"_s);
+    QCOMPARE(texts[MenuLines::kPicture[9]], u"Look up on ***"_s);
+    QCOMPARE(texts[MenuLines::kPicture[20]], u"Site index"_s);
+    QCOMPARE(texts[MenuLines::kCamMode[3]], u"Check only once"_s);
+    QCOMPARE(texts[MenuLines::kWindowSize[3]], u"Extra large"_s);
+    // The names of the languages stand in the order in which the languages are listed.
+    QStringList files;
+    for (const QString& language : kLanguages) files += u"Omni-Perch_%1.Language"_s.arg(language);
+    const QStringList listed = ListLanguages(files);
+    QCOMPARE(listed.size(), kLanguageNames);
+    for (int i = 0; i < kLanguageNames; ++i) QVERIFY(texts.lines[static_cast<std::size_t>(i + 1)].contains(listed[i]));
+  }
 
-void TestLanguage::versionLine_data() {
-  QTest::addColumn<QByteArray>("line");
-  QTest::addColumn<bool>("ok");
-  QTest::newRow("right") << QByteArray("key=Omni-Perch  6.50") << true;
-  QTest::newRow("no key") << QByteArray("Omni-Perch  6.50") << true;
-  QTest::newRow("name in the key too") << QByteArray("Omni-Perch file=Omni-Perch  6.50") << true;
-  QTest::newRow("single blank") << QByteArray("key=Omni-Perch 6.50") << false;
-  QTest::newRow("other version") << QByteArray("key=Omni-Perch  6.51") << false;
-  QTest::newRow("something behind") << QByteArray("key=Omni-Perch  6.50 ") << false;
-  QTest::newRow("a name behind") << QByteArray("key=Omni-Perch  6.50 Omni-Perch") << false;
-  QTest::newRow("none") << QByteArray("key=") << false;
-}
+  void KnowsItsVersion() {
+    const auto check = [](const QByteArray& line, bool ok) {
+      LanguageTexts texts;
+      const LanguageResult result = Read(MadeFile(kTextLines, {{0, line}}), texts);
+      QVERIFY2(result.versionOk == ok, line.constData());
+      // The texts are used either way.
+      QVERIFY(result.complete && texts[kRefreshWord] == u"text 64");
+    };
+    check("key=Omni-Perch  6.50", true);
+    check("Omni-Perch  6.50", true);
+    check("Omni-Perch file=Omni-Perch  6.50", true);
+    check("key=Omni-Perch 6.50", false);
+    check("key=Omni-Perch  6.51", false);
+    check("key=Omni-Perch  6.50 ", false);
+    check("key=Omni-Perch  6.50 Omni-Perch", false);
+    check("key=", false);
+  }
 
-void TestLanguage::versionLine() {
-  QFETCH(QByteArray, line);
-  QFETCH(bool, ok);
-  LanguageTexts texts;
-  const LanguageResult result = Read(MadeFile(kTextLines, {{0, line}}), texts);
-  QCOMPARE(result.versionOk, ok);
-  // The texts are used either way.
-  QVERIFY(result.complete);
-  QCOMPARE(texts[kRefreshWord], u"text 64"_s);
-}
+  void FitsTexts() {
+    const auto check = [](int line, const QByteArray& written, const QString& shown) {
+      for (const QByteArray lineEnd : {"\r\n", "\n", "\r"}) {
+        LanguageTexts texts;
+        // Read twice: nothing of the first reading is left in the second.
+        for (int i = 0; i < 2; ++i) QVERIFY(Read(MadeFile(kTextLines, {{line, written}}, lineEnd), texts).complete);
+        QCOMPARE(texts[static_cast<TextLine>(line)], shown);
+      }
+    };
+    check(218, "k=Propagation", u"Propagation"_s);
+    check(64, "k=a=b", u"a=b"_s);
+    check(64, "Refresh", u"Refresh"_s);
+    check(64, "k=", QString());
+    check(64, QByteArray("k=a\0b", 5), u"ab"_s);
+    check(95, "k=Page", u"Page "_s);
+    check(117, "k=  From   ", u"From "_s);
+    check(146, "k=", u" - "_s);
+    check(72, "k=one", u"one\ntext 73"_s);
+    check(147, "k=one", u"one\ntext 148\ntext 149"_s);
+    check(64, "k=" + QByteArray(100000, 'x'), QString(1000, u'x'));
+  }
 
-void TestLanguage::textsAreFitted_data() {
-  QTest::addColumn<int>("line");
-  QTest::addColumn<QByteArray>("written");
-  QTest::addColumn<QString>("shown");
-  QTest::newRow("plain") << 218 << QByteArray("k=Propagation") << u"Propagation"_s;
-  QTest::newRow("two equal signs") << 64 << QByteArray("k=a=b") << u"a=b"_s;
-  QTest::newRow("no equal sign") << 64 << QByteArray("Refresh") << u"Refresh"_s;
-  QTest::newRow("empty") << 64 << QByteArray("k=") << QString();
-  QTest::newRow("NUL") << 64 << QByteArray("k=a\0b", 5) << u"ab"_s;
-  QTest::newRow("page word") << 95 << QByteArray("k=Page") << u"Page "_s;
-  QTest::newRow("from word") << 117 << QByteArray("k=  From   ") << u"From "_s;
-  QTest::newRow("age word") << 146 << QByteArray("k=") << u" - "_s;
-  QTest::newRow("two lines") << 72 << QByteArray("k=one") << u"one\ntext 73"_s;
-  QTest::newRow("three lines") << 147 << QByteArray("k=one") << u"one\ntext 148\ntext 149"_s;
-  QTest::newRow("no end of it") << 64 << "k=" + QByteArray(100000, 'x') << QString(1000, u'x');
-}
+  // As many lines as there are, and of the names of languages as many as are listed.
+  void StopsWhereTheFileOrTheListEnds() {
+    const auto check = [](int count, int listed, int lastRead) {
+      LanguageTexts texts;
+      texts.lines.fill(u"kept"_s);
+      const LanguageResult result = Read(MadeFile(count), texts, listed);
+      QCOMPARE(result.read, count > 0);
+      QCOMPARE(result.complete, lastRead == 221);
+      for (int i = 1; i < kTextLines; ++i) {
+        const QString& text = texts.lines[static_cast<std::size_t>(i)];
+        QVERIFY2(i <= lastRead ? text.contains(u"text %1"_s.arg(i)) : text == u"kept", qPrintable(text));
+      }
+    };
+    check(0, 8, 0);
+    check(1, 8, 0);
+    check(221, 8, 220);
+    check(222, 8, 221);
+    check(5000, 8, 221);
+    check(222, 12, 221);
+    check(222, 7, 7);
+    check(222, 0, 0);
+  }
 
-void TestLanguage::textsAreFitted() {
-  QFETCH(int, line);
-  QFETCH(QByteArray, written);
-  QFETCH(QString, shown);
-  for (const QByteArray lineEnd : {"\r\n", "\n", "\r"}) {
+  void ReadsTheCodePageOfItsLanguage() {
+    const auto check = [](const QString& language, const QByteArray& written, const QString& shown) {
+      const QTemporaryDir folder;
+      const QString path = folder.filePath(u"Omni-Perch_%1.Language"_s.arg(language));
+      WriteFile(path, MadeFile(kTextLines, {{64, "k=" + written}}));
+      LanguageTexts texts;
+      QVERIFY(LoadLanguage(folder.path(), language, 8, kProgVersion, texts).complete);
+      QCOMPARE(texts[kRefreshWord], shown);
+    };
+    check(u"Polish"_s, "Od\x9Cwie\xBF", u"Odśwież"_s);
+    check(u"Russian"_s, "\xCE\xE1\xED\xEE\xE2\xE8\xF2\xFC", u"Обновить"_s);
+    check(u"Japanese"_s, "\x8D\x58\x90\x56", u"更新"_s);
+    check(u"Spanish"_s, "\x80 se\xF1o", u"€ seño"_s);
+    check(u"Polish"_s, u"Odśwież"_s.toUtf8(), u"Odśwież"_s);
+  }
+
+  void ReadsTheBeginningOfHugeFiles() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"Omni-Perch_Polish.Language"_s);
     LanguageTexts texts;
-    // Read twice: nothing of the first reading is left in the second.
-    for (int i = 0; i < 2; ++i) QVERIFY(Read(MadeFile(kTextLines, {{line, written}}, lineEnd), texts).complete);
-    QCOMPARE(texts[static_cast<TextLine>(line)], shown);
-  }
-}
-
-void TestLanguage::countOfLines_data() {
-  QTest::addColumn<int>("count");
-  QTest::addColumn<int>("listed");
-  QTest::addColumn<bool>("read");
-  QTest::addColumn<int>("lastRead");
-  QTest::newRow("empty file") << 0 << 8 << false << 0;
-  QTest::newRow("version only") << 1 << 8 << true << 0;
-  QTest::newRow("half") << 100 << 8 << true << 99;
-  QTest::newRow("one short") << 221 << 8 << true << 220;
-  QTest::newRow("all") << 222 << 8 << true << 221;
-  QTest::newRow("too many") << 5000 << 8 << true << 221;
-  QTest::newRow("more languages listed") << 222 << 12 << true << 221;
-  QTest::newRow("seven languages listed") << 222 << 7 << true << 7;
-  QTest::newRow("none listed") << 222 << 0 << true << 0;
-}
-
-void TestLanguage::countOfLines() {
-  QFETCH(int, count);
-  QFETCH(int, listed);
-  QFETCH(bool, read);
-  QFETCH(int, lastRead);
-  LanguageTexts texts;
-  texts.lines.fill(u"kept"_s);
-  const LanguageResult result = Read(MadeFile(count), texts, listed);
-  QCOMPARE(result.read, read);
-  QCOMPARE(result.complete, lastRead == 221);
-  for (int i = 1; i < kTextLines; ++i) {
-    QCOMPARE(texts.lines[static_cast<std::size_t>(i)].contains(u"text %1"_s.arg(i)), i <= lastRead);
-    if (i > lastRead) QCOMPARE(texts.lines[static_cast<std::size_t>(i)], u"kept"_s);
-  }
-}
-
-void TestLanguage::encodings_data() {
-  QTest::addColumn<QString>("language");
-  QTest::addColumn<QByteArray>("written");
-  QTest::addColumn<QString>("shown");
-  QTest::newRow("Polish") << u"Polish"_s << QByteArray("Od\x9Cwie\xBF") << u"Odśwież"_s;
-  QTest::newRow("Russian") << u"Russian"_s << QByteArray("\xCE\xE1\xED\xEE\xE2\xE8\xF2\xFC") << u"Обновить"_s;
-  QTest::newRow("Japanese") << u"Japanese"_s << QByteArray("\x8D\x58\x90\x56") << u"更新"_s;
-  QTest::newRow("Spanish") << u"Spanish"_s
-                           << QByteArray(
-                                  "\x80 se\xF1"
-                                  "al")
-                           << u"€ señal"_s;
-  QTest::newRow("UTF-8") << u"Polish"_s << u"Odśwież"_s.toUtf8() << u"Odśwież"_s;
-}
-
-void TestLanguage::encodings() {
-  QFETCH(QString, language);
-  QFETCH(QByteArray, written);
-  QFETCH(QString, shown);
-  const QTemporaryDir folder;
-  WriteFile(folder.filePath(u"Omni-Perch_%1.Language"_s.arg(language)), MadeFile(kTextLines, {{64, "k=" + written}}));
-  LanguageTexts texts;
-  QVERIFY(LoadLanguage(folder.path(), language, 8, kProgVersion, texts).complete);
-  QCOMPARE(texts[kRefreshWord], shown);
-}
-
-void TestLanguage::hugeFiles() {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(u"Omni-Perch_Polish.Language"_s);
-  LanguageTexts texts;
-  // More lines than can be looked at, of two bytes a character: the cut, on one half of a character or between two,
-  // must not make them text of the code page.
-  for (const QByteArray key : {"k", "kk"}) {
-    QByteArray bytes = MadeFile(kTextLines, {{64, key + "=" + u"Odśwież"_s.toUtf8()}});
-    while (bytes.size() < 2'000'000) bytes += u"k=żżżżżżżżżż\r\n"_s.toUtf8();
-    WriteFile(path, bytes);
-    QVERIFY(QFile::resize(path, 100'000'000));
-    QVERIFY(LoadLanguage(folder.path(), u"Polish"_s, 8, kProgVersion, texts).complete);
+    // More lines than can be looked at, of two bytes a character: the cut, on one half of a character or between two,
+    // must not make them text of the code page.
+    for (const QByteArray key : {"k", "kk"}) {
+      QByteArray bytes = MadeFile(kTextLines, {{64, key + "=" + u"Odśwież"_s.toUtf8()}});
+      while (bytes.size() < 2'000'000) bytes += u"k=żżżżżżżżżż\r\n"_s.toUtf8();
+      WriteFile(path, bytes);
+      QVERIFY(QFile::resize(path, 100'000'000));
+      QVERIFY(LoadLanguage(folder.path(), u"Polish"_s, 8, kProgVersion, texts).complete);
+      QCOMPARE(texts[kRefreshWord], u"Odśwież"_s);
+    }
+    // One line without an end.
+    QVERIFY(!Read(QByteArray(3'000'000, 'x'), texts).versionOk);
     QCOMPARE(texts[kRefreshWord], u"Odśwież"_s);
   }
-  // One line without an end.
-  QVERIFY(!Read(QByteArray(3'000'000, 'x'), texts).versionOk);
-  QCOMPARE(texts[kRefreshWord], u"Odśwież"_s);
-}
 
-void TestLanguage::messagesAndMissingFiles() {
-  const QTemporaryDir folder;
-  QVERIFY(QDir(folder.path()).mkdir(u"Omni-Perch_German.Language"_s));
-  WriteFile(folder.filePath(u"Omni-Perch_Italian.Language"_s), MadeFile(kTextLines));
-  WriteFile(folder.filePath(u"omni-perch_dutch.language"_s), MadeFile(kTextLines));
-  struct Row {
-    QString language;
-    bool read;
-    QString wrongVersion;
-    QString notFound;
-  };
-  const QString wrong = u"Wrong language file version."_s;
-  const QString notFound = u"Language file not found or corrupt"_s;
-  const QList<Row> rows = {
-      {u"French"_s, false, u"Mauvaise version de fichier langage."_s, u"Fichier langage non trouvé ou corrompu."_s},
-      {u"Dutch"_s, true, u"Foute taalbestand versie."_s, u"Taalbestand ontbreekt of corrupt."_s},
-      {u"German"_s, false, wrong, notFound},
-      {u"Japanese"_s, false, wrong, notFound},
-      {u"Italian"_s, false, QString(), QString()},
-      {u"../x"_s, false, QString(), QString()},
-  };
-  for (const Row& row : rows) {
-    LanguageTexts texts;
-    const LanguageResult result = LoadLanguage(folder.path(), row.language, 8, kProgVersion, texts);
-    QCOMPARE(result.read, row.read);
-    QCOMPARE(result.complete, row.read);
-    QCOMPARE(result.wrongVersion, row.wrongVersion);
-    QCOMPARE(result.notFound, row.notFound);
-    QCOMPARE(texts[kRefreshWord].isEmpty(), !row.read);
+  void TellsWhatIsMissing() {
+    const QTemporaryDir folder;
+    QVERIFY(QDir(folder.path()).mkdir(u"Omni-Perch_German.Language"_s));
+    WriteFile(folder.filePath(u"Omni-Perch_Italian.Language"_s), MadeFile(kTextLines));
+    WriteFile(folder.filePath(u"omni-perch_dutch.language"_s), MadeFile(kTextLines));
+    struct Row {
+      QString language;
+      bool read;
+      QString wrongVersion;
+      QString notFound;
+    };
+    const QString wrong = u"Wrong language file version."_s;
+    const QString notFound = u"Language file not found or corrupt"_s;
+    const QList<Row> rows = {
+        {u"French"_s, false, u"Mauvaise version de fichier langage."_s, u"Fichier langage non trouvé ou corrompu."_s},
+        {u"Dutch"_s, true, u"Foute taalbestand versie."_s, u"Taalbestand ontbreekt of corrupt."_s},
+        {u"German"_s, false, wrong, notFound},
+        {u"Japanese"_s, false, wrong, notFound},
+        {u"Italian"_s, false, QString(), QString()},
+        {u"../x"_s, false, QString(), QString()},
+    };
+    for (const Row& row : rows) {
+      LanguageTexts texts;
+      const LanguageResult result = LoadLanguage(folder.path(), row.language, 8, kProgVersion, texts);
+      QCOMPARE(result.read, row.read);
+      QCOMPARE(result.complete, row.read);
+      QCOMPARE(result.wrongVersion, row.wrongVersion);
+      QCOMPARE(result.notFound, row.notFound);
+      QCOMPARE(texts[kRefreshWord].isEmpty(), !row.read);
+    }
   }
-}
 
-void TestLanguage::listOfLanguages_data() {
-  QTest::addColumn<QString>("files");
-  QTest::addColumn<QString>("list");
-  QTest::newRow("all") << u"Russian.L English.L Dutch.L Spanish.L French.L German.L Japanese.L Polish.L"_s
-                       << u"Dutch French German Japanese Polish Russian Spanish English"_s;
-  QTest::newRow("a backup beside") << u"English.L English.L.bak Dutch.L French.L German.L"_s
-                                   << u"Dutch French German English"_s;
-  QTest::newRow("an unknown one") << u"Italian.L English.L Dutch.L French.L"_s << u"Dutch French Italian English"_s;
-  QTest::newRow("unknown ones come last")
-      << u"Czech.L English.L Dutch.L French.L Polish.L"_s << u"Dutch French Polish Czech English"_s;
-  // The pair of steps takes the third entry away and adds English, whether it was there or not.
-  QTest::newRow("no English") << u"Dutch.L French.L German.L Polish.L"_s << u"Dutch French Polish English"_s;
-  QTest::newRow("too few") << u"Dutch.L English.L"_s << u"Dutch English English"_s;
-  QTest::newRow("none") << QString() << u"English"_s;
-}
+  void ListsLanguages() {
+    const auto check = [](const QString& files, const QString& list) {
+      QStringList names = {u"readme.txt"_s, u"Omni-Perch"_s, u"Omni-Perch.Language"_s, u"Omni-Perch_NoDot"_s};
+      for (const QString& name : files.split(u' ', Qt::SkipEmptyParts)) names += u"Omni-Perch_"_s + name;
+      QCOMPARE(ListLanguages(names).join(u' '), list);
+    };
+    check(u"Russian.L English.L Dutch.L Spanish.L French.L German.L Japanese.L Polish.L"_s,
+          u"Dutch French German Japanese Polish Russian Spanish English"_s);
+    check(u"English.L English.L.bak Dutch.L French.L German.L"_s, u"Dutch French German English"_s);
+    check(u"Czech.L English.L Dutch.L French.L Polish.L"_s, u"Dutch French Polish Czech English"_s);
+    // The pair of steps takes the third entry away and adds English, whether it was there or not.
+    check(u"Dutch.L French.L German.L Polish.L"_s, u"Dutch French Polish English"_s);
+    check(u"Dutch.L English.L"_s, u"Dutch English English"_s);
+    check(QString(), u"English"_s);
+  }
 
-void TestLanguage::listOfLanguages() {
-  QFETCH(QString, files);
-  QFETCH(QString, list);
-  QStringList names = {u"readme.txt"_s, u"Omni-Perch"_s, u"Omni-Perch.Language"_s, u"Omni-Perch_NoDot"_s};
-  for (const QString& name : files.split(u' ', Qt::SkipEmptyParts)) names += u"Omni-Perch_"_s + name;
-  QCOMPARE(ListLanguages(names).join(u' '), list);
-}
+  void PageLabelsFollow() {
+    const LanguageTexts english = Loaded(u"English"_s);
+    const LanguageTexts german = Loaded(u"German"_s);
+    QStringList labels(22);
+    for (int page = 1; page < 21; ++page) labels[page] = u"Page %1"_s.arg(page);
+    labels[3] = u"My friends"_s;
+    labels[21] = u"Weather"_s;
+    const QStringList before = labels;
+    TranslatePageLabels(labels, english, german);
+    QCOMPARE(labels[1], u"Seite 1"_s);
+    QCOMPARE(labels[3], u"My friends"_s);
+    QCOMPARE(labels[20], u"Seite 20"_s);
+    QCOMPARE(labels[21], u"Wetter"_s);
+    TranslatePageLabels(labels, german, english);
+    QCOMPARE(labels, before);
+    // With no word to look for, every label is the user's own.
+    TranslatePageLabels(labels, LanguageTexts(), german);
+    QCOMPARE(labels, before);
+  }
 
-void TestLanguage::pageLabelsFollow() {
-  LanguageTexts english;
-  LanguageTexts german;
-  LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, kProgVersion, english);
-  LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"German"_s, 8, kProgVersion, german);
-  QStringList labels(22);
-  for (int page = 1; page < 21; ++page) labels[page] = u"Page %1"_s.arg(page);
-  labels[3] = u"My friends"_s;
-  labels[21] = u"Weather"_s;
-  const QStringList before = labels;
-  TranslatePageLabels(labels, english, german);
-  QCOMPARE(labels[1], u"Seite 1"_s);
-  QCOMPARE(labels[3], u"My friends"_s);
-  QCOMPARE(labels[20], u"Seite 20"_s);
-  QCOMPARE(labels[21], u"Wetter"_s);
-  TranslatePageLabels(labels, german, english);
-  QCOMPARE(labels, before);
-  // With no word to look for, every label is the user's own.
-  TranslatePageLabels(labels, LanguageTexts(), german);
-  QCOMPARE(labels, before);
-}
-
-void TestLanguage::builtInTexts() {
-  QCOMPARE(BuiltInText(u"0"_s, OnAirText::kRefreshTip), u"Refresh On Air Now list"_s);
-  QCOMPARE(BuiltInText(QString(), OnAirText::kRefreshTip), u"Refresh On Air Now list"_s);
-  QCOMPARE(BuiltInText(u"7"_s, OnAirText::kRefreshTip), u"Odświeżać"_s);
-  QCOMPARE(BuiltInText(u"9"_s, OnAirText::kRefreshTip), u"Обновить"_s);
-  QCOMPARE(BuiltInText(u"2"_s, OnAirText::kBandPanel), u"Select bands to monitor"_s);
-  QCOMPARE(BuiltInText(u"5"_s, OnAirText::kModePanel), u"Select modes to monitor"_s);
-}
+  void HasBuiltInTexts() {
+    QCOMPARE(BuiltInText(u"0"_s, OnAirText::kRefreshTip), u"Refresh On Air Now list"_s);
+    QCOMPARE(BuiltInText(QString(), OnAirText::kRefreshTip), u"Refresh On Air Now list"_s);
+    QCOMPARE(BuiltInText(u"9"_s, OnAirText::kRefreshTip), u"Обновить"_s);
+    QCOMPARE(BuiltInText(u"5"_s, OnAirText::kModePanel), u"Select modes to monitor"_s);
+  }
+};
 
 OMNI_TEST(TestLanguage)
 #include "test_language.moc"

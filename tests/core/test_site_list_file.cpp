@@ -51,205 +51,183 @@ class TestSiteListFile : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void KeepsWhatItRead_data();
-  void KeepsWhatItRead();
-  void ReadsTheFields();
-  void ReadsShortWxLines();
-  void ConvertsTheOlderList();
-  void DropsDuplicates();
-  void WritesBackOnlyWhatIsLeft();
-  void LeavesFilesThatItMustNotTouch();
-  void SettlesWithAnyBytes();
-  void HundredThousandRecords();
-};
+  void KeepsWhatItRead() {
+    const auto check = [](const QString& name, const QByteArray& before, const QByteArray& after) {
+      Lists lists;
+      lists.Put(name, before);
+      QCOMPARE(lists.AfterARun(name), after);
+      QCOMPARE(lists.AfterARun(name), after);
+    };
+    const auto dsstv = [&check](const QByteArray& before, const QByteArray& after) { check(kList, before, after); };
+    dsstv(kGood, kGood);
+    dsstv(QByteArray(kGood).replace("\r\n", "\n"), kGood);
+    dsstv("K1*******0*0***new*er\r\nu\r\n", "K1*******0*0***new*er\r\nu\r\n");
+    dsstv("K1\r\nu\r\n", "K1*******0*0**\r\nu\r\n");
+    dsstv("K1*******n/a*1.50 W**\r\nu\r\n", "K1*******n/a*1.50 W**\r\nu\r\n");
+    dsstv("K1******* 51.50*-.5**\r\nu\r\n", "K1*******51.5*-0.5**\r\nu\r\n");
+    dsstv("K\xD8*******0*0**\r\nu\r\n", "K0*******0*0**\r\nu\r\n");
+    dsstv("K1*******0*0**", "K1*******0*0**\r\n\r\n");
+    dsstv(kGood + "\r\n \r\nK2*******0*0**\r\nu\r\n", kGood + "K2*******0*0**\r\nu\r\n");
+    dsstv("K0*******0*0**\r\n" + kGood, "K0*******0*0**\r\n\r\n" + kGood);
+    dsstv("http://lost/\r\n" + kGood, kGood + "http://lost/\r\n");
+    dsstv(" *******0*0*x*\r\nhttp://lost/\r\n" + kGood, kGood + " *******0*0*x*\r\nhttp://lost/\r\n");
+    dsstv(QByteArray(9, '\0') + "\r\n" + kGood, kGood + QByteArray(9, '\0') + "\r\n\r\n");
+    dsstv("K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n", "K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n");
+    dsstv("K1*******0*0**http://\xD1\x8F/\r\nu\r\n", "\xEF\xBB\xBFK1*******0*0**http://\xD1\x8F/\r\nu\r\n");
+    dsstv("K1*2101:0101:abcd******0*0**\r\nu\r\n", "K1*0101:2101:abcd******0*0**\r\nu\r\n");
 
-void TestSiteListFile::KeepsWhatItRead_data() {
-  QTest::addColumn<QString>("name");
-  QTest::addColumn<QByteArray>("before");
-  QTest::addColumn<QByteArray>("after");
-  const auto dsstv = [](const char* row, const QByteArray& before, const QByteArray& after) {
-    QTest::newRow(row) << kList << before << after;
-  };
-  dsstv("as it is", kGood, kGood);
-  dsstv("any line end", QByteArray(kGood).replace("\r\n", "\n"), kGood);
-  dsstv("further fields", "K1*******0*0***new*er\r\nu\r\n", "K1*******0*0***new*er\r\nu\r\n");
-  dsstv("short line", "K1\r\nu\r\n", "K1*******0*0**\r\nu\r\n");
-  dsstv("no numbers", "K1*******n/a*1.50 W**\r\nu\r\n", "K1*******n/a*1.50 W**\r\nu\r\n");
-  dsstv("numbers in another form", "K1******* 51.50*-.5**\r\nu\r\n", "K1*******51.5*-0.5**\r\nu\r\n");
-  dsstv("barred zeros of either encoding", "K\xD8*******0*0**\r\nu\r\n", "K0*******0*0**\r\nu\r\n");
-  dsstv("last line missing", "K1*******0*0**", "K1*******0*0**\r\n\r\n");
-  dsstv("blank line between", kGood + "\r\n \r\nK2*******0*0**\r\nu\r\n", kGood + "K2*******0*0**\r\nu\r\n");
-  dsstv("address missing", "K0*******0*0**\r\n" + kGood, "K0*******0*0**\r\n\r\n" + kGood);
-  dsstv("stray address", "http://lost/\r\n" + kGood, kGood + "http://lost/\r\n");
-  dsstv("no call", " *******0*0*x*\r\nhttp://lost/\r\n" + kGood, kGood + " *******0*0*x*\r\nhttp://lost/\r\n");
-  dsstv("nothing but NULs", QByteArray(9, '\0') + "\r\n" + kGood, kGood + QByteArray(9, '\0') + "\r\n\r\n");
-  dsstv("stars in an address", "K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n", "K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n");
-  dsstv("foreign letters", "K1*******0*0**http://\xD1\x8F/\r\nu\r\n",
-        "\xEF\xBB\xBFK1*******0*0**http://\xD1\x8F/\r\nu\r\n");
-  dsstv("tokens without a place", "K1*2101:0101:abcd******0*0**\r\nu\r\n", "K1*0101:2101:abcd******0*0**\r\nu\r\n");
-
-  QTest::newRow("wx as it is") << kWxList << QByteArray("Lake*1*2*3*4*5*6\r\nu\r\nPier*0*0*0*0*0*0\r\nu\r\n")
-                               << QByteArray("Lake*1*2*3*4*5*6\r\nu\r\nPier*0*0*0*0*0*0\r\nu\r\n");
-  QTest::newRow("wx stray and further") << kWxList << QByteArray("http://lost/\r\nLake*1*2*3*4*5*6*7\r\nu\r\n")
-                                        << QByteArray("Lake*1*2*3*4*5*6*7\r\nu\r\nhttp://lost/\r\n");
-}
-
-void TestSiteListFile::KeepsWhatItRead() {
-  QFETCH(QString, name);
-  QFETCH(QByteArray, before);
-  QFETCH(QByteArray, after);
-  Lists lists;
-  lists.Put(name, before);
-  QCOMPARE(lists.AfterARun(name), after);
-  QCOMPARE(lists.AfterARun(name), after);
-}
-
-void TestSiteListFile::ReadsTheFields() {
-  Lists lists;
-  lists.Put(kList,
-            "K2*0136******0*0*1/24/2024 15:30:59*\nu2\n" + kGood + "K3*******0*0*15:30:00*\nNoDeletehttp://k3*\n");
-  SiteListFile file(lists.sites, lists.folder.path());
-  file.ReadSiteList(kLayout);
-  const QList<SiteRec>& sites = lists.sites.Sites;
-  QCOMPARE(sites.size(), 3);
-  QCOMPARE(sites.at(0).Call, u"K1AB"_s);
-  QCOMPARE(sites.at(0).Lat, 51.5);
-  QCOMPARE(sites.at(0).Lon, -0.125);
-  QCOMPARE(sites.at(0).PageSlots[5], u"0405"_s);
-  QCOMPARE(sites.at(0).CamUrl, u"http://cam/1"_s);
-  QCOMPARE(sites.at(0).Url, u"http://k1ab/"_s);
-  QCOMPARE(sites.at(1).LastSeen, u"1/24/2024 15:30"_s);
-  QCOMPARE(sites.at(2).LastSeen, QString());
-  QCOMPARE(PlainUrl(sites.at(2).Url), u"http://k3*"_s);
-  QCOMPARE(lists.sites.lstCams, QStringList{u"K1AB*Y"_s});
-  QCOMPARE(lists.sites.GetSiteSlot(1, 1), 36);
-  QCOMPARE(lists.sites.FindCall(u"k3"_s), 2);
-}
-
-void TestSiteListFile::ReadsShortWxLines() {
-  Lists lists;
-  lists.Put(kWxList, "A\xD8*1*2*3\nu\nB*1*2\nu\nC*1*2*3*4*\nu\nD*1*2*3*4**\nu\n");
-  SiteListFile file(lists.sites, lists.folder.path());
-  file.ReadWxSiteList();
-  const auto slotsOf = [&](int i) {
-    const SiteRec& site = lists.sites.WxSites.at(i);
-    return site.Call + u' ' + site.PageSlots[3] + u',' + site.PageSlots[4] + u',' + site.PageSlots[5] + u',' +
-           site.PageSlots[6];
-  };
-  QCOMPARE(slotsOf(0), u"AØ 3,0,,"_s);
-  QCOMPARE(slotsOf(1), u"B 0,,,"_s);
-  QCOMPARE(slotsOf(2), u"C 3,4,0,"_s);
-  QCOMPARE(slotsOf(3), u"D 3,4,0,0"_s);
-}
-
-void TestSiteListFile::ConvertsTheOlderList() {
-  Lists lists;
-  const QByteArray old =
-      "K\xD8"
-      "B*1s*t*aAbZq*9r*51.5*0*1/24/2024 15:30:00*http://cam\r\nu0\r\n*t*t*t*t*0*0**\r\nhttp://lost/\r\n";
-  lists.Put(u"OmniPerch.lst"_s, old);
-  SiteListFile file(lists.sites, lists.folder.path());
-  QVERIFY(!file.HasSiteList());
-  file.ConvertOldSiteList();
-  QVERIFY(file.HasSiteList());
-  file.ReadSiteList(kLayout);
-  QCOMPARE(lists.Bytes(kList), QByteArray("K0B*0101**0210:0535*0109***51.5*0*1/24/2024 15:30*http://cam\r\nu0\r\n"
-                                          "*t*t*t*t*0*0**\r\nhttp://lost/\r\n"));
-  QCOMPARE(lists.Bytes(u"OmniPerch.lst"_s), old);
-  QCOMPARE(lists.sites.lstCams, (QStringList{u"K0B*Y"_s, u"K0B*Y"_s}));
-}
-
-void TestSiteListFile::DropsDuplicates() {
-  Lists lists;
-  lists.Put(kList, "B*******0*0**\nb1\nA*******0*0**\na1\nB*******0*0**\nb2\nA*******0*0**\na2\nA*******0*0**\na3\n");
-  lists.Put(kWxList, "m*1*1*1*1*1*1\nz\nz*1*1*1*1*1*1\nm\nz2*1*1*1*1*1*1\nm\nself*1*1*1*1*1*1\nself\n");
-  SiteListFile file(lists.sites, lists.folder.path());
-  file.ReadSiteList(kLayout);
-  file.ReadWxSiteList();
-  const QStringList messages = file.SaveSiteLists(kLayout);
-  QCOMPARE(messages.size(), 5);
-  for (int i = 0; i < 3; ++i) {
-    QVERIFY(messages.at(i).startsWith(i < 2 ? u"Duplicate removed from DSSTV list\nA  a"_s
-                                            : u"Duplicate removed from DSSTV list\nB  b"_s));
+    const QByteArray wx = "Lake*1*2*3*4*5*6*7\r\nu\r\nPier*0*0*0*0*0*0\r\nu\r\n";
+    check(kWxList, wx, wx);
+    check(kWxList, "http://lost/\r\n" + wx, wx + "http://lost/\r\n");
   }
-  QCOMPARE(messages.at(3), u"Duplicate removed from WX list\nz  m"_s);
-  QCOMPARE(messages.at(4), u"Duplicate removed from WX list\nz2  m"_s);
-  QCOMPARE(lists.Bytes(kList).count("\r\n"), 4);
-  QCOMPARE(lists.Bytes(kWxList), QByteArray("m*1*1*1*1*1*1\r\nz\r\nself*1*1*1*1*1*1\r\nself\r\n"));
-  QCOMPARE(file.SaveSiteLists(kLayout), QStringList());
-}
 
-void TestSiteListFile::WritesBackOnlyWhatIsLeft() {
-  Lists lists;
-  lists.Put(kList, kGood + "K2*******n/a*n/a**\r\nu2\r\n");
-  SiteListFile file(lists.sites, lists.folder.path());
-  file.ReadSiteList(kLayout);
-  lists.sites.Sites[0].Call.clear();
-  lists.sites.Sites[1].Lat = 12.25;
-  lists.sites.Sites[1].LastSeen = u"1/24/2024 15:30\r"_s;
-  lists.sites.SetSiteSlot(1, 3, 27);
-  file.SaveSiteLists(kLayout);
-  QCOMPARE(lists.Bytes(kList), QByteArray("K2*0327******12.25*n/a*1/24/2024 15:30*\r\nu2\r\n"));
-}
-
-void TestSiteListFile::LeavesFilesThatItMustNotTouch() {
-  Lists full;
-  QByteArray more;
-  for (int i = 0; i < 500; ++i) {
-    more += "K" + QByteArray::number(i) + "*n/a*0*0*0*0*0\r\nhttp://a-station-of-some-length/\r\n";
+  void ReadsTheFields() {
+    Lists lists;
+    lists.Put(kList,
+              "K2*0136******0*0*1/24/2024 15:30:59*\nu2\n" + kGood + "K3*******0*0*15:30:00*\nNoDeletehttp://k3*\n");
+    SiteListFile file(lists.sites, lists.folder.path());
+    file.ReadSiteList(kLayout);
+    const QList<SiteRec>& sites = lists.sites.Sites;
+    QCOMPARE(sites.size(), 3);
+    QCOMPARE(sites.at(0).Call, u"K1AB"_s);
+    QCOMPARE(sites.at(0).Lat, 51.5);
+    QCOMPARE(sites.at(0).Lon, -0.125);
+    QCOMPARE(sites.at(0).PageSlots[5], u"0405"_s);
+    QCOMPARE(sites.at(0).CamUrl, u"http://cam/1"_s);
+    QCOMPARE(sites.at(0).Url, u"http://k1ab/"_s);
+    QCOMPARE(sites.at(1).LastSeen, u"1/24/2024 15:30"_s);
+    QCOMPARE(sites.at(2).LastSeen, QString());
+    QCOMPARE(PlainUrl(sites.at(2).Url), u"http://k3*"_s);
+    QCOMPARE(lists.sites.lstCams, QStringList{u"K1AB*Y"_s});
+    QCOMPARE(lists.sites.GetSiteSlot(1, 1), 36);
+    QCOMPARE(lists.sites.FindCall(u"k3"_s), 2);
   }
-  full.Put(kList, more);
-  full.Put(kWxList, more);
-  WithoutRoom([&] { return full.AfterARun(kWxList); });
-  QCOMPARE(full.Bytes(kList), more);
-  QCOMPARE(full.Bytes(kWxList), more);
 
-  // There, and nothing that could be read.
-  Lists unreadable;
-  QVERIFY(QDir(unreadable.folder.path()).mkpath(kWxList + u"/kept"_s));
-  QVERIFY(QDir(unreadable.folder.path()).mkpath(u"OmniPerch.lst/kept"_s));
-  SiteListFile file(unreadable.sites, unreadable.folder.path());
-  file.ConvertOldSiteList();
-  file.ReadSiteList(kLayout);
-  file.ReadWxSiteList();
-  file.SaveSiteLists(kLayout);
-  QVERIFY(QDir(unreadable.Path(kWxList)).exists(u"kept"_s));
-  QVERIFY2(!file.HasSiteList(), "the older list would never be tried again");
-}
+  void ReadsShortWxLines() {
+    Lists lists;
+    lists.Put(kWxList, "A\xD8*1*2*3\nu\nB*1*2\nu\nC*1*2*3*4*\nu\nD*1*2*3*4**\nu\n");
+    SiteListFile file(lists.sites, lists.folder.path());
+    file.ReadWxSiteList();
+    const auto slotsOf = [&](int i) {
+      const SiteRec& site = lists.sites.WxSites.at(i);
+      return site.Call + u' ' + site.PageSlots[3] + u',' + site.PageSlots[4] + u',' + site.PageSlots[5] + u',' +
+             site.PageSlots[6];
+    };
+    QCOMPARE(slotsOf(0), u"AØ 3,0,,"_s);
+    QCOMPARE(slotsOf(1), u"B 0,,,"_s);
+    QCOMPARE(slotsOf(2), u"C 3,4,0,"_s);
+    QCOMPARE(slotsOf(3), u"D 3,4,0,0"_s);
+  }
 
-void TestSiteListFile::SettlesWithAnyBytes() {
-  QRandomGenerator random(11);
-  const QByteArray alphabet("AK0*\r\n:/ \0\xD8\xC3\x98.h", 16);
-  for (int run = 0; run < 60; ++run) {
+  void ConvertsTheOlderList() {
+    Lists lists;
+    const QByteArray old =
+        "K\xD8"
+        "B*1s*t*aAbZq*9r*51.5*0*1/24/2024 15:30:00*http://cam\r\nu0\r\n*t*t*t*t*0*0**\r\nhttp://lost/\r\n";
+    lists.Put(u"OmniPerch.lst"_s, old);
+    SiteListFile file(lists.sites, lists.folder.path());
+    QVERIFY(!file.HasSiteList());
+    file.ConvertOldSiteList();
+    QVERIFY(file.HasSiteList());
+    file.ReadSiteList(kLayout);
+    QCOMPARE(lists.Bytes(kList), QByteArray("K0B*0101**0210:0535*0109***51.5*0*1/24/2024 15:30*http://cam\r\nu0\r\n"
+                                            "*t*t*t*t*0*0**\r\nhttp://lost/\r\n"));
+    QCOMPARE(lists.Bytes(u"OmniPerch.lst"_s), old);
+    QCOMPARE(lists.sites.lstCams, (QStringList{u"K0B*Y"_s, u"K0B*Y"_s}));
+  }
+
+  void DropsDuplicates() {
+    Lists lists;
+    lists.Put(kList, "B*******0*0**\nb1\nA*******0*0**\na1\nB*******0*0**\nb2\nA*******0*0**\na2\nA*******0*0**\na3\n");
+    lists.Put(kWxList, "m*1*1*1*1*1*1\nz\nz*1*1*1*1*1*1\nm\nz2*1*1*1*1*1*1\nm\nself*1*1*1*1*1*1\nself\n");
+    SiteListFile file(lists.sites, lists.folder.path());
+    file.ReadSiteList(kLayout);
+    file.ReadWxSiteList();
+    const QStringList messages = file.SaveSiteLists(kLayout);
+    QCOMPARE(messages.size(), 5);
+    for (int i = 0; i < 3; ++i) {
+      QVERIFY(messages.at(i).startsWith(i < 2 ? u"Duplicate removed from DSSTV list\nA  a"_s
+                                              : u"Duplicate removed from DSSTV list\nB  b"_s));
+    }
+    QCOMPARE(messages.at(3), u"Duplicate removed from WX list\nz  m"_s);
+    QCOMPARE(messages.at(4), u"Duplicate removed from WX list\nz2  m"_s);
+    QCOMPARE(lists.Bytes(kList).count("\r\n"), 4);
+    QCOMPARE(lists.Bytes(kWxList), QByteArray("m*1*1*1*1*1*1\r\nz\r\nself*1*1*1*1*1*1\r\nself\r\n"));
+    QCOMPARE(file.SaveSiteLists(kLayout), QStringList());
+  }
+
+  void WritesBackOnlyWhatIsLeft() {
+    Lists lists;
+    lists.Put(kList, kGood + "K2*******n/a*n/a**\r\nu2\r\n");
+    SiteListFile file(lists.sites, lists.folder.path());
+    file.ReadSiteList(kLayout);
+    lists.sites.Sites[0].Call.clear();
+    lists.sites.Sites[1].Lat = 12.25;
+    lists.sites.Sites[1].LastSeen = u"1/24/2024 15:30\r"_s;
+    lists.sites.SetSiteSlot(1, 3, 27);
+    file.SaveSiteLists(kLayout);
+    QCOMPARE(lists.Bytes(kList), QByteArray("K2*0327******12.25*n/a*1/24/2024 15:30*\r\nu2\r\n"));
+  }
+
+  void LeavesFilesThatItMustNotTouch() {
+    Lists full;
+    QByteArray more;
+    for (int i = 0; i < 500; ++i) {
+      more += "K" + QByteArray::number(i) + "*n/a*0*0*0*0*0\r\nhttp://a-station-of-some-length/\r\n";
+    }
+    full.Put(kList, more);
+    full.Put(kWxList, more);
+    WithoutRoom([&] { return full.AfterARun(kWxList); });
+    QCOMPARE(full.Bytes(kList), more);
+    QCOMPARE(full.Bytes(kWxList), more);
+
+    // There, and nothing that could be read.
+    Lists unreadable;
+    QVERIFY(QDir(unreadable.folder.path()).mkpath(kWxList + u"/kept"_s));
+    QVERIFY(QDir(unreadable.folder.path()).mkpath(u"OmniPerch.lst/kept"_s));
+    SiteListFile file(unreadable.sites, unreadable.folder.path());
+    file.ConvertOldSiteList();
+    file.ReadSiteList(kLayout);
+    file.ReadWxSiteList();
+    file.SaveSiteLists(kLayout);
+    QVERIFY(QDir(unreadable.Path(kWxList)).exists(u"kept"_s));
+    QVERIFY2(!file.HasSiteList(), "the older list would never be tried again");
+  }
+
+  void SettlesWithAnyBytes() {
+    QRandomGenerator random(11);
+    const QByteArray alphabet("AK0*\r\n:/ \0\xD8\xC3\x98.h", 16);
+    for (int run = 0; run < 60; ++run) {
+      Lists lists;
+      QByteArray bytes;
+      for (int i = random.bounded(400); i > 0; --i) {
+        bytes += run % 2 == 0 ? alphabet.at(random.bounded(int(alphabet.size()))) : char(random.bounded(256));
+      }
+      lists.Put(kList, bytes);
+      lists.Put(kWxList, bytes);
+      // The second run gives short WX lines the zeros that they lack.
+      lists.AfterARun(kList);
+      const QByteArray settled = lists.AfterARun(kList);
+      const QByteArray settledWx = lists.Bytes(kWxList);
+      QCOMPARE(lists.AfterARun(kList), settled);
+      QCOMPARE(lists.Bytes(kWxList), settledWx);
+    }
+  }
+
+  void HundredThousandRecords() {
     Lists lists;
     QByteArray bytes;
-    for (int i = random.bounded(400); i > 0; --i) {
-      bytes += run % 2 == 0 ? alphabet.at(random.bounded(int(alphabet.size()))) : char(random.bounded(256));
+    for (int i = 0; i < 100'000; ++i) {
+      bytes += "K" + QByteArray::number(i % 60'000) + "*0101:0203******51.5*0**http://cam\r\nhttp://site/\r\n";
     }
     lists.Put(kList, bytes);
-    lists.Put(kWxList, bytes);
-    // The second run gives short WX lines the zeros that they lack.
-    lists.AfterARun(kList);
-    const QByteArray settled = lists.AfterARun(kList);
-    const QByteArray settledWx = lists.Bytes(kWxList);
-    QCOMPARE(lists.AfterARun(kList), settled);
-    QCOMPARE(lists.Bytes(kWxList), settledWx);
+    SiteListFile file(lists.sites, lists.folder.path());
+    file.ReadSiteList(kLayout);
+    QCOMPARE(lists.sites.Sites.size(), 100'000);
+    QCOMPARE(file.SaveSiteLists(kLayout).size(), 40'000);
+    QCOMPARE(lists.Bytes(kList).count('\n'), 120'000);
   }
-}
-
-void TestSiteListFile::HundredThousandRecords() {
-  Lists lists;
-  QByteArray bytes;
-  for (int i = 0; i < 100'000; ++i) {
-    bytes += "K" + QByteArray::number(i % 60'000) + "*0101:0203******51.5*0**http://cam\r\nhttp://site/\r\n";
-  }
-  lists.Put(kList, bytes);
-  SiteListFile file(lists.sites, lists.folder.path());
-  file.ReadSiteList(kLayout);
-  QCOMPARE(lists.sites.Sites.size(), 100'000);
-  QCOMPARE(file.SaveSiteLists(kLayout).size(), 40'000);
-  QCOMPARE(lists.Bytes(kList).count('\n'), 120'000);
-}
+};
 
 OMNI_TEST(TestSiteListFile)
 #include "test_site_list_file.moc"

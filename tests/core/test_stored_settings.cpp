@@ -15,125 +15,119 @@ class TestStoredSettings : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void NumbersAndDefaults();
-  void PlacementComesBack();
-  void MapOffsetsMeetInBothSpellings();
-  void SavesTheStateInItsOrder();
-  void ReadsHosts();
-};
-
-void TestStoredSettings::NumbersAndDefaults() {
-  const QTemporaryDir folder;
-  SettingsStore store(folder.filePath(u"settings.ini"_s));
-  StoredSettings settings(store);
-  QCOMPARE(settings.Number(Setting::PrintSize), 5);
-  QCOMPARE(settings.Number(Setting::OnAirMapIndex), 6);
-  settings.SetText(Setting::PrintSize, 0, u"7 cm"_s);
-  QCOMPARE(settings.Number(Setting::PrintSize), 7);
-  settings.SetText(Setting::PrintSize, 0, u"large"_s);
-  QCOMPARE(settings.Number(Setting::PrintSize), 5);
-  // One key name under two applications, and check boxes that know two states.
-  settings.SetNumber(Setting::TxBand, 4);
-  store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"-3"_s);
-  QCOMPARE(settings.Number(Setting::TxBand), 4);
-  QCOMPARE(settings.Number(Setting::OnAirBandCheck, 0), 1);
-  QCOMPARE(settings.Number(Setting::OnAirBandCheck, 1), 0);
-}
-
-void TestStoredSettings::PlacementComesBack() {
-  const QTemporaryDir folder;
-  SettingsStore store(folder.filePath(u"settings.ini"_s));
-  StoredSettings settings(store);
-  QVERIFY(!settings.ReadPlacement());
-  const QList<QPair<int, int>> showStates = {{2, 1}, {6, 1}, {3, 3}, {1, 1}};
-  for (const auto& [shown, stored] : showStates) {
-    settings.StorePlacement({0, shown, {-1, -2}, {-100, 50, 640, 480}});
-    QCOMPARE(settings.ReadPlacement()->showCmd, stored);
+  void NumbersAndDefaults() {
+    const QTemporaryDir folder;
+    SettingsStore store(folder.filePath(u"settings.ini"_s));
+    StoredSettings settings(store);
+    QCOMPARE(settings.Number(Setting::PrintSize), 5);
+    QCOMPARE(settings.Number(Setting::OnAirMapIndex), 6);
+    settings.SetText(Setting::PrintSize, 0, u"7 cm"_s);
+    QCOMPARE(settings.Number(Setting::PrintSize), 7);
+    settings.SetText(Setting::PrintSize, 0, u"large"_s);
+    QCOMPARE(settings.Number(Setting::PrintSize), 5);
+    // One key name under two applications, and check boxes that know two states.
+    settings.SetNumber(Setting::TxBand, 4);
+    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"-3"_s);
+    QCOMPARE(settings.Number(Setting::TxBand), 4);
+    QCOMPARE(settings.Number(Setting::OnAirBandCheck, 0), 1);
+    QCOMPARE(settings.Number(Setting::OnAirBandCheck, 1), 0);
   }
-  QCOMPARE(settings.ReadPlacement()->normal, QRect(-100, 50, 640, 480));
-  QCOMPARE(settings.ReadPlacement()->minimized, QPoint(-1, -2));
-  QCOMPARE(settings.Number(Setting::PlacementRight), 540);
-}
 
-void TestStoredSettings::MapOffsetsMeetInBothSpellings() {
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(u"settings.ini"_s);
-  const QList<int> left = {1, 2, 3, 4, 5, 6, 7, 8, 9};
-  const QList<int> top = {-1, -2};
-  {
+  void PlacementComesBack() {
+    const QTemporaryDir folder;
+    SettingsStore store(folder.filePath(u"settings.ini"_s));
+    StoredSettings settings(store);
+    QVERIFY(!settings.ReadPlacement());
+    const QList<QPair<int, int>> showStates = {{2, 1}, {6, 1}, {3, 3}, {1, 1}};
+    for (const auto& [shown, stored] : showStates) {
+      settings.StorePlacement({0, shown, {-1, -2}, {-100, 50, 640, 480}});
+      QCOMPARE(settings.ReadPlacement()->showCmd, stored);
+    }
+    QCOMPARE(settings.ReadPlacement()->normal, QRect(-100, 50, 640, 480));
+    QCOMPARE(settings.ReadPlacement()->minimized, QPoint(-1, -2));
+    QCOMPARE(settings.Number(Setting::PlacementRight), 540);
+  }
+
+  void MapOffsetsMeetInBothSpellings() {
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(u"settings.ini"_s);
+    const QList<int> left = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+    const QList<int> top = {-1, -2};
+    {
+      SettingsStore store(path);
+      // What the maps begin with; a stored value counts, a broken one does not.
+      store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"0"_s, u"77"_s);
+      store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"7"_s, u"high"_s);
+      QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), (QList<int>{0, 0, 0, 0, 0, 0, 0, 0, -303}));
+      QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop),
+               (QList<int>{77, -1, -294, -109, -140, 0, -103, -267, -78}));
+      StoredSettings(store).StoreMapOffsets(left, top);
+      QVERIFY(store.Save());
+    }
+    QVERIFY(ReadTextFile(path)->contains(u"Maptop"_s));
     SettingsStore store(path);
-    // What the maps begin with; a stored value counts, a broken one does not.
-    store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"0"_s, u"77"_s);
-    store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"7"_s, u"high"_s);
-    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), (QList<int>{0, 0, 0, 0, 0, 0, 0, 0, -303}));
-    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop),
-             (QList<int>{77, -1, -294, -109, -140, 0, -103, -267, -78}));
-    StoredSettings(store).StoreMapOffsets(left, top);
-    QVERIFY(store.Save());
+    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), left);
+    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop), (QList<int>{-1, -2, 0, 0, 0, 0, 0, 0, 0}));
   }
-  QVERIFY(ReadTextFile(path)->contains(u"Maptop"_s));
-  SettingsStore store(path);
-  QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), left);
-  QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop), (QList<int>{-1, -2, 0, 0, 0, 0, 0, 0, 0}));
-}
 
-void TestStoredSettings::SavesTheStateInItsOrder() {
-  const QTemporaryDir folder;
-  const QString settingsPath = folder.filePath(u"settings.ini"_s);
-  Program program;
-  program.AppDataDir = folder.path();
-  program.config.MapIndex = 1;
-  program.MapLeft = {5, -6};
-  program.SaveDir = u"/home/op/Bilder, Töne"_s;
-  program.lstBlock = {u"K1AB"_s};
-  SettingsStore store(settingsPath);
-  StoredSettings settings(store);
-  settings.StoreBlockList({u"A"_s, u""_s, u"C"_s});
-  QCOMPARE(settings.ReadBlockList(), (QStringList{u"A"_s, u"C"_s}));
-  program.PageLabels = settings.ReadPageLabels(u"Page "_s, u"Weather"_s);
-  QCOMPARE(program.PageLabels.at(20), u"Page 20"_s);
-  QCOMPARE(program.PageLabels.at(21), u"Weather"_s);
-  program.PageLabels[3] = u"DX"_s;
-  SiteRec site;
-  site.Call = u"K1"_s;
-  program.sites.Sites = {site, site};
+  void SavesTheStateInItsOrder() {
+    const QTemporaryDir folder;
+    const QString settingsPath = folder.filePath(u"settings.ini"_s);
+    Program program;
+    program.AppDataDir = folder.path();
+    program.config.MapIndex = 1;
+    program.MapLeft = {5, -6};
+    program.SaveDir = u"/home/op/Bilder, Töne"_s;
+    program.lstBlock = {u"K1AB"_s};
+    SettingsStore store(settingsPath);
+    StoredSettings settings(store);
+    settings.StoreBlockList({u"A"_s, u""_s, u"C"_s});
+    QCOMPARE(settings.ReadBlockList(), (QStringList{u"A"_s, u"C"_s}));
+    program.PageLabels = settings.ReadPageLabels(u"Page "_s, u"Weather"_s);
+    QCOMPARE(program.PageLabels.at(20), u"Page 20"_s);
+    QCOMPARE(program.PageLabels.at(21), u"Weather"_s);
+    program.PageLabels[3] = u"DX"_s;
+    SiteRec site;
+    site.Call = u"K1"_s;
+    program.sites.Sites = {site, site};
 
-  SiteListFile lists(program.sites, folder.path());
-  QStringList seen;
-  SaveAllState(program, lists, store, WindowPlacement{0, 1, {0, 0}, {7, 8, 90, 100}}, [&](const QString& message) {
-    // The configuration stands by now, the settings do not.
-    seen.append(message);
-    QVERIFY(QFile::exists(folder.filePath(u"Omni-Perch.cfg"_s)));
-    QVERIFY(!QFile::exists(settingsPath));
-  });
-  QCOMPARE(seen.size(), 1);
-  QCOMPARE(SplitLines(*ReadTextFile(folder.filePath(u"Omni-Perch.cfg"_s))).at(13), u"-6"_s);
-  SaveAllState(program, lists, store, std::nullopt, [](const QString&) { QFAIL("told twice"); });
+    SiteListFile lists(program.sites, folder.path());
+    QStringList seen;
+    SaveAllState(program, lists, store, WindowPlacement{0, 1, {0, 0}, {7, 8, 90, 100}}, [&](const QString& message) {
+      // The configuration stands by now, the settings do not.
+      seen.append(message);
+      QVERIFY(QFile::exists(folder.filePath(u"Omni-Perch.cfg"_s)));
+      QVERIFY(!QFile::exists(settingsPath));
+    });
+    QCOMPARE(seen.size(), 1);
+    QCOMPARE(SplitLines(*ReadTextFile(folder.filePath(u"Omni-Perch.cfg"_s))).at(13), u"-6"_s);
+    SaveAllState(program, lists, store, std::nullopt, [](const QString&) { QFAIL("told twice"); });
 
-  SettingsStore nextRun(settingsPath);
-  const StoredSettings next(nextRun);
-  QCOMPARE(next.ReadPlacement()->normal, QRect(7, 8, 90, 100));
-  QCOMPARE(next.ReadPageLabels(u"Seite "_s, u"Wetter"_s).mid(2, 2), (QStringList{u"Page 2"_s, u"DX"_s}));
-  QCOMPARE(next.Text(Setting::SaveDir, 0, u"none"_s), program.SaveDir);
-  QCOMPARE(next.ReadBlockList(), program.lstBlock);
-  QCOMPARE(next.Text(Setting::Block, 9, u"missing"_s), QString());
-}
+    SettingsStore nextRun(settingsPath);
+    const StoredSettings next(nextRun);
+    QCOMPARE(next.ReadPlacement()->normal, QRect(7, 8, 90, 100));
+    QCOMPARE(next.ReadPageLabels(u"Seite "_s, u"Wetter"_s).mid(2, 2), (QStringList{u"Page 2"_s, u"DX"_s}));
+    QCOMPARE(next.Text(Setting::SaveDir, 0, u"none"_s), program.SaveDir);
+    QCOMPARE(next.ReadBlockList(), program.lstBlock);
+    QCOMPARE(next.Text(Setting::Block, 9, u"missing"_s), QString());
+  }
 
-void TestStoredSettings::ReadsHosts() {
-  const QTemporaryDir folder;
-  const QString builtIn = Hosts::Read(folder.path()).Connectivity;
-  QVERIFY(builtIn.startsWith(u"http"_s) && !builtIn.endsWith(u'/'));
-  WriteTextLines(folder.filePath(u"Hosts.ini"_s),
-                 {u"Time=http://elsewhere"_s, u"[hosts]"_s, u"author = http://127.0.0.9:8080//"_s, u"QRZ="_s,
-                  u"Maps=file:///etc"_s, u"; Time=http://comment"_s, u"[Other]"_s, u"Pictures="_s});
-  const Hosts hosts = Hosts::Read(folder.path());
-  QCOMPARE(hosts.Author, u"http://127.0.0.9:8080"_s);
-  QCOMPARE(hosts.QRZ, QString());
-  QCOMPARE(hosts.Maps, QString());
-  QCOMPARE(hosts.Connectivity, builtIn);
-  QVERIFY(hosts.Time.startsWith(u"http"_s) && !hosts.Time.contains(u"elsewhere"_s));
-  QVERIFY(!hosts.Pictures.isEmpty());
-}
+  void ReadsHosts() {
+    const QTemporaryDir folder;
+    const QString builtIn = Hosts::Read(folder.path()).Connectivity;
+    QVERIFY(builtIn.startsWith(u"http"_s) && !builtIn.endsWith(u'/'));
+    WriteTextLines(folder.filePath(u"Hosts.ini"_s),
+                   {u"Time=http://elsewhere"_s, u"[hosts]"_s, u"author = http://127.0.0.9:8080//"_s, u"QRZ="_s,
+                    u"Maps=file:///etc"_s, u"; Time=http://comment"_s, u"[Other]"_s, u"Pictures="_s});
+    const Hosts hosts = Hosts::Read(folder.path());
+    QCOMPARE(hosts.Author, u"http://127.0.0.9:8080"_s);
+    QCOMPARE(hosts.QRZ, QString());
+    QCOMPARE(hosts.Maps, QString());
+    QCOMPARE(hosts.Connectivity, builtIn);
+    QVERIFY(hosts.Time.startsWith(u"http"_s) && !hosts.Time.contains(u"elsewhere"_s));
+    QVERIFY(!hosts.Pictures.isEmpty());
+  }
+};
 
 OMNI_TEST(TestStoredSettings)
 #include "test_stored_settings.moc"
