@@ -15,12 +15,15 @@
         <translation>Das Fenster für Webseiten konnte nicht geöffnet werden.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Bild von %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Entfernung und Richtung</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Bild von %1</translation>
     </message>
 </context>
 <context>

@@ -15,12 +15,15 @@
         <translation>No se pudo abrir la ventana de páginas web.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Foto de %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Distancia y dirección</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto de %1</translation>
     </message>
 </context>
 <context>

@@ -15,12 +15,15 @@
         <translation>La fenêtre des pages web n&apos;a pas pu être ouverte.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Photo de %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Distance et direction</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Photo de %1</translation>
     </message>
 </context>
 <context>

@@ -15,12 +15,15 @@
         <translation>ウェブページのウィンドウを開けませんでした。</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>%1 の写真</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>距離と方位</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>%1 の写真</translation>
     </message>
 </context>
 <context>

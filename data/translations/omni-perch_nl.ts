@@ -15,12 +15,15 @@
         <translation>Het venster voor webpagina&apos;s kon niet worden geopend.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Foto van %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Afstand en richting</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto van %1</translation>
     </message>
 </context>
 <context>

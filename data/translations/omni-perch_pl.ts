@@ -15,12 +15,15 @@
         <translation>Nie udało się otworzyć okna stron internetowych.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Zdjęcie %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Odległość i kierunek</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Zdjęcie %1</translation>
     </message>
 </context>
 <context>

@@ -15,12 +15,15 @@
         <translation>Не удалось открыть окно веб-страниц.</translation>
     </message>
     <message>
-        <source>Picture of %1</source>
-        <translation>Фото %1</translation>
-    </message>
-    <message>
         <source>Distance and direction</source>
         <translation>Расстояние и направление</translation>
+    </message>
+</context>
+<context>
+    <name>Form13</name>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Фото %1</translation>
     </message>
 </context>
 <context>

@@ -306,7 +306,6 @@ void Form1::ShowTexts() {
   RefreshCaptions();
   ShowPageLabel();
   picAll_->TakeLanguage();
-  stations_->TakeLanguage();
 }
 
 void Form1::changeEvent(QEvent* event) {

@@ -37,9 +37,9 @@ Form12& StationWindows::Lookup() {
     const auto browser = [&s]() { return s.web.Windows(); };
     const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
     const LookupSession::Parts session{s.program, s.network, s.tool, s.background, s.run.hosts, s.cookies, s.database};
-    lookup_ = std::make_unique<Form12>(Form12::Parts{session, browser, forget, s.dialogs}, window_);
-    connect(lookup_.get(), &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
-    connect(lookup_.get(), &Form12::Closed, this, &StationWindows::RaiseMaps);
+    lookup_ = new Form12(Form12::Parts{session, browser, forget, s.dialogs}, window_);
+    connect(lookup_, &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
+    connect(lookup_, &BaseWindow::Closed, this, &StationWindows::LookupClosed);
   }
   return *lookup_;
 }
@@ -99,7 +99,6 @@ void StationWindows::SenderClick(int slot) {
 void StationWindows::MnuQrzFromClick(const QString& text) {
   menus_.CloseMenus();
   pic_.txtCall->clear();
-  program_.LookupCall = CutAtFirstOther(text);
   const QString call = CallOfCaption(text, program_.lstBadCalls);
   if (call.isEmpty()) return;
   LookUp(call, picAll_.SenderPlace(program_.page.SelectedSlot));
@@ -107,11 +106,12 @@ void StationWindows::MnuQrzFromClick(const QString& text) {
 }
 
 void StationWindows::LookUp(const QString& call, const QRect& beside) {
-  program_.LookupCall = call;
   Lookup().Open(call, beside);
 }
 
-void StationWindows::RaiseMaps() {
+void StationWindows::LookupClosed() {
+  // It deletes itself, and is not to be opened again until then.
+  lookup_.clear();
   if (map_ && map_->isVisible()) map_->raise();
 }
 
@@ -133,10 +133,6 @@ void StationWindows::ShowOnMap(const QString& shown) {
 // Where the lookup has one coordinate only, the map is drawn with the other at 0: a station on the meridian has none.
 void StationWindows::ShowLookedUp(const QString& call) {
   Map().PickMapForTarget(ShownCall(call, program_.ZeroGlyph));
-}
-
-void StationWindows::TakeLanguage() {
-  if (map_) map_->ShowTexts();
 }
 
 void StationWindows::CloseAll() {

@@ -40,8 +40,6 @@ class StationWindows : public QObject {
   void MnuQrzFromClick(const QString& text);
   // 0: the site of the selected cell; any other: its sender.
   void MnuMapLocCallClick(int index);
-  // Texts again after another language has been read.
-  void TakeLanguage();
   // Before the program ends: browser windows need the event loop for it.
   void CloseAll();
 
@@ -54,8 +52,8 @@ class StationWindows : public QObject {
   void ShowOnMap(const QString& shown);
   // The call that the lookup window shows; its place is the target already.
   void ShowLookedUp(const QString& call);
-  // The map windows come up again when the lookup has been closed.
-  void RaiseMaps();
+  // The map windows come up again.
+  void LookupClosed();
   Form12& Lookup();
   frmMapLoc& Map();
   QRect CallFieldPlace() const;
@@ -68,6 +66,6 @@ class StationWindows : public QObject {
   WindowMenus& menus_;
   QWidget* window_;
   // Made when they first open: the start does not wait for them.
-  std::unique_ptr<Form12> lookup_;
-  QPointer<frmMapLoc> map_;  // deletes itself when it is closed
+  QPointer<Form12> lookup_;  // both delete themselves when they are closed
+  QPointer<frmMapLoc> map_;
 };

@@ -14,9 +14,6 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kQrzcq = 3;
-constexpr int kCallook = 4;
-
 constexpr double kUnitsWide = 57;
 constexpr double kUnitsHigh = 39;
 constexpr double kFlatShape = 0.75;  // height to width, below which the width decides
@@ -72,26 +69,27 @@ void LookupSession::DropLookUp() {
   lookUp_.release()->deleteLater();
 }
 
-void LookupSession::StartLookup() {
-  Program& program = parts_.program;
+void LookupSession::StartLookup(const QString& lookupCall) {
   EndLookup();
   MakeLookUp();
   call_.clear();
   view_ = LookupView();
-  view_.title = QString(program.language[TextLine::kLookupTitle]).replace("??"_L1, program.LookupCall);
-  view_.updateCaption =
-      QString(program.language[TextLine::kLookupUpdate]).replace("***"_L1, program.config.CallbookName);
-  view_.call = ProgressText();
+  LookupCall = lookupCall;
+  titleCall_ = lookupCall;
+  statusLine_.reset();
+  placeLine_ = PlaceLine::Blank;
+  ShowCallLine(CallLine::Progress);
+  TellTexts();
   Q_EMIT Changed();
 
-  program.LookupCall = CutAtFirstOther(QString(program.LookupCall).replace(u'Ø', u'0'));
+  LookupCall = CutAtFirstOther(LookupCall.replace(u'Ø', u'0'));
   // Nothing to look up: the window is left with the progress text.
-  if (program.LookupCall.isEmpty()) return;
-  call_ = program.LookupCall;
+  if (LookupCall.isEmpty()) return;
+  call_ = LookupCall;
   call_ = CleanCall(call_);
   if (call_.isEmpty()) {
     // No service is asked about a text that is no call.
-    NotFound(program.LookupCall);
+    NotFound(LookupCall);
     return;
   }
   view_.busy = true;
@@ -119,16 +117,10 @@ void LookupSession::BeginRead() {
 }
 
 void LookupSession::ChooseService(int listIndex) {
-  const CallbookService* service = FindCallbookService(listIndex + 1);
-  if (service == nullptr) return;
-  Config& config = parts_.program.config;
-  config.CallbookIndex = service->index;
-  // Not the name that a start gives; it lasts until then.
-  config.CallbookName = service->comboName;
+  if (!ChooseCallbook(parts_.program.config, listIndex + 1, ServiceSpelling::Lookup)) return;
   awaitingSignIn_ = false;
-  view_.status.clear();
-  view_.updateCaption =
-      QString(parts_.program.language[TextLine::kLookupUpdate]).replace("***"_L1, config.CallbookName);
+  statusLine_.reset();
+  TellTexts();
   view_.picture = QImage();
   ++generation_;
   Q_EMIT Changed();
@@ -138,21 +130,21 @@ void LookupSession::ChooseService(int listIndex) {
 void LookupSession::Update() {
   if (!lookUp_ || call_.isEmpty()) return;
   BlankFields();
-  view_.call = ProgressText();
+  ShowCallLine(CallLine::Progress);
   ++generation_;
   BeginRead();
 }
 
 void LookupSession::ShowDbRecord(const DbRec& record) {
   const Program& program = parts_.program;
-  view_.call = call_ + "  ("_L1 + program.language[TextLine::kFromLocal] + u')';
+  ShowCallLine(CallLine::FromDatabase, call_);
   view_.name = NameWithNickname(record.Name.Text(), call_);
   view_.add1 = record.Add1.Text();
   view_.add2 = record.Add2.Text();
   view_.ctry = record.Ctry.Text();
   const double lat = Coordinate(record.Lat.Text());
   const double lon = Coordinate(record.Lon.Text());
-  view_.dxAz = IsKnownPosition(lat, lon) ? DistanceText(lat, lon) : program.language[TextLine::kNoPosition].trimmed();
+  ShowPlace(IsKnownPosition(lat, lon) ? PlaceLine::Known : PlaceLine::NotInRecord, lat, lon);
   // A picture that came empty counts as none.
   if (QFileInfo(PicturePath()).size() > 0) {
     ShowPicture();
@@ -192,16 +184,77 @@ void LookupSession::GotPage(const QString& call, bool loggedIn) {
 }
 
 void LookupSession::ShowStatus(bool loggedIn) {
-  TextLine line = loggedIn ? TextLine::kLoggedIn : TextLine::kNotLoggedIn;
-  if (!loggedIn && lookUp_->Database == kQrzcq) line = TextLine::kQrzcqStatus;
-  if (!loggedIn && lookUp_->Database == kCallook) line = TextLine::kCallookStatus;
-  view_.status = parts_.program.language[line];
-  parts_.program.LookupStatus = view_.status;
+  statusLine_ = LoginLine(lookUp_->Database, loggedIn);
+  TellTexts();
+}
+
+void LookupSession::ShowTexts() {
+  TellTexts();
+  Q_EMIT Changed();
+}
+
+// All of the view that is said in the user's language.
+void LookupSession::TellTexts() {
+  Program& program = parts_.program;
+  view_.title = QString(program.language[TextLine::kLookupTitle]).replace("??"_L1, titleCall_);
+  view_.updateCaption =
+      QString(program.language[TextLine::kLookupUpdate]).replace("***"_L1, program.config.CallbookName);
+  view_.call = CallText();
+  view_.dxAz = PlaceText();
+  view_.status = statusLine_ ? program.language[*statusLine_] : QString();
+  // The menus of the main window go on showing it when this window has been closed.
+  if (statusLine_) program.LookupStatus = view_.status;
+}
+
+void LookupSession::ShowCallLine(CallLine line, const QString& call) {
+  callLine_ = line;
+  lineCall_ = call;
+  lineService_ = line == CallLine::Progress ? parts_.program.config.CallbookName : serviceName_;
+  view_.call = CallText();
+}
+
+QString LookupSession::CallText() const {
+  const LanguageTexts& texts = parts_.program.language;
+  switch (callLine_) {
+    case CallLine::Blank:
+      break;
+    case CallLine::Progress:
+      return QString(texts[TextLine::kLookupProgress]).replace("***"_L1, lineService_) + ". . ."_L1;
+    case CallLine::FromDatabase:
+      return lineCall_ + "  ("_L1 + texts[TextLine::kFromLocal] + u')';
+    case CallLine::FromService:
+      return lineCall_ + "  ("_L1 + texts[TextLine::kFromWord] + lineService_ + u')';
+    case CallLine::NotFound:
+      return texts[TextLine::kNotFoundText] + lineCall_;
+  }
+  return {};
+}
+
+void LookupSession::ShowPlace(PlaceLine line, double lat, double lon) {
+  placeLine_ = line;
+  lat_ = lat;
+  lon_ = lon;
+  view_.dxAz = PlaceText();
+}
+
+QString LookupSession::PlaceText() const {
+  const LanguageTexts& texts = parts_.program.language;
+  switch (placeLine_) {
+    case PlaceLine::Blank:
+      break;
+    case PlaceLine::Known:
+      return DistanceText(lat_, lon_);
+    case PlaceLine::NotInRecord:
+      return texts[TextLine::kNoPosition].trimmed();
+    case PlaceLine::NotAtService:
+      return QString(texts[TextLine::kNoCoordinates]).replace("???"_L1, lineService_);
+  }
+  return {};
 }
 
 void LookupSession::ReadPage(const QString& call) {
   const Program& program = parts_.program;
-  view_.call = call + "  ("_L1 + program.language[TextLine::kFromWord] + serviceName_ + u')';
+  ShowCallLine(CallLine::FromService, call);
   unknownCall_ = false;
   const QString name = lookUp_->cName(call);
   view_.busy = false;
@@ -220,9 +273,7 @@ void LookupSession::ReadPage(const QString& call) {
     lat = program.sites.Sites.at(site).Lat;
     lon = program.sites.Sites.at(site).Lon;
   }
-  view_.dxAz = IsKnownPosition(lat, lon)
-                   ? DistanceText(lat, lon)
-                   : QString(program.language[TextLine::kNoCoordinates]).replace("???"_L1, serviceName_);
+  ShowPlace(IsKnownPosition(lat, lon) ? PlaceLine::Known : PlaceLine::NotAtService, lat, lon);
   DbRec record;
   record.Call = call;
   record.Name = name;
@@ -263,7 +314,7 @@ void LookupSession::GotPic(const QString& call) {
 
 void LookupSession::NotFound(const QString& call) {
   unknownCall_ = true;
-  view_.call = parts_.program.language[TextLine::kNotFoundText] + call;
+  ShowCallLine(CallLine::NotFound, call);
   PointerNormal();
 }
 
@@ -282,13 +333,9 @@ void LookupSession::PointerNormal() {
 
 void LookupSession::BlankFields() {
   view_.picture = QImage();
-  for (QString* text : {&view_.call, &view_.name, &view_.add1, &view_.add2, &view_.ctry, &view_.dxAz}) text->clear();
-}
-
-QString LookupSession::ProgressText() const {
-  return QString(parts_.program.language[TextLine::kLookupProgress])
-             .replace("***"_L1, parts_.program.config.CallbookName) +
-         ". . ."_L1;
+  for (QString* text : {&view_.name, &view_.add1, &view_.add2, &view_.ctry}) text->clear();
+  ShowCallLine(CallLine::Blank);
+  ShowPlace(PlaceLine::Blank);
 }
 
 QString LookupSession::NameWithNickname(const QString& name, const QString& call) const {

@@ -61,8 +61,8 @@ class LookupSession : public QObject {
   explicit LookupSession(const Parts& parts, QObject* parent = nullptr);
   ~LookupSession() override;
 
-  // Begins with Program's LookupCall; whatever was under way for another call is dropped.
-  void StartLookup();
+  // Begins with a call as its caller spells it; whatever was under way for another call is dropped.
+  void StartLookup(const QString& lookupCall);
   // The window closes: reads in flight are dropped.
   void EndLookup();
 
@@ -70,6 +70,8 @@ class LookupSession : public QObject {
   void ChooseService(int listIndex);
   // cmdUpdate.
   void Update();
+  // The language has changed: the view says the same in the present one.
+  void ShowTexts();
 
   const LookupView& View() const { return view_; }
   // The call that is shown, cleaned; empty where there was none.
@@ -113,9 +115,18 @@ class LookupSession : public QObject {
   void CookiesChanged();
   void CookiesSettled();
 
+  // What lblCall says, so that it can be said in another language.
+  enum class CallLine { Blank, Progress, FromDatabase, FromService, NotFound };
+  // What lblDxAz says.
+  enum class PlaceLine { Blank, Known, NotInRecord, NotAtService };
+
   void BlankFields();
+  void TellTexts();
   void ShowStatus(bool loggedIn);
-  QString ProgressText() const;
+  void ShowCallLine(CallLine line, const QString& call = {});
+  void ShowPlace(PlaceLine line, double lat = 0, double lon = 0);
+  QString CallText() const;
+  QString PlaceText() const;
   QString NameWithNickname(const QString& name, const QString& call) const;
   QString DistanceText(double lat, double lon) const;
   void SaveRecord(const QString& call, const DbRec& record);
@@ -124,7 +135,16 @@ class LookupSession : public QObject {
 
   Parts parts_;
   LookupView view_;
-  QString call_;
+  QString LookupCall;  // as the caller spelled it, then cut
+  QString call_;       // cleaned
+  QString titleCall_;
+  CallLine callLine_ = CallLine::Blank;
+  QString lineCall_;     // in lblCall
+  QString lineService_;  // in lblCall and lblDxAz
+  PlaceLine placeLine_ = PlaceLine::Blank;
+  double lat_ = 0;
+  double lon_ = 0;
+  std::optional<TextLine> statusLine_;
   std::unique_ptr<ucLookUp> lookUp_;
   QString serviceName_;           // of the read under way
   bool unknownCall_ = false;      // CallNotFound was raised for the page that is being read

@@ -7,6 +7,8 @@
 #include <QPainterPath>
 #include <algorithm>
 
+#include "ui/plain_tip.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,28 +28,35 @@ QString OneLine(QString text) {
 
 }  // namespace
 
-FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLabel(parent) {
+FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLineEdit(parent) {
   setObjectName(name);
-  setTextFormat(Qt::PlainText);
-  setTextInteractionFlags(Qt::TextSelectableByMouse);
-  // In line with the login state, which has its ring there.
-  setIndent(kFocusRing);
+  setReadOnly(true);
+  setFrame(false);
+  setFocusPolicy(Qt::NoFocus);
+  // A text on the window, not a box to be filled in.
+  QPalette onWindow;
+  onWindow.setColor(QPalette::Base, Qt::transparent);
+  setPalette(onWindow);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 
 void FieldLabel::SetField(const QString& text, const QString& role) {
-  full_ = OneLine(text);
+  const QString line = OneLine(text);
   // Screen readers are told of each setting, of the same text too.
-  if (const QString name = full_.isEmpty() ? role : full_; name != accessibleName()) setAccessibleName(name);
-  const QString description = full_.isEmpty() ? QString() : role;
-  if (description != accessibleDescription()) setAccessibleDescription(description);
-  Elide();
+  if (role != accessibleName()) setAccessibleName(role);
+  if (line == this->text()) return;
+  setText(line);
+  setCursorPosition(0);
+  setFocusPolicy(line.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+  ShowTip();
 }
 
-void FieldLabel::Elide() {
-  const QString shown = fontMetrics().elidedText(full_, Qt::ElideRight, width() - kFocusRing);
-  if (shown != text()) setText(shown);
-  setToolTip(shown == full_ ? QString() : full_.toHtmlEscaped());
+QString FieldLabel::ShownText() const {
+  return fontMetrics().elidedText(text(), Qt::ElideRight, width() - 2 * kFocusRing);
+}
+
+void FieldLabel::ShowTip() {
+  setToolTip(ShownText() == text() ? QString() : PlainTip(text()));
 }
 
 QSize FieldLabel::minimumSizeHint() const {
@@ -55,17 +64,39 @@ QSize FieldLabel::minimumSizeHint() const {
 }
 
 QSize FieldLabel::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(full_) + kFocusRing, fontMetrics().height()};
+  return {fontMetrics().horizontalAdvance(text()) + 2 * kFocusRing, fontMetrics().height()};
+}
+
+void FieldLabel::paintEvent(QPaintEvent* event) {
+  if (hasFocus()) QLineEdit::paintEvent(event);
+  QPainter painter(this);
+  if (hasFocus()) {
+    // A line that cannot be written has no caret that would show where the focus is.
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+    return;
+  }
+  painter.setPen(palette().color(QPalette::WindowText));
+  const QRect room = rect().adjusted(kFocusRing, 0, -kFocusRing, 0);
+  painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | static_cast<int>(Qt::AlignLeft) | Qt::TextSingleLine,
+                   ShownText());
 }
 
 void FieldLabel::resizeEvent(QResizeEvent* event) {
-  QLabel::resizeEvent(event);
-  Elide();
+  QLineEdit::resizeEvent(event);
+  ShowTip();
 }
 
 void FieldLabel::changeEvent(QEvent* event) {
-  QLabel::changeEvent(event);
-  if (event->type() == QEvent::FontChange) Elide();
+  QLineEdit::changeEvent(event);
+  if (event->type() == QEvent::FontChange) ShowTip();
+}
+
+void FieldLabel::focusOutEvent(QFocusEvent* event) {
+  QLineEdit::focusOutEvent(event);
+  // What is selected stays so while the menu of the field is open.
+  if (event->reason() != Qt::PopupFocusReason) setCursorPosition(0);
 }
 
 namespace {
@@ -99,7 +130,7 @@ void StatusLink::SetStatus(const QString& text, const QString& action) {
   setAccessibleName(text);
   setAccessibleDescription(isLink_ ? action : QString());
   // The text may be cut.
-  setToolTip(isLink_ ? text + u'\n' + action : text);
+  setToolTip(PlainTip(isLink_ ? text + u'\n' + action : text));
   // A screen reader would call it a button without a name.
   setVisible(!text.isEmpty());
   updateGeometry();

@@ -5,12 +5,13 @@
 
 #include <QAbstractButton>
 #include <QImage>
-#include <QLabel>
+#include <QLineEdit>
 #include <QSizeF>
 #include <QToolButton>
 
-// One line; a text that is too long ends in dots, and stands whole in the tip and for screen readers.
-class FieldLabel : public QLabel {
+// One line to be read: reached by Tab, selected and copied by pointer and keyboard. A text that is too long ends in
+// dots until the field has the focus, and stands whole in the tip and for screen readers. An empty one is passed over.
+class FieldLabel : public QLineEdit {
   Q_OBJECT
 
  public:
@@ -18,18 +19,19 @@ class FieldLabel : public QLabel {
 
   // role: what the field is, for screen readers.
   void SetField(const QString& text, const QString& role);
-  QString FullText() const { return full_; }
+  // What stands in the window, with the dots.
+  QString ShownText() const;
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
 
  protected:
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
-  void Elide();
-
-  QString full_;
+  void ShowTip();
 };
 
 // Plain text, or a link where there is something to be done about it. A text that is a little too long is written in

@@ -10,6 +10,7 @@
 #include <QSaveFile>
 #include <QVBoxLayout>
 
+#include "ui/call_field.h"
 #include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -30,7 +31,7 @@ QSize PixelsOf(const QSizeF& units) {
 }  // namespace
 
 Form12::Form12(const Parts& parts, QWidget* owner)
-    : QWidget(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : BaseWindow(owner),
       parts_(parts),
       session_(parts),
       lblCall(new FieldLabel(u"lblCall"_s, this)),
@@ -39,19 +40,12 @@ Form12::Form12(const Parts& parts, QWidget* owner)
       lblAdd2(new FieldLabel(u"lblAdd2"_s, this)),
       lblCtry(new FieldLabel(u"lblCtry"_s, this)),
       lblDxAz(new FieldLabel(u"lblDxAz"_s, this)),
-      lblStatus(new StatusLink(u"lblStatus"_s, this)),
       Image1(new PictureButton(u"Image1"_s, this)),
-      cboDB(new QComboBox(this)),
-      cmdSignIn(new QToolButton(this)),
-      cmdUpdate(new QPushButton(this)),
+      service_(new ServiceChooser(ServiceSpelling::Lookup, {u"cmdUpdate"_s, u"lblStatus"_s}, this)),
       lblMaps(new BarLabel(u"lblMaps"_s, this)),
-      menu_(this),
-      picture_(parts.tool, this) {
+      menu_(this) {
   setObjectName(u"Form12"_s);
-  cboDB->setObjectName(u"cboDB"_s);
-  cmdSignIn->setObjectName(u"cmdSignIn"_s);
-  cmdUpdate->setObjectName(u"cmdUpdate"_s);
-  for (int i = 1; i <= kCallbookServices; ++i) cboDB->addItem(FindCallbookService(i)->comboName);
+  SetDefaultButton(service_->FetchButton());
   MakeLayout();
   ConnectParts();
 }
@@ -73,13 +67,8 @@ void Form12::MakeLayout() {
   middle->addLayout(texts, 1);
   middle->addWidget(Image1, 0, Qt::AlignTop);
   auto* status = new QHBoxLayout;
-  status->addWidget(lblStatus, 1);
+  status->addWidget(service_->Status(), 1);
   status->addWidget(lblMaps);
-  auto* bottom = new QHBoxLayout;
-  bottom->addWidget(cboDB);
-  bottom->addWidget(cmdSignIn);
-  bottom->addStretch(1);
-  bottom->addWidget(cmdUpdate);
 
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(8, 6, 8, 6);
@@ -87,13 +76,12 @@ void Form12::MakeLayout() {
   rows->addWidget(lblCall);
   rows->addLayout(middle, 1);
   rows->addLayout(status);
-  rows->addLayout(bottom);
+  rows->addWidget(service_);
 
-  setTabOrder(cmdUpdate, cboDB);
-  setTabOrder(cboDB, cmdSignIn);
-  setTabOrder(cmdSignIn, lblStatus);
-  setTabOrder(lblStatus, lblMaps);
-  setTabOrder(lblMaps, Image1);
+  QList<QWidget*> chain{lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz};
+  chain += service_->TabChain();
+  chain += {lblMaps, Image1};
+  for (qsizetype i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
 }
 
 void Form12::ConnectParts() {
@@ -102,11 +90,10 @@ void Form12::ConnectParts() {
   // The desktop's own: how high and how long it sounds is the user's choice.
   connect(&session_, &LookupSession::Beep, this, &QApplication::beep);
   connect(&session_, &LookupSession::Stored, this, &Form12::Stored);
-  // Told of the user's choices only; setting the row while a call is opened is none.
-  connect(cboDB, &QComboBox::activated, &session_, &LookupSession::ChooseService);
-  connect(cmdUpdate, &QPushButton::clicked, &session_, &LookupSession::Update);
-  connect(cmdSignIn, &QToolButton::clicked, this, &Form12::SignInOrOut);
-  connect(lblStatus, &StatusLink::clicked, this, &Form12::StatusClicked);
+  connect(service_, &ServiceChooser::Chosen, &session_, &LookupSession::ChooseService);
+  connect(service_, &ServiceChooser::FetchWanted, &session_, &LookupSession::Update);
+  connect(service_, &ServiceChooser::KeyPressed, this, &Form12::SignInOrOut);
+  connect(service_, &ServiceChooser::StatusPressed, this, &Form12::StatusClicked);
   connect(lblMaps, &BarLabel::clicked, this, &Form12::OpenMapsMenu);
   connect(Image1, &PictureButton::clicked, this, &Form12::OpenPicture);
   connect(Image1, &PictureButton::MenuWanted, this, &Form12::OpenPictureMenu);
@@ -115,13 +102,13 @@ void Form12::ConnectParts() {
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
   menu_.close();
-  picture_.Dismiss();
-  parts_.program.LookupCall = lookupCall;
-  ShowTexts();
+  if (picture_) picture_->close();
+  beside_ = besideGlobal;
+  service_->SetService(parts_.program.config.CallbookIndex);
   session_.SetPictureBox(PixelsOf(kLargestUnits) * devicePixelRatioF());
-  session_.StartLookup();
-  PositionMe(besideGlobal);
-  cmdUpdate->setFocus();
+  session_.StartLookup(lookupCall);
+  if (isVisible()) PositionMe(besideGlobal);
+  service_->FetchButton()->setFocus();
   show();
   raise();
   activateWindow();
@@ -144,20 +131,19 @@ void Form12::CentrePointer() {
   QCursor::setPos(frameGeometry().center());
 }
 
-// What depends on the language and the chosen service.
 void Form12::ShowTexts() {
   const LanguageTexts& texts = parts_.program.language;
-  cboDB->setAccessibleName(texts[TextLine::kSelectDatabase]);
-  cboDB->setToolTip(texts[TextLine::kSelectDatabase]);
-  cboDB->setCurrentIndex(parts_.program.config.CallbookIndex - 1);
+  // Its entries are in the former language.
+  menu_.close();
+  service_->ShowTexts(texts[TextLine::kSelectDatabase]);
   lblMaps->SetCaption(texts[TextLine::kMapsWord]);
-  cmdSignIn->setIcon(KeySign(palette(), devicePixelRatioF()));
+  session_.ShowTexts();
 }
 
 void Form12::ShowView() {
   const LookupView& view = session_.View();
   const LanguageTexts& texts = parts_.program.language;
-  const auto role = [&texts](TextLine line) { return texts[line].trimmed(); };
+  const auto role = [&texts](TextLine line) { return RoleOf(texts[line]); };
   setWindowTitle(view.title);
   setAccessibleName(view.title);
   lblCall->SetField(view.call, role(TextLine::kCallLabel));
@@ -166,16 +152,15 @@ void Form12::ShowView() {
   lblAdd2->SetField(view.add2, role(TextLine::kCityLabel));
   lblCtry->SetField(view.ctry, role(TextLine::kCountryLabel));
   lblDxAz->SetField(view.dxAz, tr("Distance and direction"));
-  cmdUpdate->setText(QString(view.updateCaption).replace(u'&', "&&"_L1));
-  cmdUpdate->setAccessibleName(view.updateCaption);
+  service_->SetFetchCaption(view.updateCaption);
+  service_->SetLogin(view.status, session_.Offer());
   Image1->SetPicture(view.picture, PixelsOf(view.pictureUnits));
-  Image1->setAccessibleName(tr("Picture of %1").arg(session_.Call()));
+  Image1->setAccessibleName(Form13::PictureName(session_.Call()));
   if (view.busy) {
     setCursor(Qt::BusyCursor);
   } else {
     unsetCursor();
   }
-  ShowSignIn();
   TellView();
 }
 
@@ -183,22 +168,10 @@ void Form12::ShowView() {
 // which it is read: of the one in focus a screen reader says it when the window opens and whenever it is another.
 void Form12::TellView() {
   QStringList told;
-  for (const FieldLabel* label : {lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz}) told += label->FullText();
+  for (const FieldLabel* label : {lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz}) told += label->text();
   told += session_.View().status.trimmed();
   told.removeAll(QString());
-  const QString text = told.join(", "_L1);
-  for (QWidget* control : std::initializer_list<QWidget*>{cmdUpdate, cboDB}) {
-    if (control->accessibleDescription() != text) control->setAccessibleDescription(text);
-  }
-}
-
-void Form12::ShowSignIn() {
-  const SignInOffer offer = session_.Offer();
-  const bool can = offer.kind != SignInOffer::Kind::None;
-  lblStatus->SetStatus(session_.View().status, can ? offer.text : QString());
-  cmdSignIn->setEnabled(can);
-  cmdSignIn->setAccessibleName(offer.text);
-  cmdSignIn->setToolTip(offer.text);
+  service_->Describe(told.join(", "_L1));
 }
 
 void Form12::OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at,
@@ -222,7 +195,12 @@ void Form12::OpenPictureMenu(const QPoint& at, bool byKeyboard) {
 
 void Form12::OpenPicture() {
   const QPoint over = Image1->underMouse() ? QCursor::pos() : Image1->mapToGlobal(Image1->rect().center());
-  picture_.ShowPicture(session_.PicturePath(), Image1->accessibleName(), over);
+  if (!picture_) {
+    picture_ = new Form13(parts_.tool, this);
+    // A window that is being closed is not to be used again.
+    connect(picture_, &BaseWindow::Closed, this, [this]() { picture_.clear(); });
+  }
+  picture_->ShowPicture(session_.PicturePath(), session_.Call(), over);
 }
 
 void Form12::Chosen(int index) {
@@ -291,10 +269,11 @@ void Form12::SavePicture() {
 void Form12::StatusClicked() {
   const SignInOffer offer = session_.Offer();
   if (offer.kind != SignInOffer::Kind::SignOut) return SignInOrOut();
+  const StatusLink* status = service_->Status();
   MenuEntry entry;
   entry.text = offer.text;
-  OpenMenu(kSignInMenu, {entry}, lblStatus->text(), lblStatus->mapToGlobal(QPoint(0, lblStatus->height())),
-           !lblStatus->underMouse());
+  OpenMenu(kSignInMenu, {entry}, status->text(), status->mapToGlobal(QPoint(0, status->height())),
+           !status->underMouse());
 }
 
 void Form12::SignInOrOut() {
@@ -334,27 +313,18 @@ void Form12::SignOut() {
 
 void Form12::closeEvent(QCloseEvent* event) {
   menu_.close();
-  picture_.Dismiss();
+  if (picture_) picture_->close();
   session_.EndLookup();
-  QWidget::closeEvent(event);
-  Q_EMIT Closed();
+  BaseWindow::closeEvent(event);
 }
 
 void Form12::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
-    case Qt::Key_Escape:
-      close();
-      break;
     case Qt::Key_F5:
       session_.Update();
       break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      // Not all desktops let it press a button.
-      if (auto* button = qobject_cast<QAbstractButton*>(focusWidget())) button->click();
-      break;
     default:
-      QWidget::keyPressEvent(event);
+      BaseWindow::keyPressEvent(event);
   }
 }
 

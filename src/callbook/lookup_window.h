@@ -1,12 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form12 tells who a callsign is. The main window, the maps and the lists open it beside the call that was clicked; one
-// window serves them all, one call after the other. LookupSession decides, this shows.
+// Form12 tells who a callsign is. The main window, the maps and the lists open it beside the call that was clicked;
+// while it is open, it serves them all, one call after the other. LookupSession decides, this shows.
 #pragma once
 
-#include <QComboBox>
-#include <QPushButton>
-#include <QToolButton>
-#include <QWidget>
+#include <QPointer>
 #include <functional>
 
 #include "browser/browser_windows.h"
@@ -14,11 +11,13 @@
 #include "callbook/lookup_session.h"
 #include "callbook/lookup_widgets.h"
 #include "callbook/operator_picture_window.h"
+#include "callbook/service_chooser.h"
 #include "ui/bar_label.h"
+#include "ui/base_window.h"
 #include "ui/dialogs.h"
 #include "ui/menu_window.h"
 
-class Form12 : public QWidget {
+class Form12 : public BaseWindow {
   Q_OBJECT
 
  public:
@@ -40,6 +39,7 @@ class Form12 : public QWidget {
   void PositionMe(const QWidget* caller, const QString& controlName);
   // What callers do with the pointer when the call came by menu or key.
   void CentrePointer();
+  void ShowTexts() override;
 
   // Handlers of menus 11 and 12, by the index of their entries.
   void MnuMapsClick(int index);
@@ -52,10 +52,9 @@ class Form12 : public QWidget {
   void PageViewWanted();
   // The database has a new or changed record of the call.
   void Stored(const QString& call);
-  // The map windows and Form15 are to be set on top again.
-  void Closed();
 
  protected:
+  void PlaceWindow() override { PositionMe(beside_); }
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -63,9 +62,7 @@ class Form12 : public QWidget {
  private:
   void MakeLayout();
   void ConnectParts();
-  void ShowTexts();
   void ShowView();
-  void ShowSignIn();
   void TellView();
   void OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at, bool byKeyboard);
   void OpenMapsMenu();
@@ -89,14 +86,12 @@ class Form12 : public QWidget {
   FieldLabel* lblAdd2;
   FieldLabel* lblCtry;
   FieldLabel* lblDxAz;
-  StatusLink* lblStatus;
   PictureButton* Image1;
-  QComboBox* cboDB;
-  QToolButton* cmdSignIn;
-  QPushButton* cmdUpdate;
+  ServiceChooser* service_;  // cboDB, cmdUpdate, lblStatus
   BarLabel* lblMaps;
   frmMenu menu_;      // with tmrMenus
   int openMenu_ = 0;  // number of the menu that was opened last
-  Form13 picture_;
+  QPointer<Form13> picture_;
+  QRect beside_;         // what was clicked, on the screen
   QString signInTitle_;  // of the browser window that is open for it
 };

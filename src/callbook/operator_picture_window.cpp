@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/operator_picture_window.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -13,10 +14,7 @@ namespace {
 constexpr int kBorder = 20;  // in each direction, both sides together; 300 twips
 }  // namespace
 
-Form13::Form13(PictureTool& tool, QWidget* owner)
-    : QWidget(owner, Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
-      tool_(tool),
-      Image1(new QLabel(this)) {
+Form13::Form13(PictureTool& tool, QWidget* owner) : BaseWindow(owner), tool_(tool), Image1(new QLabel(this)) {
   setObjectName(u"Form13"_s);
   Image1->setObjectName(u"Image1"_s);
   Image1->setAlignment(Qt::AlignCenter);
@@ -25,48 +23,60 @@ Form13::Form13(PictureTool& tool, QWidget* owner)
   layout->addWidget(Image1);
 }
 
-void Form13::ShowPicture(const QString& path, const QString& title, const QPoint& over) {
+QString Form13::PictureName(const QString& call) {
+  return tr("Picture of %1").arg(call);
+}
+
+void Form13::ShowPicture(const QString& path, const QString& call, const QPoint& over) {
   const QSize box = MonitorAt(over).size() - FrameOf(this) - QSize(kBorder, kBorder);
-  tool_.View(path, box, this, [this, title, over, asked = ++asked_](const PictureAnswer& answer) {
+  tool_.View(path, box, this, [this, call, over, asked = ++asked_](const PictureAnswer& answer) {
     if (asked != asked_ || !answer.ok || answer.frames.isEmpty()) return;
-    Place(answer.frames.first().image, title, over);
+    call_ = call;
+    over_ = over;
+    Image1->setPixmap(QPixmap::fromImage(answer.frames.first().image));
+    setFixedSize(answer.frames.first().image.size() + QSize(kBorder, kBorder));
+    if (isVisible()) {
+      ShowTexts();
+      PlaceWindow();
+    }
+    show();
+    raise();
+    activateWindow();
   });
 }
 
-void Form13::Dismiss() {
-  ++asked_;
-  close();
+void Form13::ShowTexts() {
+  const QString name = PictureName(call_);
+  setWindowTitle(u"Omni-Perch  "_s + name);
+  setAccessibleName(windowTitle());
+  Image1->setAccessibleName(name);
 }
 
-void Form13::Place(const QImage& picture, const QString& title, const QPoint& over) {
-  setWindowTitle(u"Omni-Perch  "_s + title);
-  setAccessibleName(windowTitle());
-  Image1->setPixmap(QPixmap::fromImage(picture));
-  Image1->setAccessibleName(title);
-  const QSize size = picture.size() + QSize(kBorder, kBorder);
-  setFixedSize(size);
-  QRect frame(QPoint(0, 0), size + FrameOf(this));
-  frame.moveCenter(over);
-  move(KeptOnMonitor(frame, over).topLeft());
-  show();
-  raise();
-  activateWindow();
+void Form13::PlaceWindow() {
+  QRect frame(QPoint(0, 0), size() + FrameOf(this));
+  frame.moveCenter(over_);
+  move(KeptOnMonitor(frame, over_).topLeft());
+}
+
+// A picture that is still being decoded must not open the window again.
+void Form13::closeEvent(QCloseEvent* event) {
+  ++asked_;
+  BaseWindow::closeEvent(event);
 }
 
 void Form13::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
-    case Qt::Key_Escape:
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
       close();
       break;
     default:
-      QWidget::keyPressEvent(event);
+      BaseWindow::keyPressEvent(event);
   }
 }
 
 void Form13::mouseReleaseEvent(QMouseEvent* event) {
-  QWidget::mouseReleaseEvent(event);
+  BaseWindow::mouseReleaseEvent(event);
   close();
 }

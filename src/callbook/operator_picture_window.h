@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form13: a picture at its natural size in a window of its own. The lookup window opens it for the operator's picture.
+// Form13: an operator's picture at its natural size in a window of its own. The lookup window and the editor of the
+// call database open it.
 #pragma once
 
 #include <QLabel>
 #include <QPoint>
-#include <QWidget>
 
 #include "platform/picture/picture_tool.h"
+#include "ui/base_window.h"
 
-class Form13 : public QWidget {
+class Form13 : public BaseWindow {
   Q_OBJECT
 
  public:
@@ -16,18 +17,21 @@ class Form13 : public QWidget {
 
   // Shows the window once the picture has been decoded: centred over the point, whole on its monitor, scaled down where
   // it is larger than that. A file that is no picture shows nothing.
-  void ShowPicture(const QString& path, const QString& title, const QPoint& over);
-  // Closes it; a picture that is still being decoded will not open it again.
-  void Dismiss();
+  void ShowPicture(const QString& path, const QString& call, const QPoint& over);
+  // What the picture of a call is called, in the present language.
+  static QString PictureName(const QString& call);
+  void ShowTexts() override;
 
  protected:
+  void PlaceWindow() override;
+  void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
 
  private:
-  void Place(const QImage& picture, const QString& title, const QPoint& over);
-
   PictureTool& tool_;
   QLabel* Image1;
+  QString call_;
+  QPoint over_;
   int asked_ = 0;
 };

@@ -42,7 +42,6 @@ struct Program {
   QList<int> MapLeft;
   QList<int> MapTop;
 
-  QString LookupCall;      // the call that the lookup window is to show
   QString LookupStatus;    // login state at the callbook service, as the lookup window showed it last
   QByteArray LookupBytes;  // body of the last read that any lookup control completed
   QString PageViewUrl;     // address of the page view, "*" and the call that it is about

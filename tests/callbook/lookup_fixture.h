@@ -107,10 +107,7 @@ struct SessionFixture : LookupFixture {
   LookupSession session{Parts()};
   const LookupView& view = session.View();
 
-  void Look(const QString& call) {
-    program.LookupCall = call;
-    session.StartLookup();
-  }
+  void Look(const QString& call) { session.StartLookup(call); }
   // Reads a call to the end, its record included.
   void LookToTheEnd(const QString& call) {
     Look(call);

@@ -51,7 +51,6 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.view.title, u"Callsign k1qpe/P"_s);
     QCOMPARE(f.view.call, u"Reading %1. . ."_s.arg(f.program.config.CallbookName));
     QVERIFY(f.view.busy);
-    QCOMPARE(f.program.LookupCall, u"k1qpe"_s);
     QTRY_VERIFY_WITH_TIMEOUT(!f.view.busy, 10'000);
     f.Settle();
     QCOMPARE(f.view.status, f.Text(status));

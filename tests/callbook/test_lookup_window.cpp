@@ -2,18 +2,25 @@
 // The lookup window as a user meets it: by mouse and keyboard, with its menus, the picture and the sign-in.
 #include <QApplication>
 #include <QClipboard>
+#include <QLayout>
 #include <QMenu>
 #include <QScreen>
 #include <QTest>
+#include <QTextDocument>
 
 #include "callbook/lookup_window.h"
+#include "core/translations.h"
 #include "lookup_fixture.h"
 #include "open_menu.h"
 #include "test_suite.h"
+#include "ui/language_change.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QStringList kLanguages = {u"English"_s, u"Spanish"_s, u"German"_s,   u"French"_s,
+                                u"Dutch"_s,   u"Polish"_s,  u"Japanese"_s, u"Russian"_s};
 
 class RecordingBrowser : public BrowserWindows {
  public:
@@ -38,20 +45,33 @@ struct FormFixture : LookupFixture {
   RecordingBrowser windows;
   bool hasBrowser = true;
   ScriptedAnswers dialogs;
-  Form12 form{{Parts(), [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; },
-               [this](const QUrl& url) { windows.Forget(url); }, dialogs},
-              &owner};
+  QPointer<Form12> window;
+  int closed = 0;
 
   FormFixture() { Choose(4); }
+  // The window that is open; a new one where the former has been closed.
+  Form12& Form() {
+    if (window == nullptr) {
+      const auto browser = [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; };
+      const auto forget = [this](const QUrl& url) { windows.Forget(url); };
+      window = new Form12({Parts(), browser, forget, dialogs}, &owner);
+      QObject::connect(window, &BaseWindow::Closed, &owner, [this]() {
+        ++closed;
+        window.clear();
+      });
+    }
+    return *window;
+  }
+  bool IsOpen() const { return window != nullptr && window->isVisible(); }
   void Open(const QString& call) {
-    form.Open(call, QRect(100, 100, 60, 20));
-    QTRY_VERIFY(form.cursor().shape() != Qt::BusyCursor);
+    Form().Open(call, QRect(100, 100, 60, 20));
+    QTRY_VERIFY(Form().cursor().shape() != Qt::BusyCursor);
   }
   template <typename Widget>
   Widget* Part(const QString& name) const {
-    return form.findChild<Widget*>(name);
+    return window->findChild<Widget*>(name);
   }
-  QString Text(const QString& name) const { return Part<FieldLabel>(name)->FullText(); }
+  QString Text(const QString& name) const { return Part<FieldLabel>(name)->text(); }
 };
 
 }  // namespace
@@ -66,22 +86,22 @@ class TestLookupWindow : public QObject {
     f.WritePicture(u"VK9QXL"_s, PlainJpeg(QSize(400, 300)));
     f.File(u"VK9QXL"_s, u"Name"_s, u"-29.1"_s, u"167.9"_s);
     f.Open(u"VK9QXL"_s);
-    QCOMPARE(f.form.windowTitle(), u"Callsign VK9QXL"_s);
-    QCOMPARE(f.form.size(), QSize(350, 200));
+    QCOMPARE(f.Form().windowTitle(), u"Callsign VK9QXL"_s);
+    QCOMPARE(f.Form().size(), QSize(350, 200));
     QCOMPARE(f.Text(u"lblCall"_s), u"VK9QXL  (from the local database)"_s);
     QCOMPARE(f.Part<QComboBox>(u"cboDB"_s)->currentText(), u"QRZCQ.com"_s);
     auto* image = f.Part<PictureButton>(u"Image1"_s);
     QTRY_VERIFY(image->isVisible());
     QCOMPARE(image->height() - 4, 98);  // 39 units
-    const QColor middle = f.form.grab().toImage().pixelColor(image->geometry().center());
+    const QColor middle = f.Form().grab().toImage().pixelColor(image->geometry().center());
     QVERIFY2(std::abs(middle.blue() - 160) < 12 && std::abs(middle.red() - 40) < 12, qPrintable(middle.name()));
 
-    QTest::keyClick(&f.form, Qt::Key_F5);
+    QTest::keyClick(&f.Form(), Qt::Key_F5);
     QTRY_VERIFY(f.Text(u"lblName"_s).startsWith(u"Bartholomew"_s));
     auto* name = f.Part<FieldLabel>(u"lblName"_s);
-    QVERIFY(name->text() != name->FullText() && name->text().endsWith(u'…'));
-    QVERIFY(name->accessibleName() == name->FullText() && name->toolTip().contains(u"Maximilian"_s));
-    const QList<QWidget*> parts = f.form.findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    QVERIFY(name->ShownText() != name->text() && name->ShownText().endsWith(u'…'));
+    QVERIFY(name->accessibleName() == u"Name"_s && name->toolTip().contains(u"Maximilian"_s));
+    const QList<QWidget*> parts = f.Form().findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
     for (const QWidget* part : parts) {
       if (part->isVisible()) QVERIFY2(!part->accessibleName().isEmpty(), qPrintable(part->objectName()));
     }
@@ -92,13 +112,12 @@ class TestLookupWindow : public QObject {
     FormFixture f;
     f.Choose(1);
     f.Open(u"K1QPE"_s);
-    QWidget* focus = f.form.focusWidget();
+    QWidget* focus = f.Form().focusWidget();
     QCOMPARE(focus->objectName(), u"cmdUpdate"_s);
     QCOMPARE(focus->accessibleDescription(), u"Not logged in"_s);
     // Empty fields are told by what they would hold.
-    for (const FieldLabel* label : f.form.findChildren<FieldLabel*>()) {
-      QVERIFY2(!label->accessibleName().isEmpty() && label->accessibleDescription().isEmpty(),
-               qPrintable(label->objectName()));
+    for (const FieldLabel* label : f.Form().findChildren<FieldLabel*>()) {
+      QVERIFY2(!label->accessibleName().isEmpty() && label->text().isEmpty(), qPrintable(label->objectName()));
     }
     f.Service().SetLatency(std::chrono::milliseconds(100));
     QTest::keyClick(focus, Qt::Key_Return);
@@ -115,33 +134,36 @@ class TestLookupWindow : public QObject {
 
   void WorksByKeyboard() {
     FormFixture f;
-    QSignalSpy closed(&f.form, &Form12::Closed);
     f.WritePicture(u"K1QPE"_s, PlainJpeg(QSize(240, 180)));
     f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
     f.Open(u"K1QPE"_s);
     auto* image = f.Part<PictureButton>(u"Image1"_s);
     QTRY_VERIFY(image->isVisible());
     QTest::keyClick(image, Qt::Key_Return);
-    auto* whole = f.form.findChild<Form13*>();
+    const QPointer<Form13> whole = f.Form().findChild<Form13*>();
     QTRY_VERIFY(whole->isVisible());
     QCOMPARE(whole->size(), QSize(260, 200));
     QVERIFY(whole->windowTitle().contains(u"K1QPE"_s));
     QTest::keyClick(whole, Qt::Key_Escape);
-    QVERIFY(!whole->isVisible() && f.form.isVisible());
+    QTRY_VERIFY(whole == nullptr);
+    QVERIFY(f.IsOpen());
     // Nor does it come when the lookup has been closed before the picture was decoded.
     QTest::keyClick(image, Qt::Key_Return);
     f.Part<BarLabel>(u"lblMaps"_s)->setFocus();
-    f.form.close();
+    f.Form().close();
     int decoded = 0;
     for (int i = 0; i < 3; ++i) {
-      f.tool.View(f.PicturePath(u"K1QPE"_s), QSize(9, 9), &f.form, [&](const PictureAnswer&) { ++decoded; });
+      f.tool.View(f.PicturePath(u"K1QPE"_s), QSize(9, 9), &f.owner, [&](const PictureAnswer&) { ++decoded; });
     }
     QTRY_COMPARE(decoded, 3);
-    QVERIFY(!whole->isVisible());
-    QCOMPARE(closed.count(), 1);
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+      QVERIFY(!window->isVisible() || qobject_cast<const Form13*>(window) == nullptr);
+    }
+    QCOMPARE(f.closed, 1);
     f.Open(u"K1QPE"_s);
+    image = f.Part<PictureButton>(u"Image1"_s);
     QTRY_VERIFY(image->isVisible());
-    QVERIFY(f.form.focusWidget() == f.Part<QWidget>(u"cmdUpdate"_s));
+    QVERIFY(f.Form().focusWidget() == f.Part<QWidget>(u"cmdUpdate"_s));
 
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
     QApplication::sendEvent(image, &byKey);
@@ -151,17 +173,17 @@ class TestLookupWindow : public QObject {
     QTRY_COMPARE(QApplication::clipboard()->image().size(), QSize(240, 180));
 
     f.dialogs.savePath = f.folder.filePath(u"saved.bmp"_s);
-    f.form.MnuPicClick(3);
+    f.Form().MnuPicClick(3);
     QTRY_COMPARE(QImage(f.dialogs.savePath, "BMP").size(), QSize(240, 180));
     QCOMPARE(f.dialogs.told, QStringList{f.folder.filePath(u"K1QPE.bmp"_s)});
 
     // What is still being read when the window closes is never told.
     f.Service().SetLatency(std::chrono::milliseconds(100));
-    QTest::keyClick(&f.form, Qt::Key_F5);
+    QTest::keyClick(&f.Form(), Qt::Key_F5);
     QTRY_COMPARE(f.Service().TotalRequests(), 1);
     QTest::keyClick(f.Part<QWidget>(u"cmdUpdate"_s), Qt::Key_Escape);
-    QCOMPARE(closed.count(), 2);
-    QVERIFY(!f.form.isVisible() && f.form.cursor().shape() != Qt::BusyCursor);
+    QCOMPARE(f.closed, 2);
+    QVERIFY(!f.IsOpen());
     f.Open(u"W5QUJ"_s);
     QCOMPARE(f.Text(u"lblName"_s), u"Buck R."_s);
     QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 0), u"Robin"_s);
@@ -169,8 +191,8 @@ class TestLookupWindow : public QObject {
 
   void OpensMaps() {
     FormFixture f;
-    QSignalSpy maps(&f.form, &Form12::MapWanted);
-    QSignalSpy views(&f.form, &Form12::PageViewWanted);
+    QSignalSpy maps(&f.Form(), &Form12::MapWanted);
+    QSignalSpy views(&f.Form(), &Form12::PageViewWanted);
     f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"-0.1"_s);
     f.Open(u"K1QPE"_s);
     QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
@@ -180,41 +202,42 @@ class TestLookupWindow : public QObject {
     QTRY_COMPARE(maps.count(), 1);
     QCOMPARE(maps.first().first().toString(), u"K1QPE"_s);
     QCOMPARE(QPointF(f.program.TargetLat, f.program.TargetLon), QPointF(51.5, -0.1));
-    f.form.MnuMapsClick(1);
+    f.Form().MnuMapsClick(1);
     QCOMPARE(views.count(), 1);
     QVERIFY(f.program.PageViewUrl.startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
-    QVERIFY(f.program.PageViewUrl.endsWith(u"*K1QPE"_s) && !f.form.isVisible());
+    QVERIFY(f.program.PageViewUrl.endsWith(u"*K1QPE"_s) && !f.IsOpen());
 
     f.Open(u"W1QXM"_s);
-    for (const int index : {0, 1, 2}) f.form.MnuMapsClick(index);
+    for (const int index : {0, 1, 2}) f.Form().MnuMapsClick(index);
     QCOMPARE(maps.count() + views.count(), 2);
-    QVERIFY(f.form.isVisible());
+    QVERIFY(f.IsOpen());
     QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
     QTRY_VERIFY(OpenMenu() != nullptr);
     QVERIFY(!OpenMenu()->actions().first()->isEnabled());
     QTest::keyClick(OpenMenu(), Qt::Key_Escape);
-    QVERIFY(f.form.isVisible());
+    QVERIFY(f.IsOpen());
   }
 
   // The large picture: whole on the monitor whatever its size, and gone with a click or with the next call.
   void ShowsTheWholePicture() {
     FormFixture f;
-    const QRect monitor = f.form.screen()->availableGeometry();
+    const QRect monitor = f.Form().screen()->availableGeometry();
     f.WritePicture(u"K1QPE"_s, PlainJpeg(monitor.size() * 2));
     f.WritePicture(u"W5QUJ"_s, PlainJpeg(monitor.size() / 2));
     for (const char* call : {"K1QPE", "W5QUJ"}) f.File(QLatin1StringView(call), u"Robin"_s, u"51.5"_s, u"0.1"_s);
-    auto* image = f.Part<PictureButton>(u"Image1"_s);
-    auto* whole = f.form.findChild<Form13*>();
+    QPointer<Form13> whole;
     for (const char* call : {"K1QPE", "W5QUJ"}) {
       f.Open(QLatin1StringView(call));
-      QVERIFY(!whole->isVisible());
+      QTRY_VERIFY(whole == nullptr);
+      auto* image = f.Part<PictureButton>(u"Image1"_s);
       QTRY_VERIFY(image->isVisible());
       QTest::mouseClick(image, Qt::LeftButton);
+      whole = f.Form().findChild<Form13*>();
       QTRY_VERIFY(whole->isVisible());
       QVERIFY2(monitor.contains(whole->frameGeometry()), call);
     }
     QTest::mouseClick(whole, Qt::LeftButton);
-    QVERIFY(!whole->isVisible());
+    QTRY_VERIFY(whole == nullptr);
   }
 
   void SignsInAndOut() {
@@ -267,8 +290,72 @@ class TestLookupWindow : public QObject {
     FieldLabel label(u"lblName"_s, &window);
     label.resize(40, 20);
     label.SetField(u" Zoë\tof the\r\n<b>Hill</b> "_s, u"Name"_s);
-    QCOMPARE(label.FullText(), u"Zoë of the  <b>Hill</b>"_s);
-    QCOMPARE(label.toolTip(), u"Zoë of the  &lt;b&gt;Hill&lt;/b&gt;"_s);
+    QCOMPARE(label.text(), u"Zoë of the  <b>Hill</b>"_s);
+    QTextDocument tip;
+    tip.setHtml(label.toolTip());
+    QCOMPARE(tip.toPlainText(), label.text());
+    label.SetField(u"Tom & Jerry's \"Radio\" Club"_s, u"Name"_s);
+    QCOMPARE(label.toolTip(), label.text());
+  }
+
+  // Each of the six texts is reached by Tab and copied whole, also where the window shows only a part.
+  void CopiesFieldsByKeyboard() {
+    FormFixture f;
+    f.Open(u"K1QPE"_s);
+    QTRY_VERIFY(!f.Text(u"lblDxAz"_s).isEmpty());
+    QStringList reached;
+    for (int i = 0; i < 20; ++i) {
+      QTest::keyClick(f.Form().focusWidget(), Qt::Key_Tab);
+      const auto* field = qobject_cast<FieldLabel*>(f.Form().focusWidget());
+      if (field == nullptr) continue;
+      if (reached.contains(field->objectName())) break;
+      reached += field->objectName();
+      QTest::keyClick(f.Form().focusWidget(), Qt::Key_C, Qt::ControlModifier);
+      QCOMPARE(QApplication::clipboard()->text(), field->text());
+      QTest::keyClick(f.Form().focusWidget(), Qt::Key_Home);
+      QTest::keyClick(f.Form().focusWidget(), Qt::Key_Right, Qt::ShiftModifier);
+      QCOMPARE(field->selectedText(), field->text().left(1));
+      QTest::keyClick(f.Form().focusWidget(), Qt::Key_X);
+      QVERIFY(!field->text().isEmpty());
+    }
+    QCOMPARE(reached,
+             (QStringList{u"lblCall"_s, u"lblName"_s, u"lblAdd1"_s, u"lblAdd2"_s, u"lblCtry"_s, u"lblDxAz"_s}));
+  }
+
+  // An open window says everything in the new language, whatever it shows at the moment.
+  void FollowsTheLanguage() {
+    FormFixture f;
+    Translations translations;
+    f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
+    f.Choose(1);
+    const auto texts = [&f]() {
+      // A label whose text is cut gets its tip when the layout has given it its room.
+      f.Form().layout()->activate();
+      QStringList all{f.Form().windowTitle(), f.Form().accessibleName()};
+      for (const QWidget* part : f.Form().findChildren<QWidget*>()) {
+        if (part->window() != f.window || !part->isVisible()) continue;
+        if (const auto* button = qobject_cast<const QAbstractButton*>(part)) all += button->text();
+        all += part->accessibleName() + u'|' + part->toolTip() + u'|' + part->accessibleDescription();
+      }
+      return all + QStringList{f.Text(u"lblCall"_s), f.Text(u"lblDxAz"_s), f.Part<StatusLink>(u"lblStatus"_s)->text()};
+    };
+    for (const QString& call : {u"K1QPE"_s, u"W1QXM"_s, u"ZZ9SUN"_s}) {
+      QSet<QStringList> seen;
+      f.Open(call);
+      for (const QString& language : kLanguages) {
+        f.program.config.LanguageName = language;
+        LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, Program::ProgVersion(), f.program.language);
+        translations.Take(language);
+        SendLanguageChange();
+        const QStringList shown = texts();
+        seen += shown;
+        // What a window says that opens in this language.
+        f.Form().close();
+        f.Open(call);
+        if (call == u"K1QPE"_s) QCOMPARE(shown, texts());
+      }
+      QCOMPARE(seen.size(), kLanguages.size());
+    }
   }
 
   // Some desktops have a dark window and a dark blue for links.
@@ -330,11 +417,11 @@ class TestLookupWindow : public QObject {
     QFETCH(const QRect, control);
     QFETCH(const bool, below);
     FormFixture f;
-    const QRect monitor = f.form.screen()->availableGeometry();
+    const QRect monitor = f.Form().screen()->availableGeometry();
     const QPoint corner(monitor.width() * control.x() / 100, monitor.height() * control.y() / 100);
     const QRect beside(monitor.topLeft() + corner, control.size());
-    f.form.Open(u"K1QPE"_s, beside);
-    const QRect place = f.form.frameGeometry();
+    f.Form().Open(u"K1QPE"_s, beside);
+    const QRect place = f.Form().frameGeometry();
     QVERIFY2(monitor.contains(place), qPrintable(QDebug::toString(place) + QDebug::toString(monitor)));
     QCOMPARE(place.top() > beside.bottom(), below);
     QCOMPARE(place.bottom() < beside.top(), !below);
@@ -343,17 +430,17 @@ class TestLookupWindow : public QObject {
     control2.setObjectName(u"lblCallFrom"_s);
     f.owner.setGeometry(200, 150, 300, 200);
     control2.setGeometry(20, 30, 50, 16);
-    f.form.PositionMe(&f.owner, u"lblCallFrom"_s);
-    QCOMPARE(f.form.pos().x(), 220);
-    QVERIFY(f.form.pos().y() > 195 && f.form.pos().y() < 240);
+    f.Form().PositionMe(&f.owner, u"lblCallFrom"_s);
+    QCOMPARE(f.Form().pos().x(), 220);
+    QVERIFY(f.Form().pos().y() > 195 && f.Form().pos().y() < 240);
     // Without such a control it is the whole window.
-    f.form.PositionMe(&f.owner, u"lblCallTx"_s);
-    QCOMPARE(f.form.pos().x(), f.owner.frameGeometry().x());
+    f.Form().PositionMe(&f.owner, u"lblCallTx"_s);
+    QCOMPARE(f.Form().pos().x(), f.owner.frameGeometry().x());
     // A user who has made it larger keeps it so for the next call.
-    f.form.resize(500, 300);
-    f.form.Open(u"K1QPE"_s, QRect(100, 100, 60, 20));
-    QCOMPARE(f.form.size(), QSize(500, 300));
-    QTRY_VERIFY(f.form.cursor().shape() != Qt::BusyCursor);
+    f.Form().resize(500, 300);
+    f.Form().Open(u"K1QPE"_s, QRect(100, 100, 60, 20));
+    QCOMPARE(f.Form().size(), QSize(500, 300));
+    QTRY_VERIFY(f.Form().cursor().shape() != Qt::BusyCursor);
   }
 };
 

@@ -80,8 +80,8 @@ class LookupBench : public QObject {
   bool Filled() const {
     for (const QWidget* top : QApplication::topLevelWidgets()) {
       if (top->objectName() != "Form12"_L1 || !top->isVisible()) continue;
-      const auto* call = top->findChild<QLabel*>(u"lblCall"_s);
-      const auto* place = top->findChild<QLabel*>(u"lblDxAz"_s);
+      const auto* call = top->findChild<QLineEdit*>(u"lblCall"_s);
+      const auto* place = top->findChild<QLineEdit*>(u"lblDxAz"_s);
       return call != nullptr && place != nullptr && call->text().startsWith(calls_.at(call_)) &&
              !place->text().isEmpty();
     }

@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The text box in which a callsign is typed. The windows that add and edit sites, the editor of the call database and
+// the own location use it.
+#pragma once
+
+#include <QLineEdit>
+
+// Letters become upper case and zeros the ZeroGlyph as they are typed, pasted or set; the caret stays where it was.
+class CallField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  CallField(const QString& name, QChar zeroGlyph, QWidget* parent);
+
+  // What the box holds, for screen readers: a label's text, whose colon is left out.
+  void SetRole(const QString& label);
+  // The text with plain zeros, as it is stored.
+  QString Call() const;
+};
+
+// The accessible name of a box from the text of its label.
+QString RoleOf(const QString& label);
