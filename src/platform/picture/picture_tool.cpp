@@ -2,6 +2,7 @@
 #include "platform/picture/picture_tool.h"
 
 #include <QPointer>
+#include <algorithm>
 #include <utility>
 
 #include "platform/picture/helper_process.h"
@@ -26,10 +27,14 @@ struct PictureTool::Job {
   PictureTask task;
   QPointer<QObject> context;
   Done done;
-  std::shared_ptr<PictureAnswer> answer = std::make_shared<PictureAnswer>();
+  std::shared_ptr<PictureAnswer> answer;  // of the present try
+  const HelperProcess* helper = nullptr;  // while it runs
+  bool overdue = false;
+  bool cutOff = false;  // its helper has been told to end, so that others can go first
 
-  // A job whose asker is gone still matters when it leaves a file behind.
-  bool IsWanted() const { return context != nullptr || !task.target.isEmpty(); }
+  void Answer(const PictureAnswer& given) const {
+    if (context && done) done(given);
+  }
 };
 
 PictureTool::PictureTool(const QString& toolPath, const QString& dataDir, std::chrono::milliseconds patience,
@@ -37,38 +42,47 @@ PictureTool::PictureTool(const QString& toolPath, const QString& dataDir, std::c
     : QObject(parent), dataDir_(dataDir), patience_(patience) {
   for (auto& helper : helpers_) {
     helper = std::make_unique<HelperProcess>(toolPath, u"pictures"_s);
-    connect(helper.get(), &HelperProcess::Answered, this, &PictureTool::OnAnswered);
+    connect(helper.get(), &HelperProcess::Overdue, this, &PictureTool::OnOverdue);
+    connect(helper.get(), &HelperProcess::Answered, this,
+            [this](HelperProcess* answering, const HelperAnswer& answer) { OnAnswered(answering, answer.end); });
   }
 }
 
 PictureTool::~PictureTool() = default;
 
 void PictureTool::WarmUp() {
-  for (const auto& helper : helpers_) helper->Start();
+  for (size_t i = 0; i < PictureTimes::kHelpers; ++i) helpers_[i]->Start();
 }
 
-void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done) {
+void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done, PictureOptions options) {
   PictureTask task = Task(PictureVerb::Measure, {}, {}, {});
   // More than the tool would take goes out as nothing, which is no picture either.
   if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
-  Add(std::move(task), context, std::move(done));
+  Add(std::move(task), context, std::move(done), options, PicturePriority::Usual);
 }
 
-void PictureTool::MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done) {
-  Add(Task(PictureVerb::Thumb, source, target, box), context, std::move(done));
+void PictureTool::MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done,
+                            PictureOptions options) {
+  Add(Task(PictureVerb::Thumb, source, target, box), context, std::move(done), options, PicturePriority::Usual);
 }
 
-void PictureTool::Convert(const QString& source, const QString& target, QObject* context, Done done) {
+void PictureTool::Convert(const QString& source, const QString& target, QObject* context, Done done,
+                          PictureOptions options) {
   const bool bmp = target.endsWith(".bmp"_L1, Qt::CaseInsensitive);
-  Add(Task(bmp ? PictureVerb::ConvertToBmp : PictureVerb::Convert, source, target, {}), context, std::move(done));
+  Add(Task(bmp ? PictureVerb::ConvertToBmp : PictureVerb::Convert, source, target, {}), context, std::move(done),
+      options, PicturePriority::Screen);
 }
 
-void PictureTool::Load(const QString& path, QSize box, QObject* context, Done done) {
-  Add(Task(PictureVerb::Load, path, {}, box), context, std::move(done));
+void PictureTool::Load(const QString& path, QSize box, QObject* context, Done done, PictureOptions options) {
+  Add(Task(PictureVerb::Load, path, {}, box), context, std::move(done), options, PicturePriority::Screen);
 }
 
-void PictureTool::View(const QString& path, QSize box, QObject* context, Done done) {
-  Add(Task(PictureVerb::View, path, {}, box), context, std::move(done));
+void PictureTool::View(const QString& path, QSize box, QObject* context, Done done, PictureOptions options) {
+  Add(Task(PictureVerb::View, path, {}, box), context, std::move(done), options, PicturePriority::Screen);
+}
+
+void PictureTool::Suspect(const QString& host) {
+  queue_.Suspect(host);
 }
 
 QList<qint64> PictureTool::ProcessIds() const {
@@ -79,45 +93,116 @@ QList<qint64> PictureTool::ProcessIds() const {
   return ids;
 }
 
-void PictureTool::Add(PictureTask task, QObject* context, Done done) {
-  auto job = std::make_unique<Job>();
+void PictureTool::Add(PictureTask task, QObject* context, Done done, const PictureOptions& options,
+                      PicturePriority usual) {
   task.request.id = ++lastId_;
+  task.request.frameBytes = std::clamp<qint64>(options.frameBytes, 0, PictureLimits::kDecodedBytes);
   task.dataDir = dataDir_;
+  QueuedPicture queued;
+  queued.id = task.request.id;
+  queued.priority = options.priority.value_or(usual);
+  queued.origin = options.host.isEmpty() ? task.source : options.host;
+  queued.target = task.target;
+  queued.wanted = [asker = QPointer<QObject>(context), wanted = options.wanted]() {
+    return asker != nullptr && (!wanted || wanted());
+  };
+  auto job = std::make_unique<Job>();
   job->task = std::move(task);
   job->context = context;
   job->done = std::move(done);
-  waiting_.push_back(std::move(job));
+  jobs_.emplace(queued.id, std::move(job));
+  queue_.Add(std::move(queued), std::chrono::steady_clock::now());
   HandOut();
 }
 
-// One job at a time for each process, so that one that dies takes no other job along. A running process is preferred
-// to a start.
+// One job at a time for each process, so that one that dies takes no other job along.
 void PictureTool::HandOut() {
-  while (!waiting_.empty()) {
-    if (!waiting_.front()->IsWanted()) {
-      waiting_.pop_front();
-      continue;
-    }
-    size_t chosen = helpers_.size();
-    for (size_t i = 0; i < helpers_.size(); ++i) {
-      if (!helpers_[i]->IsIdle()) continue;
-      if (chosen == helpers_.size() || (helpers_[i]->ProcessId() > 0 && helpers_[chosen]->ProcessId() == 0)) chosen = i;
-    }
-    if (chosen == helpers_.size()) return;
-    running_[chosen] = std::move(waiting_.front());
-    waiting_.pop_front();
-    const Job& job = *running_[chosen];
-    HelperJob given = MakeHelperJob(job.task, static_cast<int>(chosen), job.answer);
-    given.patience = patience_;
-    helpers_[chosen]->Take(std::move(given));
+  DropUnwanted();
+  for (size_t helper = FreeHelper(); helper < helpers_.size(); helper = FreeHelper()) {
+    const std::optional<quint64> id = queue_.Begin(std::chrono::steady_clock::now());
+    if (!id) return;
+    Begin(helper, *id);
   }
 }
 
-void PictureTool::OnAnswered(HelperProcess* helper) {
-  std::unique_ptr<Job> job;
+// A running process is preferred to a start.
+size_t PictureTool::FreeHelper() const {
+  size_t chosen = helpers_.size();
   for (size_t i = 0; i < helpers_.size(); ++i) {
-    if (helpers_[i].get() == helper) job = std::move(running_[i]);
+    if (!helpers_[i]->IsIdle()) continue;
+    if (chosen == helpers_.size() || (helpers_[i]->ProcessId() > 0 && helpers_[chosen]->ProcessId() == 0)) chosen = i;
   }
+  return chosen;
+}
+
+void PictureTool::Begin(size_t helper, quint64 id) {
+  Job& job = *jobs_.at(id);
+  job.answer = std::make_shared<PictureAnswer>();
+  job.helper = helpers_[helper].get();
+  job.overdue = false;
+  job.cutOff = false;
+  HelperJob given = MakeHelperJob(job.task, static_cast<int>(helper), job.answer);
+  given.overdueAfter = PictureTimes::kFirstTry;
+  given.patience = patience_;
+  helpers_[helper]->Take(std::move(given));
+}
+
+void PictureTool::DropUnwanted() {
+  const PictureQueue::Dropped dropped = queue_.DropUnwanted();
+  for (const quint64 id : dropped.running) {
+    Job& job = *jobs_.at(id);
+    if (std::exchange(job.cutOff, true)) continue;
+    for (const auto& helper : helpers_) {
+      if (helper.get() == job.helper) helper->Kill();
+    }
+  }
+  if (dropped.waiting.empty()) return;
+  std::vector<std::shared_ptr<Job>> gone;
+  for (const quint64 id : dropped.waiting) gone.emplace_back(std::move(jobs_.extract(id).mapped()));
+  // From the event loop like any other answer, never from within the caller's call.
+  QMetaObject::invokeMethod(
+      this,
+      [gone]() {
+        PictureAnswer answer;
+        answer.dropped = true;
+        for (const auto& job : gone) job->Answer(answer);
+      },
+      Qt::QueuedConnection);
+}
+
+PictureTool::Job* PictureTool::JobOf(const HelperProcess* helper) const {
+  for (const auto& [id, job] : jobs_) {
+    if (job->helper == helper) return job.get();
+  }
+  return nullptr;
+}
+
+void PictureTool::OnOverdue(HelperProcess* helper) {
+  Job* job = JobOf(helper);
+  if (job == nullptr) return;
+  job->overdue = true;
+  if (queue_.CutsOff(job->task.request.id)) {
+    job->cutOff = true;
+    helper->Kill();
+  } else {
+    HandOut();  // another helper may begin now
+  }
+}
+
+void PictureTool::OnAnswered(HelperProcess* helper, HelperEnd end) {
+  Job* running = JobOf(helper);
+  if (running == nullptr) return;
+  running->helper = nullptr;
+  const quint64 id = running->task.request.id;
+  if (running->cutOff && end == HelperEnd::Killed) {
+    queue_.PutLast(id, std::chrono::steady_clock::now());
+    HandOut();
+    return;
+  }
+  queue_.End(id, end == HelperEnd::Answered && !running->overdue);
+  const std::unique_ptr<Job> job = std::move(jobs_.extract(id).mapped());
   HandOut();  // first: the process works while the answer is looked at
-  if (job && job->context && job->done) job->done(*job->answer);
+  // The third process is worth its memory only while something is slow.
+  if (jobs_.empty() && helpers_.back()->ProcessId() > 0) helpers_.back()->Kill();
+  job->Answer(*job->answer);
 }

@@ -10,14 +10,17 @@
 #include <QString>
 #include <array>
 #include <chrono>
-#include <deque>
 #include <functional>
 #include <memory>
+#include <unordered_map>
+#include <vector>
 
 #include "platform/picture/picture_answer.h"
-#include "platform/picture/picture_protocol.h"
+#include "platform/picture/picture_options.h"
+#include "platform/picture/picture_queue.h"
 
 class HelperProcess;
+enum class HelperEnd;
 struct PictureTask;
 
 // The queue of picture jobs and the processes that do them.
@@ -36,22 +39,26 @@ class PictureTool : public QObject {
   // Starts the processes ahead of the first job.
   void WarmUp();
 
-  // Every call answers later through done, once, unless context is gone by then. Files are read when the job's turn has
-  // come, and written, beside the event loop.
+  // Every call answers later through done, once, unless context is gone by then (which also says that the job is no
+  // longer wanted). Files are read when the job's turn has come, and written, beside the event loop.
 
   // Decodes bytes of a marker picture; answers type and size.
-  void Measure(const QByteArray& bytes, QObject* context, Done done);
+  void Measure(const QByteArray& bytes, QObject* context, Done done, PictureOptions options = {});
   // Decodes source and writes a 24-bit JPEG that fits into box (aspect kept, enlarged too when smaller) to target,
   // whole or not at all.
-  void MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done);
+  void MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done,
+                 PictureOptions options = {});
   // Converts source to 24 bits a pixel into target (JPEG or, by the name's end ".bmp", BMP), full size; may be the same
   // file.
-  void Convert(const QString& source, const QString& target, QObject* context, Done done);
+  void Convert(const QString& source, const QString& target, QObject* context, Done done, PictureOptions options = {});
   // What the thumbnail cell's picture control can load: GIF with all its frames, BMP, and JPEG of 24 bits. Anything
   // else that decodes fails with type, size and depth told, so that the caller can repair it. Scaled down to fit box.
-  void Load(const QString& path, QSize box, QObject* context, Done done);
+  void Load(const QString& path, QSize box, QObject* context, Done done, PictureOptions options = {});
   // Any picture that decodes, scaled down to fit box.
-  void View(const QString& path, QSize box, QObject* context, Done done);
+  void View(const QString& path, QSize box, QObject* context, Done done, PictureOptions options = {});
+
+  // The host has flooded a read, or done worse: its pictures wait behind all others until one of them was done quickly.
+  void Suspect(const QString& host);
 
   // Of the processes that run now, for whoever watches them.
   QList<qint64> ProcessIds() const;
@@ -59,14 +66,20 @@ class PictureTool : public QObject {
  private:
   struct Job;
 
-  void Add(PictureTask task, QObject* context, Done done);
+  void Add(PictureTask task, QObject* context, Done done, const PictureOptions& options, PicturePriority usual);
   void HandOut();
-  void OnAnswered(HelperProcess* helper);
+  void Begin(size_t helper, quint64 id);
+  void DropUnwanted();
+  size_t FreeHelper() const;
+  // The job at which this helper is; null where there is none.
+  Job* JobOf(const HelperProcess* helper) const;
+  void OnOverdue(HelperProcess* helper);
+  void OnAnswered(HelperProcess* helper, HelperEnd end);
 
   const QString dataDir_;
   const std::chrono::milliseconds patience_;
-  std::array<std::unique_ptr<HelperProcess>, 2> helpers_;
-  std::deque<std::unique_ptr<Job>> waiting_;
-  std::array<std::unique_ptr<Job>, 2> running_;  // by helper
+  std::array<std::unique_ptr<HelperProcess>, PictureTimes::kHelpersWhileSlow> helpers_;
+  PictureQueue queue_;
+  std::unordered_map<quint64, std::unique_ptr<Job>> jobs_;  // waiting and running, by id
   quint64 lastId_ = 0;
 };

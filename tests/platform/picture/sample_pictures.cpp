@@ -47,7 +47,7 @@ QByteArray CmykJpeg(QSize size) {
   file += QByteArray::fromHex("ffc4001400") + codeLengths + QByteArray::fromHex("ffc4001410") + codeLengths;
   file += QByteArray::fromHex("ffda000e0401000200030004000 03f00");
   const int blocks = ((size.width() + 7) / 8) * ((size.height() + 7) / 8);
-  return file + QByteArray(blocks, '\0') + QByteArray::fromHex("ffd9");
+  return file + QByteArray(blocks, '\0') + "\xFF\xD9";
 }
 
 struct PlaneLayout {
@@ -159,6 +159,11 @@ QByteArray SamplePicture(const QString& kind, QSize size) {
   if (kind == "cmyk.jpg"_L1) return CmykJpeg(size);
   if (kind == "png"_L1) return Written(picture, "png");
   if (kind == "bmp"_L1) return Written(picture, "bmp");
+  if (kind == "upside.bmp"_L1) {
+    QByteArray bytes = Written(picture.mirrored(), "bmp");
+    qToLittleEndian<qint32>(-size.height(), bytes.data() + 22);
+    return bytes;
+  }
   if (kind == "gif"_L1) return AnimatedGif(size, {{qRgb(255, 0, 0), 0}});
   if (kind == "clear.png"_L1) {
     QImage clear(size, QImage::Format_ARGB32);
@@ -226,4 +231,20 @@ QByteArray Claim(const QString& kind, quint32 width, quint32 height, quint32 til
     file.replace(file.lastIndexOf(',', 13 + 768 + 20) + 5, 4, sides);
   }
   return file;
+}
+
+// Every scan goes through all blocks of the picture anew, and says about none of them anything.
+QByteArray SlowJpeg() {
+  constexpr int kScans = 16000;
+  constexpr int kBlocksSide = 375;
+  constexpr int kBlocksOfCode = 1 << 14;
+  const QByteArray side = Big(static_cast<quint16>(kBlocksSide * 8));
+  QByteArray jpeg = "\xFF\xD8" + Segment(0xFFDB, '\0' + QByteArray(64, '\1'));
+  jpeg += Segment(0xFFC2, '\x08' + side + side + QByteArray::fromHex("03011100021100031100"));
+  // One code of one bit: 16384 empty blocks and as many more as its fourteen bits say.
+  jpeg += Segment(0xFFC4, "\x10\1" + QByteArray(15, '\0') + '\xE0');
+  constexpr int kCodes = (kBlocksSide * kBlocksSide + kBlocksOfCode - 1) / kBlocksOfCode;
+  const QByteArray scan =
+      Segment(0xFFDA, QByteArray::fromHex("010100013f00")) + QByteArray((kCodes * 15 + 7) / 8, '\0');
+  return jpeg + scan.repeated(kScans) + "\xFF\xD9";
 }
