@@ -122,11 +122,18 @@ int Attack(const QString& home, bool ordinary) {
   }
   prey.inherited = open(prey.secret.constData(), O_WRONLY | O_APPEND);
   if (prey.inherited < 0) return kNotTried;
+  // The neighbour is to end with this process, so the attack begins only when it has said so to the kernel.
+  int ready[2];
+  if (pipe(ready) != 0) return kNotTried;
   prey.neighbour = fork();
   if (prey.neighbour == 0) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    while (true) pause();
+    const bool told = write(ready[1], "r", 1) == 1;
+    while (told) pause();
+    _exit(1);
   }
+  char byte = 0;
+  if (read(ready[0], &byte, 1) != 1) return kNotTried;
   return FirstLeak(prey);
 }
 
