@@ -108,7 +108,7 @@ check_names() {
     count = split($2, name, ",")
     for (i = 1; i <= count; i++) { gsub(/[ `]/, "", name[i]); print name[i], file }
   }' docs/names.md | while read -r name file; do
-    sed 's#//.*##' "src/$file" 2>/dev/null | grep -qwF -- "$name" || echo "docs/names.md: $name does not stand in src/$file"
+    sed 's#//.*##' "src/$file" 2>/dev/null | grep -wF -- "$name" >/dev/null || echo "docs/names.md: $name does not stand in src/$file"
   done
 }
 
