@@ -7,9 +7,10 @@ PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, 
       ucCkNew1(network, tool),
       ucDnLoad(network),
       ucUpdates(network),
-      intake(program, grid, tool, background, clock, ucDnLoad),
+      files(program, heights, tool, background),
+      intake(program, grid, files, clock, ucDnLoad),
       check(program, heights, grid, ucCkNew1, ucDnLoad),
-      poll(program, grid, intake, ucCkNew1, ucDnLoad, clock),
-      sites(program, grid, poll, ucCkNew1, ucDnLoad) {
+      poll(program, grid, files, intake, ucCkNew1, ucDnLoad, clock),
+      sites(program, grid, files, poll, ucCkNew1, ucDnLoad) {
   QObject::connect(&check, &NewImageCheck::Checked, &poll, &PollCycle::AfterCheck);
 }

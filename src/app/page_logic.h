@@ -14,6 +14,7 @@
 #include "poll/new_image_check.h"
 #include "poll/picture_intake.h"
 #include "poll/poll_cycle.h"
+#include "poll/slot_pictures.h"
 #include "sites/page_sites.h"
 
 struct PageLogic {
@@ -24,6 +25,7 @@ struct PageLogic {
   ucCkNew ucCkNew1;
   UserControl1 ucDnLoad;
   UserControl1 ucUpdates;
+  SlotPictures files;
   PictureIntake intake;
   NewImageCheck check;
   PollCycle poll;

@@ -11,6 +11,10 @@ QString ThumbPath(const QString& appDataDir, int page, int slot) {
   return u"%1/images/dsstv/thumbs/%2-%3.jpg"_s.arg(appDataDir).arg(page).arg(slot + 1);
 }
 
+QString FailurePath(const QString& appDataDir, int page, int slot) {
+  return u"%1/images/dsstv/thumbs/%2-%3.failed"_s.arg(appDataDir).arg(page).arg(slot + 1);
+}
+
 QString WxPath(const QString& appDataDir, int slot) {
   return u"%1/images/wx/%2"_s.arg(appDataDir).arg(slot);
 }

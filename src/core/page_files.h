@@ -7,4 +7,6 @@
 
 QString PicturePath(const QString& appDataDir, int page, int slot);
 QString ThumbPath(const QString& appDataDir, int page, int slot);
+// Says beside the thumb that the picture could not be shown.
+QString FailurePath(const QString& appDataDir, int page, int slot);
 QString WxPath(const QString& appDataDir, int slot);

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is known of the page on the screen and of the poll that runs over it. The poll rooms change it, the page's cells
-// and the hover tips read it.
+// What is known of the page on the screen and of the poll that runs over it. The poll's modules change it, the page's
+// cells and the hover tips read it.
 #pragma once
 
 #include <QString>
 #include <QStringList>
 #include <array>
+
+#include "platform/wanted.h"
 
 inline constexpr int kWxPage = 21;
 inline constexpr int kMaxSlots = 36;
@@ -21,12 +23,14 @@ enum ThumbField : std::size_t {
   ShownMark = 10   // cleared after a picture is shown
 };
 
+// The page on the screen.
 struct PageState {
   static constexpr int WxPage = kWxPage;
 
   int CurrentPage = 1;    // 1 to 20, or WxPage
   int ThumbCount = 0;     // slots of the layout
   int SelectedSlot = -1;  // 0-based slot of the last click; -1: none
+  Wanted visit;           // asked anew by every change of page or layout: older answers do not count
 
   bool Online = false;
   bool CamPollDue = true;

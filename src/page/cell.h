@@ -7,11 +7,14 @@
 #include <QList>
 #include <QRectF>
 #include <QString>
+#include <optional>
 
+#include "core/language_file.h"
 #include "platform/picture/picture_tool.h"
 
 // State colour of Shape1.
 enum class CellColour { Window, OnAir, Stale };
+// Light of a site's cam.
 enum class CamLight { Hidden, Yellow, Green, Red };
 
 inline constexpr QColor kOnAirColour(242, 242, 214);
@@ -20,12 +23,31 @@ inline constexpr QColor kConnectColour(150, 180, 255);
 inline constexpr QColor kFlashColour(0, 0, 255);
 inline constexpr QColor kErrorColour(50, 50, 50);
 
+// A line of the error box: the role of a text of the language file, and what stands behind it in every language.
+struct BoxLine {
+  std::optional<TextLine> role;
+  QString rest;
+
+  QString Text(const LanguageTexts& texts) const { return role ? texts[*role] + rest : rest; }
+  bool operator==(const BoxLine&) const = default;
+};
+
+// The error box: a caption in its frame and two lines below.
+struct BoxLines {
+  BoxLine caption;
+  BoxLine first;
+  BoxLine second;
+  bool operator==(const BoxLines&) const = default;
+};
+
+// All that one cell shows.
 struct Cell {
   CellColour Shape1 = CellColour::Window;
-  bool flash = false;  // Shape1 is blue for this moment
-  QString lblCall;     // caption
-  QString onAirTip;    // tip of lblCall: "On air", "Off air" or empty
-  QString lblFrom;     // caption
+  bool flash = false;      // Shape1 is blue for this moment
+  QString lblCall;         // caption
+  QString onAirTip;        // tip of lblCall: "On air", "Off air" or empty
+  QString lblFrom;         // caption
+  bool fromSender = true;  // lblFrom names somebody; false: nothing of it is painted
   bool fromVisible = true;
   bool lblConnect = false;  // visible
   bool picProg = false;     // visible
@@ -41,6 +63,8 @@ struct Cell {
   QList<PictureFrame> frames;  // empty: no picture
   bool animated = false;
   bool errorBox = false;
+  BoxLines box;
+  // The box's lines in the language that is shown; the view writes them into its copy just before it is painted.
   QString lblError;
   QString lblInfo;
   QString lblInfo2;

@@ -64,7 +64,13 @@ void PageView::UpdateCell(int slot) {
   if (cell == nullptr) return;
   const PageState& page = program_.page;
   const QString time = page.Field(slot, SentTime);
-  cell->SetCell(grid_.Cells().at(slot));
+  Cell shown = grid_.Cells().at(slot);
+  const LanguageTexts& texts = program_.language;
+  shown.lblError = shown.box.caption.Text(texts);
+  shown.lblInfo = shown.box.first.Text(texts);
+  shown.lblInfo2 = shown.box.second.Text(texts);
+  if (!shown.fromSender) shown.lblFrom.clear();  // "From" and no call
+  cell->SetCell(shown);
   cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,
                    program_.language[TextLine::kEmptyCellName]);
 }

@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/still_pictures.h"
 
+#include <QBuffer>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+
+#include "platform/whole_file.h"
 
 namespace {
 
@@ -76,5 +79,7 @@ const QImage& CamOnlyPicture() {
 }
 
 bool WriteStill(const QImage& picture, const QString& path) {
-  return picture.save(path, "JPG", 90);
+  QByteArray jpeg;
+  QBuffer buffer(&jpeg);
+  return buffer.open(QIODevice::WriteOnly) && picture.save(&buffer, "JPG", 90) && WriteWhole(path, jpeg);
 }

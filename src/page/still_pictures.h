@@ -8,5 +8,5 @@
 
 const QImage& FilmStrip();
 const QImage& CamOnlyPicture();
-// Writes a still as JPEG whatever the name's end.
+// Writes a still as JPEG whatever the name's end; whole or not at all.
 bool WriteStill(const QImage& picture, const QString& path);

@@ -18,14 +18,14 @@ ucCkNew::ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent)
 }
 
 void ucCkNew::DownloadFile(const QString& url, const QString& key) {
-  ++reads_[key];
+  reads_[key].Ask();
   reader_.Start(key, QUrl(url));
 }
 
 void ucCkNew::Measure(const QString& key, const QByteArray& body) {
-  const int read = reads_.value(key);
-  tool_.Measure(body, this, [this, key, read](const PictureAnswer& answer) {
-    if (reads_.value(key) != read) return;
+  const Wanted::Token token = reads_[key].Present();
+  tool_.Measure(body, this, [this, key, token](const PictureAnswer& answer) {
+    if (!token.StillWanted()) return;
     if (answer.ok) {
       Q_EMIT PictureReady(key, answer.size);
     } else {

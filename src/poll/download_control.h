@@ -4,14 +4,16 @@
 #pragma once
 
 #include <QByteArray>
-#include <QHash>
 #include <QObject>
 #include <QSize>
 #include <QString>
+#include <map>
 
 #include "platform/net/url_reader.h"
 #include "platform/picture/picture_tool.h"
+#include "platform/wanted.h"
 
+// Reads pictures as bytes.
 class UserControl1 : public QObject {
   Q_OBJECT
 
@@ -31,6 +33,7 @@ class UserControl1 : public QObject {
   UrlReader reader_;
 };
 
+// Reads markers, and measures them.
 class ucCkNew : public QObject {
   Q_OBJECT
 
@@ -49,5 +52,5 @@ class ucCkNew : public QObject {
 
   UrlReader reader_;
   PictureTool& tool_;
-  QHash<QString, int> reads_;  // count of reads by key: a measure that was overtaken says nothing
+  std::map<QString, Wanted> reads_;  // by key: a measure that was overtaken says nothing
 };

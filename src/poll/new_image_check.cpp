@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "core/page_files.h"
+#include "core/picture_key.h"
 
 using namespace Qt::StringLiterals;
 
@@ -35,54 +36,70 @@ int NewImageCheck::StoredHeight(int slot) const {
   return heights_.Height(page.CurrentPage, slot);
 }
 
-void NewImageCheck::PictureReady(const QString& key, QSize marker) {
-  PageState& page = program_.page;
+int NewImageCheck::SlotOf(const QString& key) const {
   const int slot = static_cast<int>(Val(key));
-  if (slot < 0 || slot > page.ThumbCount - 1) return;
-  const bool onAir = marker.width() == 1;
+  return grid_.HasSlot(slot) ? slot : -1;
+}
+
+bool NewImageCheck::IsVacant(int slot) const {
+  return program_.page.OnDsstvPage() && program_.page.Field(slot, SlotSite).isEmpty();
+}
+
+void NewImageCheck::PictureReady(const QString& key, QSize marker) {
+  const int slot = SlotOf(key);
+  if (slot < 0) return;
+  if (IsVacant(slot)) {
+    Q_EMIT Checked(slot, CheckOutcome::NoSite);
+    return;
+  }
   // A height that does not fit 16 bits is no height.
   const int height = marker.height() > std::numeric_limits<qint16>::max() ? 0 : marker.height();
-  grid_.SetOnAir(slot, onAir);
-
-  const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
-  const int old = static_cast<int>(Val(page.Field(slot, LastHeight)));
-  grid_.SetConnecting(slot, false);
-  grid_.SetFromVisible(slot);
-
-  const bool reload = grid_.Cells().at(slot).reloadMark;
-  if (!reload && StoredHeight(slot) == height) {
-    ++page.SitesDone;
-  } else if (old != 0 && old == height) {
-    ++page.SitesDone;
-    // Page 20 is left out: its cells are coloured when a walk or a new picture does it.
-    if (page.CurrentPage < PageState::WxPage - 1) grid_.ColourByAge(slot, site);
-  } else {
-    Fetch(slot);
-  }
+  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  grid_.SetOnAir(slot, marker.width() == 1);
+  cell->lblConnect = false;
+  cell->fromVisible = true;
+  const CheckOutcome outcome = Judge(slot, height);
   // Recorded as seen in every case, before the picture has arrived: a failed download is not asked for again by itself.
+  PageState& page = program_.page;
   page.Field(slot, LastHeight) = QString::number(height);
   heights_.SetHeight(page.CurrentPage, slot, height);
-  Q_EMIT Checked();
+  Q_EMIT Checked(slot, outcome);
+}
+
+CheckOutcome NewImageCheck::Judge(int slot, int height) {
+  const PageState& page = program_.page;
+  const int old = static_cast<int>(Val(page.Field(slot, LastHeight)));
+  const bool reload = grid_.Cells().at(slot).reloadMark;
+  if (!reload && StoredHeight(slot) == height) return CheckOutcome::Unchanged;
+  if (old == 0 || old != height) return Fetch(slot);
+  // Page 20 is left out: its cells are coloured when a walk or a new picture does it.
+  if (page.CurrentPage < PageState::WxPage - 1) grid_.ColourByAge(slot);
+  return CheckOutcome::Unchanged;
 }
 
 void NewImageCheck::NoImage(const QString& key) {
-  PageState& page = program_.page;
-  const int slot = static_cast<int>(Val(key));
-  if (slot < 0 || slot > page.ThumbCount - 1) return;
+  const int slot = SlotOf(key);
+  if (slot < 0) return;
+  if (IsVacant(slot)) {
+    Q_EMIT Checked(slot, CheckOutcome::NoSite);
+    return;
+  }
+  const ThumbGrid::Edit cell(grid_.Parts(), slot);
   grid_.ForgetOnAir(slot);
-  page.Field(slot, LastHeight) = u"0"_s;
-  grid_.SetConnecting(slot, false);
-  Fetch(slot);
+  program_.page.Field(slot, LastHeight) = u"0"_s;
+  cell->lblConnect = false;
+  if (Fetch(slot) == CheckOutcome::NoSite) Q_EMIT Checked(slot, CheckOutcome::NoSite);
 }
 
-void NewImageCheck::Fetch(int slot) {
+CheckOutcome NewImageCheck::Fetch(int slot) {
   const PageState& page = program_.page;
   // On the WX page the slot's site is whatever stands in its field, the first DSSTV site where nothing does: a WX
   // marker has no site of its own, and its picture is asked for by the WX walk at the same time.
   const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
-  if (site < 0 || site >= program_.sites.Sites.size()) return;
+  if (site < 0 || site >= program_.sites.Sites.size()) return CheckOutcome::NoSite;
+  const ThumbGrid::Edit cell(grid_.Parts(), slot);
   grid_.SetProgress(slot, 0);
-  grid_.SetFromVisible(slot);
-  download_.DownloadFile(PlainUrl(program_.sites.Sites.at(site).Url),
-                         u"%1-%2"_s.arg(page.CurrentPage * 100 + slot).arg(site));
+  cell->fromVisible = true;
+  download_.DownloadFile(PlainUrl(program_.sites.Sites.at(site).Url), PictureKey{page.CurrentPage, slot, site}.Text());
+  return CheckOutcome::Fetching;
 }

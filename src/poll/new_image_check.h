@@ -12,6 +12,13 @@
 #include "poll/download_control.h"
 #include "poll/height_table.h"
 
+// What a marker's answer led to.
+enum class CheckOutcome {
+  Unchanged,  // its picture is known
+  Fetching,   // its picture is asked for, and answers in its turn
+  NoSite      // nobody stands in the slot any more
+};
+
 class NewImageCheck : public QObject {
   Q_OBJECT
 
@@ -25,13 +32,18 @@ class NewImageCheck : public QObject {
   static QString MarkerUrl(const QString& url, const QString& unique);
 
  Q_SIGNALS:
-  // An answer has been dealt with; the poll looks whether it was the last.
-  void Checked();
+  // A marker has been judged; not raised where the check failed, as only the picture's answer says something then.
+  void Checked(int slot, CheckOutcome outcome);
 
  private:
   void PictureReady(const QString& key, QSize marker);
   void NoImage(const QString& key);
-  void Fetch(int slot);
+  // The slot of a key on the page, -1 outside it.
+  int SlotOf(const QString& key) const;
+  // True where no site stands in a slot of a DSSTV page: its site was removed while the marker was asked for.
+  bool IsVacant(int slot) const;
+  CheckOutcome Judge(int slot, int height);
+  CheckOutcome Fetch(int slot);
   int StoredHeight(int slot) const;
 
   Program& program_;

@@ -2,12 +2,8 @@
 #include "poll/picture_intake.h"
 
 #include <QFile>
-#include <QFileInfo>
-#include <cmath>
 
 #include "core/page_files.h"
-#include "page/still_pictures.h"
-#include "platform/picture/file_type.h"
 #include "station/callsign.h"
 #include "station/date_text.h"
 
@@ -15,42 +11,41 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QSize kThumbBox(116, 86);
-constexpr qsizetype kLeastBytes = 101;
 constexpr qint64 kUnknownLength = 30000;  // scale of the bar where the server tells no length
 constexpr qint64 kBeyond = 5000;          // and how far it moves ahead of a body that is longer than told
 constexpr qint64 kFileTail = 100;
+constexpr qsizetype kLongestTail = 60;
+
+// The last bytes of a weather picture are seldom a caption: only a whole one names a sender there.
+bool IsWholeCaption(const QString& tail) {
+  return tail.count(u'*') >= 2 && tail.contains(u':');
+}
 
 }  // namespace
 
-PictureIntake::PictureIntake(Program& program, ThumbGrid& grid, PictureTool& tool, Background& background,
-                             const Clock& clock, UserControl1& download, QObject* parent)
-    : QObject(parent),
-      program_(program),
-      grid_(grid),
-      tool_(tool),
-      background_(background),
-      clock_(clock),
-      download_(download) {
+PictureIntake::PictureIntake(Program& program, ThumbGrid& grid, SlotPictures& files, const Clock& clock,
+                             UserControl1& download, QObject* parent)
+    : QObject(parent), program_(program), grid_(grid), files_(files), clock_(clock), download_(download) {
   connect(&download_, &UserControl1::PictureReady, this, &PictureIntake::PictureReady);
   connect(&download_, &UserControl1::NoImage, this, &PictureIntake::NoImage);
   connect(&download_, &UserControl1::Progress, this, &PictureIntake::Progress);
 }
 
-std::optional<PictureIntake::Answer> PictureIntake::ReadKey(const QString& key) const {
-  Answer answer;
-  answer.page = static_cast<int>(std::floor(Val(key) / 100));
-  if (answer.page != program_.page.CurrentPage) return std::nullopt;
-  answer.slot = static_cast<int>(Val(key.section(u'-', 0, 0))) - answer.page * 100;
-  // A site of the weather page is no index into the DSSTV table: its picture must not date a station of that table.
-  if (key.contains(u'-') && program_.page.OnDsstvPage()) answer.site = static_cast<int>(Val(key.section(u'-', 1)));
-  if (answer.slot < 0 || answer.slot > program_.page.ThumbCount - 1) return std::nullopt;
-  return answer;
+std::optional<PictureKey> PictureIntake::KeyOf(const QString& text) const {
+  const std::optional<PictureKey> key = PictureKey::Read(text);
+  return key && OnScreen(*key) ? key : std::nullopt;
 }
 
-bool PictureIntake::Current(const Answer& answer) const {
-  return answer.page == program_.page.CurrentPage && answer.slot < program_.page.ThumbCount &&
-         serials_[static_cast<std::size_t>(answer.slot)] == answer.serial;
+bool PictureIntake::OnScreen(const PictureKey& key) const {
+  return key.page == program_.page.CurrentPage && grid_.HasSlot(key.slot);
+}
+
+int PictureIntake::DsstvSite(const PictureKey& key) {
+  return key.page < PageState::WxPage ? key.site : PictureKey::kNoSite;
+}
+
+void PictureIntake::End(const Answer& answer, AnswerOutcome outcome) {
+  if (answer.visit.StillWanted() && OnScreen(answer.key)) Q_EMIT Answered(answer.key.slot, outcome);
 }
 
 void PictureIntake::ClearFields(int slot) {
@@ -59,75 +54,56 @@ void PictureIntake::ClearFields(int slot) {
   program_.page.Field(slot, SentTime).clear();
 }
 
-void PictureIntake::PictureReady(const QString& key, const QByteArray& body) {
-  std::optional<Answer> answer = ReadKey(key);
-  if (!answer) return;
-  answer->serial = ++serials_[static_cast<std::size_t>(answer->slot)];
-  ClearFields(answer->slot);
-  // A small picture may come whole before its progress was ever told, and no check stands before one of the WX page.
-  grid_.SetConnecting(answer->slot, false);
-  grid_.ClearFrom(answer->slot);
-  ++program_.page.SitesDone;
-  const bool dsstv = program_.page.OnDsstvPage();
-  const QString path =
-      dsstv ? PicturePath(program_.AppDataDir, answer->page, answer->slot) : WxPath(program_.AppDataDir, answer->slot);
-  const QString thumbPath = dsstv ? ThumbPath(program_.AppDataDir, answer->page, answer->slot) : path;
-  background_.Run<Judged>(
-      this, [body, path, thumbPath]() { return Store(body, path, thumbPath); },
-      [this, answer = *answer](const Judged& judged) {
-        if (Current(answer)) Stored(answer, judged);
-      });
+void PictureIntake::DropOfVacantSlot(const PictureKey& key) {
+  const bool dsstv = key.page < PageState::WxPage;
+  // The height has been recorded as seen: should the site come back, the missing file has its picture fetched again.
+  if (dsstv && program_.sites.FindThumbPos(key.page, key.slot + 1).isEmpty()) files_.Remove(key.page, key.slot);
 }
 
-PictureIntake::Judged PictureIntake::Store(const QByteArray& body, const QString& path, const QString& thumbPath) {
-  Judged judged;
-  // The old picture goes before the new bytes are judged.
-  QFile::remove(path);
-  judged.shortBody = body.size() < kLeastBytes;
-  if (judged.shortBody) return judged;
-  judged.errorPage = body.contains("404") && body.contains("html");
-  if (judged.errorPage) return judged;
-  judged.tail = TailOfDownload(body);
-  judged.type = FileTypeOf(body.left(300));
-  // A picture can be fetched again: it is written plainly, without waiting for the disk as the user's lists are.
-  QFile file(path);
-  if (file.open(QIODevice::WriteOnly) && file.write(body) != body.size()) file.remove();
-  file.close();
-  if (thumbPath == path) return judged;
-  if (judged.type == "gif"_L1) {
-    // As it is, though the name ends in ".jpg": it plays in its cell.
-    QFile::remove(thumbPath);
-    QFile::copy(path, thumbPath);
-  } else if (IsVideoType(judged.type)) {
-    WriteStill(FilmStrip(), thumbPath);
-  }
-  return judged;
-}
-
-void PictureIntake::Stored(const Answer& answer, const Judged& judged) {
-  if (judged.shortBody || judged.errorPage) {
-    grid_.ShowNotFound(answer.slot, answer.site, false);
+void PictureIntake::PictureReady(const QString& text, const QByteArray& body) {
+  const std::optional<PictureKey> key = KeyOf(text);
+  if (!key) return;
+  const Answer answer{*key, program_.page.visit.Present()};
+  if (!files_.Stands(*key)) {
+    DropOfVacantSlot(*key);
+    End(answer, AnswerOutcome::GivenUp);
     return;
   }
-  if (judged.tail.size() <= 60) {
-    TakeCaption(answer.slot, answer.site, ParseTailFromDownload(judged.tail, program_.ZeroGlyph));
+  ClearFields(key->slot);
+  {
+    const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
+    // A small picture may come whole before its progress was ever told, and no check stands before one of the WX page.
+    cell->lblConnect = false;
+    cell->lblFrom.clear();
   }
-  const QString path = PicturePath(program_.AppDataDir, answer.page, answer.slot);
-  const QString thumbPath = ThumbPath(program_.AppDataDir, answer.page, answer.slot);
-  if (!program_.page.OnDsstvPage()) {
-    Show(answer, WxPath(program_.AppDataDir, answer.slot));
-  } else if (judged.type == "gif"_L1 || IsVideoType(judged.type)) {
-    Show(answer, thumbPath);
-  } else {
-    // A thumb that cannot be made must not leave the former picture's thumb to be shown in its place.
-    QFile::remove(thumbPath);
-    tool_.MakeThumb(path, thumbPath, kThumbBox, this, [this, answer, thumbPath](const PictureAnswer&) {
-      if (Current(answer)) Show(answer, thumbPath);
-    });
-  }
+  files_.Take(*key, body, [this, answer](FilesVerdict verdict, const QString& tail) { Stored(answer, verdict, tail); });
 }
 
-void PictureIntake::TakeCaption(int slot, int site, const Caption& caption) {
+void PictureIntake::Stored(const Answer& answer, FilesVerdict verdict, const QString& tail) {
+  const PictureKey& key = answer.key;
+  if (verdict == FilesVerdict::GivenUp) return End(answer, AnswerOutcome::GivenUp);
+  if (!OnScreen(key)) return;  // the files are in place; the page shows them when it comes back
+  const ThumbGrid::Edit cell(grid_.Parts(), key.slot);
+  if (verdict == FilesVerdict::Unusable) {
+    grid_.ShowNotFound(key.slot, DsstvSite(key), false);
+    return End(answer, AnswerOutcome::Unusable);
+  }
+  if (tail.size() <= kLongestTail) {
+    TakeCaption(key.slot, DsstvSite(key), ParseTailFromDownload(tail, program_.ZeroGlyph), tail);
+  }
+  if (const int site = DsstvSite(key); site >= 0 && site < program_.sites.Sites.size()) {
+    QString& lastSeen = program_.sites.Sites[site].LastSeen;
+    if (lastSeen.isEmpty()) lastSeen = DateText(clock_.Now());
+  }
+  cell->picProg = false;
+  if (verdict == FilesVerdict::NoThumb) {
+    grid_.ShowNotFound(key.slot, DsstvSite(key), true);
+    return Shown(answer, CellResult::Unreadable);
+  }
+  Show(answer);
+}
+
+void PictureIntake::TakeCaption(int slot, int site, Caption caption, const QString& tail) {
   PageState& page = program_.page;
   if (caption.Caller) page.Field(slot, Caller) = *caption.Caller;
   if (caption.ModeText) page.Field(slot, ModeText) = *caption.ModeText;
@@ -135,25 +111,27 @@ void PictureIntake::TakeCaption(int slot, int site, const Caption& caption) {
     page.Field(slot, SentTime) = *caption.SentTime;
     if (site >= 0 && site < program_.sites.Sites.size()) program_.sites.Sites[site].LastSeen = *caption.SentTime;
   }
+  if (!page.OnDsstvPage() && !IsWholeCaption(tail)) caption.FromCall.reset();
   grid_.ShowCaption(slot, caption.ModeTag, caption.FromCall);
 }
 
-void PictureIntake::Show(const Answer& answer, const QString& thumbPath) {
-  if (answer.site >= 0 && answer.site < program_.sites.Sites.size()) {
-    QString& lastSeen = program_.sites.Sites[answer.site].LastSeen;
-    if (lastSeen.isEmpty()) lastSeen = DateText(clock_.Now());
-  }
-  grid_.HideProgress(answer.slot);
-  grid_.ShowThumb(thumbPath, answer.slot, answer.site, [this, answer]() {
-    if (Current(answer)) Shown(answer);
+void PictureIntake::Show(const Answer& answer) {
+  const PictureKey& key = answer.key;
+  grid_.ShowThumb(files_.Thumb(key.page, key.slot), key.slot, DsstvSite(key), true, [this, answer](CellResult result) {
+    if (result == CellResult::Unreadable) files_.RememberFailure(answer.key.page, answer.key.slot);
+    if (result == CellResult::Overtaken) return End(answer, AnswerOutcome::GivenUp);
+    Shown(answer, result);
   });
 }
 
-void PictureIntake::Shown(const Answer& answer) {
-  if (program_.page.OnDsstvPage()) grid_.ColourByAge(answer.slot, answer.site);
-  program_.page.Field(answer.slot, ShownMark).clear();
-  if (const int reason = BlockReason(answer.slot); reason != 0) grid_.ShowBlockedCall(answer.slot, reason);
-  Q_EMIT PictureShown();
+void PictureIntake::Shown(const Answer& answer, CellResult result) {
+  const int slot = answer.key.slot;
+  if (program_.page.OnDsstvPage()) grid_.ColourByAge(slot);
+  program_.page.Field(slot, ShownMark).clear();
+  if (result != CellResult::Shown) return End(answer, AnswerOutcome::Corrupt);
+  const int reason = BlockReason(slot);
+  const bool blanked = reason != 0 && grid_.ShowBlockedCall(slot, reason);
+  End(answer, blanked ? AnswerOutcome::Blanked : AnswerOutcome::Shown);
 }
 
 int PictureIntake::BlockReason(int slot) const {
@@ -166,54 +144,78 @@ int PictureIntake::BlockReason(int slot) const {
   return 0;
 }
 
-void PictureIntake::NoImage(const QString& key) {
-  const std::optional<Answer> answer = ReadKey(key);
-  if (!answer) return;
-  ++serials_[static_cast<std::size_t>(answer->slot)];
-  grid_.SetConnecting(answer->slot, false);
-  ClearFields(answer->slot);
-  QFile::remove(PicturePath(program_.AppDataDir, answer->page, answer->slot));
-  QFile::remove(ThumbPath(program_.AppDataDir, answer->page, answer->slot));
-  grid_.ShowNotFound(answer->slot, answer->site, false);
-  // Counted once by the error box and once more here: the double count is the design's.
-  ++program_.page.SitesDone;
-  Q_EMIT PictureFailed();
+void PictureIntake::NoImage(const QString& text) {
+  const std::optional<PictureKey> key = KeyOf(text);
+  if (!key) return;
+  const Answer answer{*key, program_.page.visit.Present()};
+  if (!files_.Stands(*key)) {
+    DropOfVacantSlot(*key);
+    return End(answer, AnswerOutcome::GivenUp);
+  }
+  const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
+  cell->lblConnect = false;
+  ClearFields(key->slot);
+  files_.Remove(key->page, key->slot);
+  grid_.ShowNotFound(key->slot, DsstvSite(*key), false);
+  End(answer, AnswerOutcome::Failed);
 }
 
-void PictureIntake::Progress(const QString& key, qint64 max, qint64 read) {
-  const std::optional<Answer> answer = ReadKey(key);
-  if (!answer) return;
+void PictureIntake::Progress(const QString& text, qint64 max, qint64 read) {
+  const std::optional<PictureKey> key = KeyOf(text);
+  if (!key || !files_.Stands(*key)) return;
   if (max <= 0) max = kUnknownLength;
   if (read > max) max = read + kBeyond;
-  if (read >= max) {
-    grid_.HideProgress(answer->slot);
-    return;
-  }
-  grid_.SetConnecting(answer->slot, false);
-  grid_.SetProgress(answer->slot, static_cast<int>(read * 100 / max));
+  const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
+  if (read >= max) return grid_.HideProgress(key->slot);
+  grid_.SetConnecting(key->slot, false);
+  grid_.SetProgress(key->slot, static_cast<int>(read * 100 / max));
 }
 
-void PictureIntake::ReadCaptionFromFile(int page, int slot, int site) {
-  if (slot > program_.page.ThumbCount - 1) return;
-  grid_.SetConnecting(slot, false);
-  grid_.SetFromVisible(slot);
+StoredCaption PictureIntake::ReadCaptionFromFile(int page, int slot, int site) {
+  if (!grid_.HasSlot(slot)) return StoredCaption::Read;
+  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  cell->lblConnect = false;
+  cell->fromVisible = true;
   QFile file(PicturePath(program_.AppDataDir, page, slot));
   QByteArray last;
   if (file.open(QIODevice::ReadOnly) && file.size() >= kFileTail && file.seek(file.size() - kFileTail)) {
     last = file.read(kFileTail);
   }
   if (last.size() != kFileTail) {
-    if (!program_.page.Online || site < 0 || site >= program_.sites.Sites.size()) return;
-    download_.DownloadFile(PlainUrl(program_.sites.Sites.at(site).Url), u"%1-%2"_s.arg(page * 100 + slot).arg(site));
-    return;
+    if (program_.page.Online && site >= 0 && site < program_.sites.Sites.size()) {
+      download_.DownloadFile(PlainUrl(program_.sites.Sites.at(site).Url), PictureKey{page, slot, site}.Text());
+    }
+    return StoredCaption::AskedAnew;
   }
   ClearFields(slot);
-  grid_.ClearFrom(slot);
+  cell->lblFrom.clear();
   if (last.contains("html")) {
     grid_.ShowNotFound(slot, site, false);
-    return;
+    return StoredCaption::ErrorPage;
   }
-  TakeCaption(slot, site, ParseTailFromFile(TailOfFile(last), program_.ZeroGlyph));
+  const FileTail tail = TailOfFile(last);
+  TakeCaption(slot, site, ParseTailFromFile(tail, program_.ZeroGlyph), tail.tail);
   // What may not be shown stays blanked when it comes from the disk; nothing is counted, since nothing was asked.
-  if (const int reason = BlockReason(slot); reason != 0) grid_.BlankCall(slot, reason);
+  const int reason = BlockReason(slot);
+  return reason != 0 && grid_.ShowBlockedCall(slot, reason) ? StoredCaption::Blanked : StoredCaption::Read;
+}
+
+void PictureIntake::ShowStored(int page, int slot, int site) {
+  const PictureKey key{page, slot, site};
+  const auto fail = [this, key]() { grid_.ShowNotFound(key.slot, key.site, true); };
+  if (files_.HasFailed(page, slot)) return fail();
+  const QString thumb = files_.Thumb(page, slot);
+  const auto show = [this, key, thumb]() {
+    grid_.ShowThumb(thumb, key.slot, key.site, false, [this, key](CellResult result) {
+      if (result == CellResult::Unreadable) files_.RememberFailure(key.page, key.slot);
+    });
+  };
+  if (QFile::exists(thumb)) return show();
+  if (!QFile::exists(files_.Picture(page, slot))) return;
+  files_.MakeMissingThumb(key, [this, key, show, fail](FilesVerdict verdict) {
+    // Its page may have been left, or its sender blocked, while the thumb was made.
+    if (verdict == FilesVerdict::GivenUp || !OnScreen(key) || BlockReason(key.slot) != 0) return;
+    if (verdict == FilesVerdict::NoThumb) return fail();
+    show();
+  });
 }

@@ -1,70 +1,84 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The intake of a picture: judges the bytes of an answer, stores them, reads their tail, has the thumb made and shows
-// it. Bytes are touched beside the event loop; the answer's page is tested again when they come back.
+// The intake of a picture: takes the answers of the download control, has them stored, reads their tails and shows
+// them, and restores captions from the disk. It says how each answer ended; the poll counts.
 #pragma once
 
 #include <QByteArray>
 #include <QObject>
 #include <QString>
 
+#include "core/picture_key.h"
 #include "core/program.h"
 #include "page/thumb_grid.h"
-#include "platform/background.h"
 #include "platform/clock.h"
-#include "platform/picture/picture_tool.h"
 #include "poll/caption.h"
 #include "poll/download_control.h"
+#include "poll/slot_pictures.h"
+
+// How a picture's answer ended.
+enum class AnswerOutcome {
+  Shown,
+  Blanked,   // its caller is blocked or bad
+  Unusable,  // too short a body, or an error page: the error box
+  Corrupt,   // stored, but it cannot be shown: the error box
+  Failed,    // the read failed: the error box
+  GivenUp    // overtaken by a newer answer, or its site has left the slot: nothing is stored or shown
+};
+
+// What the file of a stored picture told.
+enum class StoredCaption {
+  Read,
+  AskedAnew,  // the file cannot be read
+  ErrorPage,  // the error box stands in the cell
+  Blanked     // its caller is blocked or bad, and the cell blanked
+};
 
 class PictureIntake : public QObject {
   Q_OBJECT
 
  public:
-  PictureIntake(Program& program, ThumbGrid& grid, PictureTool& tool, Background& background, const Clock& clock,
-                UserControl1& download, QObject* parent = nullptr);
+  PictureIntake(Program& program, ThumbGrid& grid, SlotPictures& files, const Clock& clock, UserControl1& download,
+                QObject* parent = nullptr);
 
   // The caption of a picture that lies on the disk. A file that cannot be read is asked for anew.
-  void ReadCaptionFromFile(int page, int slot, int site);
+  StoredCaption ReadCaptionFromFile(int page, int slot, int site);
+  // Shows what the disk has of a slot's picture without asking or counting: its thumb, which is made where it is
+  // missing, or the error box where it could not be shown before.
+  void ShowStored(int page, int slot, int site);
 
  Q_SIGNALS:
-  // A picture stands in its cell; the poll looks whether it was exactly the last.
-  void PictureShown();
-  // A failed download has been counted.
-  void PictureFailed();
+  // An answer for the page on the screen has been dealt with.
+  void Answered(int slot, AnswerOutcome outcome);
 
  private:
+  // An answer between its arrival and its end.
   struct Answer {
-    int page = 0;
-    int slot = 0;
-    int site = -1;   // -1: a WX picture
-    int serial = 0;  // which answer for this slot; a later one makes it void
-  };
-  struct Judged {
-    bool shortBody = false;
-    bool errorPage = false;
-    QString tail;
-    QString type;
+    PictureKey key;
+    Wanted::Token visit;  // of the page on which it arrived: counted only while that lasts
   };
 
-  void PictureReady(const QString& key, const QByteArray& body);
-  void NoImage(const QString& key);
-  void Progress(const QString& key, qint64 max, qint64 read);
+  void PictureReady(const QString& text, const QByteArray& body);
+  void NoImage(const QString& text);
+  void Progress(const QString& text, qint64 max, qint64 read);
 
-  std::optional<Answer> ReadKey(const QString& key) const;
-  bool Current(const Answer& answer) const;
+  // The key of an answer for the page on the screen.
+  std::optional<PictureKey> KeyOf(const QString& text) const;
+  bool OnScreen(const PictureKey& key) const;
+  // Index into Sites; -1 for a site of the WX page, which has no place there.
+  static int DsstvSite(const PictureKey& key);
+  void End(const Answer& answer, AnswerOutcome outcome);
+  void DropOfVacantSlot(const PictureKey& key);
   void ClearFields(int slot);
-  static Judged Store(const QByteArray& body, const QString& path, const QString& thumbPath);
-  void Stored(const Answer& answer, const Judged& judged);
-  void TakeCaption(int slot, int site, const Caption& caption);
-  void Show(const Answer& answer, const QString& thumbPath);
-  void Shown(const Answer& answer);
+  void Stored(const Answer& answer, FilesVerdict verdict, const QString& tail);
+  void TakeCaption(int slot, int site, Caption caption, const QString& tail);
+  void Show(const Answer& answer);
+  void Shown(const Answer& answer, CellResult result);
   // 1 for a blocked caller, 2 for a bad call, 0 for neither.
   int BlockReason(int slot) const;
 
   Program& program_;
   ThumbGrid& grid_;
-  PictureTool& tool_;
-  Background& background_;
+  SlotPictures& files_;
   const Clock& clock_;
   UserControl1& download_;
-  std::array<int, kMaxSlots> serials_{};
 };

@@ -4,7 +4,7 @@
 #include <QFile>
 
 #include "core/page_files.h"
-#include "poll/new_image_check.h"
+#include "core/picture_key.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -14,24 +14,6 @@ namespace {
 constexpr int kWxMinutes = 3;   // the WX page refreshes every three minutes whatever the chosen rate
 constexpr int kCamMinutes = 5;  // a cam round falls due every fifth minute
 
-struct Place {
-  int site = 0;
-  QString call;
-};
-
-// Who stands in a 0-based slot of a page, if anybody does.
-std::optional<Place> PlaceAt(const SiteTable& sites, int page, int slot) {
-  const QString entry = sites.FindThumbPos(page, slot + 1);
-  const int site = SiteOfThumbPos(entry);
-  if (site < 0 || site >= sites.Sites.size()) return std::nullopt;
-  return Place{site, entry.section(u'-', 3)};
-}
-
-// List1 is kept in order, as the list of a page's calls is read by people; a slot stands in it once.
-void AddToList1(QStringList& list, const QString& entry) {
-  if (!list.contains(entry)) list.insert(std::lower_bound(list.begin(), list.end(), entry), entry);
-}
-
 // A timer that runs goes on as it is: its minute is not begun anew.
 void TurnOn(QTimer& timer) {
   if (!timer.isActive()) timer.start();
@@ -39,12 +21,13 @@ void TurnOn(QTimer& timer) {
 
 }  // namespace
 
-PollCycle::PollCycle(Program& program, ThumbGrid& grid, PictureIntake& intake, ucCkNew& check, UserControl1& download,
-                     const Clock& clock, QObject* parent)
+PollCycle::PollCycle(Program& program, ThumbGrid& grid, SlotPictures& files, PictureIntake& intake, ucCkNew& check,
+                     UserControl1& download, const Clock& clock, QObject* parent)
     : QObject(parent),
       program_(program),
       grid_(grid),
-      intake_(intake),
+      files_(files),
+      stored_(program, grid, intake),
       check_(check),
       download_(download),
       clock_(clock) {
@@ -59,10 +42,7 @@ PollCycle::PollCycle(Program& program, ThumbGrid& grid, PictureIntake& intake, u
   connect(&Timer6, &QTimer::timeout, this, &PollCycle::Timer6Tick);
   connect(&Timer10, &QTimer::timeout, this, &PollCycle::Timer10Tick);
   connect(&tmrIfAllDone, &QTimer::timeout, this, &PollCycle::IfAllDoneTick);
-  connect(&grid_, &ThumbGrid::NotFoundShown, this, &PollCycle::AfterNotFound);
-  connect(&grid_, &ThumbGrid::BlockedShown, this, &PollCycle::AfterBlocked);
-  connect(&intake_, &PictureIntake::PictureShown, this, &PollCycle::AfterPicture);
-  connect(&intake_, &PictureIntake::PictureFailed, this, &PollCycle::AfterFailure);
+  connect(&intake, &PictureIntake::Answered, this, &PollCycle::AfterPicture);
   Timer10.start();
 }
 
@@ -113,9 +93,8 @@ void PollCycle::FirstPoll() {
   page.SitesDone = 0;
   page.CamPollDue = true;
   page.UpdateCheckDue = true;
-  if (!page.Online) return;
-  StartPoll(false);
-  EndStarter();
+  // The page on the screen may have been changed while the connection was tested.
+  if (page.Online) Walk(false);
 }
 
 void PollCycle::RefreshClick() {
@@ -129,7 +108,10 @@ void PollCycle::RefreshClick() {
 void PollCycle::ReloadPage() {
   BeginStarter();
   program_.page.EraseThumbFields();
-  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) grid_.SetReloadMark(slot);
+  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) {
+    grid_.SetReloadMark(slot);
+    files_.ForgetFailure(program_.page.CurrentPage, slot);
+  }
   program_.page.SitesDone = 0;
   Walk(false);
 }
@@ -138,6 +120,7 @@ void PollCycle::PageChange(int page) {
   PageState& state = program_.page;
   BeginStarter();
   state.CurrentPage = page;
+  state.visit.Ask();
   state.EraseThumbFields();
   grid_.ClearThumbs();
   state.SitesDone = 0;
@@ -146,21 +129,32 @@ void PollCycle::PageChange(int page) {
   state.txtActive = program_.config.CamMode < 2 ? u"START"_s : QString();
   Q_EMIT PageChanged();
   Walk(true);
-  if (!state.Online) ShowStoredPage();
+  if (!state.Online) stored_.Show();
 }
 
 void PollCycle::LayoutChange() {
   BeginStarter();
+  program_.page.visit.Ask();
   program_.page.EraseThumbFields();
   program_.page.SitesDone = 0;
   Walk(true);
-  if (!program_.page.Online) ShowStoredPage();
+  if (!program_.page.Online) stored_.Show();
 }
 
 void PollCycle::LanguageChange() {
+  grid_.TakeLanguage();
   BeginStarter();
   program_.page.SitesDone = 0;
   Walk(false);
+  if (!program_.page.Online) stored_.Show();
+}
+
+void PollCycle::PlacesChanged() {
+  BeginStarter();
+  Q_EMIT HoverForgotten();
+  program_.page.SitesDone = 0;
+  Walk(false);
+  if (!program_.page.Online) stored_.Show();
 }
 
 void PollCycle::Timer6Tick() {
@@ -195,45 +189,6 @@ void PollCycle::Timer10Tick() {
   if (program_.config.AutoPollCams != 0) page.CamMinuteCount = 0;
 }
 
-void PollCycle::ShowThumbsFromDisk() {
-  const PageState& page = program_.page;
-  for (int slot = 0; slot < page.ThumbCount; ++slot) {
-    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
-    if (!place) continue;
-    const QString thumb = ThumbPath(program_.AppDataDir, page.CurrentPage, slot);
-    if (!QFile::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) QFile::remove(thumb);
-    if (QFile::exists(thumb)) grid_.ShowThumb(thumb, slot, place->site);
-  }
-}
-
-QString PollCycle::FillSlot(int slot, int site, const QString& call) {
-  PageState& page = program_.page;
-  grid_.SetSite(slot, call);
-  page.Field(slot, SlotCall) = call;
-  page.Field(slot, SlotSite) = QString::number(site);
-  AddToList1(page.List1, call + u"    "_s + QString::number(slot + 1));
-  if (QFile::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) {
-    intake_.ReadCaptionFromFile(page.CurrentPage, slot, site);
-    grid_.ColourByAge(slot, site);
-  }
-  const SiteRec& record = program_.sites.Sites.at(site);
-  if (!record.CamUrl.isEmpty() && program_.config.CamMode < 2) grid_.ShowCamLight(slot, CamLight::Yellow);
-  return PlainUrl(record.Url);
-}
-
-void PollCycle::ShowStoredPage() {
-  PageState& page = program_.page;
-  if (!page.OnDsstvPage()) return;
-  page.List1.clear();
-  ShowThumbsFromDisk();
-  for (int slot = 0; slot < page.ThumbCount; ++slot) {
-    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
-    if (!place) continue;
-    const QString url = FillSlot(slot, place->site, place->call);
-    if (url.contains("cam only"_L1, Qt::CaseInsensitive)) grid_.ShowCamOnly(slot);
-  }
-}
-
 void PollCycle::StartPoll(bool clearGrid) {
   PageState& page = program_.page;
   Q_EMIT HoverForgotten();
@@ -241,22 +196,34 @@ void PollCycle::StartPoll(bool clearGrid) {
   SetBusy(true);
   Timer12.start();
   page.List1.clear();
-  ShowThumbsFromDisk();
+  waiting_.clear();
+  allAsked_ = true;
+  stored_.ShowThumbs();
   page.SitesOnPage = 0;
+  int errorPages = 0;
   for (int slot = 0; slot < page.ThumbCount; ++slot) {
-    const std::optional<Place> place = PlaceAt(program_.sites, page.CurrentPage, slot);
+    const std::optional<SlotPlace> place = PlaceAt(program_.sites, page.CurrentPage, slot);
     if (!place) continue;
     // Sites that are not asked are counted too, so that a page with one of them never comes to its end: the busy sign
     // stays up, and the next minute polls regardless.
     ++page.SitesOnPage;
-    const QString url = FillSlot(slot, place->site, place->call);
-    grid_.SetConnecting(slot, true);
-    if (url.contains("cam only"_L1, Qt::CaseInsensitive)) {
+    const ThumbGrid::Edit cell(grid_.Parts(), slot);
+    const FilledSlot filled = stored_.FillSlot(slot, place->site, place->call);
+    if (filled.errorPage) ++errorPages;
+    cell->lblConnect = true;
+    if (filled.url.contains("cam only"_L1, Qt::CaseInsensitive)) {
       grid_.ShowCamOnly(slot);
-    } else if (NewImageCheck::HasMarker(url)) {
-      check_.DownloadFile(NewImageCheck::MarkerUrl(url, UniqueTime()), QString::number(slot));
+      allAsked_ = false;
+    } else if (NewImageCheck::HasMarker(filled.url)) {
+      waiting_.insert(slot);
+      check_.DownloadFile(NewImageCheck::MarkerUrl(filled.url, UniqueTime()), QString::number(slot));
+    } else {
+      allAsked_ = false;
     }
   }
+  // Boxes of stored error pages count as they come; with the whole page counted they cannot end its poll half-way.
+  page.SitesDone += errorPages;
+  if (errorPages > 0) EndIfReached();
   if (page.SitesOnPage == 0) SetBusy(false);
 }
 
@@ -265,6 +232,8 @@ void PollCycle::StartWxPoll() {
   const int layout = program_.config.ThumbLayout;
   if (layout < 1 || layout > kLayouts) return;
   SetBusy(true);
+  waiting_.clear();
+  allAsked_ = true;
   grid_.HidePictures();
   const auto slotOf = [layout](const SiteRec& site) {
     return static_cast<int>(Val(site.PageSlots[static_cast<std::size_t>(layout)])) - 1;
@@ -291,34 +260,76 @@ void PollCycle::StartWxPoll() {
     }
     grid_.SetConnecting(slot, true);
     grid_.SetProgress(slot, 0);
-    download_.DownloadFile(ScratchUrl, QString::number(page.CurrentPage * 100 + slot));
+    waiting_.insert(slot);
+    download_.DownloadFile(ScratchUrl, PictureKey{page.CurrentPage, slot}.Text());
   }
+  if (page.SitesOnPage == 0) SetBusy(false);
 }
 
 QString PollCycle::UniqueTime() const {
   return clock_.Now().toString(u"yyyyMMddHHmmss"_s);
 }
 
-void PollCycle::AfterCheck() {
+void PollCycle::AfterCheck(int slot, CheckOutcome outcome) {
+  // A WX site's picture is asked for whatever its marker says, so the slot waits for that.
+  const bool dsstv = program_.page.OnDsstvPage();
+  if (outcome == CheckOutcome::Unchanged) {
+    ++program_.page.SitesDone;
+    if (dsstv) waiting_.remove(slot);
+  } else if (outcome == CheckOutcome::NoSite && dsstv) {
+    // A late answer for a site that was removed counts, once.
+    if (!waiting_.remove(slot)) return;
+    ++program_.page.SitesDone;
+  }
   if (program_.page.SitesDone >= program_.page.SitesOnPage) PollFinished();
+  EndIfAllAnswered();
 }
 
-void PollCycle::AfterPicture() {
+void PollCycle::AfterPicture(int slot, AnswerOutcome outcome) {
+  waiting_.remove(slot);
+  int& done = program_.page.SitesDone;
+  ++done;
+  switch (outcome) {
+    case AnswerOutcome::Shown:
+    case AnswerOutcome::GivenUp:
+      EndIfExact();
+      break;
+    case AnswerOutcome::Blanked:
+      AfterBlocked();
+      EndIfExact();
+      break;
+    case AnswerOutcome::Unusable:
+    case AnswerOutcome::Corrupt:
+      // Its arrival has counted, and its error box counts once more: the double counts are the design's.
+      ++done;
+      EndIfReached();
+      break;
+    case AnswerOutcome::Failed:
+      EndIfReached();
+      ++done;
+      EndIfExact();
+      break;
+  }
+  EndIfAllAnswered();
+}
+
+void PollCycle::EndIfExact() {
   // Equality, not more: double counts may step over it, and a later answer's >= then ends the poll.
   if (program_.page.SitesDone == program_.page.SitesOnPage) PollFinished();
 }
 
-void PollCycle::AfterFailure() {
-  AfterPicture();
-}
-
-void PollCycle::AfterNotFound() {
+void PollCycle::EndIfReached() {
   const PageState& page = program_.page;
   if (page.SitesDone < page.SitesOnPage) return;
   SetBusy(false);
   // CamPollDue stays set, so that the settling tick runs the round again.
   if (page.CamPollDue) EarlyPostPoll();
   PollFinished();
+}
+
+void PollCycle::EndIfAllAnswered() {
+  // What moved or left within the page may have made the count miss its goal: nothing is awaited any more all the same.
+  if (busy_ && allAsked_ && waiting_.isEmpty()) PollFinished();
 }
 
 void PollCycle::AfterBlocked() {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QSet>
 #include <QString>
 #include <QTimer>
 
@@ -11,20 +12,22 @@
 #include "page/thumb_grid.h"
 #include "platform/clock.h"
 #include "poll/download_control.h"
+#include "poll/new_image_check.h"
 #include "poll/picture_intake.h"
+#include "poll/stored_page.h"
 
 class PollCycle : public QObject {
   Q_OBJECT
 
  public:
-  PollCycle(Program& program, ThumbGrid& grid, PictureIntake& intake, ucCkNew& check, UserControl1& download,
-            const Clock& clock, QObject* parent = nullptr);
+  PollCycle(Program& program, ThumbGrid& grid, SlotPictures& files, PictureIntake& intake, ucCkNew& check,
+            UserControl1& download, const Clock& clock, QObject* parent = nullptr);
 
   // Walks the DSSTV page: thumbs from the disk first, then a check for each site.
   void StartPoll(bool clearGrid);
   void StartWxPoll();
   // Shows what the disk has of the page, and asks nobody.
-  void ShowStoredPage();
+  void ShowStoredPage() { stored_.Show(); }
 
   // The starters. Each does nothing beyond its counters where there is no connection.
   void FirstPoll();
@@ -37,8 +40,8 @@ class PollCycle : public QObject {
   // A site window has closed: polls again a moment later.
   void StartTimer5() { Timer5.start(); }
 
-  // What the second pass does for a slot without asking: captions, list and fields. Returns the site's plain address.
-  QString FillSlot(int slot, int site, const QString& call);
+  // What the second pass does for a slot without asking.
+  FilledSlot FillSlot(int slot, int site, const QString& call) { return stored_.FillSlot(slot, site, call); }
 
   void MnuRateClick(int index);
   void StopRefreshTimers();
@@ -48,12 +51,13 @@ class PollCycle : public QObject {
   // True while imgRefresh shows: a walk is under way or answers are awaited.
   bool Busy() const { return busy_; }
 
-  // Answers, as the check and the intake count them.
-  void AfterCheck();
-  void AfterPicture();
-  void AfterFailure();
-  void AfterNotFound();
-  void AfterBlocked();
+  // The poll alone counts: each answer in one step with the comparison that may end the poll.
+  void AfterCheck(int slot, CheckOutcome outcome);
+  void AfterPicture(int slot, AnswerOutcome outcome);
+  // A site that moves within the page is asked twice, and counts once.
+  void TakeBackOne() { --program_.page.SitesDone; }
+  // Shows the page as its places stand now and asks it, as a click on the refresh label does.
+  void PlacesChanged();
 
   QTimer Timer4;        // 60 s, minutes of the WX page
   QTimer Timer5;        // 0.1 s, once
@@ -86,17 +90,23 @@ class PollCycle : public QObject {
   void BeginStarter();
   void EndStarter();
   void Walk(bool clearGrid);
-  void ShowThumbsFromDisk();
   void PollFinished();
+  void EndIfExact();
+  void EndIfReached();
+  void EndIfAllAnswered();
+  void AfterBlocked();
   // Update check and first cam round, from the places where the count may be reached out of turn.
   void EarlyPostPoll();
   QString UniqueTime() const;
 
   Program& program_;
   ThumbGrid& grid_;
-  PictureIntake& intake_;
+  SlotPictures& files_;
+  StoredPage stored_;
   ucCkNew& check_;
   UserControl1& download_;
   const Clock& clock_;
   bool busy_ = false;
+  QSet<int> waiting_;      // slots of this poll that were asked and have not answered
+  bool allAsked_ = false;  // false: some of the counted slots are never asked, and this poll does not end by answers
 };

@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sites/page_sites.h"
 
+#include <algorithm>
+#include <utility>
+
+#include "core/picture_key.h"
 #include "poll/new_image_check.h"
 
 using namespace Qt::StringLiterals;
@@ -18,9 +22,12 @@ int CompactSlot(int place, int thumbCount) {
 
 }  // namespace
 
-PageSites::PageSites(Program& program, ThumbGrid& grid, PollCycle& poll, ucCkNew& check, UserControl1& download,
-                     QObject* parent)
-    : QObject(parent), program_(program), grid_(grid), poll_(poll), check_(check), download_(download) {}
+PageSites::PageSites(Program& program, ThumbGrid& grid, SlotPictures& files, PollCycle& poll, ucCkNew& check,
+                     UserControl1& download, QObject* parent)
+    : QObject(parent), program_(program), grid_(grid), files_(files), poll_(poll), check_(check), download_(download) {
+  // Another layout has places of its own.
+  connect(&grid_, &ThumbGrid::GridMade, this, &PageSites::ForgetUndo);
+}
 
 QString& PageSites::WxSlot(SiteRec& site) const {
   return site.PageSlots[static_cast<std::size_t>(program_.config.ThumbLayout)];
@@ -32,9 +39,11 @@ void PageSites::EmptySlot(int slot) {
 }
 
 void PageSites::AddSiteToSlot(int site) {
-  PageState& page = program_.page;
+  const PageState& page = program_.page;
   const int slot = page.SelectedSlot;
   if (!grid_.HasSlot(slot)) return;
+  ForgetUndo();
+  const ThumbGrid::Edit cell(grid_.Parts(), slot);
   EmptySlot(slot);
   if (OnWxPage()) {
     AddWxSite(slot, site);
@@ -42,19 +51,8 @@ void PageSites::AddSiteToSlot(int site) {
   }
   SiteTable& sites = program_.sites;
   if (site < 0 || site >= sites.Sites.size()) return;
-  const int before = sites.GetSiteSlot(site, page.CurrentPage);
-  if (before > 0 && before != slot + 1) {
-    if (grid_.HasSlot(before - 1)) EmptySlot(before - 1);
-    --page.SitesDone;
-    sites.RemoveThumbPos(page.CurrentPage, before, site);
-  }
-  for (int other = 0; other < sites.Sites.size(); ++other) {
-    if (sites.GetSiteSlot(other, page.CurrentPage) != slot + 1) continue;
-    sites.SetSiteSlot(other, page.CurrentPage, 0);
-    sites.RemoveThumbPos(page.CurrentPage, slot + 1, other);
-  }
-  sites.SetSiteSlot(site, page.CurrentPage, slot + 1);
-  const QString url = poll_.FillSlot(slot, site, sites.Sites.at(site).Call);
+  TakeDsstvSlot(slot, site);
+  const QString url = poll_.FillSlot(slot, site, sites.Sites.at(site).Call).url;
   if (url.contains("cam only"_L1, Qt::CaseInsensitive)) {
     grid_.ShowCamOnly(slot);
   } else if (NewImageCheck::HasMarker(url) && page.Online) {
@@ -62,6 +60,27 @@ void PageSites::AddSiteToSlot(int site) {
     check_.DownloadFile(NewImageCheck::MarkerUrl(url, QString()), QString::number(slot));
   }
   sites.AddThumbPos(page.CurrentPage, slot + 1, site);
+}
+
+void PageSites::TakeDsstvSlot(int slot, int site) {
+  const int page = program_.page.CurrentPage;
+  SiteTable& sites = program_.sites;
+  const int before = sites.GetSiteSlot(site, page);
+  if (before > 0 && before != slot + 1) {
+    if (grid_.HasSlot(before - 1)) EmptySlot(before - 1);
+    poll_.TakeBackOne();
+    sites.RemoveThumbPos(page, before, site);
+    files_.Move(page, {{before - 1, slot}});
+  } else if (before == 0) {
+    // What lies in the slot is the picture of the site that stood there.
+    files_.Remove(page, slot);
+  }
+  for (int other = 0; other < sites.Sites.size(); ++other) {
+    if (sites.GetSiteSlot(other, page) != slot + 1) continue;
+    sites.SetSiteSlot(other, page, 0);
+    sites.RemoveThumbPos(page, slot + 1, other);
+  }
+  sites.SetSiteSlot(site, page, slot + 1);
 }
 
 void PageSites::AddWxSite(int slot, int site) {
@@ -77,8 +96,7 @@ void PageSites::AddWxSite(int slot, int site) {
   grid_.SetWxSite(slot, sites.at(site).Call);
   if (!program_.page.Online) return;
   grid_.SetConnecting(slot, true);
-  download_.DownloadFile(PlainUrl(sites.at(site).Url),
-                         u"%1-%2"_s.arg(program_.page.CurrentPage * 100 + slot).arg(site));
+  download_.DownloadFile(PlainUrl(sites.at(site).Url), PictureKey{program_.page.CurrentPage, slot, site}.Text());
 }
 
 void PageSites::ReloadSlot() {
@@ -97,8 +115,9 @@ void PageSites::ReloadSlot() {
     grid_.SetConnecting(slot, true);
     grid_.SetReloadMark(slot);
     page.Field(slot, LastHeight) = u"0"_s;
-    const QString key = QString::number(page.CurrentPage * 100 + slot);
-    download_.DownloadFile(PlainUrl(sites.at(site).Url), OnWxPage() ? key : u"%1-%2"_s.arg(key).arg(site));
+    files_.ForgetFailure(page.CurrentPage, slot);
+    const int keySite = OnWxPage() ? PictureKey::kNoSite : static_cast<int>(site);
+    download_.DownloadFile(PlainUrl(sites.at(site).Url), PictureKey{page.CurrentPage, slot, keySite}.Text());
     return;
   }
 }
@@ -107,17 +126,25 @@ void PageSites::CompactPage() {
   PageState& page = program_.page;
   if (OnWxPage()) return;
   SiteTable& sites = program_.sites;
+  const Places before = PlacesNow(PlacesChange::Kind::Compacted, {});
   const QStringList calls = page.List1;
   grid_.ClearThumbs();
+  QList<QPair<int, int>> moves;
   int place = 0;
   for (const QString& entry : calls) {
     if (place > page.ThumbCount - 1) break;
     const int site = sites.FindCall(entry.section(u"    "_s, 0, 0));
-    if (site >= 0) sites.SetSiteSlot(site, page.CurrentPage, CompactSlot(place, page.ThumbCount));
+    const int from = sites.GetSiteSlot(site, page.CurrentPage);
+    const int to = CompactSlot(place, page.ThumbCount);
+    if (from > 0 && from != to) moves.append({from - 1, to - 1});
+    if (site >= 0) sites.SetSiteSlot(site, page.CurrentPage, to);
     ++place;
   }
+  files_.Move(page.CurrentPage, moves);
   RebuildSlots();
+  if (!moves.isEmpty()) Remember(before);
   poll_.ReloadPage();
+  if (!page.Online) poll_.ShowStoredPage();
 }
 
 void PageSites::RemoveFrom(int slot) {
@@ -139,14 +166,101 @@ void PageSites::RemoveFrom(int slot) {
   EmptySlot(slot);
 }
 
+QString PageSites::NameAt(int slot) const {
+  if (OnWxPage()) return grid_.HasSlot(slot) ? grid_.Cells().at(slot).lblCall : QString();
+  return grid_.HasSlot(slot) ? grid_.Cells().at(slot).siteCall : QString();
+}
+
 void PageSites::RemoveSite() {
-  RemoveFrom(program_.page.SelectedSlot);
+  const int slot = program_.page.SelectedSlot;
+  if (!grid_.HasSlot(slot)) return;
+  const Places before = PlacesNow(PlacesChange::Kind::SiteRemoved, NameAt(slot));
+  RemoveFrom(slot);
   RebuildSlots();
+  Remember(before);
 }
 
 void PageSites::RemoveAllSites() {
+  const Places before = PlacesNow(PlacesChange::Kind::AllRemoved, {});
   for (int slot = 0; slot < program_.page.ThumbCount; ++slot) RemoveFrom(slot);
   RebuildSlots();
+  Remember(before);
+}
+
+PageSites::Places PageSites::PlacesNow(PlacesChange::Kind kind, const QString& call) const {
+  Places places{{kind, call}, program_.page.CurrentPage, {}};
+  const SiteTable& sites = program_.sites;
+  if (OnWxPage()) {
+    const auto layout = static_cast<std::size_t>(program_.config.ThumbLayout);
+    for (const SiteRec& site : sites.WxSites) {
+      if (const int slot = static_cast<int>(Val(site.PageSlots[layout])); slot > 0)
+        places.slots.append({site.Url, slot});
+    }
+    return places;
+  }
+  for (int site = 0; site < sites.Sites.size(); ++site) {
+    const int slot = sites.GetSiteSlot(site, places.page);
+    if (slot > 0) places.slots.append({sites.Sites.at(site).Call, slot});
+  }
+  return places;
+}
+
+void PageSites::Remember(const Places& before) {
+  const bool changed = before.page != program_.page.CurrentPage || PlacesNow({}, {}).slots != before.slots;
+  if (!changed) return;
+  undo_ = before;
+  Q_EMIT UndoableChanged();
+}
+
+std::optional<PlacesChange> PageSites::Undoable() const {
+  return undo_ ? std::optional(undo_->change) : std::nullopt;
+}
+
+void PageSites::ForgetUndo() {
+  if (!std::exchange(undo_, std::nullopt)) return;
+  Q_EMIT UndoableChanged();
+}
+
+void PageSites::Undo() {
+  if (!undo_) return;
+  const Places places = *std::exchange(undo_, std::nullopt);
+  if (places.page < PageState::WxPage) {
+    UndoDsstv(places);
+  } else {
+    UndoWx(places);
+  }
+  Q_EMIT UndoableChanged();
+  if (places.page != program_.page.CurrentPage) return;
+  if (places.change.kind == PlacesChange::Kind::Compacted) {
+    grid_.ClearThumbs();
+    program_.page.EraseThumbFields();
+  }
+  poll_.PlacesChanged();
+}
+
+void PageSites::UndoDsstv(const Places& places) {
+  SiteTable& sites = program_.sites;
+  QList<QPair<int, int>> moves;
+  QList<QPair<int, int>> back;  // site and slot, for the sites that are still in the table
+  for (const auto& [call, slot] : places.slots) {
+    const int site = sites.FindCall(call);
+    if (site < 0) continue;
+    const int now = sites.GetSiteSlot(site, places.page);
+    if (now > 0 && now != slot) moves.append({now - 1, slot - 1});
+    back.append({site, slot});
+  }
+  for (int site = 0; site < sites.Sites.size(); ++site) sites.SetSiteSlot(site, places.page, 0);
+  for (const auto& [site, slot] : std::as_const(back)) sites.SetSiteSlot(site, places.page, slot);
+  files_.Move(places.page, moves);
+  RebuildSlots();
+}
+
+void PageSites::UndoWx(const Places& places) {
+  for (SiteRec& site : program_.sites.WxSites) {
+    const auto same = [&site](const QPair<QString, int>& place) { return place.first == site.Url; };
+    const auto found = std::find_if(places.slots.cbegin(), places.slots.cend(), same);
+    if (found != places.slots.cend()) WxSlot(site) = QString::number(found->second);
+  }
 }
 
 void PageSites::RebuildSlots() {

@@ -148,7 +148,7 @@ class TestThumbGrid : public QObject {
     old.close();
     f.logic->poll.ReloadPage();
     QTRY_VERIFY(f.CellOf(0).errorBox);
-    QCOMPARE(f.CellOf(0).lblInfo2, line);
+    QCOMPARE(f.BoxSecond(0), line);
     QCOMPARE(QFile::exists(f.Picture(1, 0)), stored);
   }
 
@@ -163,9 +163,9 @@ class TestThumbGrid : public QObject {
     f.logic->poll.FirstPoll();
     for (int start = 0; start < 2; ++start) {
       QTRY_VERIFY(f.CellOf(0).errorBox && f.CellOf(1).errorBox && f.HasPicture(2));
-      QCOMPARE(f.CellOf(0).lblInfo, u"Blocked call"_s);
-      QCOMPARE(f.CellOf(0).lblInfo2, u"AB10CD"_s);
-      QCOMPARE(f.CellOf(1).lblInfo, u"Illegal callsign"_s);
+      QCOMPARE(f.BoxFirst(0), u"Blocked call"_s);
+      QCOMPARE(f.BoxSecond(0), u"AB10CD"_s);
+      QCOMPARE(f.BoxFirst(1), u"Illegal callsign"_s);
       QVERIFY2(QFile::exists(f.Picture(1, 0)), "the picture's file stays");
       // They stay blanked when the next start shows them from the disk.
       if (start == 0) {
@@ -210,7 +210,7 @@ class TestThumbGrid : public QObject {
     f.logic->grid.SetOnAir(0, true);
     f.program.page.Field(0, SlotCall) = u"ZZ1AA"_s;
     f.program.page.Field(0, SentTime) = sent;
-    f.logic->grid.ColourByAge(0, 0);
+    f.logic->grid.ColourByAge(0);
     QCOMPARE(f.CellOf(0).lblCall, caption);
     QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colour);
 

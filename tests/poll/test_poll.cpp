@@ -168,8 +168,8 @@ class TestPoll : public QObject {
     QCOMPARE(f.program.page.Field(0, Caller), u"Not found"_s);
     QCOMPARE(f.program.page.Field(0, LastHeight), u"0"_s);
     QVERIFY(f.CellOf(0).errorBox);
-    QCOMPARE(f.CellOf(0).lblInfo, u"Image error 1"_s);
-    QCOMPARE(f.CellOf(0).lblInfo2, u"Not found"_s);
+    QCOMPARE(f.BoxFirst(0), u"Image error 1"_s);
+    QCOMPARE(f.BoxSecond(0), u"Not found"_s);
     QCOMPARE(updates.count(), 1);
     QCOMPARE(rounds.count(), 1);
     QVERIFY(f.program.page.CamPollDue);

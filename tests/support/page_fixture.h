@@ -37,12 +37,12 @@ struct PageFixture {
   StandingClock clock;
   Program program;
   StationBand band;
-  UrlNetwork network{QuickLimits()};
+  UrlNetwork network;
   PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
   Background background;
   std::unique_ptr<PageLogic> logic;
 
-  PageFixture() {
+  explicit PageFixture(const UrlLimits& limits = QuickLimits()) : network(limits) {
     program.AppDataDir = folder.path();
     program.ZeroGlyph = QChar(u'0');
     program.config.ThumbLayout = 2;
@@ -87,6 +87,9 @@ struct PageFixture {
   QString Thumb(int page, int slot) const {
     return QStringLiteral("%1/images/dsstv/thumbs/%2-%3.jpg").arg(folder.path()).arg(page).arg(slot + 1);
   }
+  // The two lines of a cell's error box in the present language.
+  QString BoxFirst(int slot) const { return CellOf(slot).box.first.Text(program.language); }
+  QString BoxSecond(int slot) const { return CellOf(slot).box.second.Text(program.language); }
   bool HasPicture(int slot) const { return !CellOf(slot).frames.isEmpty() && !CellOf(slot).errorBox; }
 };
 

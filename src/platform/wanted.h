@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Tells whether an asynchronous answer is still wanted. Whoever asks keeps a Wanted; each step of the chain carries a
+// token of it and tests the token before it touches anything. The cells, the intake and the download controls use it.
+#pragma once
+
+#include <QtGlobal>
+#include <memory>
+
+// What one asker wants at the moment. A copy wants for itself: tokens of the original say nothing about it.
+class Wanted {
+ public:
+  // Handed from step to step of one chain. It may outlive its asker, and then is no longer wanted.
+  class Token {
+   public:
+    // Of nothing: never wanted.
+    Token() = default;
+    bool StillWanted() const { return now_ != nullptr && *now_ == mine_; }
+
+   private:
+    friend class Wanted;
+    explicit Token(std::shared_ptr<const quint64> now) : now_(std::move(now)), mine_(*now_) {}
+
+    std::shared_ptr<const quint64> now_;
+    quint64 mine_ = 0;
+  };
+
+  Wanted() = default;
+  Wanted(const Wanted&) {}
+  Wanted(Wanted&&) noexcept = default;
+  Wanted& operator=(const Wanted& other) {
+    if (this != &other) Withdraw();
+    return *this;
+  }
+  Wanted& operator=(Wanted&&) = delete;
+  ~Wanted() { Withdraw(); }
+
+  // Begins a new chain: every earlier token is void.
+  Token Ask() {
+    Withdraw();
+    return Present();
+  }
+  // Another token of the present chain.
+  Token Present() const { return Token(now_); }
+  // Whatever is under way is no longer wanted.
+  void Withdraw() {
+    if (now_ != nullptr) ++*now_;  // null where it was moved from
+  }
+
+ private:
+  std::shared_ptr<quint64> now_ = std::make_shared<quint64>(0);
+};

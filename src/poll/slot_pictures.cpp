@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "poll/slot_pictures.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+
+#include "core/page_files.h"
+#include "platform/text/numbers.h"
+#include "platform/whole_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr QSize kThumbBox(116, 86);
+
+int PlaceOf(int page, int slot) {
+  return page * 100 + slot;
+}
+
+}  // namespace
+
+SlotPictures::SlotPictures(Program& program, HeightTable& heights, PictureTool& tool, Background& background,
+                           QObject* parent)
+    : QObject(parent), program_(program), heights_(heights), tool_(tool), background_(background) {}
+
+bool SlotPictures::Stands(const PictureKey& key) const {
+  const SiteTable& sites = program_.sites;
+  if (key.page < PageState::WxPage) return sites.GetSiteSlot(key.site, key.page) == key.slot + 1;
+  const auto layout = static_cast<std::size_t>(program_.config.ThumbLayout);
+  if (layout > kLayouts) return false;
+  return std::any_of(sites.WxSites.cbegin(), sites.WxSites.cend(), [&key, layout](const SiteRec& site) {
+    return static_cast<int>(Val(site.PageSlots[layout])) == key.slot + 1;
+  });
+}
+
+QString SlotPictures::Picture(int page, int slot) const {
+  return page < PageState::WxPage ? PicturePath(program_.AppDataDir, page, slot) : WxPath(program_.AppDataDir, slot);
+}
+
+QString SlotPictures::Thumb(int page, int slot) const {
+  return page < PageState::WxPage ? ThumbPath(program_.AppDataDir, page, slot) : WxPath(program_.AppDataDir, slot);
+}
+
+SlotPictures::Chain SlotPictures::Begin(const PictureKey& key) {
+  const int place = PlaceOf(key.page, key.slot);
+  underWay_.insert(place);
+  return {key, wanted_[place].Ask(), {}};
+}
+
+void SlotPictures::End(const Chain& chain) {
+  // A chain that was overtaken leaves the mark to the one that overtook it.
+  if (chain.token.StillWanted()) underWay_.remove(PlaceOf(chain.key.page, chain.key.slot));
+}
+
+void SlotPictures::Withdraw(int page, int slot) {
+  wanted_[PlaceOf(page, slot)].Withdraw();
+  underWay_.remove(PlaceOf(page, slot));
+}
+
+void SlotPictures::Take(const PictureKey& key, const QByteArray& body, const Taken& taken) {
+  const Chain chain = Begin(key);
+  // The former picture goes before the new bytes are judged.
+  QFile::remove(Picture(key.page, key.slot));
+  const QString picture = PartPath(Picture(key.page, key.slot));
+  const bool hasThumb = key.page < PageState::WxPage;
+  const QString thumb = hasThumb ? PartPath(Thumb(key.page, key.slot)) : QString();
+  background_.Run<StoredBody>(
+      this, [body, picture, thumb]() { return StoreBody(body, picture, thumb); },
+      [this, chain, picture, thumb, taken](const StoredBody& stored) {
+        PutStored(chain, stored, picture, thumb, taken);
+      });
+}
+
+void SlotPictures::PutStored(const Chain& chain, const StoredBody& stored, const QString& picture, const QString& thumb,
+                             const Taken& taken) {
+  const auto end = [this, &chain, &stored, &taken](FilesVerdict verdict) {
+    End(chain);
+    taken(verdict, stored.tail);
+  };
+  const PictureKey& key = chain.key;
+  const bool wanted = GoesOn(chain);
+  if (!wanted) QFile::remove(picture);
+  const bool placed = wanted && stored.written && PutInPlace(picture, Picture(key.page, key.slot));
+  if (!placed && stored.thumbWritten) QFile::remove(thumb);
+  if (!wanted) return end(FilesVerdict::GivenUp);
+  if (!stored.usable) return end(FilesVerdict::Unusable);
+  if (key.page == PageState::WxPage) return end(placed ? FilesVerdict::Ready : FilesVerdict::NoThumb);
+  // A thumb that cannot be made must not leave the former picture's thumb to be shown in its place.
+  QFile::remove(Thumb(key.page, key.slot));
+  ForgetFailure(key.page, key.slot);
+  if (!placed) return end(FilesVerdict::NoThumb);
+  if (stored.thumbWritten) {
+    return end(PutInPlace(thumb, Thumb(key.page, key.slot)) ? FilesVerdict::Ready : FilesVerdict::NoThumb);
+  }
+  MakeThumb(chain, [taken, tail = stored.tail](FilesVerdict verdict) { taken(verdict, tail); });
+}
+
+void SlotPictures::MakeMissingThumb(const PictureKey& key, const Made& made) {
+  if (underWay_.contains(PlaceOf(key.page, key.slot))) return;
+  MakeThumb(Begin(key), made);
+}
+
+void SlotPictures::MakeThumb(const Chain& chain, const Made& made) {
+  const PictureKey& key = chain.key;
+  // Under a name of its own until it is known to be wanted: the place may have changed hands by then.
+  const QString part = PartPath(Thumb(key.page, key.slot));
+  tool_.MakeThumb(Picture(key.page, key.slot), part, kThumbBox, this,
+                  [this, chain, part, made](const PictureAnswer& answer) {
+                    const PictureKey& place = chain.key;
+                    if (!GoesOn(chain)) {
+                      QFile::remove(part);
+                      End(chain);
+                      return made(FilesVerdict::GivenUp);
+                    }
+                    const bool ready = answer.ok && PutInPlace(part, Thumb(place.page, place.slot));
+                    if (!answer.ok && !answer.noSandbox) RememberFailure(place.page, place.slot);
+                    End(chain);
+                    made(ready ? FilesVerdict::Ready : FilesVerdict::NoThumb);
+                  });
+}
+
+void SlotPictures::Remove(int page, int slot) {
+  Withdraw(page, slot);
+  QFile::remove(PicturePath(program_.AppDataDir, page, slot));
+  QFile::remove(ThumbPath(program_.AppDataDir, page, slot));
+  ForgetFailure(page, slot);
+}
+
+QString SlotPictures::FailureMark(int page, int slot) const {
+  const QFileInfo file(Picture(page, slot));
+  return file.exists() ? u"%1 %2"_s.arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch()) : QString();
+}
+
+bool SlotPictures::HasFailed(int page, int slot) const {
+  QFile file(FailurePath(program_.AppDataDir, page, slot));
+  if (!file.open(QIODevice::ReadOnly)) return false;
+  const QString mark = FailureMark(page, slot);
+  return !mark.isEmpty() && mark.toLatin1() == file.read(100);
+}
+
+void SlotPictures::RememberFailure(int page, int slot) {
+  const QString mark = page < PageState::WxPage ? FailureMark(page, slot) : QString();
+  if (!mark.isEmpty()) WriteWhole(FailurePath(program_.AppDataDir, page, slot), mark.toLatin1());
+}
+
+void SlotPictures::ForgetFailure(int page, int slot) {
+  QFile::remove(FailurePath(program_.AppDataDir, page, slot));
+}
+
+void SlotPictures::Move(int page, const QList<QPair<int, int>>& moves) {
+  using PathOf = QString (*)(const QString&, int, int);
+  constexpr std::array<PathOf, 3> kKinds{&PicturePath, &ThumbPath, &FailurePath};
+  // All are taken away first: one site's new place is another one's old place.
+  QList<std::array<QString, kKinds.size()>> parts;
+  QList<int> heights;
+  for (const auto& [from, to] : moves) {
+    Withdraw(page, from);
+    Withdraw(page, to);
+    std::array<QString, kKinds.size()> part;
+    for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
+      const QString path = kKinds[kind](program_.AppDataDir, page, from);
+      part[kind] = PartPath(path);
+      if (!PutInPlace(path, part[kind])) part[kind].clear();
+    }
+    parts.append(part);
+    heights.append(heights_.Height(page, from));
+    heights_.SetHeight(page, from, 0);
+  }
+  for (qsizetype i = 0; i < moves.size(); ++i) {
+    const int to = moves.at(i).second;
+    for (std::size_t kind = 0; kind < kKinds.size(); ++kind) {
+      const QString path = kKinds[kind](program_.AppDataDir, page, to);
+      const QString& part = parts.at(i)[kind];
+      if (part.isEmpty() || !PutInPlace(part, path)) QFile::remove(path);
+    }
+    heights_.SetHeight(page, to, heights.at(i));
+  }
+}
