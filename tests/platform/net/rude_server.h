@@ -9,10 +9,13 @@
 #include <QTimer>
 #include <QUrl>
 
+using namespace Qt::StringLiterals;
+
 struct RudeAnswer {
   QByteArray head;  // status line and headers, each with its CR LF; the empty line is added
   QByteArray body;
-  enum class Then { Close, Stall, Reset, Endless, Drip } then = Then::Close;
+  // Keep leaves the connection open for the next request, KeepOnce closes it when that one comes.
+  enum class Then { Close, Stall, Reset, Endless, Drip, Keep, KeepOnce } then = Then::Close;
 };
 
 class RudeServer : public QTcpServer {
@@ -30,6 +33,7 @@ class RudeServer : public QTcpServer {
   void Set(const QByteArray& path, const RudeAnswer& answer) { answers_[path] = answer; }
 
   int requests = 0;
+  int connections = 0;
   int open = 0;
   QByteArray lastRequest;
 
@@ -37,6 +41,7 @@ class RudeServer : public QTcpServer {
   void Accept() {
     while (QTcpSocket* socket = nextPendingConnection()) {
       ++open;
+      ++connections;
       connect(socket, &QTcpSocket::disconnected, this, [this, socket]() {
         --open;
         socket->deleteLater();
@@ -45,6 +50,8 @@ class RudeServer : public QTcpServer {
         const QByteArray request = socket->property("request").toByteArray() + socket->readAll();
         socket->setProperty("request", request);
         if (!request.contains("\r\n\r\n")) return;
+        socket->setProperty("request", QByteArray());
+        if (socket->property("isLast").toBool()) return socket->disconnectFromHost();
         ++requests;
         lastRequest = request;
         Serve(socket, answers_.value(request.split(' ').value(1)));
@@ -53,12 +60,18 @@ class RudeServer : public QTcpServer {
   }
 
   static void Serve(QTcpSocket* socket, const RudeAnswer& answer) {
-    if (!answer.head.isEmpty()) socket->write(answer.head + "Connection: close\r\n\r\n" + answer.body);
+    const bool isKept = answer.then == RudeAnswer::Then::Keep || answer.then == RudeAnswer::Then::KeepOnce;
+    const QByteArray end = isKept ? "\r\n"_ba : "Connection: close\r\n\r\n"_ba;
+    if (!answer.head.isEmpty()) socket->write(answer.head + end + answer.body);
     switch (answer.then) {
       case RudeAnswer::Then::Close:
         socket->disconnectFromHost();
         break;
       case RudeAnswer::Then::Stall:
+      case RudeAnswer::Then::Keep:
+        break;
+      case RudeAnswer::Then::KeepOnce:
+        socket->setProperty("isLast", true);
         break;
       case RudeAnswer::Then::Reset:
         socket->flush();
