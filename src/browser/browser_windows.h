@@ -16,7 +16,8 @@ class BrowserWindows : public QObject {
   // Opens a window of its own on a page, or raises the one of that title as it is. The cookies that the pages set go
   // into the store, and the store's go to the pages. http and https only.
   virtual void OpenPage(const QString& title, const QUrl& url) = 0;
-  // Removes what the pages of an address have left: cookies, in the store too, and storage; its windows close.
+  // Removes what the pages of an address have left, and those that its windows have led through: cookies, in the store
+  // too, and storage; its windows close.
   virtual void Forget(const QUrl& url) = 0;
   virtual void CloseAll() = 0;
 

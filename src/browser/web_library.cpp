@@ -26,8 +26,10 @@ class LoadedWindows : public BrowserWindows, private WebPort {
 
   void Forget(const QUrl& url) override {
     pages_->CloseSite(url);
+    const QList<QUrl> visited = cookies_.VisitedFrom(url);
     cookies_.RemoveOf(url);
     pages_->ClearStorage(url);
+    for (const QUrl& origin : visited) pages_->ClearStorage(origin);
   }
 
   void CloseAll() override { pages_->CloseAll(); }
@@ -37,6 +39,7 @@ class LoadedWindows : public BrowserWindows, private WebPort {
   QList<QNetworkCookie> Cookies() const override { return cookies_.All(); }
   void TakeCookies(const QList<CookieChange>& changes) override { cookies_.Apply(changes); }
   void PageClosed(const QString& title) override { Q_EMIT Closed(title); }
+  void PageVisits(const QUrl& site, const QUrl& url) override { cookies_.NoteVisit(site, url); }
 
   CookieStore& cookies_;
   std::unique_ptr<WebPages> pages_;

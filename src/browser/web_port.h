@@ -20,6 +20,8 @@ class WebPort {
   // What pages did to cookies of theirs, in order. Their domains are told as in CookieStore::Add.
   virtual void TakeCookies(const QList<CookieChange>& changes) = 0;
   virtual void PageClosed(const QString& title) = 0;
+  // A window that was opened on a page of site goes to another address, by a redirect too.
+  virtual void PageVisits(const QUrl& site, const QUrl& url) = 0;
 };
 
 // The library's side.

@@ -26,6 +26,8 @@ class SignInSite : public QTcpServer {
   QHash<QByteArray, QByteArray> cookies;
   // Pages beside those of the sign-in; their title is what the tests see of them.
   QHash<QByteArray, QByteArray> pages;
+  // Head lines of paths that answer with a redirect.
+  QHash<QByteArray, QByteArray> redirects;
 
  private:
   void Accept() {
@@ -59,6 +61,7 @@ class SignInSite : public QTcpServer {
       return "HTTP/1.1 303 Go on\r\nLocation: /home\r\nConnection: close\r\n"
              "Set-Cookie: session=abc; HttpOnly; Path=/\r\n"
              "Set-Cookie: remember=me; Max-Age=864000; Path=/home\r\n\r\n";
+    if (redirects.contains(path)) return "HTTP/1.1 302 Go on\r\nConnection: close\r\n" + redirects.value(path) + "\r\n";
     QByteArray page = pages.value(path);
     if (path == "/login")
       page =

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <sys/stat.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
@@ -39,6 +40,18 @@ Part* PartNamed(const QWidget* window, const QString& name) {
   for (Part* part : parts)
     if (part->accessibleName() == name) return part;
   return nullptr;
+}
+
+// Of all parts of a window, as a screen reader walks over them.
+QStringList NamesBelow(QAccessibleInterface* part) {
+  QStringList names;
+  for (int i = 0; part && i < part->childCount(); ++i) {
+    QAccessibleInterface* child = part->child(i);
+    if (!child) continue;
+    names += child->text(QAccessible::Name);
+    names += NamesBelow(child);
+  }
+  return names;
 }
 
 int ModeOf(const QString& path) {
@@ -171,6 +184,52 @@ class TestBrowserWindows : public QObject {
     library_->Windows()->CloseAll();
     QCOMPARE(site.cookies.value("/home"), QByteArray());
     QVERIFY(store_->All().isEmpty());
+  }
+
+  // The login leads through a host of its own, whose cookie would sign the user in again.
+  void SignOutReachesWhereTheLoginWent() {
+    SignInSite site;
+    SignInSite gate(u"127.0.0.2"_s);
+    SignInSite other(u"127.0.0.3"_s);
+    site.redirects["/in"] = "Location: " + gate.Url(u"/gate"_s).toEncoded() + "\r\n";
+    gate.redirects["/gate"] = "Set-Cookie: gate=1\r\nLocation: " + other.Url(u"/check"_s).toEncoded() + "\r\n";
+    other.redirects["/check"] = "Set-Cookie: other=1\r\nLocation: " + site.Url(u"/back"_s).toEncoded() + "\r\n";
+    site.pages["/back"] = "<title>in</title><script>localStorage.setItem('a', 1)</script>";
+    for (const bool isLoaded : {false, true}) {
+      site.asked.clear();
+      // A page of the third host is opened for its own sake: its sign-in is not this one's to end.
+      OpenAndWaitFor(other, "/home", "/home");
+      OpenAndWaitFor(site, "/in", "/back");
+      library_->Windows()->CloseAll();
+      QCOMPARE(store_->CookiesFor(gate.Url(u"/"_s)).size() + store_->CookiesFor(other.Url(u"/"_s)).size(), 2);
+      if (!isLoaded) Restart();
+      if (isLoaded) library_->Windows()->Forget(site.Url(u"/login"_s));
+      if (!isLoaded) library_->Forget(site.Url(u"/login"_s));
+      QCOMPARE(store_->CookiesFor(gate.Url(u"/"_s)).size(), 0);
+      QCOMPARE(store_->CookiesFor(other.Url(u"/"_s)).size(), 1);
+      other.asked.clear();
+    }
+  }
+
+  // What a screen reader sees: the page's own parts below the window.
+  void PagesAreThereForScreenReaders() {
+    SignInSite site;
+    site.pages["/form"] =
+        "<title>Sign in</title><h1>Members</h1><form><label for=p>Password</label><input id=p type=password>"
+        "<button>Enter</button></form>";
+    QAccessible::setActive(true);
+    library_->Windows()->OpenPage(u"Calls"_s, site.Url(u"/form"_s));
+    QWidget* window = WindowsTitled(u"Omni-Perch  Calls"_s).value(0);
+    QVERIFY(window);
+    const QStringList wanted = {u"Sign in"_s, u"Members"_s, u"Password"_s, u"Enter"_s};
+    QStringList names;
+    const auto areAllThere = [&]() {
+      names = NamesBelow(QAccessible::queryAccessibleInterface(window));
+      return std::all_of(wanted.begin(), wanted.end(), [&names](const QString& name) { return names.contains(name); });
+    };
+    const bool areThere = QTest::qWaitFor(areAllThere, kPatienceMs);
+    QAccessible::setActive(false);
+    QVERIFY2(areThere, qPrintable(names.join(u'|')));
   }
 
   // What a page finds stored it tells by the path that it asks for next.

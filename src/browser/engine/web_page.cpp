@@ -26,7 +26,10 @@ WebPage::WebPage(QWebEngineProfile* profile, QObject* parent) : QWebEnginePage(p
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame) {
-  if (IsWebUrl(url)) return true;
+  if (IsWebUrl(url)) {
+    if (isMainFrame) Q_EMIT Visits(url);
+    return true;
+  }
   // What a page writes into frames of its own.
   const QString scheme = url.scheme();
   if (!isMainFrame && (scheme == "about"_L1 || scheme == "data"_L1 || scheme == "blob"_L1)) return true;

@@ -19,6 +19,8 @@ class WebPage : public QWebEnginePage {
   WebPage(QWebEngineProfile* profile, QObject* parent);
 
  Q_SIGNALS:
+  // It goes to another address, or a server sends it there.
+  void Visits(const QUrl& url);
   // Something the page wanted was refused, or it had something to say that no box is opened for; one line of text.
   void Told(const QString& text);
   // A server of that host could not show who it is.

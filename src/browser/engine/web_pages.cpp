@@ -32,6 +32,9 @@ void StartEngine() {
   if (std::exchange(started, true)) return;
   // The sandbox needs a user who is not root; refusing to start would leave root without a sign-in.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+  // The engine keeps its pages from screen readers on Linux unless this is set. With it, it still builds their tree
+  // only while the desktop has accessibility on: it asks Qt, and hears of changes.
+  qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
   QtWebEngineQuick::initialize();
 }
 
@@ -71,6 +74,7 @@ void BrowserPages::OpenPage(const QString& title, const QUrl& url) {
   auto* window = new WebWindow(title, profile_.get());
   windows_ += window;
   connect(window, &WebWindow::Closed, this, &BrowserPages::OnClosed);
+  connect(window, &WebWindow::Visits, this, [this](const QUrl& site, const QUrl& to) { port_.PageVisits(site, to); });
   connect(window, &QObject::destroyed, this, [this, window]() { closing_.removeOne(window); });
   window->show();
   waiting_ += {window, url};

@@ -54,6 +54,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   message_->hide();
 
   connect(page_, &WebPage::Told, this, &WebWindow::Tell);
+  connect(page_, &WebPage::Visits, this, [this](const QUrl& url) { Q_EMIT Visits(asked_, url); });
   connect(page_, &WebPage::Distrusted, this, &WebWindow::OnDistrusted);
   connect(page_, &QWebEnginePage::urlChanged, this, &WebWindow::ShowAddress);
   connect(page_, &QWebEnginePage::loadStarted, this, &WebWindow::OnLoadStarted);

@@ -26,6 +26,8 @@ class WebWindow : public QWidget {
 
  Q_SIGNALS:
   void Closed(WebWindow* window);
+  // site: what the window was opened on.
+  void Visits(const QUrl& site, const QUrl& url);
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -29,7 +29,8 @@ void CookieStore::Read() {
   if (file.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther))
     file.setPermissions(kUserAlone);
   // Not more than a full file of our own has, whatever lies there.
-  constexpr qint64 kMostRead = CookieList::kMostCookies * (CookieList::kMostBytes + 1);
+  constexpr qint64 kMostSteps = SignInTrail::kMostSites * SignInTrail::kMostOfSite;
+  constexpr qint64 kMostRead = CookieList::kMostCookies * (CookieList::kMostBytes + 1) + kMostSteps * 1024;
   const QByteArray bytes = file.read(kMostRead);
   if (file.error() != QFileDevice::NoError) {
     unreadable_ = true;
@@ -37,15 +38,21 @@ void CookieStore::Read() {
   }
   const QByteArrayList lines = bytes.split('\n');
   for (const QByteArray& line : lines) {
+    if (line.startsWith(SignInTrail::kMark)) {
+      trail_.AddLine(line.trimmed());
+      continue;
+    }
     const QList<QNetworkCookie> cookies = QNetworkCookie::parseCookies(line.trimmed());
     if (cookies.size() == 1) list_.Add(cookies.first(), QString());
   }
 }
 
-// One cookie a line, in the form of a Set-Cookie header.
+// One cookie a line, in the form of a Set-Cookie header; before them the steps of the sign-ins.
 bool CookieStore::Write() const {
   QDir().mkpath(QFileInfo(path_).path());
   QByteArray bytes;
+  const QByteArrayList steps = trail_.Lines();
+  for (const QByteArray& step : steps) bytes += step + '\n';
   const QList<QNetworkCookie> cookies = All();
   for (const QNetworkCookie& cookie : cookies) bytes += cookie.toRawForm() + '\n';
   QSaveFile file(path_);
@@ -71,7 +78,11 @@ void CookieStore::Remove(const QNetworkCookie& cookie) {
 }
 
 void CookieStore::RemoveOf(const QUrl& url) {
-  Finish(list_.RemoveOf(url.host()));
+  bool changed = list_.RemoveOf(url.host());
+  const QList<QUrl> visited = trail_.Of(url);
+  for (const QUrl& origin : visited) changed = list_.RemoveOf(origin.host()) || changed;
+  trail_.Remove(url);
+  Finish(changed);
 }
 
 void CookieStore::Apply(const QList<CookieChange>& changes) {

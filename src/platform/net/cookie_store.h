@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "platform/net/cookie_list.h"
+#include "platform/net/sign_in_trail.h"
 
 // What a browser window says about one cookie of its own.
 struct CookieChange {
@@ -33,8 +34,14 @@ class CookieStore : public QObject {
   // its only host.
   void Add(const QNetworkCookie& cookie, const QString& host);
   void Remove(const QNetworkCookie& cookie);
-  // All of a host and of the domains above it that it would get, and all below these: the end of a sign-in.
+  // All of a host and of the domains above it that it would get, and all below these, and the same for each host that
+  // the sign-in there has led through: the end of a sign-in.
   void RemoveOf(const QUrl& url);
+  // A browser window that was opened on a page of site has gone to visited. Written with the next cookie: a host that
+  // sets none leaves nothing to remove.
+  void NoteVisit(const QUrl& site, const QUrl& visited) { trail_.Add(site, visited); }
+  // Scheme, host and port of all that RemoveOf would take along.
+  QList<QUrl> VisitedFrom(const QUrl& site) const { return trail_.Of(site); }
   // In their order, written once.
   void Apply(const QList<CookieChange>& changes);
   // What a server told in answer to a page read: only hosts and domains that have cookies here may change theirs.
@@ -51,5 +58,6 @@ class CookieStore : public QObject {
 
   QString path_;
   CookieList list_;
+  SignInTrail trail_;
   bool unreadable_ = false;
 };

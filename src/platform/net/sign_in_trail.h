@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which servers the pages of a sign-in have come from: a login often leads through a host of its own, whose cookies
+// would sign the user in again without a question. The cookie store keeps one, so that signing out removes those too.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <QUrl>
+
+class SignInTrail {
+ public:
+  // A page that leads on and on costs the trail of its own site only.
+  static constexpr qsizetype kMostSites = 50;
+  static constexpr qsizetype kMostOfSite = 20;
+
+  // A browser window that was opened on a page of site has gone to visited.
+  void Add(const QUrl& site, const QUrl& visited);
+  // Scheme, host and port of where the windows of the site have been, without the site itself and without those that
+  // have had windows of their own: these are signed in to for their own sake.
+  QList<QUrl> Of(const QUrl& site) const;
+  void Remove(const QUrl& site);
+
+  // One line a step, for the cookie file; each begins with the mark, as no cookie does.
+  static constexpr char kMark = '#';
+  QByteArrayList Lines() const;
+  void AddLine(const QByteArray& line);
+
+ private:
+  // The windows that were opened on pages of one host.
+  struct Site {
+    QString host;
+    QList<QUrl> visited;  // the latest last
+  };
+
+  Site& SiteOf(const QString& host);
+  void AddStep(const QString& host, const QUrl& visited);
+
+  QList<Site> sites_;  // the latest last
+};
