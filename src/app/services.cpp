@@ -40,6 +40,7 @@ Services::Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& th
       cookies(run.appDataDir),
       network(run.limits),
       tool(run.decoder, run.appDataDir),
+      pageText(run.decoder),
       database(run.appDataDir),
       web(run.programDir, run.appDataDir + u"/browser"_s, cookies),
       maps(run.appDataDir) {

@@ -17,6 +17,7 @@
 #include "platform/clock.h"
 #include "platform/net/cookie_store.h"
 #include "platform/net/url_reader.h"
+#include "platform/picture/page_text_tool.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/settings_store.h"
 #include "ui/commands.h"
@@ -50,6 +51,7 @@ struct Services {
   CookieStore cookies;
   UrlNetwork network;
   PictureTool tool;
+  PageTextTool pageText;
   CallDatabase database;
   WebLibrary web;
   MapStore maps;

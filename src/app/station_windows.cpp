@@ -36,7 +36,8 @@ Form12& StationWindows::Lookup() {
     Services& s = services_;
     const auto browser = [&s]() { return s.web.Windows(); };
     const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
-    const LookupSession::Parts session{s.program, s.network, s.tool, s.background, s.run.hosts, s.cookies, s.database};
+    const LookupSession::Parts session{s.program,    s.network,   s.tool,    s.pageText,
+                                       s.background, s.run.hosts, s.cookies, s.database};
     lookup_ = new Form12(Form12::Parts{session, browser, forget, s.dialogs}, window_);
     connect(lookup_, &Form12::MapWanted, this, &StationWindows::ShowLookedUp);
     connect(lookup_, &BaseWindow::Closed, this, &StationWindows::LookupClosed);

@@ -9,9 +9,8 @@
 #include <array>
 #include <type_traits>
 
-// Windows-1252, one byte a character; an accent that the code page lacks is dropped, any other stranger becomes "?".
-QByteArray AnsiBytes(const QString& text);
-QString AnsiText(QByteArrayView bytes);
+#include "platform/text/ansi_text.h"
+
 // Without the blanks at both ends; other white space and NULs stay.
 QByteArrayView BlanksTrimmed(QByteArrayView bytes);
 

@@ -1,21 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/look_up.h"
 
-#include <QPromise>
-#include <QThreadPool>
-#include <memory>
-
 #include "callbook/callbook_service.h"
-#include "callbook/db_rec.h"
-#include "platform/html/html_text.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// A page's text is searched some twenty times within one handler: a longer one, which no service has, would hold the
-// event loop. Its beginning counts.
-constexpr qsizetype kMostText = 1024 * 1024;
 
 // Of the read that asks for the version; no call is spelled like it.
 QString UpdatesKey() {
@@ -51,14 +41,11 @@ bool CanBeRead(const QUrl& url) {
 
 }  // namespace
 
-ucLookUp::ucLookUp(UrlNetwork& network, const Hosts& hosts, QByteArray& lookupBytes, QObject* parent)
-    : QObject(parent), hosts_(hosts), lookupBytes_(lookupBytes), reads_(network) {
+ucLookUp::ucLookUp(UrlNetwork& network, const Hosts& hosts, PageTextTool& pageText, QObject* parent)
+    : QObject(parent), hosts_(hosts), pageText_(pageText), reads_(network) {
   connect(&reads_, &UrlReader::Done, this, &ucLookUp::TakeBody);
   connect(&reads_, &UrlReader::Failed, this, &ucLookUp::TakeFailure);
 }
-
-// A text that is still being made goes nowhere then; nobody waits for it.
-ucLookUp::~ucLookUp() = default;
 
 void ucLookUp::GetPage(const QString& call) {
   currentOp_ = CurrentOp::GetPage;
@@ -93,15 +80,17 @@ void ucLookUp::CheckUpdates() {
 
 bool ucLookUp::Start(const QString& key, const QUrl& address) {
   reads_.Cancel(key);
-  delete decodes_.take(key).text;
+  pageText_.Cancel(decodes_.take(key).read);
   if (!CanBeRead(address)) return false;
   reads_.Start(key, address);
+  // The process starts while the page is on its way.
+  if (currentOp_ != CurrentOp::GetPicture) pageText_.WarmUp();
   return true;
 }
 
 // One operation stands for all reads of the instance: a page that arrives after a picture was asked for is a picture.
 void ucLookUp::TakeBody(const QString& key, const QByteArray& body) {
-  lookupBytes_ = body;
+  LookupBytes = body;
   if (currentOp_ == CurrentOp::GetPicture) {
     Q_EMIT GotPic(key);
   } else {
@@ -110,7 +99,11 @@ void ucLookUp::TakeBody(const QString& key, const QByteArray& body) {
 }
 
 void ucLookUp::TakeFailure(const QString& key) {
-  switch (currentOp_) {
+  Fail(currentOp_, key);
+}
+
+void ucLookUp::Fail(CurrentOp op, const QString& key) {
+  switch (op) {
     case CurrentOp::GetPage:
       Q_EMIT PageNotFound(key);
       break;
@@ -128,24 +121,20 @@ void ucLookUp::TakeFailure(const QString& key) {
   }
 }
 
-// Beside the event loop, as a stranger's page may be of any size and shape.
+// In a process of its own, as a stranger's page may be of any size and shape.
 void ucLookUp::BeginDecode(const QString& key, const QByteArray& body) {
-  auto* text = new QFutureWatcher<QString>(this);
-  decodes_.insert(key, {text, currentOp_});
-  connect(text, &QFutureWatcherBase::finished, this, [this, key]() { TakeText(key); });
-  const auto promise = std::make_shared<QPromise<QString>>();
-  text->setFuture(promise->future());
-  QThreadPool::globalInstance()->start([promise, html = body.left(kMostHtml)]() {
-    promise->start();
-    promise->addResult(HTMLDecode(AnsiText(html)).left(kMostText));
-    promise->finish();
-  });
+  const quint64 read =
+      pageText_.Read(body, this, [this, key](const std::optional<QString>& text) { TakeText(key, text); });
+  decodes_.insert(key, {read, currentOp_});
 }
 
-void ucLookUp::TakeText(const QString& key) {
+void ucLookUp::TakeText(const QString& key, const std::optional<QString>& text) {
   const Decode decode = decodes_.take(key);
-  page_.PageText = decode.text->result();
-  decode.text->deleteLater();
+  if (!text) {
+    Fail(decode.op, key);
+    return;
+  }
+  page_.PageText = *text;
   // The signals come last: who hears them may read again, or close the window that owns this.
   switch (decode.op) {
     case CurrentOp::GetPage:

@@ -4,7 +4,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QFutureWatcher>
 #include <QHash>
 #include <QObject>
 #include <QString>
@@ -13,18 +12,20 @@
 #include "callbook/page_reader.h"
 #include "core/hosts.h"
 #include "platform/net/url_reader.h"
+#include "platform/picture/page_text_tool.h"
 
+// One window's lookups.
 class ucLookUp : public QObject {
   Q_OBJECT
 
  public:
-  // lookupBytes is shared by all instances: the body of the last read that any of them completed.
-  ucLookUp(UrlNetwork& network, const Hosts& hosts, QByteArray& lookupBytes, QObject* parent = nullptr);
-  ~ucLookUp() override;
+  ucLookUp(UrlNetwork& network, const Hosts& hosts, PageTextTool& pageText, QObject* parent = nullptr);
 
   // Index of the service, 1 to 5; set before every read. Any other keeps the address of the page read before, and all
   // fields empty.
   int Database = 0;
+  // Body of the read completed last; within GotPic the picture.
+  QByteArray LookupBytes;
 
   // Begin a read under the call, spelled as given, as its key; one pending under the same key is cancelled. Nothing is
   // answered before they return, but for a read that cannot be started.
@@ -63,20 +64,21 @@ class ucLookUp : public QObject {
 
  private:
   enum class CurrentOp { None, CheckUpdates, IsLoggedIn, GetPage, GetPicture };
-  // A page whose text is being made beside the event loop, and what it was read for.
+  // A page whose text is being made, and what it was read for.
   struct Decode {
-    QFutureWatcher<QString>* text = nullptr;
+    quint64 read = 0;  // of the page text tool
     CurrentOp op = CurrentOp::None;
   };
 
   bool Start(const QString& key, const QUrl& address);
   void TakeBody(const QString& key, const QByteArray& body);
   void TakeFailure(const QString& key);
+  void Fail(CurrentOp op, const QString& key);
   void BeginDecode(const QString& key, const QByteArray& body);
-  void TakeText(const QString& key);
+  void TakeText(const QString& key, const std::optional<QString>& text);
 
   const Hosts hosts_;
-  QByteArray& lookupBytes_;
+  PageTextTool& pageText_;
   PageReader page_;
   CurrentOp currentOp_ = CurrentOp::None;  // of the operation begun last; what completes is taken for one of its kind
   QUrl pageAddress_;

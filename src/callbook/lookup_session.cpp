@@ -53,7 +53,7 @@ LookupSession::~LookupSession() = default;
 // the place in its last page.
 void LookupSession::MakeLookUp() {
   DropLookUp();
-  lookUp_ = std::make_unique<ucLookUp>(parts_.network, parts_.hosts, parts_.program.LookupBytes);
+  lookUp_ = std::make_unique<ucLookUp>(parts_.network, parts_.hosts, parts_.pageText);
   connect(lookUp_.get(), &ucLookUp::GotPage, this, &LookupSession::GotPage);
   connect(lookUp_.get(), &ucLookUp::PageNotFound, this, &LookupSession::NotFound);
   connect(lookUp_.get(), &ucLookUp::CallNotFound, this, &LookupSession::NotFound);
@@ -300,7 +300,7 @@ void LookupSession::SaveRecord(const QString& call, const DbRec& record) {
 // What comes may be an error page: only a picture takes the place of the one that is there.
 void LookupSession::GotPic(const QString& call) {
   if (call != call_) return;
-  const QByteArray bytes = parts_.program.LookupBytes;
+  const QByteArray bytes = lookUp_->LookupBytes;
   const QString path = PicturePath();
   parts_.tool.Measure(bytes, this, [this, bytes, path, generation = generation_](const PictureAnswer& answer) {
     const auto show = [this, generation](bool) {

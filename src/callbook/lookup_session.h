@@ -23,6 +23,7 @@
 #include "platform/background.h"
 #include "platform/net/cookie_store.h"
 #include "platform/net/url_reader.h"
+#include "platform/picture/page_text_tool.h"
 #include "platform/picture/picture_tool.h"
 
 // All that the window shows.
@@ -52,6 +53,7 @@ class LookupSession : public QObject {
     Program& program;
     UrlNetwork& network;
     PictureTool& tool;
+    PageTextTool& pageText;
     Background& background;
     const Hosts& hosts;
     CookieStore& cookies;

@@ -43,7 +43,6 @@ struct Program {
   QList<int> MapTop;
 
   QString LookupStatus;    // login state at the callbook service, as the lookup window showed it last
-  QByteArray LookupBytes;  // body of the last read that any lookup control completed
   QString PageViewUrl;     // address of the page view, "*" and the call that it is about
   double TargetLat = 0;    // degrees; the station that is looked at on a map
   double TargetLon = 0;

@@ -22,6 +22,7 @@ struct LookupFixture {
   Program program;
   Background background;
   PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
+  PageTextTool pageText{QStringLiteral(PICTURE_TOOL)};
   CookieStore cookies{folder.path()};
   CallDatabase database{folder.path()};
   UrlNetwork network{{.stall = std::chrono::milliseconds(400), .deadline = std::chrono::seconds(20)}};
@@ -46,7 +47,7 @@ struct LookupFixture {
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
   }
 
-  LookupSession::Parts Parts() { return {program, network, tool, background, hosts, cookies, database}; }
+  LookupSession::Parts Parts() { return {program, network, tool, pageText, background, hosts, cookies, database}; }
 
   void Choose(int service) {
     program.config.CallbookIndex = service;

@@ -2,6 +2,7 @@
 // The lookup control against a server on loopback that plays all five services and the picture store.
 #include <QElapsedTimer>
 #include <QTest>
+#include <csignal>
 #include <memory>
 
 #include "callbook/callbook_service.h"
@@ -32,7 +33,7 @@ struct Fixture {
   }
 
   std::unique_ptr<ucLookUp> NewControl() {
-    auto made = std::make_unique<ucLookUp>(network, hosts, lookupBytes);
+    auto made = std::make_unique<ucLookUp>(network, hosts, pageText);
     ucLookUp* const c = made.get();
     const auto note = [this, c](const char* event, auto signal) {
       QObject::connect(c, signal, c, [this, event](const QString& key) { said += QLatin1String(event) + u' ' + key; });
@@ -62,7 +63,7 @@ struct Fixture {
   PageHost server;
   UrlNetwork network;
   Hosts hosts;
-  QByteArray lookupBytes;
+  PageTextTool pageText{QStringLiteral(PICTURE_TOOL), {.job = 5s, .idle = 30s}};
   QStringList said;
   std::unique_ptr<ucLookUp> lookUp;
 };
@@ -86,6 +87,7 @@ class TestLookUp : public QObject {
   void LivesWithBadAnswers_data();
   void LivesWithBadAnswers();
   void ReadsTheLargestPage();
+  void OutlivesAPageThatHoldsItsProcess();
   void NamesTheServices();
 };
 
@@ -144,13 +146,13 @@ void TestLookUp::ReadsAPage() {
   f.lookUp->Database = 4;
   f.lookUp->GetPage(u"ZZØQX"_s);
   QVERIFY(f.Heard(1));
-  QCOMPARE(f.lookupBytes, page);
+  QCOMPARE(f.lookUp->LookupBytes, page);
   QCOMPARE(f.lookUp->cName(u"ZZØQX"_s), u"Zoë Éx €"_s);
   QCOMPARE(f.lookUp->Add1(), u"1 Mill Lane"_s);
   f.lookUp->GetPicture(u"ZZØQX"_s);
   QVERIFY(f.Heard(2));
   QCOMPARE(f.said, (QStringList{u"GotPage ZZØQX -"_s, u"GotPic ZZØQX"_s}));
-  QCOMPARE(f.lookupBytes, QByteArray("\xFF\xD8\0picture", 10));
+  QCOMPARE(f.lookUp->LookupBytes, QByteArray("\xFF\xD8\0picture", 10));
   QCOMPARE(f.lookUp->Add2(), u"Mill & Town"_s);  // the page is still there
 
   // No service of that number: the page that was read before is read for any call, and has no fields.
@@ -209,10 +211,10 @@ void TestLookUp::AnswersOnceForAKey() {
   f.server.SetPage(u"ZZ9QX"_s, [&]() { return f.server.Requests(u"ZZ9QX"_s) < 3 ? slow : CallookPage("Zoe"); });
   f.lookUp->Database = 4;
   for (const char* stage : {"asked", "decoding"}) {
-    f.lookupBytes.clear();
+    f.lookUp->LookupBytes.clear();
     f.lookUp->GetPage(u"ZZ9QX"_s);
     if (qstrcmp(stage, "decoding") == 0) {
-      QVERIFY(QTest::qWaitFor([&f]() { return !f.lookupBytes.isEmpty(); }, kPatienceMs));
+      QVERIFY(QTest::qWaitFor([&f]() { return !f.lookUp->LookupBytes.isEmpty(); }, kPatienceMs));
     } else {
       QVERIFY(QTest::qWaitFor([&f]() { return f.server.TotalRequests() == 1; }, kPatienceMs));
     }
@@ -226,10 +228,10 @@ void TestLookUp::AnswersOnceForAKey() {
   QCOMPARE(f.said, (QStringList{u"GotPage ZZ9QX -"_s, u"GotPage ZZ9QY -"_s}));
 
   // A page that has come is a page, whatever is begun while its text is being made.
-  f.lookupBytes.clear();
+  f.lookUp->LookupBytes.clear();
   f.server.SetPage(u"ZZ9QZ"_s, [&slow]() { return slow; });
   f.lookUp->GetPage(u"ZZ9QZ"_s);
-  QVERIFY(QTest::qWaitFor([&f]() { return !f.lookupBytes.isEmpty(); }, kPatienceMs));
+  QVERIFY(QTest::qWaitFor([&f]() { return !f.lookUp->LookupBytes.isEmpty(); }, kPatienceMs));
   f.lookUp->GetPicture(u"ZZ9QY"_s);
   QVERIFY(f.Heard(4));
   QVERIFY(f.said.contains(u"GotPage ZZ9QZ -"_s) && f.said.contains(u"GotPic ZZ9QY"_s));
@@ -245,7 +247,8 @@ void TestLookUp::DropsWhatNobodyWaitsFor() {
   f.lookUp = f.NewControl();
   f.lookUp->Database = 4;
   f.lookUp->GetPage(u"ZZ9QX"_s);
-  QVERIFY(QTest::qWaitFor([&f]() { return f.lookupBytes == CallookPage(QByteArray(3'000'000, 'x')); }, kPatienceMs));
+  QVERIFY(QTest::qWaitFor([&f]() { return f.lookUp->LookupBytes == CallookPage(QByteArray(3'000'000, 'x')); },
+                          kPatienceMs));
   QElapsedTimer took;
   took.start();
   f.lookUp.reset();  // while the text is being made
@@ -346,14 +349,14 @@ void TestLookUp::LivesWithBadAnswers() {
   QFETCH(const Behaviour, behaviour);
   QFETCH(const bool, page);
   Fixture f;
-  f.lookupBytes = "of another read";
+  f.lookUp->LookupBytes = "of another read";
   f.server.SetPage(u"call"_s, []() { return QByteArray("<p>Search</p><table><tr><td>callsign</td></tr></table>"); });
   f.server.Misbehave({}, behaviour);
   f.lookUp->Database = 5;
   f.lookUp->GetPage(u"ZZ9QX"_s);
   QVERIFY(f.Heard(1));
   QCOMPARE(f.said, QStringList{page ? u"GotPage ZZ9QX -"_s : u"PageNotFound ZZ9QX"_s});
-  QCOMPARE(f.lookupBytes == "of another read", !page);
+  QCOMPARE(f.lookUp->LookupBytes == "of another read", !page);
   QCOMPARE(f.lookUp->cName(u"ZZ9QX"_s) + f.lookUp->Add1() + f.lookUp->Class(), QString());
   QCOMPARE(f.said.mid(1), QStringList{u"CallNotFound ZZ9QX"_s});
 }
@@ -376,6 +379,39 @@ void TestLookUp::ReadsTheLargestPage() {
   QVERIFY(f.Heard(3));
   QCOMPARE(f.lookUp->cName(u""_s), QString());
   QCOMPARE(f.said, (QStringList{u"GotPage  -"_s, u"PageNotFound "_s, u"GotPage  -"_s, u"CallNotFound "_s}));
+}
+
+// A stopped process stands for a page that holds or kills its parser.
+void TestLookUp::OutlivesAPageThatHoldsItsProcess() {
+  Fixture f;
+  f.lookUp->Database = 4;
+  f.server.SetPage({}, []() { return CallookPage("Zoe"); });
+  const auto process = [&f]() { return static_cast<pid_t>(f.pageText.ProcessId()); };
+  const auto startAndStop = [&]() {
+    f.pageText.WarmUp();
+    return QTest::qWaitFor([&]() { return process() != 0; }, kPatienceMs) && kill(process(), SIGSTOP) == 0;
+  };
+  const auto read = [&](const QString& call) {
+    f.lookUp->LookupBytes.clear();
+    f.lookUp->GetPage(call);
+    return QTest::qWaitFor([&]() { return !f.lookUp->LookupBytes.isEmpty(); }, kPatienceMs);
+  };
+  f.lookUp->GetPage(u""_s);
+  QVERIFY(f.Heard(1));
+
+  // Held for ever: the page is given up, the next one is read.
+  QVERIFY(startAndStop());
+  const pid_t held = process();
+  QVERIFY(read(u""_s) && f.Heard(2) && kill(held, 0) != 0);
+  f.lookUp->GetPage(u""_s);
+  QVERIFY(f.Heard(3));
+  const QStringList told{u"GotPage  -"_s, u"PageNotFound "_s, u"GotPage  -"_s};
+  QCOMPARE(f.said, told);
+
+  // Dead in between: the next page gets another one.
+  QCOMPARE(kill(process(), SIGKILL), 0);
+  QVERIFY(read(u""_s) && f.Heard(4));
+  QCOMPARE(f.said.last(), u"GotPage  -"_s);
 }
 
 void TestLookUp::NamesTheServices() {

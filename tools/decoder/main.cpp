@@ -16,6 +16,7 @@
 #include "platform/picture/helper_frame.h"
 #include "role.h"
 #include "sandbox.h"
+#include "text_role.h"
 
 namespace {
 
@@ -79,7 +80,7 @@ void BeQuiet() {
 }
 
 const Role* RoleNamed(const char* name) {
-  static const Role roles[] = {PictureRole()};
+  static const Role roles[] = {PictureRole(), TextRole()};
   const auto* found = std::find_if(std::begin(roles), std::end(roles),
                                    [&](const Role& role) { return std::strcmp(role.name, name) == 0; });
   return found == std::end(roles) ? nullptr : found;

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A page's HTML5 tree, made by the parser library within limits of memory and time, so that no page whatever can stop
-// the program. Called by html_text.
+// A page's HTML5 tree, made by the parser library. Called by html_text, in a process that may be killed.
 #pragma once
 
 #include <gumbo.h>
@@ -10,10 +9,10 @@
 
 #include "platform/html/html_source.h"
 
+// The tree of one page, and what it points into.
 class HtmlTree {
  public:
-  // The page in UTF-8. A page that nests beyond all measure, or that the parser does not master within its limits, is
-  // parsed without its structure.
+  // The page in UTF-8. A page that nests beyond all measure is parsed without its structure.
   explicit HtmlTree(const QByteArray& html);
   ~HtmlTree();
 
