@@ -8,7 +8,7 @@
 
 #include "platform/html/html_depth.h"
 #include "platform/html/html_doctype.h"
-#include "platform/html/html_look.h"
+#include "platform/html/html_style_scan.h"
 #include "platform/html/html_tags.h"
 
 using namespace Qt::StringLiterals;
@@ -60,16 +60,16 @@ bool IsOfReference(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '#';
 }
 
-// Makes the source that the parser gets.
+// Writes the source that the parser gets: the page without what no text needs.
 class SourceWriter {
  public:
   explicit SourceWriter(const QByteArray& html)
       : html_(html),
         page_(html.constData(), static_cast<size_t>(html.size())),
-        look_(page_),
+        styles_(page_),
         mayHoldRuns_(!html.contains('\xF3')),
-        mayKeepBlanks_(look_.KeepsBlanks()) {
-    source_.hasSheets = look_.HasSheets();
+        mayKeepBlanks_(styles_.KeepsBlanks()) {
+    source_.hasSheets = styles_.HasSheets();
   }
 
   PageSource Run() {
@@ -110,7 +110,7 @@ class SourceWriter {
     const bool isChoice = tag.name == GUMBO_TAG_SELECT || tag.name == GUMBO_TAG_OPTGROUP;
     if (isChoice && tag.kind == TagScanner::Kind::Start) isInChoice_ = true;
     if (tag.name == GUMBO_TAG_SELECT && tag.kind == TagScanner::Kind::End) isInChoice_ = false;
-    if (!look_.IsPlain() || tag.isInDrawing || isInDrawing_ || tag.kind == TagScanner::Kind::Comment) return false;
+    if (!styles_.IsPlain() || tag.isInDrawing || isInDrawing_ || tag.kind == TagScanner::Kind::Comment) return false;
     const bool isStart = tag.kind == TagScanner::Kind::Start;
     // Stray text behind a table's start tag goes ahead of the table.
     if (tag.name == GUMBO_TAG_TABLE) return !HasAsideTable(tag) && !isStart && open_.IsInTable();
@@ -131,7 +131,7 @@ class SourceWriter {
 
   // Blanks at the begin or end of a line are none.
   bool IsAtLinesEdge(std::string_view text, bool isLineEnd, bool isTableTagNext) const {
-    if (isInChoice_ || !look_.IsPlain() || mayKeepBlanks_ || !IsBlankText(text)) return false;
+    if (isInChoice_ || !styles_.IsPlain() || mayKeepBlanks_ || !IsBlankText(text)) return false;
     if (open_.IsBetweenCells()) return isBehindTableTag_ && isTableTagNext && open_.IsInTable();
     return isLineEnd || isAtLineBegin_;
   }
@@ -145,9 +145,9 @@ class SourceWriter {
     if (isTitleOpen_ && tag.name == GUMBO_TAG_TITLE) return false;
     const quint16 traits = TraitsOf(tag.name);
     if ((traits & TagTrait::kUnseen) == 0)
-      return look_.IsPlain() && !isInChoice_ && !isInForm_ && (traits & TagTrait::kLook) != 0;
+      return styles_.IsPlain() && !isInChoice_ && !isInForm_ && (traits & TagTrait::kTextStyle) != 0;
     return std::none_of(tag.attributes.begin(), tag.attributes.end(),
-                        [&](const auto& attribute) { return look_.Matters(attribute, tag.name); });
+                        [&](const auto& attribute) { return styles_.Matters(attribute, tag.name); });
   }
 
   // The parser knows where cells and rows end.
@@ -204,7 +204,7 @@ class SourceWriter {
     WriteTag(tag);
     if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
     if (tag.kind != TagScanner::Kind::Start) return;
-    if (tag.name == GUMBO_TAG_STYLE && look_.HasSheets()) AddSheet(Slice(tag.end, tag.rawEnd));
+    if (tag.name == GUMBO_TAG_STYLE && styles_.HasSheets()) AddSheet(Slice(tag.end, tag.rawEnd));
     if (tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT) text += Slice(tag.end, tag.rawEnd);
   }
 
@@ -216,7 +216,7 @@ class SourceWriter {
     std::array<QByteArrayView, 16> written;
     size_t count = 0;
     for (const TagScanner::Attribute& attribute : tag.attributes) {
-      if (!look_.Matters(attribute, tag.name) || count == written.size()) continue;
+      if (!styles_.Matters(attribute, tag.name) || count == written.size()) continue;
       const bool isRepeated = std::any_of(written.begin(), written.begin() + count,
                                           [&](QByteArrayView name) { return IsName(name, attribute.name); });
       if (isRepeated) continue;
@@ -298,7 +298,7 @@ class SourceWriter {
 
   QByteArrayView html_;
   std::string_view page_;
-  PageLook look_;
+  StyleScan styles_;
   // A page that uses the characters of the runs itself is handed over as it is.
   bool mayHoldRuns_;
   // The text so far ends in a character reference or a "<", which what follows must not become part of.

@@ -20,8 +20,8 @@ inline constexpr quint16 kInTable = 8;
 inline constexpr quint16 kBarrier = 16;
 inline constexpr quint16 kBlock = 32;
 inline constexpr quint16 kKeepsBlanks = 64;
-// Nothing but the look of a text within its line.
-inline constexpr quint16 kLook = 128;
+// Only styles the text within its line: bold, links and their like.
+inline constexpr quint16 kTextStyle = 128;
 // Wherever its start tag stands, it begins a line of its own.
 inline constexpr quint16 kBeginsLine = 256;
 // Nothing of it is ever seen, nor does it part what stands around it.

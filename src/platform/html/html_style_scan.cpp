@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "platform/html/html_look.h"
+#include "platform/html/html_style_scan.h"
 
 #include <QLatin1StringView>
 #include <algorithm>
@@ -107,12 +107,12 @@ bool KeepsBlanks(std::string_view style) {
   return Latin(style).contains("white-space"_L1, Qt::CaseInsensitive);
 }
 
-PageLook::PageLook(std::string_view page) {
+StyleScan::StyleScan(std::string_view page) {
   ReadStyles(page);
   if (isPlain_) isPlain_ = !HasHiddenElements(page);
 }
 
-void PageLook::ReadStyles(std::string_view page) {
+void StyleScan::ReadStyles(std::string_view page) {
   // A tag that is longer is not looked through.
   constexpr size_t kLongestTag = 4096;
   size_t at = kStyle.Find(page, 0);
@@ -135,7 +135,7 @@ void PageLook::ReadStyles(std::string_view page) {
 }
 
 // A sheet that only colours and moves is of no account.
-void PageLook::ReadSheet(std::string_view sheet) {
+void StyleScan::ReadSheet(std::string_view sheet) {
   if (!CanBeSeen(sheet)) return;
   isPlain_ = false;
   hasSheets_ = true;
@@ -149,12 +149,12 @@ void PageLook::ReadSheet(std::string_view sheet) {
   }
 }
 
-bool PageLook::IsNamed(std::string_view name) const {
+bool StyleScan::IsNamed(std::string_view name) const {
   return names_.size() >= kMostNames || std::binary_search(names_.begin(), names_.end(), name, ComesBefore);
 }
 
 // The value of a class or id, with the name of the attribute ahead of it.
-bool PageLook::IsNamedInSheets(std::string_view value) const {
+bool StyleScan::IsNamedInSheets(std::string_view value) const {
   if (value.find('&') != kNowhere) return true;
   size_t at = value.find('=');
   while (at < value.size()) {
@@ -167,7 +167,7 @@ bool PageLook::IsNamedInSheets(std::string_view value) const {
   return false;
 }
 
-bool PageLook::Matters(const TagScanner::Attribute& attribute, GumboTag tag) const {
+bool StyleScan::Matters(const TagScanner::Attribute& attribute, GumboTag tag) const {
   const QByteArrayView name = attribute.name;
   const std::string_view source(attribute.source.data(), static_cast<size_t>(attribute.source.size()));
   switch (Small(name.front())) {

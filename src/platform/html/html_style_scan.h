@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the styles of a page can change of its text, found without a tree: most of what pages carry for their look is of
-// no account. Called by html_source.
+// What the styles of a page can change of its text, found without a tree: most of what pages carry for their style is
+// of no account. Called by html_source.
 #pragma once
 
 #include <string_view>
@@ -8,10 +8,11 @@
 
 #include "platform/html/html_tags.h"
 
-class PageLook {
+// The styles of one page, searched for what can change its text.
+class StyleScan {
  public:
   // The source stays the caller's.
-  explicit PageLook(std::string_view page);
+  explicit StyleScan(std::string_view page);
 
   // True if no style of the page and no hidden element can change its text.
   bool IsPlain() const { return isPlain_; }
