@@ -15,7 +15,7 @@ ConnectivityTest::ConnectivityTest(UrlNetwork& network, const QString& host, std
 
 void ConnectivityTest::Run() {
   patience_.start();
-  reader_.Start(u"root"_s, QUrl(host_.isEmpty() ? host_ : host_ + u"/"_s));
+  reader_.Start(u"root"_s, QUrl(host_.isEmpty() ? host_ : host_ + u"/"_s), UrlPriority::User);
 }
 
 void ConnectivityTest::Answer(bool reached) {

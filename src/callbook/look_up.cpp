@@ -82,7 +82,7 @@ bool ucLookUp::Start(const QString& key, const QUrl& address) {
   reads_.Cancel(key);
   pageText_.Cancel(decodes_.take(key).read);
   if (!CanBeRead(address)) return false;
-  reads_.Start(key, address);
+  reads_.Start(key, address, UrlPriority::User);
   // The process starts while the page is on its way.
   if (currentOp_ != CurrentOp::GetPicture) pageText_.WarmUp();
   return true;

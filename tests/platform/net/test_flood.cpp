@@ -5,6 +5,7 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <QSignalSpy>
 #include <QTest>
 #include <atomic>
 #include <thread>
@@ -12,6 +13,7 @@
 #include "platform/net/url_reader.h"
 #include "rude_server.h"
 #include "test_suite.h"
+#include "tls_flood.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -131,6 +133,27 @@ class TestFlood : public QObject {
     QTRY_COMPARE_WITH_TIMEOUT(said.last(), u"next done"_s, kPatienceMs);
     QCOMPARE(flood.Connections(), 1);
     QVERIFY(reader.IsPending(u"drip"_s));
+  }
+
+  // The lines of a head come decrypted, in pieces as small as the server likes.
+  void IsCutOverTlsToo() {
+    QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+    const QSslConfiguration before = trusting;
+    trusting.addCaCertificate(TlsFlood::Certificate());
+    QSslConfiguration::setDefaultConfiguration(trusting);
+    TlsFlood flood;
+    UrlNetwork network({.stall = 30s});
+    UrlReader reader(network);
+    const QSignalSpy failed(&reader, &UrlReader::Failed);
+    const QSignalSpy flooded(&network, &UrlNetwork::HostFlooded);
+    reader.Start(u"flood"_s, flood.Url());
+    QTRY_COMPARE_WITH_TIMEOUT(failed.size(), 1, kPatienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(flood.ended, 1, kPatienceMs);
+    QSslConfiguration::setDefaultConfiguration(before);
+    QCOMPARE(flooded.size(), 1);
+    QCOMPARE(flooded.first().first().toString(), u"127.0.0.1"_s);
+    // What was on its way; the reader took 64 KiB of it.
+    QVERIFY2(flood.sent > 50'000 && flood.sent < 20'000'000, QByteArray::number(flood.sent).constData());
   }
 
   // Whoever leaves a page drops its reads; that of a flood goes on all the same.
