@@ -40,8 +40,9 @@ Form1::Form1(Services& services)
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)),
-      stations_(new StationWindows({services, logic_, *pic_, *picAll_, *menus_}, this)),
       picToolTip_(new TipWindow(this)) {
+  windows_ = std::make_unique<Windows>(services, *menus_, this);
+  stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -374,7 +375,7 @@ void Form1::ThirdClosingStep() {
 void Form1::LastClosingStep() {
   message_.reset();
   closing_ = Closing::Done;
-  stations_->CloseAll();
+  windows_->CloseAll();
   const QWidgetList windows = QApplication::topLevelWidgets();
   for (QWidget* window : windows) {
     if (window != this) window->close();

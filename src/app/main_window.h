@@ -12,8 +12,9 @@
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
 #include "app/services.h"
-#include "app/station_windows.h"
+#include "app/station_calls.h"
 #include "app/window_menus.h"
+#include "app/windows.h"
 #include "page/hover_tip.h"
 #include "page/page_view.h"
 #include "page/tip_window.h"
@@ -45,6 +46,7 @@ class Form1 : public QWidget {
   void ReloadPage() { logic_.poll.ReloadPage(); }
 
   PageLogic& Logic() { return logic_; }
+  Windows& AllWindows() { return *windows_; }
 
  Q_SIGNALS:
   // The first page load has been started, or there is none to start.
@@ -93,7 +95,7 @@ class Form1 : public QWidget {
   MenuStrip* pic_;
   PageView* picAll_;
   WindowMenus* menus_;
-  StationWindows* stations_;
+  StationCalls* stations_ = nullptr;
   TipWindow* picToolTip_;
   int tips_ = 0;  // opened so far
   std::unique_ptr<frmShowMsg> message_;
@@ -101,5 +103,6 @@ class Form1 : public QWidget {
   int twipsX_ = 15;
   int twipsY_ = 15;
   long screenHTwips_ = 0;
+  std::unique_ptr<Windows> windows_;  // goes first: open windows refer to what stands above
   enum class Closing { No, Running, Done } closing_ = Closing::No;
 };

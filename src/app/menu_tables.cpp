@@ -71,6 +71,14 @@ constexpr std::array kPictureCommands = {
     Command::ShowPictureInfo, Command::CompactPage,    Command::RemoveFromPage, Command::RemoveAllFromPage,
     Command::OpenSiteIndex};
 
+constexpr std::array kMapCallCommands = {Command::LookUpMapCall, Command::ShowCallByAddress,
+                                         Command::ShowCallByCoordinates};
+constexpr std::array kLookupMapsCommands = {Command::ShowCallOnMap, Command::ShowCallByCoordinates,
+                                            Command::ShowCallByAddress};
+constexpr std::array kLookupPictureCommands = {Command::CopyOperatorPicture, Command::SaveOperatorPictureToDesktop,
+                                               Command::PasteOperatorPicture, Command::SaveOperatorPictureAs,
+                                               Command::PrintOperatorPicture};
+
 constexpr std::array kRates = {1, 2, 5};                 // minutes
 constexpr std::array kThumbs = {5, 10, 15, 24, 35, 36};  // by ThumbLayout
 
@@ -178,6 +186,9 @@ void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   menus_.insert(MenuId::Language, Plain(languages, Command::SetLanguage, true));
   menus_.insert(MenuId::MapOfCall, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::ShowOnMap));
   menus_.insert(MenuId::Lookups, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::LookUp));
+  menus_.insert(MenuId::MapCall, Different(texts, MenuLines::kMapCall, kMapCallCommands));
+  menus_.insert(MenuId::LookupMaps, Different(texts, MenuLines::kLookupMaps, kLookupMapsCommands));
+  menus_.insert(MenuId::LookupPicture, Different(texts, MenuLines::kLookupPicture, kLookupPictureCommands));
   menus_.insert(MenuId::PageViews, Plain(TextsOf(texts, MenuLines::kViews), Command::ShowPageView));
 }
 
@@ -207,6 +218,11 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
       return LookupMenu(subject);
     case MenuId::PageViews:
       return PageViews(subject);
+    case MenuId::MapCall:
+    case MenuId::LookupMaps:
+      return CallMenu(menu, subject);
+    case MenuId::SignIn:
+      return Plain({subject.offer}, Command::SignInOrOut);
     default:
       return SetupChoices(menu);
   }
@@ -340,6 +356,16 @@ QList<MenuEntry> MenuTables::LookupMenu(const MenuSubject& subject) const {
   status.enabled = false;
   status.separatorBefore = true;
   return entries << status;
+}
+
+// A call without a position has no place on any map.
+QList<MenuEntry> MenuTables::CallMenu(MenuId menu, const MenuSubject& subject) const {
+  QList<MenuEntry> entries = menus_.value(menu);
+  for (MenuEntry& entry : entries) {
+    entry.text.replace("***"_L1, program_.config.CallbookName).replace("??"_L1, Shown(subject.caller));
+    if (!subject.placed) entry.enabled = entry.command == Command::LookUpMapCall;
+  }
+  return entries;
 }
 
 QList<MenuEntry> MenuTables::PageViews(const MenuSubject& subject) const {

@@ -30,6 +30,7 @@ class MenuTables {
   QList<MenuEntry> LanguageMenu() const;
   QList<MenuEntry> SiteOrSender(MenuId menu, const MenuSubject& subject) const;
   QList<MenuEntry> LookupMenu(const MenuSubject& subject) const;
+  QList<MenuEntry> CallMenu(MenuId menu, const MenuSubject& subject) const;
   QList<MenuEntry> PageViews(const MenuSubject& subject) const;
   bool WxPageIsEmpty() const;
   QString Shown(const QString& call) const;

@@ -76,9 +76,10 @@ void WindowMenus::OpenMenu(const MenuRequest& request) {
     connect(menu_, &frmMenu::AboutToClose, this, &WindowMenus::Closing);
   }
   disconnect(menu_, &frmMenu::Chosen, this, nullptr);
-  connect(menu_, &frmMenu::Chosen, this, [this, subject = request.subject](const MenuEntry& entry) {
-    commands_.Do({entry.command, entry.index, entry.text, subject});
-  });
+  connect(menu_, &frmMenu::Chosen, this,
+          [this, subject = request.subject, owner = QPointer<QObject>(request.owner)](const MenuEntry& entry) {
+            commands_.Do({entry.command, entry.index, entry.text, subject, owner});
+          });
   menu_->MakeMenu(request.menu == MenuId::More ? pic_.MoreEntries() : tables_.Menu(request.menu, request.subject),
                   [this, &request](MenuId menu) { return tables_.Menu(menu, request.subject); });
   menu_->setAccessibleName(request.name);

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "ui/call_field.h"
+#include "callbook/place_page.h"
 #include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -42,8 +43,7 @@ Form12::Form12(const Parts& parts, QWidget* owner)
       lblDxAz(new FieldLabel(u"lblDxAz"_s, this)),
       Image1(new PictureButton(u"Image1"_s, this)),
       service_(new ServiceChooser(ServiceSpelling::Lookup, {u"cmdUpdate"_s, u"lblStatus"_s}, this)),
-      lblMaps(new BarLabel(u"lblMaps"_s, this)),
-      menu_(this) {
+      lblMaps(new BarLabel(u"lblMaps"_s, this)) {
   setObjectName(u"Form12"_s);
   SetDefaultButton(service_->FetchButton());
   MakeLayout();
@@ -97,11 +97,17 @@ void Form12::ConnectParts() {
   connect(lblMaps, &BarLabel::clicked, this, &Form12::OpenMapsMenu);
   connect(Image1, &PictureButton::clicked, this, &Form12::OpenPicture);
   connect(Image1, &PictureButton::MenuWanted, this, &Form12::OpenPictureMenu);
-  connect(&menu_, &frmMenu::Chosen, this, [this](const MenuEntry& entry) { Chosen(entry.index); });
+  const auto does = [this](Command command, auto handler) {
+    parts_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
+  };
+  does(Command::ShowCallOnMap, [](Form12& form, const MenuChoice& choice) { form.MnuMapsClick(choice.index); });
+  does(Command::CopyOperatorPicture, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
+  does(Command::SaveOperatorPictureAs, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
+  does(Command::SignInOrOut, [](Form12& form, const MenuChoice&) { form.SignInOrOut(); });
 }
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
-  menu_.close();
+  parts_.menus.CloseMenus();
   if (picture_) picture_->close();
   beside_ = besideGlobal;
   service_->SetService(parts_.program.config.CallbookIndex);
@@ -134,7 +140,7 @@ void Form12::CentrePointer() {
 void Form12::ShowTexts() {
   const LanguageTexts& texts = parts_.program.language;
   // Its entries are in the former language.
-  menu_.close();
+  parts_.menus.CloseMenus();
   service_->ShowTexts(texts[TextLine::kSelectDatabase]);
   lblMaps->SetCaption(texts[TextLine::kMapsWord]);
   session_.ShowTexts();
@@ -174,23 +180,29 @@ void Form12::TellView() {
   service_->Describe(told.join(", "_L1));
 }
 
-void Form12::OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at,
-                      bool byKeyboard) {
-  openMenu_ = number;
-  menu_.MakeMenu(entries);
-  menu_.setAccessibleName(name);
-  menu_.OpenAt(at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
+MenuRequest Form12::Request(MenuId menu, const QString& name, const QPoint& at) {
+  MenuRequest request;
+  request.menu = menu;
+  request.subject.caller = session_.Call();
+  request.owner = this;
+  request.name = name;
+  request.at = at;
+  return request;
 }
 
 void Form12::OpenMapsMenu() {
   const TargetLocation target = session_.Target();
-  const bool hasPosition = target.TargetLat != 0 || target.TargetLon != 0;
-  OpenMenu(kLookupMapsMenu, LookupMapEntries(parts_.program, session_.Call(), hasPosition), lblMaps->text(),
-           lblMaps->mapToGlobal(QPoint(0, lblMaps->height())), !lblMaps->underMouse());
+  MenuRequest request =
+      Request(MenuId::LookupMaps, lblMaps->text(), lblMaps->mapToGlobal(QPoint(0, lblMaps->height())));
+  request.subject.placed = target.TargetLat != 0 || target.TargetLon != 0;
+  request.byKeyboard = !lblMaps->underMouse();
+  parts_.menus.OpenMenu(request);
 }
 
 void Form12::OpenPictureMenu(const QPoint& at, bool byKeyboard) {
-  OpenMenu(kLookupPictureMenu, LookupPictureEntries(parts_.program), Image1->accessibleName(), at, byKeyboard);
+  MenuRequest request = Request(MenuId::LookupPicture, Image1->accessibleName(), at);
+  request.byKeyboard = byKeyboard;
+  parts_.menus.OpenMenu(request);
 }
 
 void Form12::OpenPicture() {
@@ -203,34 +215,15 @@ void Form12::OpenPicture() {
   picture_->ShowPicture(session_.PicturePath(), session_.Call(), over);
 }
 
-void Form12::Chosen(int index) {
-  switch (openMenu_) {
-    case kLookupMapsMenu:
-      MnuMapsClick(index);
-      break;
-    case kLookupPictureMenu:
-      MnuPicClick(index);
-      break;
-    case kSignInMenu:
-      SignInOrOut();
-      break;
-    default:
-      break;
-  }
-}
-
 void Form12::MnuMapsClick(int index) {
   const TargetLocation target = session_.Target();
   if (target.TargetLat == 0 && target.TargetLon == 0) return;
   if (index == 0) {
-    parts_.program.TargetLat = target.TargetLat;
-    parts_.program.TargetLon = target.TargetLon;
-    Q_EMIT MapWanted(session_.Call());
+    Q_EMIT MapWanted(session_.Call(), target.TargetLat, target.TargetLon);
     return;
   }
   // By coordinates or by address: both entries open the same, the place decides.
-  parts_.program.PageViewUrl = SatelliteViewUrl(parts_.hosts, target, session_.Call());
-  Q_EMIT PageViewWanted();
+  Q_EMIT PageViewWanted(SatelliteViewUrl(parts_.hosts, target, session_.Call()));
   close();
 }
 
@@ -270,10 +263,10 @@ void Form12::StatusClicked() {
   const SignInOffer offer = session_.Offer();
   if (offer.kind != SignInOffer::Kind::SignOut) return SignInOrOut();
   const StatusLink* status = service_->Status();
-  MenuEntry entry;
-  entry.text = offer.text;
-  OpenMenu(kSignInMenu, {entry}, status->text(), status->mapToGlobal(QPoint(0, status->height())),
-           !status->underMouse());
+  MenuRequest request = Request(MenuId::SignIn, status->text(), status->mapToGlobal(QPoint(0, status->height())));
+  request.subject.offer = offer.text;
+  request.byKeyboard = !status->underMouse();
+  parts_.menus.OpenMenu(request);
 }
 
 void Form12::SignInOrOut() {
@@ -312,7 +305,7 @@ void Form12::SignOut() {
 }
 
 void Form12::closeEvent(QCloseEvent* event) {
-  menu_.close();
+  parts_.menus.CloseMenus();
   if (picture_) picture_->close();
   session_.EndLookup();
   BaseWindow::closeEvent(event);

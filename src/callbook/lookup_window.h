@@ -7,15 +7,15 @@
 #include <functional>
 
 #include "browser/browser_windows.h"
-#include "callbook/lookup_menus.h"
 #include "callbook/lookup_session.h"
 #include "callbook/lookup_widgets.h"
 #include "callbook/operator_picture_window.h"
 #include "callbook/service_chooser.h"
 #include "ui/bar_label.h"
 #include "ui/base_window.h"
+#include "ui/commands.h"
 #include "ui/dialogs.h"
-#include "ui/menu_window.h"
+#include "ui/menu_opener.h"
 
 class Form12 : public BaseWindow {
   Q_OBJECT
@@ -26,6 +26,8 @@ class Form12 : public BaseWindow {
     std::function<BrowserWindows*()> browser;
     std::function<void(const QUrl&)> forget;
     Dialogs& dialogs;
+    Commands& commands;
+    MenuOpener& menus;
   };
 
   // owner: the main window, above which this one stays.
@@ -46,10 +48,10 @@ class Form12 : public BaseWindow {
   void MnuPicClick(int index);
 
  Q_SIGNALS:
-  // The location picker is wanted; TargetLat and TargetLon are those of the call.
-  void MapWanted(const QString& call);
-  // PageViewUrl holds what to open.
-  void PageViewWanted();
+  // The location picker is wanted for a call and its place, in degrees.
+  void MapWanted(const QString& call, double TargetLat, double TargetLon);
+  // A page about the call's place is wanted: its address, "*" and the call.
+  void PageViewWanted(const QString& PageViewUrl);
   // The database has a new or changed record of the call.
   void Stored(const QString& call);
 
@@ -64,11 +66,10 @@ class Form12 : public BaseWindow {
   void ConnectParts();
   void ShowView();
   void TellView();
-  void OpenMenu(int number, const QList<MenuEntry>& entries, const QString& name, const QPoint& at, bool byKeyboard);
+  MenuRequest Request(MenuId menu, const QString& name, const QPoint& at);
   void OpenMapsMenu();
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);
   void OpenPicture();
-  void Chosen(int index);
   void StatusClicked();
   void SignInOrOut();
   void SignIn();
@@ -89,8 +90,6 @@ class Form12 : public BaseWindow {
   PictureButton* Image1;
   ServiceChooser* service_;  // cboDB, cmdUpdate, lblStatus
   BarLabel* lblMaps;
-  frmMenu menu_;      // with tmrMenus
-  int openMenu_ = 0;  // number of the menu that was opened last
   QPointer<Form13> picture_;
   QRect beside_;         // what was clicked, on the screen
   QString signInTitle_;  // of the browser window that is open for it

@@ -42,8 +42,5 @@ struct Program {
   QList<int> MapLeft;
   QList<int> MapTop;
 
-  QString LookupStatus;    // login state at the callbook service, as the lookup window showed it last
-  QString PageViewUrl;     // address of the page view, "*" and the call that it is about
-  double TargetLat = 0;    // degrees; the station that is looked at on a map
-  double TargetLon = 0;
+  QString LookupStatus;  // login state at the callbook service, as the lookup window showed it last
 };

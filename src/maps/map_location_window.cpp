@@ -5,20 +5,11 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
+frmMapLoc::frmMapLoc(Program& program, MapStore& store, MenuOpener& menus, QWidget* opener)
+    : MapWindow({u"frmMapLoc"_s}, program, store, menus, opener) {}
 
-// Entries of the menu on lblCall.
-enum PopupEntry { kLookup, kViewAddress, kViewCoordinates };
-
-}  // namespace
-
-frmMapLoc::frmMapLoc(Program& program, MapStore& store, QWidget* opener)
-    : MapWindow({u"frmMapLoc"_s}, program, store, opener), menu_(this) {
-  connect(&menu_, &frmMenu::Chosen, this, [this](const MenuEntry& entry) { MnuPopupClick(entry.index); });
-}
-
-void frmMapLoc::PickMapForTarget(const QString& callsign) {
-  target_ = {callsign, program_.TargetLat, program_.TargetLon};
+void frmMapLoc::PickMapForTarget(const QString& callsign, double TargetLat, double TargetLon) {
+  target_ = {callsign, TargetLat, TargetLon};
   SetMapIndex(BestMapIndex(program_.lstMap, target_.lat, target_.lon));
   StoreMapIndex(MapIndex());
   Redraw_Map();
@@ -30,23 +21,19 @@ MapDrawing frmMapLoc::BuildDrawing(const MapSurface& surface) {
 
 void frmMapLoc::LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) {
   Q_UNUSED(name)  // every label that can be pressed is the target's
-  QList<MenuEntry> entries;
-  for (const TextLine line : MenuLines::kMapCall) {
-    MenuEntry entry;
-    entry.text =
-        QString(program_.language[line]).replace("***"_L1, program_.config.CallbookName).replace("??"_L1, target_.call);
-    entry.index = static_cast<int>(entries.size());
-    // The satellite views have no window yet.
-    entry.enabled = entry.index == kLookup;
-    entries.append(entry);
-  }
-  menu_.setAccessibleName(target_.call);
-  menu_.MakeMenu(entries);
-  menu_.OpenAt(at, byKeyboard ? frmMenu::Opener::Keyboard : frmMenu::Opener::Pointer);
+  MenuRequest request;
+  request.menu = MenuId::MapCall;
+  request.subject.caller = target_.call;
+  request.subject.placed = true;
+  request.owner = this;
+  request.name = target_.call;
+  request.at = at;
+  request.byKeyboard = byKeyboard;
+  menus_.OpenMenu(request);
 }
 
 void frmMapLoc::MnuPopupClick(int index) {
-  if (index != kLookup) return;
+  if (index != 0) return;  // the satellite views have no window yet
   // The lookup opens beside the label that can be seen.
   QRect seen;
   for (qsizetype i = 0; i < View().Labels().size(); ++i) {

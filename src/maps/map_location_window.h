@@ -5,18 +5,17 @@
 
 #include "maps/location_map.h"
 #include "maps/map_window.h"
-#include "ui/menu_window.h"
 
 // The map of one station, the target.
 class frmMapLoc : public MapWindow {
   Q_OBJECT
 
  public:
-  frmMapLoc(Program& program, MapStore& store, QWidget* opener);
+  frmMapLoc(Program& program, MapStore& store, MenuOpener& menus, QWidget* opener);
 
-  // Chooses the map for the program's TargetLat and TargetLon and shows the window when its picture has been read.
-  void PickMapForTarget(const QString& callsign);
-  void MnuPopupClick(int index);
+  // Chooses the map for a place, in degrees, and shows the window when its picture has been read.
+  void PickMapForTarget(const QString& callsign, double TargetLat, double TargetLon);
+  void MnuPopupClick(int index) override;
 
  Q_SIGNALS:
   // The lookup of a call is wanted; at: its label on the screen.
@@ -28,5 +27,4 @@ class frmMapLoc : public MapWindow {
 
  private:
   MapTarget target_;
-  frmMenu menu_;
 };

@@ -17,9 +17,10 @@ constexpr int kInfoRoom = 40;         // the info panel is that much wider than 
 
 }  // namespace
 
-MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, QWidget* opener)
+MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, MenuOpener& menus, QWidget* opener)
     : BaseWindow(opener, Qt::Window),
       program_(program),
+      menus_(menus),
       store_(store),
       picOuter_(new MapView(this)),
       imgMenuBar_(this),

@@ -13,6 +13,7 @@
 #include "maps/map_store.h"
 #include "maps/map_view.h"
 #include "ui/base_window.h"
+#include "ui/menu_opener.h"
 
 // One map in a window of its own, which shows itself when its picture has been read.
 class MapWindow : public BaseWindow {
@@ -26,7 +27,10 @@ class MapWindow : public BaseWindow {
     QString mapsList = QStringLiteral("lstMaps");
   };
 
-  MapWindow(const Names& names, Program& program, MapStore& store, QWidget* opener);
+  MapWindow(const Names& names, Program& program, MapStore& store, MenuOpener& menus, QWidget* opener);
+
+  // An entry of the menu on a call, which the window has opened.
+  virtual void MnuPopupClick(int index) = 0;
 
   // The bar's texts, and what is drawn on an open map. A window with texts of its own calls this one last.
   void ShowTexts() override;
@@ -55,6 +59,7 @@ class MapWindow : public BaseWindow {
   void closeEvent(QCloseEvent* event) override;
 
   Program& program_;
+  MenuOpener& menus_;
 
  private:
   void MakeBar();

@@ -17,8 +17,8 @@ enum class MenuId : int {
   Find = 2,
   Alphabet = 3,
   Setup = 4,
-  Picture = 5,  // of a cell: the page's and, cut down, the history's
-  MapLocationCall = 10,
+  Picture = 5,   // of a cell: the page's and, cut down, the history's
+  MapCall = 10,  // of a call on any map
   LookupMaps = 11,
   LookupPicture = 12,
   SignIn = 16,
@@ -82,6 +82,8 @@ enum class Command : int {
   ShowCallOnMap,
   ShowCallByCoordinates,
   ShowCallByAddress,
+  // Map windows: who the call is.
+  LookUpMapCall,
   CopyOperatorPicture,
   SaveOperatorPictureToDesktop,
   PasteOperatorPicture,
@@ -110,6 +112,7 @@ struct MenuSubject {
   bool camOnly = false;
   bool weather = false;  // a cell of the weather page
   bool placed = false;   // the call's position is known
+  QString offer;         // what can be done about the login at the callbook service, in words
 };
 
 // One choice from a menu. index is the entry's place in its menu, from 0; text the entry as it was shown.
@@ -118,6 +121,7 @@ struct MenuChoice {
   int index = 0;
   QString text;
   MenuSubject subject;
+  QPointer<QObject> owner;  // window whose menu it was
 };
 
 // Who does what. One for the program.

@@ -53,9 +53,13 @@ struct Made {
   Commands commands;
   QObject handler;
   MenuTables tables{program, commands};
-  MenuSubject subject{.source = {}, .site = u"DL0ABC"_s, .caller = u"PA0XYZ"_s, .empty = false, .hasCam = true};
+  MenuSubject subject;
 
   explicit Made(const QList<Command>& without = {}) {
+    subject.site = u"DL0ABC"_s;
+    subject.caller = u"PA0XYZ"_s;
+    subject.empty = false;
+    subject.hasCam = true;
     for (int command = 1; command <= static_cast<int>(Command::SignInOrOut); ++command) {
       const auto each = static_cast<Command>(command);
       if (!without.contains(each)) commands.Register(each, &handler, [](const MenuChoice&) {});
@@ -145,6 +149,19 @@ class TestMenuTables : public QObject {
     made.subject.caller = u"Not found"_s;
     QCOMPARE(Where(made.Menu(MenuId::MapOfCall), &MenuEntry::enabled), u"0"_s);
     QCOMPARE(Where(made.Menu(MenuId::PageViews), &MenuEntry::enabled), u"0 1"_s);
+  }
+
+  // Nothing but the lookup of a call that has no place.
+  void CallsOfOtherWindows() {
+    Made made;
+    const QString all = TextsOf(made.Menu(MenuId::MapCall)).join(u" / "_s);
+    QCOMPARE(all, u"ask QRZ / PAØXYZ street / PAØXYZ degrees"_s);
+    QCOMPARE(Where(made.Menu(MenuId::MapCall), &MenuEntry::enabled), u"0"_s);
+    QCOMPARE(Where(made.Menu(MenuId::LookupMaps), &MenuEntry::enabled), QString());
+    made.subject.placed = true;
+    QCOMPARE(Where(made.Menu(MenuId::LookupMaps), &MenuEntry::enabled), u"0 1 2"_s);
+    made.subject.offer = u"leave QRZ"_s;
+    QCOMPARE(TextsOf(made.Menu(MenuId::SignIn)), QStringList(u"leave QRZ"_s));
   }
 
   void PagesTellEmptyOnes() {

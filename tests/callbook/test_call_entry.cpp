@@ -3,7 +3,7 @@
 #include <QTest>
 
 #include "callbook/call_entry.h"
-#include "callbook/lookup_menus.h"
+#include "callbook/place_page.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -41,20 +41,6 @@ class TestCallEntry : public QObject {
     QTEST(CallOfField(text), "field");
     QTEST(CallOfCaption(text, {u"NOCALL"_s, u"N0CALL"_s}), "caption");
     QVERIFY(text.startsWith(CutAtFirstOther(text)));
-  }
-
-  void MakesMenus() {
-    Program program;
-    program.ZeroGlyph = u'Ø';
-    LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, Program::ProgVersion(), program.language);
-    QList<MenuEntry> maps = LookupMapEntries(program, u"DL0QPA"_s, true, {});
-    QCOMPARE(maps.size(), 3);
-    QVERIFY(maps.at(1).text.startsWith(u"DLØQPA"_s) && maps.at(1).text != maps.at(2).text);
-    QVERIFY(maps.at(0).enabled && maps.at(0).index == 0);
-    QVERIFY(!LookupMapEntries(program, u"DL0QPA"_s, false).at(0).enabled);
-    const QList<MenuEntry> picture = LookupPictureEntries(program);
-    QCOMPARE(picture.size(), 5);
-    QVERIFY(picture.at(0).enabled && picture.at(3).enabled);
   }
 
   void FindsSatelliteViews_data() {

@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLayout>
-#include <QMenu>
 #include <QScreen>
 #include <QTest>
 #include <QTextDocument>
@@ -11,7 +10,7 @@
 #include "callbook/lookup_window.h"
 #include "core/translations.h"
 #include "lookup_fixture.h"
-#include "open_menu.h"
+#include "recording_menus.h"
 #include "test_suite.h"
 #include "ui/language_change.h"
 
@@ -45,6 +44,8 @@ struct FormFixture : LookupFixture {
   RecordingBrowser windows;
   bool hasBrowser = true;
   ScriptedAnswers dialogs;
+  Commands commands;
+  RecordingMenus menus;
   QPointer<Form12> window;
   int closed = 0;
 
@@ -54,7 +55,7 @@ struct FormFixture : LookupFixture {
     if (window == nullptr) {
       const auto browser = [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; };
       const auto forget = [this](const QUrl& url) { windows.Forget(url); };
-      window = new Form12({Parts(), browser, forget, dialogs}, &owner);
+      window = new Form12({Parts(), browser, forget, dialogs, commands, menus}, &owner);
       QObject::connect(window, &BaseWindow::Closed, &owner, [this]() {
         ++closed;
         window.clear();
@@ -72,6 +73,7 @@ struct FormFixture : LookupFixture {
     return window->findChild<Widget*>(name);
   }
   QString Text(const QString& name) const { return Part<FieldLabel>(name)->text(); }
+  MenuId Wanted() const { return menus.wanted.isEmpty() ? MenuId::None : menus.wanted.last().menu; }
 };
 
 }  // namespace
@@ -167,9 +169,8 @@ class TestLookupWindow : public QObject {
 
     QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
     QApplication::sendEvent(image, &byKey);
-    QTRY_VERIFY(OpenMenu() != nullptr);
-    QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
-    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QCOMPARE(f.Wanted(), MenuId::LookupPicture);
+    f.commands.Do({Command::CopyOperatorPicture, 0, {}, {}, {}});
     QTRY_COMPARE(QApplication::clipboard()->image().size(), QSize(240, 180));
 
     f.dialogs.savePath = f.folder.filePath(u"saved.bmp"_s);
@@ -196,25 +197,22 @@ class TestLookupWindow : public QObject {
     f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"-0.1"_s);
     f.Open(u"K1QPE"_s);
     QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
-    QTRY_VERIFY(OpenMenu() != nullptr);
-    QVERIFY(!OpenMenu()->actions().at(1)->isEnabled());
-    QTest::keyClick(OpenMenu(), Qt::Key_Return);
-    QTRY_COMPARE(maps.count(), 1);
-    QCOMPARE(maps.first().first().toString(), u"K1QPE"_s);
-    QCOMPARE(QPointF(f.program.TargetLat, f.program.TargetLon), QPointF(51.5, -0.1));
+    QCOMPARE(f.Wanted(), MenuId::LookupMaps);
+    QVERIFY(f.menus.wanted.last().subject.placed);
+    f.commands.Do({Command::ShowCallOnMap, 0, {}, {}, {}});
+    QCOMPARE(maps.first(), QVariantList({u"K1QPE"_s, 51.5, -0.1}));
     f.Form().MnuMapsClick(1);
     QCOMPARE(views.count(), 1);
-    QVERIFY(f.program.PageViewUrl.startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
-    QVERIFY(f.program.PageViewUrl.endsWith(u"*K1QPE"_s) && !f.IsOpen());
+    const QString PageViewUrl = views.first().first().toString();
+    QVERIFY(PageViewUrl.startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
+    QVERIFY(PageViewUrl.endsWith(u"*K1QPE"_s) && !f.IsOpen());
 
     f.Open(u"W1QXM"_s);
     for (const int index : {0, 1, 2}) f.Form().MnuMapsClick(index);
     QCOMPARE(maps.count() + views.count(), 2);
     QVERIFY(f.IsOpen());
     QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
-    QTRY_VERIFY(OpenMenu() != nullptr);
-    QVERIFY(!OpenMenu()->actions().first()->isEnabled());
-    QTest::keyClick(OpenMenu(), Qt::Key_Escape);
+    QVERIFY(!f.menus.wanted.last().subject.placed);
     QVERIFY(f.IsOpen());
   }
 
@@ -260,9 +258,9 @@ class TestLookupWindow : public QObject {
     QCOMPARE(status->text(), u"Logged in"_s);
 
     QTest::keyClick(status, Qt::Key_Space);
-    QTRY_VERIFY(OpenMenu() != nullptr);
-    QCOMPARE(OpenMenu()->actions().first()->text(), u"Sign out of eHam"_s);
-    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    QCOMPARE(f.Wanted(), MenuId::SignIn);
+    QCOMPARE(f.menus.wanted.last().subject.offer, u"Sign out of eHam"_s);
+    f.commands.Do({Command::SignInOrOut, 0, {}, {}, {}});
     QTRY_COMPARE(status->text(), u"Not logged in"_s);
     QVERIFY(f.windows.done.last().startsWith(u"forget "_s) && f.Text(u"lblName"_s).isEmpty());
 

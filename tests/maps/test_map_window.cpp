@@ -12,6 +12,7 @@
 
 #include "map_folder.h"
 #include "maps/map_location_window.h"
+#include "recording_menus.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -22,6 +23,7 @@ struct MapFixture : MapFolder {
   Program program;
   MapStore store{folder.path()};
   QWidget owner;
+  RecordingMenus menus;
   QPointer<frmMapLoc> window;  // deletes itself when it is closed
 
   void Open() {
@@ -31,14 +33,11 @@ struct MapFixture : MapFolder {
     program.MapTop = QList<int>(kMapOffsets, 1);
     program.config.MyLat = 52.5;
     program.config.MyLon = -1.25;
-    program.config.CallbookName = u"eHam"_s;
     owner.show();
   }
   void Pick(double lat, double lon) {
-    program.TargetLat = lat;
-    program.TargetLon = lon;
-    if (!window) window = new frmMapLoc(program, store, &owner);
-    window->PickMapForTarget(u"ZZ1AA"_s);
+    if (!window) window = new frmMapLoc(program, store, menus, &owner);
+    window->PickMapForTarget(u"ZZ1AA"_s, lat, lon);
     QTRY_VERIFY(window->isVisible());
   }
   MapView& View() const { return *window->findChild<MapView*>(); }
@@ -166,8 +165,6 @@ class TestMapWindow : public QObject {
     QTest::mouseClick(&f.Button(), Qt::LeftButton);
     QCOMPARE(f.Maps().model()->index(1, 0).data().toString(), u"world"_s);
     QCOMPARE(f.Maps().currentIndex().row(), 0);
-    // Another station is looked at elsewhere meanwhile; the map stays with its own.
-    f.program.TargetLat = 10;
     QTest::keyClick(&f.Maps(), Qt::Key_Down);
     QTest::keyClick(&f.Maps(), Qt::Key_Return);
     QVERIFY(!f.Maps().isVisible());
@@ -197,15 +194,11 @@ class TestMapWindow : public QObject {
     f.Pick(48, 2);
     QSignalSpy wanted(f.window.data(), &frmMapLoc::LookupWanted);
     QTest::mouseClick(&f.View(), Qt::LeftButton, {}, f.View().LabelRect(0).center());
-    auto* menu = f.window->findChild<frmMenu*>();
-    QVERIFY(menu->isVisible());
-    QStringList entries;
-    for (const QAction* action : menu->actions())
-      entries.append(action->text().trimmed() + (action->isEnabled() ? u""_s : u" -"_s));
-    QCOMPARE(entries.join(u", "_s), u"Look up on eHam, ZZ1AA by address -, ZZ1AA by coordinates -"_s);
-    QCOMPARE(menu->accessibleName(), u"ZZ1AA"_s);
-    QTest::keyClick(menu, Qt::Key_Down);
-    QTest::keyClick(menu, Qt::Key_Return);
+    QCOMPARE(f.menus.wanted.size(), 1);
+    QCOMPARE(f.menus.wanted.first().menu, MenuId::MapCall);
+    QCOMPARE(f.menus.wanted.first().subject.caller, u"ZZ1AA"_s);
+    QCOMPARE(f.menus.wanted.first().owner, f.window.data());
+    f.window->MnuPopupClick(0);
     QCOMPARE(wanted.size(), 1);
     QCOMPARE(wanted.first().at(0).toString(), u"ZZ1AA"_s);
     QCOMPARE(wanted.first().at(1).toRect().topLeft(), f.View().mapToGlobal(f.View().LabelRect(0).topLeft()));

@@ -74,6 +74,12 @@ double Ms(const QElapsedTimer& timer) {
 }
 
 // A widget that opens the map at a key press, as the main window does.
+// No menu is opened here.
+struct NoMenus : MenuOpener {
+  void OpenMenu(const MenuRequest&) override {}
+  void CloseMenus() override {}
+};
+
 class Opener : public QWidget {
  public:
   explicit Opener(std::function<void()> open) : open_(std::move(open)) {}
@@ -167,18 +173,17 @@ int main(int argc, char** argv) {
   program.MapTop.resize(kMapOffsets);
   program.config.MyLat = 40;
   program.config.MyLon = -75;
-  program.TargetLat = -33.9;
-  program.TargetLon = 18.4;
   MapStore store(folder.path());
+  NoMenus menus;
   QPointer<frmMapLoc> map;
   PaintWatch watch;
   // The window is made anew each time, as in the program.
   Opener opener([&]() {
     if (!map) {
-      map = new frmMapLoc(program, store, &opener);
+      map = new frmMapLoc(program, store, menus, &opener);
       watch.Watch(map->findChild<MapView*>());
     }
-    map->PickMapForTarget(u"ZZ1AA"_s);
+    map->PickMapForTarget(u"ZZ1AA"_s, -33.9, 18.4);
   });
   opener.resize(400, 300);
   opener.show();

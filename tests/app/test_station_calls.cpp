@@ -63,7 +63,7 @@ struct StationsFixture : WindowFixture {
   }
   void ChooseInSubMenu(MenuId subMenu, int index) const {
     const MenuEntry entry = SubEntry(subMenu, index);
-    services->commands.Do({entry.command, index, entry.text, {}});
+    services->commands.Do({entry.command, index, entry.text, {}, {}});
   }
   MenuEntry SubEntry(MenuId subMenu, int index) const {
     MenuTables tables(State(), services->commands);
@@ -83,7 +83,7 @@ struct RaiseCounter : QObject {
 
 }  // namespace
 
-class TestStationWindows : public QObject {
+class TestStationCalls : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
@@ -192,5 +192,5 @@ class TestStationWindows : public QObject {
   }
 };
 
-OMNI_TEST(TestStationWindows)
-#include "test_station_windows.moc"
+OMNI_TEST(TestStationCalls)
+#include "test_station_calls.moc"

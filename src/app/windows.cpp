@@ -1,0 +1,99 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/windows.h"
+
+#include <algorithm>
+
+#include "station/callsign.h"
+
+// Where a kind of window comes from, and whether it is one of the setup windows.
+struct Windows::Registration {
+  WindowKind kind;
+  BaseWindow* (Windows::*make)();
+  bool isSetup = false;
+};
+
+const QList<Windows::Registration>& Windows::Registrations() {
+  static const QList<Registration> registrations = {
+      {WindowKind::Lookup, &Windows::MakeLookup},
+      {WindowKind::LocationMap, &Windows::MakeLocationMap},
+  };
+  return registrations;
+}
+
+Windows::Windows(Services& services, MenuOpener& menus, QWidget* mainWindow)
+    : QObject(mainWindow), services_(services), menus_(menus), mainWindow_(mainWindow) {
+  services_.commands.Register(Command::LookUpMapCall, this, [](const MenuChoice& choice) {
+    if (auto* map = qobject_cast<MapWindow*>(choice.owner.data())) map->MnuPopupClick(choice.index);
+  });
+}
+
+Windows::~Windows() {
+  for (const QPointer<BaseWindow>& window : std::as_const(open_)) delete window;
+}
+
+QList<WindowKind> Windows::Kinds() {
+  QList<WindowKind> kinds;
+  for (const Registration& registration : Registrations()) kinds.append(registration.kind);
+  return kinds;
+}
+
+BaseWindow& Windows::Get(WindowKind kind) {
+  if (BaseWindow* window = Find(kind)) return *window;
+  const auto registered = [kind](const Registration& registration) { return registration.kind == kind; };
+  BaseWindow* window = (this->*std::find_if(Registrations().begin(), Registrations().end(), registered)->make)();
+  // One that is being closed is deleted when the event loop turns, and is not opened again.
+  connect(window, &BaseWindow::Closed, this, [this, kind]() { open_.remove(kind); });
+  open_.insert(kind, window);
+  return *window;
+}
+
+BaseWindow* Windows::MakeLookup() {
+  Services& s = services_;
+  const LookupSession::Parts session{s.program,    s.network,   s.tool,    s.pageText,
+                                     s.background, s.run.hosts, s.cookies, s.database};
+  const auto browser = [&s]() { return s.web.Windows(); };
+  const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
+  auto* window = new Form12(Form12::Parts{session, browser, forget, s.dialogs, s.commands, menus_}, mainWindow_);
+  connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
+  connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
+  return window;
+}
+
+BaseWindow* Windows::MakeLocationMap() {
+  auto* window = new frmMapLoc(services_.program, services_.maps, menus_, mainWindow_);
+  connect(window, &frmMapLoc::LookupWanted, this,
+          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
+  return window;
+}
+
+Form12& Windows::LookUp(const QString& call, const QRect& beside) {
+  auto& window = static_cast<Form12&>(Get(WindowKind::Lookup));
+  window.Open(call, beside);
+  return window;
+}
+
+// Where a lookup has one coordinate only, the map is drawn with the other at 0: a station on the meridian has none.
+void Windows::ShowOnMap(const QString& call, double lat, double lon) {
+  const QString shown = ShownCall(call, services_.program.ZeroGlyph);
+  static_cast<frmMapLoc&>(Get(WindowKind::LocationMap)).PickMapForTarget(shown, lat, lon);
+}
+
+// The lookup has covered them.
+void Windows::RaiseMaps() {
+  BaseWindow* map = Find(WindowKind::LocationMap);
+  if (map != nullptr && map->isVisible()) map->raise();
+}
+
+void Windows::CloseSetupWindows() {
+  for (const Registration& registration : Registrations()) {
+    BaseWindow* window = Find(registration.kind);
+    if (registration.isSetup && window != nullptr) window->close();
+  }
+}
+
+void Windows::CloseAll() {
+  for (const WindowKind kind : Kinds()) {
+    if (BaseWindow* window = Find(kind)) window->close();
+  }
+  if (services_.web.IsLoaded()) services_.web.Windows()->CloseAll();
+}

@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// What holds for every window that the program knows: one list, so that a new window is taken in by its registration.
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QTest>
+
+#include "test_suite.h"
+#include "window_fixture.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Every text of a window that a user reads or hears, by the control and what of it.
+QHash<QString, QString> TextsOf(const QWidget& window) {
+  QHash<QString, QString> texts;
+  QList<const QWidget*> parts{&window};
+  for (const QWidget* part : window.findChildren<QWidget*>()) {
+    if (part->window() == &window) parts.append(part);
+  }
+  for (const QWidget* part : std::as_const(parts)) {
+    const QString name = part->objectName();
+    if (const auto* label = qobject_cast<const QLabel*>(part)) texts.insert(name + u" text"_s, label->text());
+    if (const auto* button = qobject_cast<const QAbstractButton*>(part))
+      texts.insert(name + u" text"_s, button->text());
+    if (part->isWindow()) texts.insert(name + u" title"_s, part->windowTitle());
+    texts.insert(name + u" tip"_s, part->toolTip());
+    texts.insert(name + u" heard"_s, part->accessibleName());
+  }
+  return texts;
+}
+
+// Texts that are the same in every language: names of services, calls and map files, and what stands in figures and signs alone.
+bool IsOfNoLanguage(const QString& text) {
+  static const QRegularExpression names(
+      u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
+  return names.match(text).hasMatch();
+}
+
+}  // namespace
+
+class TestWindows : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  // Russian shares no letter with English: what keeps a word of it has missed the change.
+  void EveryTextFollowsTheLanguage() {
+    WindowFixture f;
+    QDir(f.folder.path()).mkpath(u"Maps"_s);
+    QFile::copy(u"" MAPS_DIR "/UK Map.jpg"_s, f.folder.filePath(u"Maps/UK Map.jpg"_s));
+    f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    Windows& windows = f.form->AllWindows();
+    windows.LookUp(u"ZZ1AA"_s, QRect(100, 100, 50, 20));
+    windows.ShowOnMap(u"ZZ1AA"_s, 52.5, -1.25);
+    for (const WindowKind kind : Windows::Kinds()) {
+      BaseWindow& window = windows.Get(kind);
+      if (!window.isVisible()) window.show();
+      QTRY_VERIFY(window.isVisible());
+    }
+    const auto choose = [&f](const QString& language) {
+      f.form->MnuLanguageClick(static_cast<int>(f.State().lstLanguages.indexOf(language)));
+    };
+    choose(u"Russian"_s);
+    for (const WindowKind kind : Windows::Kinds()) {
+      const QHash<QString, QString> texts = TextsOf(windows.Get(kind));
+      for (auto text = texts.begin(); text != texts.end(); ++text) {
+        const bool russian = text.value().contains(QRegularExpression(u"[а-яА-Я]"_s));
+        QVERIFY2(russian || IsOfNoLanguage(text.value()), qPrintable(text.key() + u": "_s + text.value()));
+      }
+    }
+    choose(u"English"_s);
+    for (const WindowKind kind : Windows::Kinds()) {
+      const QHash<QString, QString> texts = TextsOf(windows.Get(kind));
+      for (auto text = texts.begin(); text != texts.end(); ++text) {
+        QVERIFY2(!text.value().contains(QRegularExpression(u"[а-яА-Я]"_s)),
+                 qPrintable(text.key() + u": "_s + text.value()));
+      }
+    }
+    f.Close();
+  }
+
+  // What is open goes with the program, and a closed window is made anew.
+  void ClosesAndOpensAnew() {
+    WindowFixture f;
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    Windows& windows = f.form->AllWindows();
+    for (const WindowKind kind : Windows::Kinds()) {
+      QPointer<BaseWindow> first = &windows.Get(kind);
+      QCOMPARE(windows.Find(kind), first.data());
+      first->show();
+      QTest::keyClick(first.data(), Qt::Key_Escape);
+      QVERIFY(windows.Find(kind) == nullptr);
+      QTRY_VERIFY(first == nullptr);
+      windows.Get(kind).show();
+    }
+    QList<QPointer<BaseWindow>> open;
+    for (const WindowKind kind : Windows::Kinds()) open.append(&windows.Get(kind));
+    f.Close();
+    for (const QPointer<BaseWindow>& window : std::as_const(open)) QVERIFY(window == nullptr);
+  }
+};
+
+OMNI_TEST(TestWindows)
+#include "test_windows.moc"
