@@ -31,7 +31,7 @@ QHash<QString, QString> TextsOf(const QWidget& window) {
   return texts;
 }
 
-// Texts that are the same in every language: names of services, calls and map files, and what stands in figures and signs alone.
+// Texts that are the same in every language: names of services, calls and map files, figures and signs.
 bool IsOfNoLanguage(const QString& text) {
   static const QRegularExpression names(
       u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
