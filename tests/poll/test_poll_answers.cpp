@@ -113,6 +113,155 @@ class TestPollAnswers : public QObject {
       if (!bad.contains(slot) && !unchanged.contains(slot)) QVERIFY(f.HasPicture(slot));
     }
   }
+
+  // The page is left while a thumb is made; and a thumb that is missing is made again from the stored picture.
+  void KeepsThumbsOfALeftPage() {
+    SilentPage f(2);
+    f.logic->poll.FirstPoll();
+    f.Marker(0);
+    f.Body(0, GoodBody());
+    f.logic->poll.PageChange(2);
+    QTRY_VERIFY(QFile::exists(f.Thumb(1, 0)) && f.HasFile(1, 0));
+    QVERIFY(!f.HasPicture(0));
+    for (const bool thumbIsLost : {false, true}) {
+      if (thumbIsLost) {
+        f.logic->poll.PageChange(2);
+        QVERIFY(QFile::remove(f.Thumb(1, 0)));
+      }
+      f.logic->poll.PageChange(1);
+      QTRY_VERIFY(f.HasPicture(0));
+      QVERIFY(QFile::exists(f.Thumb(1, 0)));
+    }
+    QCOMPARE(f.program.page.SitesDone, 0);
+  }
+
+  // The box stands at once, without decoding and without counting, and in the language of now.
+  void RemembersWhatCannotBeShown() {
+    SilentPage f(2);
+    f.logic->poll.FirstPoll();
+    f.Marker(0);
+    f.Body(0, QByteArray(500, 'x'));
+    QTRY_VERIFY(f.CellOf(0).errorBox);
+    const QString english = f.BoxSecond(0);
+    f.logic->poll.PageChange(2);
+    QVERIFY(!f.CellOf(0).errorBox);
+    f.logic->poll.PageChange(1);
+    QVERIFY(f.CellOf(0).errorBox);
+    QCOMPARE(f.BoxSecond(0), english);
+    QCOMPARE(f.program.page.SitesDone, 0);
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"German"_s, 8, Program::ProgVersion(), f.program.language);
+    f.Start();
+    f.logic->poll.ShowStoredPage();
+    QVERIFY(f.CellOf(0).errorBox);
+    QCOMPARE(f.BoxSecond(0), f.program.language[TextLine::kCorruptText]);
+    QVERIFY(f.BoxSecond(0) != english);
+    QVERIFY(f.logic->files.HasFailed(1, 0));
+    f.logic->poll.ReloadPage();
+    QVERIFY2(!f.logic->files.HasFailed(1, 0), "tried again on a reload");
+    QTRY_VERIFY(f.logic->files.HasFailed(1, 0));
+    // Another file in its place is another picture.
+    QFile file(f.Picture(1, 0));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(GoodBody()) > 0);
+    file.close();
+    f.logic->poll.ShowStoredPage();
+    QTRY_VERIFY(f.HasPicture(0));
+  }
+
+  void LeavesNothingTornOnAFullDisk() {
+    SilentPage f(1);
+    f.logic->poll.FirstPoll();
+    for (const bool former : {false, true}) {
+      if (former) {
+        f.Body(0, GoodBody());
+        QTRY_VERIFY(f.HasPicture(0));
+        f.logic->poll.FirstPoll();
+      }
+      f.Marker(0, former ? 301 : 300);
+      const bool failed = WithoutRoom([&f]() {
+        f.Body(0, PlainPicture(kTail));
+        return QTest::qWaitFor([&f]() { return f.CellOf(0).errorBox; });
+      });
+      QVERIFY(failed);
+      QVERIFY(!f.logic->poll.Busy());
+      const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
+      QCOMPARE(pictures.entryList(QDir::Files), QStringList(u"ckNewHeight.txt"_s));
+      QCOMPARE(QDir(pictures.filePath(u"thumbs"_s)).entryList(QDir::Files), QStringList());
+      // The height has been recorded, and the missing file has the picture fetched all the same.
+      QCOMPARE(f.logic->heights.Height(1, 0), former ? 301 : 300);
+      f.logic->poll.PageChange(1);
+      QVERIFY(!f.CellOf(0).picProg);
+      f.Marker(0, former ? 301 : 300);
+      QVERIFY(f.CellOf(0).picProg);
+    }
+  }
+
+  void CountsALateAnswerOfARemovedSite_data() {
+    QTest::addColumn<int>("step");
+    QTest::newRow("before its picture") << 0;
+    QTest::newRow("before its marker") << 1;
+    QTest::newRow("while it is stored") << 2;
+    QTest::newRow("while its thumb is made") << 3;
+    QTest::newRow("before its failure") << 4;
+  }
+
+  void CountsALateAnswerOfARemovedSite() {
+    QFETCH(int, step);
+    SilentPage f(2);
+    f.logic->poll.FirstPoll();
+    f.Marker(1);
+    if (step != 1) f.Marker(0);
+    if (step == 2) f.Body(0, GoodBody());
+    if (step == 3) {
+      f.Body(0, PlainPicture(kTail, QSize(3000, 2000)));
+      // Its thumb is asked for in the turn that puts the picture in place, and can answer in a later turn only.
+      while (!f.HasFile(1, 0)) QCoreApplication::processEvents();
+    }
+    f.program.page.SelectedSlot = 0;
+    f.logic->sites.RemoveSite();
+    if (step == 0) f.Body(0, GoodBody());
+    if (step == 1) f.Marker(0);
+    if (step == 4) f.Failure(0);
+    QTRY_COMPARE(f.program.page.SitesDone, 1);
+    QVERIFY(f.logic->poll.Busy());
+    f.Body(1, GoodBody());
+    QTRY_VERIFY(!f.logic->poll.Busy());
+    QCOMPARE(f.program.page.SitesDone, 2);
+    QTRY_VERIFY(f.HasPicture(1));
+    QVERIFY(!f.HasPicture(0) && !f.CellOf(0).errorBox && f.CellOf(0).lblFrom.isEmpty());
+    QVERIFY(!QFile::exists(f.Thumb(1, 0)));
+    QCOMPARE(f.HasFile(1, 0), step == 3);  // it lay there before the removal, which keeps it for the undoing
+    const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
+    QCOMPARE(pictures.entryList(QDir::Files).size(), step == 3 ? 3 : 2);
+  }
+
+  void AsksTheWeatherPageFirst_data() {
+    QTest::addColumn<bool>("placed");
+    QTest::newRow("a site that is placed") << true;
+    QTest::newRow("none") << false;
+  }
+
+  // The page is chosen while the connection is being tested.
+  void AsksTheWeatherPageFirst() {
+    QFETCH(bool, placed);
+    PageFixture f;
+    Station& station = f.band.AddStation(u"ZZ7WX"_s);
+    station.SetFile(u"radar.jpg"_s, PlainPicture(kTail));
+    SiteRec radar;
+    radar.Call = u"Radar"_s;
+    radar.Url = station.Base() + u"/radar.jpg"_s;
+    radar.PageSlots[2] = placed ? u"1"_s : u"0"_s;
+    f.program.sites.WxSites.append(radar);
+    f.Start();
+    f.program.page.Online = false;
+    f.logic->poll.PageChange(PageState::WxPage);
+    QVERIFY(!f.logic->poll.Busy());
+    f.program.page.Online = true;
+    f.logic->poll.FirstPoll();
+    QCOMPARE(f.logic->poll.Busy(), placed);
+    if (placed) QTRY_VERIFY(f.HasPicture(0));
+    QTRY_VERIFY(!f.logic->poll.Busy());
+    QCOMPARE(station.Requests(u"radar.jpg"_s), placed ? 1 : 0);
+  }
 };
 
 OMNI_TEST(TestPollAnswers)

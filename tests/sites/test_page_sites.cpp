@@ -1,11 +1,56 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Changing which sites stand where: adding, reloading, compacting and removing, on the page and in the lists.
+#include <QSignalSpy>
 #include <QTest>
 
 #include "page_fixture.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Three sites of a page with their pictures, heights and thumbs, told apart by their heights; polled once.
+struct ThreeSites : PageFixture {
+  Station& first;
+
+  ThreeSites() : first((program.config.ThumbLayout = 5, AddSite(u"ZZ1AA"_s, 1, 9))) {
+    AddSite(u"ZZ9CC"_s, 1, 0).SetMarker(QSize(2, 301));
+    AddSite(u"ZZ5BB"_s, 1, 30).SetMarker(QSize(2, 302));
+    AddSite(u"ZZ7DD"_s, 2, 0);
+    Start();
+    logic->poll.FirstPoll();
+    const auto polled = [this]() {
+      return HasPicture(0) && HasPicture(9) && HasPicture(30) && !logic->poll.Busy() && StandsWhole();
+    };
+    if (!QTest::qWaitFor(polled)) qFatal("The page was not polled.");
+  }
+
+  bool StandsWhole() const { return Stand().join(QString()).count(u"thumb"_s) == 3; }
+  // Each site of the page with its slot, its height and what its files hold.
+  QStringList Stand() const {
+    QStringList rows;
+    for (int site = 0; site < program.sites.Sites.size(); ++site) {
+      const int slot = program.sites.GetSiteSlot(site, 1);
+      if (slot == 0) continue;
+      rows.append(u"%1 at %2: %3 %4%5"_s.arg(program.sites.Sites.at(site).Call)
+                      .arg(slot)
+                      .arg(logic->heights.Height(1, slot - 1))
+                      .arg(qHash(Bytes(Picture(1, slot - 1))))
+                      .arg(QFile::exists(Thumb(1, slot - 1)) ? u" thumb"_s : QString()));
+    }
+    return rows;
+  }
+  static QByteArray Bytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+  static QString Rest(const QStringList& rows, const QString& call) {
+    return rows.filter(call).value(0).section(u": "_s, 1);
+  }
+};
+
+}  // namespace
 
 class TestPageSites : public QObject {
   Q_OBJECT
@@ -66,24 +111,94 @@ class TestPageSites : public QObject {
     QCOMPARE(f.program.sites.Sites.at(0).LastSeen, u"1/2/2026 10:00"_s);
   }
 
-  void CompactsInTheOrderOfCalls() {
-    PageFixture f;
-    f.program.config.ThumbLayout = 5;
-    f.AddSite(u"ZZ9CC"_s, 1, 2);
-    Station& first = f.AddSite(u"ZZ1AA"_s, 1, 9);
-    f.AddSite(u"ZZ5BB"_s, 1, 30);
-    f.AddSite(u"ZZ7DD"_s, 2, 0);
-    f.Start();
-    f.logic->poll.FirstPoll();
-    QTRY_VERIFY(f.HasPicture(2) && f.HasPicture(9) && f.HasPicture(30));
+  void MovesFilesWithTheirSites_data() {
+    QTest::addColumn<bool>("online");
+    QTest::newRow("online") << true;
+    QTest::newRow("without a connection") << false;
+  }
+
+  // In the order of calls; and taken back.
+  void MovesFilesWithTheirSites() {
+    QFETCH(bool, online);
+    ThreeSites f;
+    f.program.page.Online = online;
+    const QStringList before = f.Stand();
     f.logic->sites.CompactPage();
+    const QStringList after = f.Stand();
+    QCOMPARE(after, (QStringList{u"ZZ1AA at 1: "_s + f.Rest(before, u"ZZ1AA"_s),
+                                 u"ZZ5BB at 2: "_s + f.Rest(before, u"ZZ5BB"_s),
+                                 u"ZZ9CC at 3: "_s + f.Rest(before, u"ZZ9CC"_s)}));
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
     QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ1AA"_s);
     QCOMPARE(f.program.page.Field(1, SlotCall), u"ZZ5BB"_s);
     QCOMPARE(f.program.page.Field(2, SlotCall), u"ZZ9CC"_s);
-    QTRY_COMPARE(first.Requests(u"image1"_s), 2);
+    QTRY_COMPARE(f.first.Requests(u"image1"_s), online ? 2 : 1);
+    QTRY_VERIFY(!f.logic->poll.Busy());
     QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ5BB"_s)).PageSlots[5], u"0102"_s);
     QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ7DD"_s)).PageSlots[5], u"0201"_s);
+    f.logic->sites.Undo();
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
+    if (!online) QCOMPARE(f.Stand(), before);
+    QVERIFY(f.CellOf(1).siteCall.isEmpty() && f.CellOf(2).siteCall.isEmpty());
+    QVERIFY(!f.logic->sites.Undoable());
+  }
+
+  void TakesARemovalBack_data() {
+    QTest::addColumn<bool>("all");
+    QTest::addColumn<bool>("online");
+    QTest::addColumn<bool>("fromElsewhere");
+    for (const bool all : {false, true}) {
+      for (const bool online : {false, true}) {
+        for (const bool elsewhere : {false, true}) {
+          QTest::addRow("%s %s %s", all ? "all" : "one", online ? "online" : "offline",
+                        elsewhere ? "elsewhere" : "here")
+              << all << online << elsewhere;
+        }
+      }
+    }
+  }
+
+  void TakesARemovalBack() {
+    QFETCH(bool, all);
+    QFETCH(bool, online);
+    QFETCH(bool, fromElsewhere);
+    ThreeSites f;
+    f.program.page.Online = online;
+    const QStringList before = f.Stand();
+    QSignalSpy changed(&f.logic->sites, &PageSites::UndoableChanged);
+    f.program.page.SelectedSlot = 9;
+    if (all) f.logic->sites.RemoveAllSites();
+    if (!all) f.logic->sites.RemoveSite();
+    QCOMPARE(f.Stand().size(), all ? 0 : 2);
+    QCOMPARE(changed.count(), 1);
+    const std::optional<PlacesChange> change = f.logic->sites.Undoable();
+    QVERIFY(change);
+    QCOMPARE(change->kind, all ? PlacesChange::Kind::AllRemoved : PlacesChange::Kind::SiteRemoved);
+    QCOMPARE(change->call, all ? QString() : u"ZZ1AA"_s);
+    if (fromElsewhere) f.logic->poll.PageChange(2);
+    f.logic->sites.Undo();
+    QVERIFY(!f.logic->sites.Undoable());
+    QCOMPARE(changed.count(), 2);
+    if (fromElsewhere) f.logic->poll.PageChange(1);
+    QCOMPARE(f.Stand(), before);
+    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
+    QTRY_VERIFY(!f.logic->poll.Busy());
+    QCOMPARE(f.program.page.List1.size(), 3);
+    QCOMPARE(f.first.Requests(u"image1"_s), 1);
+  }
+
+  void ForgetsTheChangeAtTheNext() {
+    ThreeSites f;
+    f.program.page.SelectedSlot = 9;
+    f.logic->sites.RemoveSite();
+    f.program.page.SelectedSlot = 12;
+    f.logic->sites.AddSiteToSlot(f.program.sites.FindCall(u"ZZ1AA"_s));
+    QVERIFY(!f.logic->sites.Undoable());
+    f.logic->sites.Undo();
+    QCOMPARE(f.program.sites.GetSiteSlot(f.program.sites.FindCall(u"ZZ1AA"_s), 1), 13);
+    f.logic->sites.RemoveSite();
+    f.logic->grid.MakeGrid(3);
+    QVERIFY2(!f.logic->sites.Undoable(), "another layout has other places");
   }
 
   void CompactsAFullPage() {
