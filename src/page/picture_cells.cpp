@@ -83,14 +83,18 @@ void PictureCells::SharpenNext() {
     enlarged_.remove(slot);
     if (!HasSlot(slot) || standing_.at(slot).sharpPath.isEmpty()) continue;
     const Wanted::Token token = wanted_[static_cast<std::size_t>(slot)].Present();
-    tool_.View(standing_.at(slot).sharpPath, box_, this, [this, slot, token](const PictureAnswer& answer) {
+    PictureOptions options;
+    options.priority = PicturePriority::Later;
+    options.wanted = [token]() { return token.StillWanted(); };
+    const auto viewed = [this, slot, token](const PictureAnswer& answer) {
       // Only the pixels are replaced: the frame follows the thumb, and the thumb on the disk stays.
       if (token.StillWanted() && answer.ok && answer.frames.size() == 1) {
         Edit(*this, slot)->frames = answer.frames;
         KeepWithinBudget();
       }
       SharpenNext();
-    });
+    };
+    tool_.View(standing_.at(slot).sharpPath, box_, this, viewed, options);
     return;
   }
 }
@@ -108,8 +112,16 @@ bool PictureCells::Show(int slot, const CellPicture& picture, const Done& done) 
   Empty(slot);
   standing_[slot] = standing;
   const Reading reading{slot, picture, done, wanted_[static_cast<std::size_t>(slot)].Ask()};
-  tool_.Load(picture.path, box_, this, [this, reading](const PictureAnswer& answer) { Loaded(reading, answer); });
+  const auto loaded = [this, reading](const PictureAnswer& answer) { Loaded(reading, answer); };
+  tool_.Load(picture.path, box_, this, loaded, OptionsOf(reading));
   return true;
+}
+
+PictureOptions PictureCells::OptionsOf(const Reading& reading) {
+  PictureOptions options;
+  options.host = reading.picture.host;
+  options.wanted = [token = reading.token]() { return token.StillWanted(); };
+  return options;
 }
 
 bool PictureCells::GoesOn(const Reading& reading) const {
@@ -159,18 +171,20 @@ void PictureCells::ShowVideo(const Reading& reading) {
 void PictureCells::Repair(const Reading& reading) {
   // Into a file of its own: the place may belong to another picture by the time that this one is repaired.
   const QString part = PartPath(reading.picture.path);
-  tool_.Convert(reading.picture.path, part, this, [this, reading, part](const PictureAnswer& converted) {
+  const auto repaired = [this, reading, part](const PictureAnswer& converted) {
     if (!converted.ok || !reading.token.StillWanted()) QFile::remove(part);
     if (!GoesOn(reading)) return;
     if (!converted.ok || !PutInPlace(part, reading.picture.path)) return reading.done(CellResult::Unreadable);
     standing_[reading.slot] = StandingOf(reading.picture);
-    tool_.Load(reading.picture.path, box_, this, [this, reading](const PictureAnswer& answer) {
+    const auto loaded = [this, reading](const PictureAnswer& answer) {
       if (!GoesOn(reading)) return;
       const Edit cell(*this, reading.slot);
       if (answer.ok) Place(reading.slot, answer);
       reading.done(answer.ok ? CellResult::Shown : CellResult::Unreadable);
-    });
-  });
+    };
+    tool_.Load(reading.picture.path, box_, this, loaded, OptionsOf(reading));
+  };
+  tool_.Convert(reading.picture.path, part, this, repaired, OptionsOf(reading));
 }
 
 void PictureCells::Place(int slot, const PictureAnswer& answer) {

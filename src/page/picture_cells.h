@@ -23,6 +23,7 @@
 struct CellPicture {
   QString path;
   QString sharpPath;  // larger picture of the same, read once nothing else waits; empty: none
+  QString host;       // where the picture comes from; empty: its file stands for it
   bool anew = false;  // read it even where the very file stands in the cell already
 };
 
@@ -98,6 +99,8 @@ class PictureCells : public QObject {
     qint64 size = 0;
     bool operator==(const Standing&) const = default;
   };
+  // A read for a cell is dropped once something else has been put there.
+  static PictureOptions OptionsOf(const Reading& reading);
   static Standing StandingOf(const CellPicture& picture);
 
   void EndEdit(int slot);

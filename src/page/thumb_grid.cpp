@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/thumb_grid.h"
 
+#include <QUrl>
+
 #include "core/page_files.h"
 #include "page/still_pictures.h"
 #include "page/thumb_layout.h"
@@ -47,7 +49,10 @@ void ThumbGrid::ClearThumbs() {
 void ThumbGrid::ShowThumb(const QString& path, int slot, int site, bool anew, const Done& done) {
   const QString sharp =
       program_.page.OnDsstvPage() ? PicturePath(program_.AppDataDir, program_.page.CurrentPage, slot) : QString();
-  cells_.Show(slot, {path, sharp, anew}, [this, slot, site, done](CellResult result) {
+  const QList<SiteRec>& sites = program_.sites.Sites;
+  const bool known = site >= 0 && site < sites.size();
+  const QString host = known ? QUrl(PlainUrl(sites.at(site).Url)).host() : QString();
+  cells_.Show(slot, {path, sharp, host, anew}, [this, slot, site, done](CellResult result) {
     if (result == CellResult::Overtaken) return done(result);
     const Edit cell(cells_, slot);
     if (result != CellResult::Shown) ShowNotFound(slot, site, true);

@@ -18,18 +18,25 @@ ucCkNew::ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent)
 }
 
 void ucCkNew::DownloadFile(const QString& url, const QString& key) {
-  reads_[key].Ask();
+  Read& read = reads_[key];
+  read.wanted.Ask();
+  read.host = QUrl(url).host();
   reader_.Start(key, QUrl(url));
 }
 
 void ucCkNew::Measure(const QString& key, const QByteArray& body) {
-  const Wanted::Token token = reads_[key].Present();
-  tool_.Measure(body, this, [this, key, token](const PictureAnswer& answer) {
+  const Read& read = reads_[key];
+  const Wanted::Token token = read.wanted.Present();
+  PictureOptions options;
+  options.host = read.host;
+  options.wanted = [token]() { return token.StillWanted(); };
+  const auto measured = [this, key, token](const PictureAnswer& answer) {
     if (!token.StillWanted()) return;
     if (answer.ok) {
       Q_EMIT PictureReady(key, answer.size);
     } else {
       Q_EMIT NoImage(key);
     }
-  });
+  };
+  tool_.Measure(body, this, measured, options);
 }

@@ -52,5 +52,10 @@ class ucCkNew : public QObject {
 
   UrlReader reader_;
   PictureTool& tool_;
-  std::map<QString, Wanted> reads_;  // by key: a measure that was overtaken says nothing
+  // What was asked last under a key: a measure that was overtaken says nothing.
+  struct Read {
+    Wanted wanted;
+    QString host;
+  };
+  std::map<QString, Read> reads_;
 };

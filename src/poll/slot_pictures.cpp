@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
+#include <QUrl>
 #include <algorithm>
 #include <array>
 
@@ -104,23 +105,35 @@ void SlotPictures::MakeMissingThumb(const PictureKey& key, const Made& made) {
   MakeThumb(Begin(key), made);
 }
 
+QString SlotPictures::HostOf(const PictureKey& key) const {
+  const QList<SiteRec>& sites = program_.sites.Sites;
+  const bool known = key.page < PageState::WxPage && key.site >= 0 && key.site < sites.size();
+  return known ? QUrl(PlainUrl(sites.at(key.site).Url)).host() : QString();
+}
+
 void SlotPictures::MakeThumb(const Chain& chain, const Made& made) {
   const PictureKey& key = chain.key;
   // Under a name of its own until it is known to be wanted: the place may have changed hands by then.
   const QString part = PartPath(Thumb(key.page, key.slot));
-  tool_.MakeThumb(Picture(key.page, key.slot), part, kThumbBox, this,
-                  [this, chain, part, made](const PictureAnswer& answer) {
-                    const PictureKey& place = chain.key;
-                    if (!GoesOn(chain)) {
-                      QFile::remove(part);
-                      End(chain);
-                      return made(FilesVerdict::GivenUp);
-                    }
-                    const bool ready = answer.ok && PutInPlace(part, Thumb(place.page, place.slot));
-                    if (!answer.ok && !answer.noSandbox) RememberFailure(place.page, place.slot);
-                    End(chain);
-                    made(ready ? FilesVerdict::Ready : FilesVerdict::NoThumb);
-                  });
+  PictureOptions options;
+  options.host = HostOf(key);
+  // The thumb of a page that was left is made when nothing on the screen waits.
+  options.wanted = [this, chain]() { return chain.key.page == program_.page.CurrentPage && GoesOn(chain); };
+  tool_.MakeThumb(
+      Picture(key.page, key.slot), part, kThumbBox, this,
+      [this, chain, part, made](const PictureAnswer& answer) {
+        const PictureKey& place = chain.key;
+        if (!GoesOn(chain)) {
+          QFile::remove(part);
+          End(chain);
+          return made(FilesVerdict::GivenUp);
+        }
+        const bool ready = answer.ok && PutInPlace(part, Thumb(place.page, place.slot));
+        if (!answer.ok && !answer.noSandbox) RememberFailure(place.page, place.slot);
+        End(chain);
+        made(ready ? FilesVerdict::Ready : FilesVerdict::NoThumb);
+      },
+      options);
 }
 
 void SlotPictures::Remove(int page, int slot) {

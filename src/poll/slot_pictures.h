@@ -79,6 +79,8 @@ class SlotPictures : public QObject {
                  const Taken& taken);
   void MakeThumb(const Chain& chain, const Made& made);
   QString FailureMark(int page, int slot) const;
+  // Whose picture it is; empty for a site of the WX page, which its file stands for.
+  QString HostOf(const PictureKey& key) const;
 
   Program& program_;
   HeightTable& heights_;
