@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>Die Seite wurde zusammengerückt</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>%1 wurde von der Seite entfernt</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Alle Stationen wurden von der Seite entfernt</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

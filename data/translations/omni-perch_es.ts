@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>La página se ha compactado</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>Se ha quitado %1 de la página</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Se han quitado todas las estaciones de la página</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>La page a été compactée</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>%1 a été retiré de la page</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Toutes les stations ont été retirées de la page</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>ページの空きを詰めました</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>%1 をページから削除しました</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>すべての局をページから削除しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>De pagina is aaneengesloten</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>%1 is van de pagina verwijderd</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Alle stations zijn van de pagina verwijderd</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>Strona została scalona</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>Usunięto %1 ze strony</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Usunięto wszystkie stacje ze strony</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Cofnij</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

@@ -59,6 +59,25 @@
     </message>
 </context>
 <context>
+    <name>UndoLine</name>
+    <message>
+        <source>The page was compacted</source>
+        <translation>Пустые места на странице убраны</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the page</source>
+        <translation>%1 убран со страницы</translation>
+    </message>
+    <message>
+        <source>All sites were removed from the page</source>
+        <translation>Все станции убраны со страницы</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Отменить</translation>
+    </message>
+</context>
+<context>
     <name>WebPage</name>
     <message>
         <source>Not opened: %1</source>

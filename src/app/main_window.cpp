@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QScreen>
 #include <QWindow>
 
@@ -39,6 +40,7 @@ Form1::Form1(Services& services)
       connectivity_(services.network, services.run.hosts.Connectivity),
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
+      undoLine_(new UndoLine(this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)),
       picToolTip_(new TipWindow(this)) {
   windows_ = std::make_unique<Windows>(services, *menus_, this);
@@ -61,6 +63,11 @@ void Form1::ConnectParts() {
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
+  connect(undoLine_, &UndoLine::Pressed, &logic_.sites, &PageSites::Undo);
+  connect(&logic_.sites, &PageSites::UndoableChanged, this, [this]() {
+    undoLine_->SetChange(logic_.sites.Undoable());
+    PlaceParts();
+  });
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
 }
@@ -108,10 +115,13 @@ void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
   picToolTip_->ShowTip(text, place, picAll_->FontPixels());
   const int tip = ++tips_;
   if (picturePath.isEmpty()) return;
-  services_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, [this, tip](const PictureAnswer& answer) {
+  PictureOptions options;
+  options.wanted = [this, tip]() { return tip == tips_; };
+  const auto viewed = [this, tip](const PictureAnswer& answer) {
     const bool current = tip == tips_;  // another tip may have opened meanwhile
     if (current && answer.ok && !answer.frames.isEmpty()) picToolTip_->ShowPicture(answer.frames.first().image);
-  });
+  };
+  services_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, viewed, options);
 }
 
 void Form1::ReadScreen() {
@@ -229,9 +239,15 @@ void Form1::ApplyLayout() {
 
 void Form1::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  PlaceParts();
+}
+
+void Form1::PlaceParts() {
   const int bar = pic_->BarHeight();
+  const int line = logic_.sites.Undoable() ? undoLine_->sizeHint().height() : 0;
   pic_->setGeometry(0, 0, width(), bar);
-  picAll_->setGeometry(0, bar, width(), height() - bar);
+  picAll_->setGeometry(0, bar, width(), height() - bar - line);
+  undoLine_->setGeometry(0, height() - line, width(), line);
 }
 
 void Form1::ShowBusy(bool busy) {
@@ -327,6 +343,9 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageUp) return StepPage(-1);
   if (event->matches(QKeySequence::Refresh)) return logic_.poll.RefreshClick();
   if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
+  // In a text box the same keys take back what was typed there.
+  const bool typing = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
+  if (event->matches(QKeySequence::Undo) && !typing) return logic_.sites.Undo();
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   QWidget::keyPressEvent(event);
 }

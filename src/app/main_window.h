@@ -13,6 +13,7 @@
 #include "app/page_logic.h"
 #include "app/services.h"
 #include "app/station_calls.h"
+#include "app/undo_line.h"
 #include "app/window_menus.h"
 #include "app/windows.h"
 #include "page/hover_tip.h"
@@ -75,6 +76,8 @@ class Form1 : public QWidget {
   void ConnectionAnswered(bool reached);
   void StartWork();
   void AskTime();
+  // Bar, page, and the line with Undo while there is something to take back.
+  void PlaceParts();
   void ShowBusy(bool busy);
   void ShowPageLabel();
   void RefreshCaptions();
@@ -94,6 +97,7 @@ class Form1 : public QWidget {
   ConnectivityTest connectivity_;
   MenuStrip* pic_;
   PageView* picAll_;
+  UndoLine* undoLine_;
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   TipWindow* picToolTip_;
