@@ -133,7 +133,7 @@ void LoadSequence::OvertakeWriting() {
 }
 
 void LoadSequence::SaveAfterPoll(Background& background, QObject* context) {
-  QStringList changing = heights_.Entries();
+  QStringList changing = heights_.CkNewHeight();
   for (const SiteRec& site : std::as_const(program_.sites.Sites)) changing += site.LastSeen;
   if (changing == written_) return;
   written_ = changing;

@@ -9,9 +9,12 @@ UndoLine::UndoLine(QWidget* parent) : QFrame(parent), text_(new QLabel(this)), u
   row->setContentsMargins(8, 2, 8, 2);
   row->addWidget(text_, 1);
   row->addWidget(undo_);
+  setObjectName(QStringLiteral("undoLine"));
+  undo_->setObjectName(QStringLiteral("undoButton"));
   text_->setTextFormat(Qt::PlainText);
   setAutoFillBackground(true);
   hide();
+  ShowTexts();
   connect(undo_, &QPushButton::clicked, this, &UndoLine::Pressed);
 }
 
@@ -22,13 +25,13 @@ void UndoLine::SetChange(const std::optional<PlacesChange>& change) {
 }
 
 void UndoLine::ShowTexts() {
+  undo_->setText(tr("Undo"));
+  undo_->setAccessibleName(tr("Undo"));
   if (!change_) return;
   QString text = tr("The page was compacted");
   if (change_->kind == PlacesChange::Kind::SiteRemoved) text = tr("%1 was removed from the page").arg(change_->call);
   if (change_->kind == PlacesChange::Kind::AllRemoved) text = tr("All sites were removed from the page");
   text_->setText(text);
-  undo_->setText(tr("Undo"));
-  undo_->setAccessibleName(tr("Undo"));
   undo_->setAccessibleDescription(text);
 }
 

@@ -54,7 +54,7 @@ struct Cell {
   int progress = 0;         // percent of picProg
   QString lblMode;          // tag; empty hides it
   QColor modeColour;
-  QString siteCall;         // Tag of lblDisk
+  QString lblDisk;          // Tag of lblDisk
   bool reloadMark = false;  // Tag of img: "1" after a forced reload, else "0"
   CamLight imgCam = CamLight::Hidden;
 

@@ -38,12 +38,14 @@ class CellBrush {
 
   void Background() const {
     painter_.fillRect(Whole(), Back());
-    // Line1 and Line2: the white edge that lifts a cell off its page; on a dark page a hint of it is enough.
+    // The white edge that lifts a cell off its page; on a dark page a hint of it is enough.
     QColor edge(Qt::white);
     if (IsDark(theme_.palette.color(QPalette::Window))) edge.setAlpha(70);
     const double line = std::max(1.0, theme_.scale * 0.8);
-    painter_.fillRect(QRectF(0, 0, line, Whole().height()), edge);
-    painter_.fillRect(QRectF(0, 0, Whole().width(), line), edge);
+    const QRectF Line1(0, 0, line, Whole().height());
+    const QRectF Line2(0, 0, Whole().width(), line);
+    painter_.fillRect(Line1, edge);
+    painter_.fillRect(Line2, edge);
   }
 
   void Picture(const QPixmap& picture) const {

@@ -149,14 +149,14 @@ void PictureCells::Loaded(const Reading& reading, const PictureAnswer& answer) {
 void PictureCells::ShowVideo(const Reading& reading) {
   PictureAnswer film;
   film.ok = true;
-  film.frames = {PictureFrame{FilmStrip()}};
-  film.size = FilmStrip().size();
+  film.frames = {PictureFrame{imgMp4()}};
+  film.size = imgMp4().size();
   Place(reading.slot, film);
   enlarged_.remove(reading.slot);
   // The still takes the video's place on the disk too: a cell's file is always a picture.
   const QString part = PartPath(reading.picture.path);
   background_.Run<bool>(
-      this, [part]() { return WriteStill(FilmStrip(), part); },
+      this, [part]() { return WriteStill(imgMp4(), part); },
       [this, reading, part](bool written) {
         if (written && reading.token.StillWanted()) {
           PutInPlace(part, reading.picture.path);

@@ -68,12 +68,12 @@ QImage PaintCamOnly() {
 
 }  // namespace
 
-const QImage& FilmStrip() {
+const QImage& imgMp4() {
   static const QImage picture = PaintFilmStrip();
   return picture;
 }
 
-const QImage& CamOnlyPicture() {
+const QImage& imgCamOnly() {
   static const QImage picture = PaintCamOnly();
   return picture;
 }

@@ -6,7 +6,7 @@
 #include <QImage>
 #include <QString>
 
-const QImage& FilmStrip();
-const QImage& CamOnlyPicture();
+const QImage& imgMp4();
+const QImage& imgCamOnly();
 // Writes a still as JPEG whatever the name's end; whole or not at all.
 bool WriteStill(const QImage& picture, const QString& path);

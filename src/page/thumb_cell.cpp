@@ -54,17 +54,16 @@ void ThumbCell::SetTipText(const QString& text) {
 
 // What the caption says behind the site's call: how old the picture or the error is; empty while it is young.
 QString ThumbCell::Age() const {
-  if (cell_.siteCall.isEmpty() || cell_.lblCall.size() <= cell_.siteCall.size()) return {};
+  if (cell_.lblDisk.isEmpty() || cell_.lblCall.size() <= cell_.lblDisk.size()) return {};
   // The caption may show the call's zeros as another letter, so its length is what the two have in common.
-  QStringView age = QStringView(cell_.lblCall).sliced(cell_.siteCall.size());
+  QStringView age = QStringView(cell_.lblCall).sliced(cell_.lblDisk.size());
   while (!age.isEmpty() && !age.front().isLetterOrNumber()) age = age.sliced(1);
   return age.toString();
 }
 
 // Says what a glance at the cell tells: all its texts, and what its colour stands for.
 void ThumbCell::Describe() {
-  const QString name =
-      cell_.siteCall.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.siteCall;
+  const QString name = cell_.lblDisk.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.lblDisk;
   QStringList details = {Age()};
   if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;

@@ -112,7 +112,7 @@ void ThumbGrid::ShowCamOnly(int slot) {
   cell->fromVisible = true;
   cell->fromSender = true;
   cell->lblFrom = u"Cam only"_s;
-  cells_.ShowStill(slot, CamOnlyPicture(), cell_part::kCamOnlyImg);
+  cells_.ShowStill(slot, imgCamOnly(), cell_part::kCamOnlyImg);
 }
 
 void ThumbGrid::ColourByAge(int slot) {
@@ -121,7 +121,7 @@ void ThumbGrid::ColourByAge(int slot) {
   if (!sent.isValid()) return;
   const Edit cell(cells_, slot);
   const qint64 days = WholeDays(sent, UtcNow());
-  cell->lblCall = Aged(ShownCall(cell->siteCall, program_.ZeroGlyph), days, 2);
+  cell->lblCall = Aged(ShownCall(cell->lblDisk, program_.ZeroGlyph), days, 2);
   if (days > kStaleDays) {
     cell->Shape1 = CellColour::Stale;
   } else {
@@ -132,7 +132,7 @@ void ThumbGrid::ColourByAge(int slot) {
 void ThumbGrid::TakeLanguage() {
   if (!program_.page.OnDsstvPage()) return;
   for (int slot = 0; slot < Cells().size(); ++slot) {
-    if (Cells().at(slot).siteCall.isEmpty()) continue;
+    if (Cells().at(slot).lblDisk.isEmpty()) continue;
     if (program_.page.Field(slot, Caller) == "Not found"_L1) {
       AgeOfNotFound(slot, static_cast<int>(Val(program_.page.Field(slot, SlotSite))));
     } else {
@@ -170,7 +170,7 @@ void ThumbGrid::SetFromVisible(int slot) {
 void ThumbGrid::SetSite(int slot, const QString& call) {
   if (!HasSlot(slot)) return;
   const Edit cell(cells_, slot);
-  cell->siteCall = call;
+  cell->lblDisk = call;
   if (cell->lblCall.isEmpty()) cell->lblCall = ShownCall(call, program_.ZeroGlyph);
 }
 
@@ -189,7 +189,7 @@ void ThumbGrid::ClearFrom(int slot) {
 void ThumbGrid::ForgetOnAir(int slot) {
   if (!HasSlot(slot)) return;
   const Edit cell(cells_, slot);
-  cell->lblCall = ShownCall(cell->siteCall, program_.ZeroGlyph);
+  cell->lblCall = ShownCall(cell->lblDisk, program_.ZeroGlyph);
   cell->onAirTip.clear();
 }
 

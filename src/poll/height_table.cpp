@@ -72,7 +72,7 @@ void HeightTable::Read(const QString& appDataDir) {
   Take(fields);
 }
 
-QStringList HeightTable::Entries() const {
+QStringList HeightTable::CkNewHeight() const {
   QStringList lines;
   for (size_t page = 1; page <= kPages; ++page) {
     for (const QString& entry : entries_[page]) lines.append(entry);
@@ -81,7 +81,7 @@ QStringList HeightTable::Entries() const {
 }
 
 bool HeightTable::Write(const QString& appDataDir) const {
-  return WriteTextLines(HeightsPath(appDataDir), Entries());
+  return WriteTextLines(HeightsPath(appDataDir), CkNewHeight());
 }
 
 int HeightTable::Height(int page, int slot) const {

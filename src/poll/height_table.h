@@ -19,7 +19,7 @@ class HeightTable {
   bool Write(const QString& appDataDir) const;
 
   // All 720 entries, as the file has them.
-  QStringList Entries() const;
+  QStringList CkNewHeight() const;
 
   // The stored height of a page 1 to 20 and a 0-based slot; 0 where none is known.
   int Height(int page, int slot) const;

@@ -25,7 +25,7 @@ StoredBody StoreBody(const QByteArray& body, const QString& picture, const QStri
     // As it is, though the name ends in ".jpg": it plays in its cell.
     stored.thumbWritten = WriteWhole(thumb, body);
   } else if (IsVideoType(stored.type)) {
-    stored.thumbWritten = WriteStill(FilmStrip(), thumb);
+    stored.thumbWritten = WriteStill(imgMp4(), thumb);
   }
   return stored;
 }

@@ -168,7 +168,7 @@ void PageSites::RemoveFrom(int slot) {
 
 QString PageSites::NameAt(int slot) const {
   if (OnWxPage()) return grid_.HasSlot(slot) ? grid_.Cells().at(slot).lblCall : QString();
-  return grid_.HasSlot(slot) ? grid_.Cells().at(slot).siteCall : QString();
+  return grid_.HasSlot(slot) ? grid_.Cells().at(slot).lblDisk : QString();
 }
 
 void PageSites::RemoveSite() {

@@ -38,7 +38,7 @@ class TestThumbCell : public QObject {
     QFETCH(bool, error);
     QFETCH(QString, said);
     Cell cell;
-    cell.siteCall = site;
+    cell.lblDisk = site;
     cell.lblCall = caption;
     cell.lblFrom = u"From ZZ2BB"_s;
     cell.Shape1 = colour == u"s"_s ? CellColour::Stale : colour == u"a"_s ? CellColour::OnAir : CellColour::Window;

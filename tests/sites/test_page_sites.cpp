@@ -85,7 +85,7 @@ class TestPageSites : public QObject {
     QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ2BB"_s);
     QTRY_COMPARE(moved.Requests(u"checknew.jpg"_s), 2);
     QVERIFY2(!moved.Log().constLast().contains(u'?') || moved.Requests(u"image1"_s) > 1, "no parameter here");
-    QVERIFY(f.CellOf(4).siteCall.isEmpty());
+    QVERIFY(f.CellOf(4).lblDisk.isEmpty());
     QCOMPARE(f.program.sites.GetSiteSlot(f.program.sites.FindCall(u"ZZ2BB"_s), 1), 1);
     QCOMPARE(f.program.sites.GetSiteSlot(f.program.sites.FindCall(u"ZZ1AA"_s), 1), 0);
     QVERIFY(f.program.sites.FindThumbPos(1, 5).isEmpty());
@@ -139,7 +139,7 @@ class TestPageSites : public QObject {
     f.logic->sites.Undo();
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
     if (!online) QCOMPARE(f.Stand(), before);
-    QVERIFY(f.CellOf(1).siteCall.isEmpty() && f.CellOf(2).siteCall.isEmpty());
+    QVERIFY(f.CellOf(1).lblDisk.isEmpty() && f.CellOf(2).lblDisk.isEmpty());
     QVERIFY(!f.logic->sites.Undoable());
   }
 
