@@ -10,8 +10,8 @@
 #include <QSaveFile>
 #include <QVBoxLayout>
 
-#include "ui/call_field.h"
 #include "callbook/place_page.h"
+#include "ui/call_field.h"
 #include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
