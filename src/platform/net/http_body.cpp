@@ -116,23 +116,27 @@ qsizetype HttpBody::TakeFrame(QByteArrayView input) {
   qsizetype taken = 0;
   while (taken < input.size() && state_ == State::More && at_ != At::Data) {
     const char byte = input[taken++];
-    if (++lineSize_ > kMostLine) {
-      Break();
-    } else if (at_ == At::Trailer) {
-      if (!TakeTrailerByte(byte)) Break();
-    } else if (at_ == At::DataEnd) {
-      if (byte == '\n') {
-        at_ = At::Size;
-        digits_ = 0;
-        lineSize_ = 0;
-      } else if (byte != '\r') {
-        Break();
-      }
-    } else if (!TakeSizeByte(byte)) {
-      Break();
+    bool isSound = ++lineSize_ <= kMostLine;
+    if (isSound && at_ == At::Trailer) {
+      isSound = TakeTrailerByte(byte);
+    } else if (isSound && at_ == At::DataEnd) {
+      isSound = TakeDataEndByte(byte);
+    } else if (isSound) {
+      isSound = TakeSizeByte(byte);
     }
+    if (!isSound) Break();
   }
   return taken;
+}
+
+// The line end behind a chunk's data.
+bool HttpBody::TakeDataEndByte(char byte) {
+  if (byte == '\n') {
+    at_ = At::Size;
+    digits_ = 0;
+    lineSize_ = 0;
+  }
+  return byte == '\n' || byte == '\r';
 }
 
 bool HttpBody::TakeSizeByte(char byte) {

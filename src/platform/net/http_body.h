@@ -34,6 +34,7 @@ class HttpBody {
   enum class At { Size, SizeRest, Data, DataEnd, Trailer };
 
   qsizetype TakeFrame(QByteArrayView input);
+  bool TakeDataEndByte(char byte);
   bool TakeSizeByte(char byte);
   bool TakeTrailerByte(char byte);
   qsizetype Add(QByteArrayView input, QByteArray& out);
