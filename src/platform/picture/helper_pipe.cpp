@@ -67,6 +67,7 @@ std::vector<QByteArray> ChildEnvironment() {
 
 std::vector<char*> Pointers(std::vector<QByteArray>& texts) {
   std::vector<char*> result;
+  result.reserve(texts.size() + 1);
   for (QByteArray& text : texts) result.push_back(text.data());
   result.push_back(nullptr);
   return result;
