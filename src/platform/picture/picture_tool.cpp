@@ -54,7 +54,7 @@ void PictureTool::WarmUp() {
   for (size_t i = 0; i < PictureTimes::kHelpers; ++i) helpers_[i]->Start();
 }
 
-void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done, PictureOptions options) {
+void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
   PictureTask task = Task(PictureVerb::Measure, {}, {}, {});
   // More than the tool would take goes out as nothing, which is no picture either.
   if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
@@ -62,22 +62,22 @@ void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done, 
 }
 
 void PictureTool::MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done,
-                            PictureOptions options) {
+                            const PictureOptions& options) {
   Add(Task(PictureVerb::Thumb, source, target, box), context, std::move(done), options, PicturePriority::Usual);
 }
 
 void PictureTool::Convert(const QString& source, const QString& target, QObject* context, Done done,
-                          PictureOptions options) {
+                          const PictureOptions& options) {
   const bool bmp = target.endsWith(".bmp"_L1, Qt::CaseInsensitive);
   Add(Task(bmp ? PictureVerb::ConvertToBmp : PictureVerb::Convert, source, target, {}), context, std::move(done),
       options, PicturePriority::Screen);
 }
 
-void PictureTool::Load(const QString& path, QSize box, QObject* context, Done done, PictureOptions options) {
+void PictureTool::Load(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options) {
   Add(Task(PictureVerb::Load, path, {}, box), context, std::move(done), options, PicturePriority::Screen);
 }
 
-void PictureTool::View(const QString& path, QSize box, QObject* context, Done done, PictureOptions options) {
+void PictureTool::View(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options) {
   Add(Task(PictureVerb::View, path, {}, box), context, std::move(done), options, PicturePriority::Screen);
 }
 

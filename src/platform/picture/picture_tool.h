@@ -43,19 +43,20 @@ class PictureTool : public QObject {
   // longer wanted). Files are read when the job's turn has come, and written, beside the event loop.
 
   // Decodes bytes of a marker picture; answers type and size.
-  void Measure(const QByteArray& bytes, QObject* context, Done done, PictureOptions options = {});
+  void Measure(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
   // Decodes source and writes a 24-bit JPEG that fits into box (aspect kept, enlarged too when smaller) to target,
   // whole or not at all.
   void MakeThumb(const QString& source, const QString& target, QSize box, QObject* context, Done done,
-                 PictureOptions options = {});
+                 const PictureOptions& options = {});
   // Converts source to 24 bits a pixel into target (JPEG or, by the name's end ".bmp", BMP), full size; may be the same
   // file.
-  void Convert(const QString& source, const QString& target, QObject* context, Done done, PictureOptions options = {});
+  void Convert(const QString& source, const QString& target, QObject* context, Done done,
+               const PictureOptions& options = {});
   // What the thumbnail cell's picture control can load: GIF with all its frames, BMP, and JPEG of 24 bits. Anything
   // else that decodes fails with type, size and depth told, so that the caller can repair it. Scaled down to fit box.
-  void Load(const QString& path, QSize box, QObject* context, Done done, PictureOptions options = {});
+  void Load(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
   // Any picture that decodes, scaled down to fit box.
-  void View(const QString& path, QSize box, QObject* context, Done done, PictureOptions options = {});
+  void View(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
 
   // The host has flooded a read, or done worse: its pictures wait behind all others until one of them was done quickly.
   void Suspect(const QString& host);
