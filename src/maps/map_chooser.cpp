@@ -50,6 +50,13 @@ MapChooser::MapChooser(const QString& buttonName, const QString& listName, QWidg
   connect(&list_, &QListView::clicked, this, [this](const QModelIndex& index) { Choose(index.row()); });
 }
 
+// The list and the label send their last events while they are destroyed, and this filter reads both.
+MapChooser::~MapChooser() {
+  list_.viewport()->removeEventFilter(this);
+  list_.removeEventFilter(this);
+  lblMaps_.removeEventFilter(this);
+}
+
 void MapChooser::SetTexts(const QString& maps) {
   lblMaps_.setText(maps);
   list_.setAccessibleName(maps);

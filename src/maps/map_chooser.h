@@ -18,6 +18,7 @@ class MapChooser : public QWidget {
   // bar: where label and button stand; window: above which the list opens. The names of button and list are the
   // window's own, such as "cmdMaps" and "lstMaps".
   MapChooser(const QString& buttonName, const QString& listName, QWidget* bar, QWidget* window);
+  ~MapChooser() override;
 
   // maps: the word for maps.
   void SetTexts(const QString& maps);
