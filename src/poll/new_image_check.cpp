@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "poll/new_image_check.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <limits>
 
@@ -91,12 +92,20 @@ void NewImageCheck::NoImage(const QString& key) {
   if (Fetch(slot) == CheckOutcome::NoSite) Q_EMIT Checked(slot, CheckOutcome::NoSite);
 }
 
+// Earlier versions stored a picture under the name that it has at its station; such a file is of no use any more.
+void NewImageCheck::RemoveFormerPictures() const {
+  QDir pictures(program_.AppDataDir + u"/images/dsstv"_s);
+  const QStringList former = pictures.entryList({kImageName + u".*"_s}, QDir::Files);
+  for (const QString& name : former) pictures.remove(name);
+}
+
 CheckOutcome NewImageCheck::Fetch(int slot) {
   const PageState& page = program_.page;
   // On the WX page the slot's site is whatever stands in its field, the first DSSTV site where nothing does: a WX
   // marker has no site of its own, and its picture is asked for by the WX walk at the same time.
   const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
   if (site < 0 || site >= program_.sites.Sites.size()) return CheckOutcome::NoSite;
+  RemoveFormerPictures();
   const ThumbGrid::Edit cell(grid_.Parts(), slot);
   grid_.SetProgress(slot, 0);
   cell->fromVisible = true;

@@ -43,6 +43,7 @@ class NewImageCheck : public QObject {
   // True where no site stands in a slot of a DSSTV page: its site was removed while the marker was asked for.
   bool IsVacant(int slot) const;
   CheckOutcome Judge(int slot, int height);
+  void RemoveFormerPictures() const;
   CheckOutcome Fetch(int slot);
   int StoredHeight(int slot) const;
 

@@ -24,11 +24,15 @@ class TestPoll : public QObject {
     Station& one = f.AddSite(u"ZZ1AA"_s, 1, 0);
     Station& two = f.AddSite(u"ZZ2BB"_s, 1, 3);
     one.SetPicture(PlainPicture(kFreshTail));
+    // What an earlier version stored goes when a new picture is asked for.
+    QFile former(f.folder.filePath(u"images/dsstv/image1.jpg"_s));
+    QVERIFY(former.open(QIODevice::WriteOnly));
     f.Start();
     f.logic->poll.FirstPoll();
     QVERIFY(f.logic->poll.Busy());
     QTRY_VERIFY(!f.logic->poll.Busy());
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(3));
+    QVERIFY(!former.exists());
     QCOMPARE(f.program.page.SitesOnPage, 2);
     QCOMPARE(f.program.page.Field(0, Caller), u"AB1CD"_s);
     QCOMPARE(f.program.page.Field(0, ModeText), u"EPH snr -3 "_s);
