@@ -43,6 +43,8 @@ constexpr std::array<KnownLanguage, kLanguageNames> kKnown = {{
     {"Spanish"_L1, "es"_L1, QLocale::Spanish, CodePage::Western1252, kWrongVersion, kNotFound},
 }};
 
+constexpr std::size_t kEnglish = 1;  // its place in kKnown
+
 const KnownLanguage* FindKnown(const QString& name) {
   const auto found = std::find_if(kKnown.begin(), kKnown.end(), [&](const KnownLanguage& k) { return k.name == name; });
   return found == kKnown.end() ? nullptr : &*found;
@@ -50,7 +52,7 @@ const KnownLanguage* FindKnown(const QString& name) {
 
 const KnownLanguage& KnownOrEnglish(const QString& name) {
   const KnownLanguage* known = FindKnown(name);
-  return known != nullptr ? *known : *FindKnown(u"English"_s);
+  return known != nullptr ? *known : kKnown[kEnglish];
 }
 
 // Blanks that a text gets because its window puts it straight beside another text or at a label's edge.
