@@ -12,7 +12,9 @@ if grep -E 'WebEngine|WebChannel|libQt6Quick|libQt6Qml|omni_web' <<<"$linked"; t
   echo "$program links a browser"
   fault=1
 fi
-if ! ldd "$library" | grep -q WebEngine; then
+# Into a variable first: a grep that ends at its first find would break the pipe under ldd, and so fail the whole.
+needed=$(ldd "$library") || exit 1
+if ! grep -q WebEngine <<<"$needed"; then
   echo "$library links no browser: what is checked here is no longer where the browser is"
   fault=1
 fi

@@ -125,11 +125,12 @@ int Attack(const QString& home, bool ordinary) {
   // The neighbour is to end with this process, so the attack begins only when it has said so to the kernel.
   int ready[2];
   if (pipe(ready) != 0) return kNotTried;
+  sigset_t nothingBlocked;
+  sigemptyset(&nothingBlocked);
   prey.neighbour = fork();
   if (prey.neighbour == 0) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const bool told = write(ready[1], "r", 1) == 1;
-    while (told) pause();
+    if (write(ready[1], "r", 1) == 1) sigsuspend(&nothingBlocked);
     _exit(1);
   }
   char byte = 0;
@@ -141,7 +142,8 @@ int Attack(const QString& home, bool ordinary) {
 int RunWithoutFilters(char* role) {
   scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(seccomp), 0);
-  seccomp_rule_add(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(prctl), 1, SCMP_A0(SCMP_CMP_EQ, PR_SET_SECCOMP));
+  const scmp_arg_cmp enters = {0, SCMP_CMP_EQ, PR_SET_SECCOMP, 0};
+  seccomp_rule_add_array(filter, SCMP_ACT_ERRNO(EINVAL), SCMP_SYS(prctl), 1, &enters);
   if (seccomp_load(filter) != 0) return kNotTried;
   char tool[] = PICTURE_TOOL;
   char* const arguments[] = {tool, role, nullptr};
