@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>BandWords</name>
+    <message>
+        <source>All bands</source>
+        <translation>Alle Bänder</translation>
+    </message>
+    <message>
+        <source>%1 cm</source>
+        <translation>%1 cm</translation>
+    </message>
+    <message>
+        <source>%1 meters</source>
+        <translation>%1 Meter</translation>
+    </message>
+    <message>
+        <source>All modes</source>
+        <translation>Alle Betriebsarten</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>

@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl">
 <context>
+    <name>BandWords</name>
+    <message>
+        <source>All bands</source>
+        <translation>Wszystkie pasma</translation>
+    </message>
+    <message>
+        <source>%1 cm</source>
+        <translation>%1 cm</translation>
+    </message>
+    <message>
+        <source>%1 meters</source>
+        <translation>%1 m</translation>
+    </message>
+    <message>
+        <source>All modes</source>
+        <translation>Wszystkie emisje</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>

@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru">
 <context>
+    <name>BandWords</name>
+    <message>
+        <source>All bands</source>
+        <translation>Все диапазоны</translation>
+    </message>
+    <message>
+        <source>%1 cm</source>
+        <translation>%1 см</translation>
+    </message>
+    <message>
+        <source>%1 meters</source>
+        <translation>%1 м</translation>
+    </message>
+    <message>
+        <source>All modes</source>
+        <translation>Все виды</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
