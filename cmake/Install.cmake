@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# What cmake --install puts where: the program and its picture tool side by side (the one looks for the other in its own
-# folder), the launcher, the defaults that the launcher copies for each user, and the desktop's entry.
+# The places of what cmake --install installs: the program and its decoder side by side (the program looks for the
+# decoder in its own folder), the launcher, the defaults that the launcher copies for each user, and the desktop's
+# entry.
 
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
   set(CMAKE_INSTALL_PREFIX /usr CACHE PATH "Install prefix" FORCE)
@@ -10,7 +11,7 @@ install(TARGETS omni-perch RUNTIME DESTINATION lib/omni-perch)
 if(TARGET omni-perch-decoder)
   install(TARGETS omni-perch-decoder RUNTIME DESTINATION lib/omni-perch)
 endif()
-# Beside the program, which loads it from there when the first browser window opens.
+# Beside the program, which loads the library from there when the first browser window opens.
 if(TARGET omni_web)
   install(TARGETS omni_web LIBRARY DESTINATION lib/omni-perch)
 endif()

@@ -25,7 +25,7 @@ function(omni_target target)
   endif()
 endfunction()
 
-# A small precompiled header: the Qt classes that nearly every room includes.
+# A small precompiled header: the Qt classes that nearly every module includes.
 function(omni_precompile target)
   target_precompile_headers(${target} PRIVATE
     <QByteArray> <QDateTime> <QDir> <QFile> <QHash> <QList> <QObject> <QRegularExpression> <QString> <QStringList>

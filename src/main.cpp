@@ -20,7 +20,7 @@ int main(int argc, char** argv) {
   AccessibleMenuOwner::Install();
 
   const RunSettings run = RunSettings::OfUser();
-  // Asked before the first file is touched.
+  // Before the first file is touched, because a second instance must change no file of the first.
   InstanceLock lock(run.appDataDir);
   const bool anotherRuns = !lock.Acquire();
 

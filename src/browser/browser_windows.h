@@ -7,6 +7,7 @@
 #include <QString>
 #include <QUrl>
 
+// All browser windows, found by their titles.
 class BrowserWindows : public QObject {
   Q_OBJECT
 
@@ -16,8 +17,8 @@ class BrowserWindows : public QObject {
   // Opens a window of its own on a page, or raises the one of that title as it is. The cookies that the pages set go
   // into the store, and the store's go to the pages. http and https only.
   virtual void OpenPage(const QString& title, const QUrl& url) = 0;
-  // Removes what the pages of an address have left, and those that its windows have led through: cookies, in the store
-  // too, and storage; its windows close.
+  // Ends a sign-in: closes the windows of the site, and removes what its pages and those that its windows have led
+  // through have left, that is cookies (in the store too) and storage.
   virtual void Forget(const QUrl& url) = 0;
   virtual void CloseAll() = 0;
 

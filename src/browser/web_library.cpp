@@ -10,13 +10,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The windows of the loaded library, connected with the program's cookies.
 class LoadedWindows : public BrowserWindows, private WebPort {
  public:
   LoadedWindows(OmniWebMake make, const QString& profileFolder, CookieStore& cookies)
       : cookies_(cookies), pages_(make(profileFolder, *this)) {
     connect(&cookies_, &CookieStore::Changed, this, &LoadedWindows::OnChanged);
   }
-  // The pages' last words go into the store, and must not come back to pages that are half gone.
+  // While they are destroyed, the pages hand their last cookies to the store. Its signal must not reach pages that are
+  // half gone.
   ~LoadedWindows() override {
     cookies_.disconnect(this);
     pages_.reset();
@@ -68,6 +70,7 @@ void WebLibrary::Forget(const QUrl& url) {
     return;
   }
   cookies_.RemoveOf(url);
-  // What pages have stored lies in the engine's own files. Without it they go as a whole: no sign-in depends on them.
+  // The storage of pages is in the engine's own files. While the engine is not loaded, all of it is removed: no sign-in
+  // depends on it.
   if (!profileFolder_.isEmpty()) QDir(profileFolder_).removeRecursively();
 }

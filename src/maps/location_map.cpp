@@ -16,7 +16,7 @@ constexpr double kCallBox = 4;      // how far a call's frame reaches beyond its
 constexpr QColor kBlue(0, 0, 255);
 constexpr QColor kTargetRed(208, 0, 0);
 
-// Distance and direction between own position and the target; none where one of the two is unknown.
+// Distance and direction from the own position to the target; none where one of the two is unknown.
 std::optional<DistAz> WayTo(const Config& config, const MapTarget& target) {
   if (!IsKnownPosition(config.MyLat, config.MyLon) || !IsKnownPosition(target.lat, target.lon)) return std::nullopt;
   return GetDistAz(config.MyLat, config.MyLon, target.lat, target.lon, config.DistUnit);
@@ -26,7 +26,7 @@ QString AzimuthText(const DistAz& way) {
   return u"  Az "_s + QString::number(way.azimuth, 'f', 0) + u"° "_s;
 }
 
-// Behind the call: distance and direction, or why there are none.
+// The text behind the target's call: distance and direction, or why there are none.
 QString DistanceText(const Program& program, const MapTarget& target, const std::optional<DistAz>& way) {
   const LanguageTexts& language = program.language;
   if (!IsKnownPosition(target.lat, target.lon)) {
@@ -39,8 +39,8 @@ QString DistanceText(const Program& program, const MapTarget& target, const std:
   return u"  Dx "_s + locale.toString(way->distance, 'f', 0) + u' ' + language[unit].trimmed() + AzimuthText(*way);
 }
 
-// From own position towards a target that is off the picture, the label at the end. Near an edge the label is moved
-// back onto the picture.
+// Draws a line from the own position towards a target that is off the picture, with the target's label at the line's
+// end. A label that would leave the picture is moved back onto it.
 void DrawStub(StationMarks& marks, const QPointF& own, double azimuth, const QString& text) {
   const QPointF end = marks.Stub(own, azimuth, kBlue, 2);
   const QRectF place = marks.MovedInside(marks.PlaceAbove(text, end, 2), kCallBox + 1);
@@ -57,13 +57,15 @@ void DrawTarget(StationMarks& marks, const QPointF& at, const QString& text) {
 
 MapDrawing BuildLocationMap(Program& program, MapTarget& target, const MapSurface& surface) {
   Config& config = program.config;
-  // The conic maps have no place for the poles; the value stays changed for the rest of the run.
+  // The conic maps have no place for the poles. The limited latitude stays in the configuration for the rest of the
+  // run.
   if (config.MyLat > kHighestOwnLat) config.MyLat = kHighestOwnLat;
   if (config.MyLat < -kHighestOwnLat) config.MyLat = -kHighestOwnLat;
 
   StationMarks marks(surface);
   std::optional<QPointF> own;
-  // Copies: a longitude that the World map moves past the date line is none that may be stored.
+  // PointOf() moves a longitude below -170 past 180 on the World map, so give it copies: such a longitude must not be
+  // saved with the configuration.
   double myLat = config.MyLat;
   double myLon = config.MyLon;
   if (myLat != 0 || myLon != 0) own = marks.PointOf(myLat, myLon);
@@ -81,7 +83,7 @@ MapDrawing BuildLocationMap(Program& program, MapTarget& target, const MapSurfac
   } else {
     DrawTarget(marks, *at, target.call + u"\r\n"_s + distance);
     result.keep = at;
-    // Neither of the two can be seen: an arrow tells where the target lies.
+    // Neither the target nor the own position is on the picture: an arrow at the edge shows where the target lies.
     if (marks.IsOff(*at)) {
       const QString direction = way ? AzimuthText(*way) : QString(u' ');
       marks.EdgeArrow(*at, u"lblCall(0)"_s, u' ' + target.call + direction, kTargetRed);

@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What frmMapLoc shows of one station: its marks, own position and the way between them as values. frmMapLoc asks and
-// shows.
+// Builds what frmMapLoc draws for one station, as plain values: the station's marks, the own position, and the line or
+// arrow between them. frmMapLoc calls it whenever it redraws.
 #pragma once
 
 #include "core/program.h"
 #include "maps/map_overlay.h"
 
-// The station that is looked at. The World map moves its longitude as LatLonToPixel does.
+// The station that the map was opened for. Drawing it on the World map changes lon as LatLonToPixel does: a longitude
+// below -170 counts on past 180.
 struct MapTarget {
   QString call;
   double lat = 0;  // degrees
   double lon = 0;
 };
 
-// The target upon a map. Moves an own latitude beyond 89 degrees back to it, in the configuration too; own longitude
-// stays as it is stored. Without a formula for the map nothing is drawn; the information line holds call, distance and
-// direction all the same.
+// Builds the drawing of the target on the map of surface. Limits config.MyLat to 89 degrees north or south, in the
+// configuration too; config.MyLon stays as it is stored. For a map without a formula nothing is drawn; the information
+// line holds call, distance and direction all the same.
 MapDrawing BuildLocationMap(Program& program, MapTarget& target, const MapSurface& surface);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A map for assistive technology: the view is named as its map, its labels are children, the clickable ones buttons
-// with a press action. MapView installs and informs it.
+// Exposes a map view to assistive technology: its accessible name is the map's, its labels are its children, and
+// clickable labels are buttons with a press action. MapView installs this and reports changes to it.
 #pragma once
 
 #include <QAccessibleWidget>
@@ -10,10 +10,10 @@
 
 #include "maps/map_labels.h"
 
-// The map itself.
+// The accessible interface of a MapView.
 class AccessibleMapView : public QAccessibleWidget {
  public:
-  // labels: of the same widget.
+  // labels: those of the same widget.
   AccessibleMapView(QWidget* view, MapLabels* labels);
   ~AccessibleMapView() override;
 
@@ -25,7 +25,7 @@ class AccessibleMapView : public QAccessibleWidget {
 
   // Serves all map views from the first call on.
   static void Install();
-  // Tell whoever listens.
+  // Report to assistive technology that the labels were replaced, and which label has the focus (-1: the map itself).
   static void LabelsChanged(QWidget* view);
   static void FocusMoved(QWidget* view, qsizetype focusedLabel);
 
@@ -33,10 +33,10 @@ class AccessibleMapView : public QAccessibleWidget {
   QWidget* View() const;
 
   MapLabels* source_;
-  mutable QHash<int, QAccessible::Id> labels_;  // by index, made when asked for
+  mutable QHash<int, QAccessible::Id> labels_;  // children by label index, made when first asked for
 };
 
-// One label of a map.
+// The accessible interface of one label.
 class AccessibleMapLabel : public QAccessibleInterface, public QAccessibleActionInterface {
  public:
   AccessibleMapLabel(QWidget* view, MapLabels* labels, int index);
@@ -65,6 +65,6 @@ class AccessibleMapLabel : public QAccessibleInterface, public QAccessibleAction
   bool IsClickable() const;
 
   QPointer<QWidget> view_;
-  MapLabels* source_;  // as long as the widget is there
+  MapLabels* source_;  // valid as long as view_ is not null
   int index_;
 };

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMostMapsShown = 12;  // rows of the list before it scrolls
-constexpr int kButtonShare = 3;     // the button takes one part in three of the window's width at most
+constexpr int kButtonShare = 3;     // the button is at most a third as wide as the window
 
 QString PlainTip(const QString& text) {
   return Qt::convertFromPlainText(text, Qt::WhiteSpaceNoWrap);
@@ -27,7 +27,8 @@ MapChooser::MapChooser(const QString& buttonName, const QString& listName, QWidg
   lblMaps_.setObjectName(u"lblMaps"_s);
   lblMaps_.setTextFormat(Qt::PlainText);
   lblMaps_.installEventFilter(this);
-  // Were the button to take the focus, a click on it would close the list by that, and open it again.
+  // A click must not give the button the focus: the open list would lose it and close, and the same click would open
+  // the list again.
   button_.setFocusPolicy(Qt::TabFocus);
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(0, 0, 0, 0);
@@ -37,7 +38,7 @@ MapChooser::MapChooser(const QString& buttonName, const QString& listName, QWidg
 
   list_.setObjectName(listName);
   list_.setModel(&names_);
-  // Ten thousand names are not measured one by one.
+  // The view then measures one name instead of all, of which there may be ten thousand.
   list_.setUniformItemSizes(true);
   list_.setEditTriggers(QAbstractItemView::NoEditTriggers);
   list_.setTextElideMode(Qt::ElideMiddle);
@@ -50,7 +51,7 @@ MapChooser::MapChooser(const QString& buttonName, const QString& listName, QWidg
   connect(&list_, &QListView::clicked, this, [this](const QModelIndex& index) { Choose(index.row()); });
 }
 
-// The list and the label send their last events while they are destroyed, and this filter reads both.
+// The list and the label still send events while they are being destroyed, and the event filter reads both members.
 MapChooser::~MapChooser() {
   list_.viewport()->removeEventFilter(this);
   list_.removeEventFilter(this);
@@ -113,7 +114,8 @@ void MapChooser::PlaceList() {
   }
   const QFontMetrics metrics = list_.fontMetrics();
   const int edge = 2 * list_.frameWidth();
-  // Room for a scroll bar, and for a shorter name of wider letters.
+  // Wider than the name with the most characters, as a name with fewer but wider letters may be wider; and space for a
+  // scroll bar.
   const int wanted = metrics.horizontalAdvance(names.value(longest)) * 11 / 10 + edge + 2 * metrics.height();
   const QPoint place = button_.mapTo(window_, QPoint(0, button_.height()));
   const int width = std::min(std::max(button_.width(), wanted), window_->width());

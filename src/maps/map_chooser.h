@@ -15,16 +15,16 @@ class MapChooser : public QWidget {
   Q_OBJECT
 
  public:
-  // bar: where label and button stand; window: above which the list opens. The names of button and list are the
-  // window's own, such as "cmdMaps" and "lstMaps".
+  // bar: the parent of label and button; window: the list opens on top of it. buttonName and listName are the object
+  // names of button and list, such as "cmdMaps" and "lstMaps".
   MapChooser(const QString& buttonName, const QString& listName, QWidget* bar, QWidget* window);
   ~MapChooser() override;
 
-  // maps: the word for maps.
+  // maps: the word "Maps" in the present language.
   void SetTexts(const QString& maps);
-  // lstMap and an index in it. The list itself is filled when it opens.
+  // lstMap: file names of all maps; current: index of the present one. The drop-down list is filled when it opens.
   void SetMaps(const QStringList& lstMap, int current);
-  // The button takes at most a third of the window's width; the rest of a long name is left out.
+  // Limits the button to a third of the window's width (in pixels); a longer name is elided.
   void FitToWindow(int width);
   void CloseList() { list_.hide(); }
 
@@ -45,7 +45,7 @@ class MapChooser : public QWidget {
 
   QWidget* window_;
   QStringList lstMap_;
-  QStringList filled_;  // what the list was filled from
+  QStringList filled_;  // the names that the list was last filled from
   int current_ = -1;
   int room_ = 0;  // pixels for the button's caption; 0: not known yet
   QLabel lblMaps_;

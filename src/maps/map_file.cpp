@@ -11,11 +11,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kMaxBytes = 256LL << 20;
-constexpr qint64 kMaxPixels = 32'000'000;  // what the reader's own limit of 128 MiB lets pass
-constexpr int kMaxSide = 32'000;           // of what is decoded; painting goes wrong beyond 16 bits
-constexpr int kMaxShownSide = 1'000'000;
+constexpr qint64 kMaxPixels = 32'000'000;  // four bytes each: QImageReader refuses more than 128 MiB
+constexpr int kMaxSide = 32'000;           // of the decoded picture: QPainter's coordinates end at 16 bits
+constexpr int kMaxShownSide = 1'000'000;   // of the size that the file's header tells
 
-// Bytes of a picture, read one after the other; what lies behind the end reads as -1.
+// Reads a picture's bytes one after the other; Next() is -1 behind the end.
 class ByteWalk {
  public:
   explicit ByteWalk(const QByteArray& bytes) : bytes_(bytes) {}
@@ -28,8 +28,8 @@ class ByteWalk {
   qsizetype at_ = 0;
 };
 
-// Segment after segment to the mark of the picture's end. Within the picture's data 0xff is followed by 0 or by the
-// number of a restart, so that any other byte behind it begins the next segment.
+// Walks from segment to segment to the end-of-image marker (0xff 0xd9). Inside the compressed data 0xff is followed by
+// 0 or by a restart number, so 0xff with any other byte begins the next segment.
 bool IsWholeJpeg(const QByteArray& bytes) {
   ByteWalk walk(bytes);
   walk.Skip(2);
@@ -52,17 +52,19 @@ bool IsWholeJpeg(const QByteArray& bytes) {
   return false;
 }
 
-// Blocks of a length byte and as many bytes, the last of length 0.
+// Skips the data blocks of a GIF: a length byte and that many bytes each, the last of length 0. False where the file
+// ends before.
 bool SkipGifBlocks(ByteWalk& walk) {
   for (int length = walk.Next(); length > 0; length = walk.Next()) walk.Skip(length);
   return !walk.IsOver();
 }
 
+// Bytes of the colour table that a flag byte announces; 0 without a table.
 qsizetype GifTableBytes(int flags) {
   return (flags & 0x80) != 0 ? 3LL << ((flags & 7) + 1) : 0;
 }
 
-// To the end of the first frame, which is the one that is shown.
+// Walks to the end of the first frame; only that frame is shown.
 bool IsWholeGif(const QByteArray& bytes) {
   ByteWalk walk(bytes);
   walk.Skip(10);
@@ -84,7 +86,7 @@ bool IsWholeGif(const QByteArray& bytes) {
   return false;
 }
 
-// Of other types the decoder itself says when they break off.
+// Decoders fill the missing rest of a truncated JPEG or GIF with grey; those of other types report an error themselves.
 bool IsWhole(const QByteArray& bytes, const QByteArray& format) {
   if (format == "jpeg") return IsWholeJpeg(bytes);
   if (format == "gif") return IsWholeGif(bytes);
@@ -95,7 +97,7 @@ bool IsWhole(const QByteArray& bytes, const QByteArray& format) {
 // eighths without its whole size ever being in memory.
 QSize DecodedSize(const QSize& size) {
   for (int eighths = 8; eighths > 0; --eighths) {
-    // Rounded down: a pixel more, and the decoder takes the next larger eighth.
+    // Rounded down: for one pixel more the decoder would take the next larger eighth.
     const QSize reduced(std::max(1, size.width() * eighths / 8), std::max(1, size.height() * eighths / 8));
     const qint64 pixels = static_cast<qint64>(reduced.width()) * reduced.height();
     if (reduced.width() <= kMaxSide && reduced.height() <= kMaxSide && pixels <= kMaxPixels) return reduced;
@@ -118,8 +120,7 @@ MapPicture ReadMapFile(const QString& path) {
   failed.failed = true;
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly) || file.size() > kMaxBytes) return failed;
-  // All of it at once: what is looked through below and what is decoded are the same bytes, also while the file is
-  // being copied.
+  // Read the whole file at once: while a file is still being copied, IsWhole() and the decoder then see the same bytes.
   QByteArray bytes = file.readAll();
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::ReadOnly);

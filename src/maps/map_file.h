@@ -13,5 +13,6 @@ struct MapPicture {
   bool failed = false;  // the file is not there, is cut off or cannot be decoded
 };
 
-// A file that breaks off counts as unreadable, though the decoder would fill the rest with grey.
+// path: the picture's file. A truncated file counts as failed, although the decoder would fill its rest with grey.
+// Blocks while it reads and decodes.
 MapPicture ReadMapFile(const QString& path);

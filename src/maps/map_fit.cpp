@@ -6,13 +6,14 @@
 
 namespace {
 
-// Place of a picture along one direction, for a point that may lie far off it.
+// Left (or top) of the picture in its frame, for a point of the picture that is to be as near to the frame's middle as
+// the picture's edges allow. The point may lie far off the picture, so the result is limited before it becomes an int.
 int PlaceFor(double point, int frame, int picture, int room) {
   const double wanted = std::min(frame / 2 - point, 0.0);
   return static_cast<int>(std::max(wanted, static_cast<double>(frame - picture - room)));
 }
 
-// Larger pictures can be moved, up to their edges; smaller ones stay.
+// lowest is below 0 for a picture larger than its frame: it can be moved up to its edges. A smaller picture stays.
 int Stepped(int place, int step, int lowest) {
   return lowest < 0 ? std::clamp(place + step, lowest, 0) : place;
 }
@@ -24,8 +25,8 @@ void MapFit::FitMapToWindow(const QSize& window, const QSize& border) {
   PanX = whole.width() > window.width();
   PanY = whole.height() > window.height();
   frame = window - border;
-  // A larger picture is centred by the frame's inside, a smaller one by the window's. One that is just as large begins
-  // at the corner, as where the map before lay is of no meaning for it.
+  // A larger picture is centred in the frame's inside, a smaller one in the window. A picture of exactly the window's
+  // size begins at the corner: where the map before it lay has no meaning for it.
   place.setX(PanX ? -(picture.width() - frame.width()) / 2 : (window.width() - whole.width()) / 2);
   place.setY(PanY ? -(picture.height() - frame.height()) / 2 : (window.height() - whole.height()) / 2);
 }
@@ -33,7 +34,8 @@ void MapFit::FitMapToWindow(const QSize& window, const QSize& border) {
 void MapFit::KeepInView(const QPointF& point, int bottomRoom) {
   place = QPoint(PlaceFor(point.x(), frame.width(), picture.width(), 0),
                  PlaceFor(point.y(), frame.height(), picture.height(), bottomRoom));
-  // Both directions follow the width alone: a narrow map that is higher than its frame is centred, point or no point.
+  // The width alone decides for both directions: a map that is narrower than its frame is centred wherever the point
+  // lies, even if the map is higher than the frame.
   if (picture.width() < frame.width()) {
     place = QPoint((frame.width() - picture.width()) / 2, (frame.height() - picture.height()) / 2);
   }
@@ -50,7 +52,7 @@ void MapFit::KeepMiddle(const QPointF& middle, int hiddenRows) {
 }
 
 bool MapFit::DragTo(const QPoint& wanted) {
-  // Outside the bounds the picture stays where it is, it does not go as far as it can.
+  // A place beyond the bounds is refused, not limited: the picture then stays where it is in that direction.
   const auto mayGo = [](int to, int frameSize, int pictureSize) { return to < 1 && to > frameSize - pictureSize; };
   const bool takeY = PanY && mayGo(wanted.y(), frame.height(), picture.height());
   const bool takeX = PanX && mayGo(wanted.x(), frame.width(), picture.width());

@@ -14,23 +14,26 @@ inline constexpr int kMapBottomRoom = 25;
 // The picture's place in its frame, and the steps that change it.
 struct MapFit {
   QSize picture;      // empty: no picture
-  QSize frame;        // inside of the frame
+  QSize frame;        // inner size of the frame
   QPoint place;       // left and top of the picture in the frame
   bool PanX = false;  // the picture is wider than the window, so that it can be dragged sideways
   bool PanY = false;
 
-  // The frame takes the window's inner size; border is what the frame itself takes of it. The picture is centred,
+  // Gives the frame the window's inner size, less border, which the frame itself takes of it. Centres the picture,
   // whether it is smaller or larger.
   void FitMapToWindow(const QSize& window, const QSize& border = QSize(0, 0));
-  // The picture moves so that the point (of the picture) comes as near to the middle of the frame as its edges allow.
+  // Moves the picture so that the point (in pixels of the picture) comes as near to the middle of the frame as the
+  // picture's edges allow.
   void KeepInView(const QPointF& point, int bottomRoom = 0);
-  // The point of the picture in the middle of what is seen. hiddenRows: of the frame below the window's edge.
+  // The point of the picture that lies in the middle of the visible part. hiddenRows: rows of the frame that lie below
+  // the window's edge.
   QPointF Middle(int hiddenRows) const;
-  // That point moves back into the middle of a frame whose size has changed, as far as the edges allow.
+  // Moves that point back into the middle after the frame's size has changed, as far as the picture's edges allow.
   void KeepMiddle(const QPointF& middle, int hiddenRows);
-  // A step of dragging: the place that the pointer asks for. Each direction takes it or stays; true where one took it.
+  // One step of dragging. wanted: where the pointer would put the picture. Each direction takes its part of it or
+  // stays; true where one of them moved.
   bool DragTo(const QPoint& wanted);
-  // A step by keys or wheel, stopping at the edges of the picture.
+  // One step by keys or wheel, which stops at the edges of the picture. True where the picture moved.
   bool PanBy(const QPoint& step, int hiddenRows);
 };
 

@@ -97,7 +97,8 @@ MapPoint PlaceOnWorldMap(bool south, double lon, int row, double frac, double ad
   };
   const double h = between(RobinsonTable.height[here], RobinsonTable.height[next]);
   const double w = between(RobinsonTable.width[here], RobinsonTable.width[next]);
-  // The two halves are fitted apart: 170 degrees of them lie to the left of the prime meridian, 190 to the right.
+  // The two halves of the World map were fitted separately: 170 degrees lie left of the prime meridian, 190 right of
+  // it.
   const double k = lon < 0 ? 1300 * w / 170 : 1453 * w / 190;
   return {1322 + k * lon + adjust, south ? 706 + 698 * h : 706 - 698 * h};
 }

@@ -29,12 +29,15 @@ extern const RobinsonColumns RobinsonTable;
 // W.
 int NaSkew(double lon);
 
-// The six maps drawn on a cone. skew shortens the radius, in pixels; only North America has one.
+// The six maps that are drawn on a cone. lat and lon in degrees; skew: pixels that the radius loses, which is 0 on all
+// maps but North America.
 MapPoint PlaceOnPolarMap(MapName map, double lat, double lon, double skew);
-// Asia and N-Nederland.
+// The two maps with their own formulas: Asia and N-Nederland. lat and lon in degrees.
 MapPoint PlaceOnPlainMap(MapName map, double lat, double lon);
-// The World map from a table row (0 to 18), the fraction of the way to the next row, and the pixels added to x.
+// The World map, from a row of RobinsonTable (0 to 18), the fraction of the way to the next row, and the pixels added
+// to x. lon in degrees, -170 to 190.
 MapPoint PlaceOnWorldMap(bool south, double lon, int row, double frac, double adjust);
 
-// What LatLonToPixel rounds, for every map but None; lon has been moved to -170 or above for the World map.
+// The point that LatLonToPixel rounds, for every map but None. lat and lon in degrees; for the World map the caller has
+// moved lon to -170 or above.
 MapPoint UnroundedMapPoint(MapName map, double lat, double lon);

@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The labels of a map view as assistive technology needs them. MapView has them, map_accessible tells of them; neither
-// has to know the other.
+// What assistive technology asks about the labels of a map. MapView implements it and map_accessible calls it, so that
+// map_accessible need not know MapView.
 #pragma once
 
 #include <QRect>
 
 #include "maps/map_overlay.h"
 
-// To be asked of a widget that shows a map.
+// Implemented by the widget that shows a map.
 class MapLabels {
  public:
   virtual ~MapLabels() = default;
@@ -17,6 +17,6 @@ class MapLabels {
   virtual QRect LabelRect(qsizetype index) const = 0;
   // Index of the clickable label that has the focus within the widget, -1: the map itself.
   virtual qsizetype FocusedLabel() const = 0;
-  // What a click on the label does; nothing for one that is not clickable.
+  // Does what a click on the label does: nothing where the label is not clickable.
   virtual void PressLabel(qsizetype index, bool byKeyboard) = 0;
 };

@@ -15,13 +15,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Smooth edges take four times as long; among thousands of lines nobody sees them.
+// Lines that together are longer than this many pixels are drawn without smooth edges: smoothing takes four times as
+// long, and among thousands of lines nobody sees it.
 constexpr double kSmoothPixels = 800'000;
 // Lines are drawn tile by tile: a steep line across the whole frame would miss the processor's caches at each row.
 constexpr int kTile = 512;
-constexpr std::size_t kLinesForTwo = 1000;
+constexpr std::size_t kLinesForTwo = 1000;  // from this many lines on a second core helps
 
-// Text that can be read on a colour given from outside.
+// Black or white, whichever can be read on that background.
 QColor TextOn(const QColor& back) {
   return qGray(back.rgb()) < 128 ? QColor(Qt::white) : QColor(Qt::black);
 }
@@ -100,7 +101,7 @@ QRegion MapLayer::Shift(const QPoint& by) {
   uchar* bits = image_.bits();
   const auto bytes = static_cast<std::size_t>(kept.width()) * sizeof(QRgb);
   for (int i = 0; i < kept.height(); ++i) {
-    // From the side that the pixels move towards, so that none is overwritten before it has moved.
+    // Begins at the side towards which the pixels move, so that no row is overwritten before it has been moved.
     const int row = by.y() > 0 ? kept.height() - 1 - i : i;
     std::memmove(bits + (kept.top() + row) * line + kept.left() * 4, bits + (from.top() + row) * line + from.left() * 4,
                  bytes);
@@ -114,7 +115,7 @@ QRect MapLayer::PictureRect() const {
 
 void MapLayer::Compose(const QRect& part) {
   ComposePicture(part);
-  // What is drawn belongs to the picture and ends with it.
+  // Lines, circles and labels end at the picture's edge.
   const QRect inside = part & PictureRect();
   if (inside.isEmpty()) return;
   ComposeLines(inside);
@@ -137,8 +138,9 @@ void MapLayer::ComposePicture(const QRect& part) {
   QPainter painter(&image_);
   painter.setClipRect(inside);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  // Only what is needed of it: the painter goes wrong where a target reaches beyond 16 bits. At its rim a scaled piece
-  // differs from the inside of a larger one, so some pixels more are drawn, outside of the clip.
+  // Draws only the part of the picture that is needed, because QPainter fails where a target reaches beyond 16 bits.
+  // The rim of such a part is scaled differently from the same pixels inside a larger part, so a few more pixels are
+  // drawn around it, outside of the clip.
   const double acrossX = picture_.width() / whole.width();
   const double acrossY = picture_.height() / whole.height();
   const double rimX = 2 + 2 / acrossX;
@@ -228,7 +230,7 @@ void MapLayer::PaintText(QPainter& painter, const MapOverlay::Label& label) cons
   double base = label.place.top() + kMapLabelMargin + metrics.ascent();
   for (const QStringView line : QStringView(label.text).split(u'\n')) {
     const QString text = (line.endsWith(u'\r') ? line.chopped(1) : line).toString();
-    // A single line stands as it is, blanks included; lines under each other are centred.
+    // Each line is centred with its blanks, so that a text of one line fills its label as it is written.
     painter.drawText(QPointF(label.place.center().x() - metrics.horizontalAdvance(text) / 2, base), text);
     base += metrics.lineSpacing();
   }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The inside of a map's frame as one finished image: the picture, and what is drawn upon it. Panning moves the pixels
-// that stay in view and draws only what comes in, so that a step costs little however much lies on the map.
+// The inside of a map's frame as one finished image: the picture with lines, circles and labels. Panning moves the
+// pixels that stay in view and draws only those that come in, so that a step costs little however much lies on the map.
+// MapView owns one.
 #pragma once
 
 #include <QFont>
@@ -14,20 +15,20 @@
 struct MapStyle {
   QFont font;        // of the labels
   QColor back;       // around a picture smaller than its frame
-  QColor labelBack;  // of labels that bring no colour
+  QColor labelBack;  // background of labels without a colour of their own
   QColor labelText;
   double ratio = 1;  // device pixels to one pixel of the map
 
   bool operator==(const MapStyle& other) const = default;
 };
 
-// Room between a label's edge and its text.
+// Pixels between a label's edge and its text.
 inline constexpr double kMapLabelMargin = 2;
 
-// The frame's image, kept right while picture, overlay, look and place change.
+// The frame's image, brought up to date when picture, overlay, style or place change.
 class MapLayer {
  public:
-  // size: of the map, in whose pixels everything is placed; the picture may have fewer.
+  // size: the map's size as its file tells it; all places count in its pixels. picture may have fewer pixels.
   void SetPicture(const QImage& picture, const QSize& size);
   void SetOverlay(const MapOverlay& overlay);
   void SetStyle(const MapStyle& style);
@@ -38,7 +39,8 @@ class MapLayer {
   // The frame with the picture at place (pixels of the map): the first frame * ratio device pixels of the image, which
   // may be larger.
   const QImage& Frame(const QSize& frame, const QPoint& place);
-  // Takes the memory for frames up to that size, and the fonts, so that the first frame does not wait for them.
+  // Allocates the memory for frames up to that size and loads the fonts, so that the first frame does not wait for
+  // them.
   void Prepare(const QSize& frame);
 
  private:

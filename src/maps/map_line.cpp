@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int kFraction = 32;  // bits behind the point
+constexpr int kFraction = 32;  // bits behind the binary point
 constexpr double kOne = 4294967296.0;
 constexpr quint32 kWhole = 256;  // a pixel that is covered altogether
 
@@ -18,10 +18,11 @@ struct Run {
   qint64 half;  // of the thickness across
   qsizetype alongStride;
   qsizetype acrossStride;
-  qint64 lowest;  // pixels across that may be touched
+  qint64 lowest;  // first and last pixel across that the clip allows
   qint64 highest;
 };
 
+// A colour and how much of it covers what lies below.
 struct Ink {
   QRgb colour;
   quint32 strength;  // 0 to 256
@@ -40,7 +41,8 @@ quint32 FractionOf(qint64 value) {
   return static_cast<quint32>((value >> (kFraction - 8)) & 0xff);
 }
 
-// Checked where the line may leave the clip at its sides, unchecked where it cannot.
+// checked: every pixel is tested against the clip, which is left out for a line that cannot leave the clip at its
+// sides.
 template <bool checked>
 void DrawSmooth(QRgb* start, int steps, const Run& run, const Ink& ink) {
   const auto put = [&run, &ink](QRgb* base, qint64 across, quint32 coverage) {
@@ -85,7 +87,7 @@ void DrawPlain(QRgb* start, int steps, const Run& run, QRgb colour) {
 
 void DrawRun(QRgb* start, int steps, const Run& run, const MapLineStyle& style) {
   const qint64 end = run.middle + run.slope * (steps - 1);
-  // A pixel of room on each side, for what rounding adds.
+  // With a margin of two pixels, more than rounding can add.
   const qint64 reach = run.half + (qint64(2) << kFraction);
   const bool inside = std::min(run.middle, end) - reach >= (run.lowest << kFraction) &&
                       std::max(run.middle, end) + reach <= (run.highest << kFraction);
@@ -121,7 +123,8 @@ void MapLineCanvas::Draw(const QPointF& from, const QPointF& to, const MapLineSt
   const double slope = (b.y() - a.y()) / (b.x() - a.x());
   const double half = style.width * std::sqrt(1 + slope * slope) / 2;
 
-  // The steps whose middle lies between the ends, of these the ones that touch the clip.
+  // The steps (pixels along the line) whose middle lies between the line's ends, and of these the ones that touch the
+  // clip.
   double first = std::max<double>(clip.left(), std::ceil(a.x() - 0.5));
   double last = std::min<double>(clip.right(), std::ceil(b.x() - 0.5) - 1);
   const auto stepAt = [&a, slope](double across) { return (across - a.y()) / slope + a.x() - 0.5; };

@@ -7,20 +7,22 @@
 #include <QPointF>
 #include <QRect>
 
+// How a line is drawn.
 struct MapLineStyle {
-  QRgb colour = 0;   // its alpha counts
+  QRgb colour = 0;   // with alpha
   double width = 2;  // pixels
   bool smooth = true;
 };
 
+// Draws lines into a clipped part of one picture.
 class MapLineCanvas {
  public:
-  // clip: inside of the picture; nothing outside of it is touched. The picture must have RGB32 pixels and stay as it is
-  // as long as the canvas is used.
+  // clip: the part of the picture that is drawn on. The picture must have RGB32 pixels and must not be changed or
+  // copied as long as the canvas is used.
   MapLineCanvas(QImage& picture, const QRect& clip);
 
-  // Ends are cut square. A line of no length draws nothing; ends may lie far off the picture. The same line drawn in
-  // two clips side by side looks as drawn in one.
+  // Ends are cut square. A line of no length draws nothing; its ends may lie far off the picture. A line drawn in two
+  // neighbouring clips gives the same pixels as drawn in one.
   void Draw(const QPointF& from, const QPointF& to, const MapLineStyle& style);
 
  private:

@@ -34,7 +34,7 @@ void frmMapLoc::LabelPressed(const QString& name, const QPoint& at, bool byKeybo
 
 void frmMapLoc::MnuPopupClick(int index) {
   if (index != 0) return;  // the satellite views have no window yet
-  // The lookup opens beside the label that can be seen.
+  // The lookup opens beside a clickable label, one that is in view if there is any.
   QRect seen;
   for (qsizetype i = 0; i < View().Labels().size(); ++i) {
     const QRect place = View().LabelRect(i);

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Where a map is the best one: strictly inside these longitudes and latitudes. The first that holds a position wins.
+// A map and the degrees strictly between which it is the best one. The first row that contains a position wins.
 struct MapBox {
   MapName map;
   QLatin1String name;
@@ -34,7 +34,7 @@ constexpr std::array<MapBox, 8> kBoxes{{
 }};
 constexpr QLatin1String kWorld = "World Map"_L1;
 
-// Halves go to the even neighbour; what does not fit stays at the end of the range.
+// Rounds halves to the even neighbour; a value beyond the range of int becomes the nearest end of it.
 int RoundToPixel(double value) {
   constexpr double kLowest = std::numeric_limits<int>::min();
   constexpr double kHighest = std::numeric_limits<int>::max();
@@ -61,7 +61,7 @@ void LatLonToPixel(MapName map, double& lat, double& lon, int& x, int& y) {
   if (map == MapName::None || std::isnan(lat) || std::isnan(lon)) return;
   if (map == MapName::World && lon < -170) lon = (180 - std::abs(lon)) + 180;
   const MapPoint point = UnroundedMapPoint(map, lat, lon);
-  if (std::isnan(point.x) || std::isnan(point.y)) return;  // an endless coordinate has no angle
+  if (std::isnan(point.x) || std::isnan(point.y)) return;  // an infinite coordinate gives no angle
   x = RoundToPixel(point.x);
   y = RoundToPixel(point.y);
 }

@@ -39,7 +39,7 @@ MapStore::Kept MapStore::Load(const QString& appDataDir, const QString& fileName
   read.picture.failed = true;
   if (fileName.isEmpty()) return read;
   read.path = ResolvePath(appDataDir, u"Maps/"_s + fileName);
-  // Before the read: a file that changes meanwhile is read again the next time.
+  // Size and time are taken before the read, so that a file that changes during it is read again the next time.
   const QFileInfo file(read.path);
   if (!file.isFile()) return read;
   read.size = file.size();

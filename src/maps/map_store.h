@@ -9,20 +9,21 @@
 #include "maps/map_file.h"
 #include "platform/background.h"
 
+// Reads the pictures of maps and keeps the last ones in memory.
 class MapStore : public QObject {
   Q_OBJECT
 
  public:
   explicit MapStore(QString appDataDir, QObject* parent = nullptr);
 
-  // Hands over the picture of a file in Maps: at once where it is at hand and its file is still the same, else when it
-  // has been read, unless context is gone by then. A file that can no longer be read fails with the picture that was
-  // read from it before, if that is still at hand. Answers come in the order of the questions only among files that
-  // have to be read.
+  // Calls then with the picture of a file in Maps: at once where the picture is in memory and its file unchanged, else
+  // when it has been read, unless context has been destroyed by then. A file that can no longer be read fails, with the
+  // picture that was read from it before where that is still in memory. Answers keep the order of the calls only among
+  // files that have to be read.
   void Read(const QString& fileName, QObject* context, std::function<void(const MapPicture&)> then);
 
  private:
-  // A picture that was read, and what its file was like just before.
+  // A picture in memory, with size and time of its file just before the read.
   struct Kept {
     QString fileName;
     QString path;

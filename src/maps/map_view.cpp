@@ -19,7 +19,8 @@ namespace {
 
 constexpr int kKeyStep = 40;
 constexpr int kFastStep = 200;
-// No picture is that large; a label of a position far off it has no place in whole pixels.
+// Larger than any picture. Label rectangles are cut to it, because the place of a position far off the picture would
+// not fit into an int.
 constexpr QRectF kNearby(-100'000, -100'000, 200'000, 200'000);
 
 }  // namespace
@@ -94,7 +95,7 @@ QRect MapView::LabelRect(qsizetype index) const {
 
 qsizetype MapView::LabelAt(const QPoint& place) const {
   if (!picInner().contains(place)) return -1;
-  // The last one lies on top.
+  // From the last to the first: a label painted later lies on top.
   for (qsizetype i = Overlay().labels.size() - 1; i >= 0; --i) {
     if (LabelRect(i).contains(place)) return i;
   }
@@ -114,7 +115,7 @@ void MapView::paintEvent(QPaintEvent* event) {
   const double ratio = devicePixelRatioF();
   QPainter painter(this);
   painter.setClipRegion(event->region());
-  // Pixel by pixel, as the image has the device's own.
+  // The image has one pixel for each device pixel already, so undo the painter's scale.
   painter.scale(1 / ratio, 1 / ratio);
   painter.drawImage(QPoint(0, 0), image, QRect(QPoint(0, 0), (QSizeF(size()) * ratio).toSize()));
   painter.resetTransform();
@@ -142,7 +143,7 @@ void MapView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const QPoint place = event->position().toPoint();
   pressedLabel_ = LabelAt(place);
-  // A label lies on the picture and keeps the press to itself.
+  // A press on a label does not drag the picture below it.
   if (pressedLabel_ < 0 && picInner().contains(place) && (fit_.PanX || fit_.PanY)) held_ = place - fit_.place;
   UpdateCursor(place);
 }
@@ -185,7 +186,7 @@ void MapView::TakePan() {
 bool MapView::PanByKey(int key, Qt::KeyboardModifiers modifiers) {
   QSize step(kKeyStep, kKeyStep);
   if (modifiers.testFlag(Qt::ShiftModifier)) step = QSize(kFastStep, kFastStep);
-  // All but a step of what is in view.
+  // With Ctrl, as much as is in view but for one step.
   if (modifiers.testFlag(Qt::ControlModifier)) step = (size() - step).expandedTo(step);
   switch (key) {
     case Qt::Key_Left:
@@ -255,20 +256,20 @@ void MapView::ShowLabel(qsizetype index) {
   const QRect label = LabelRect(index);
   const QRect seen = rect().adjusted(0, 0, 0, -HiddenRows());
   if (label.isEmpty() || seen.contains(label)) return;
-  // The shortest way; of a label larger than the frame its beginning.
+  // Moves the picture the shortest way that shows the label; of a label larger than the frame its beginning is shown.
   const QPoint step(std::max(0, -label.left()) - std::max(0, label.right() - seen.right()),
                     std::max(0, -label.top()) - std::max(0, label.bottom() - seen.bottom()));
   PanBy(step);
 }
 
 void MapView::focusInEvent(QFocusEvent* event) {
-  // Not the inherited handler here and below: it paints the whole map again.
+  // The inherited focus handlers are not called, here and below: they repaint the whole map.
   if (event->reason() == Qt::BacktabFocusReason) FocusLabel(NextClickable(Overlay().labels.size(), -1));
   if (focused_ >= 0) update();
 }
 
 void MapView::focusOutEvent(QFocusEvent* event) {
-  // A menu of the label, or another window, gives the focus back to it.
+  // Only Tab and the mouse take the focus off a label: a menu or another window gives it back later.
   const bool leaves = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
                       event->reason() == Qt::MouseFocusReason;
   if (focused_ >= 0) update();
@@ -277,6 +278,6 @@ void MapView::focusOutEvent(QFocusEvent* event) {
 
 void MapView::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  // A window that becomes active looks as before, and painting all of a map again is not cheap.
+  // Activation changes nothing that is painted, and repainting a whole map is expensive.
   if (event->type() != QEvent::ActivationChange) update();
 }

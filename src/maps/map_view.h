@@ -17,26 +17,27 @@ class MapView : public QWidget, public MapLabels {
  public:
   explicit MapView(QWidget* parent);
 
-  // size: of the map in pixels, for a picture that was read with fewer.
+  // size: the map's size in pixels; picture may have been read with fewer.
   void SetPicture(const QImage& picture, const QSize& size);
   const QImage& Picture() const { return layer_.Picture(); }
   QSize PictureSize() const { return fit_.picture; }
   void SetOverlay(const MapOverlay& overlay);
   const MapOverlay& Overlay() const { return layer_.Overlay(); }
 
-  // Makes ready for a first picture in a frame of that size, while the picture is being read.
+  // Prepares fonts and memory for a first picture in a frame of that size, while the picture is being read.
   void Prepare(const QSize& frame);
-  // picOuter takes the window's width below its bar, and the window's whole height: its lowest rows are cut off. A
-  // picture that the user has moved keeps its middle, any other one shows its point, or else its own middle.
+  // Gives picOuter the window's width below its bar and the window's whole height, so that its lowest rows are cut off.
+  // A picture that the user has moved keeps the point in its middle; any other shows its home point (SetHome), or its
+  // middle where it has none.
   void FitMapToWindow(const QSize& window, int menuBarHeight);
-  // The point of the picture that FitMapToWindow and the Home key bring into view; none: the picture's middle. Where
-  // the user has moved the map to is forgotten.
+  // The point of the picture that FitMapToWindow and the Home key bring into view; none: the picture's middle. Forgets
+  // where the user has moved the map to. bottomRoom: pixels below the picture, see kMapBottomRoom.
   void SetHome(const std::optional<QPointF>& point, int bottomRoom);
   const MapFit& Fit() const { return fit_; }
   // Place of the picture inside picOuter.
   QRect picInner() const { return {fit_.place, fit_.picture}; }
 
-  // Size of a label's text, for whoever places labels.
+  // Size in pixels of a label with this text; the logic of a map window places its labels by it.
   QSizeF LabelSize(const QString& text) const;
   const QList<MapOverlay::Label>& Labels() const override { return layer_.Overlay().labels; }
   QRect LabelRect(qsizetype index) const override;
@@ -44,7 +45,7 @@ class MapView : public QWidget, public MapLabels {
   void PressLabel(qsizetype index, bool byKeyboard) override;
 
  Q_SIGNALS:
-  // A click on a clickable label, or its press by keyboard. globalPoint: where a menu of it opens.
+  // A clickable label was clicked or pressed by keyboard. globalPoint: where the label's menu opens.
   void LabelClicked(const QString& name, const QPoint& globalPoint, bool byKeyboard);
   // The user has moved the picture.
   void Panned(int left, int top);

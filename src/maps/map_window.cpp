@@ -38,7 +38,7 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
   picInfo_.setObjectName(u"picInfo"_s);
   picInfo_.setFrameShape(QFrame::StyledPanel);
   picInfo_.setAutoFillBackground(true);
-  // The map can be dragged through it.
+  // Mouse events pass through the panel, so that the map below it can be dragged.
   picInfo_.setAttribute(Qt::WA_TransparentForMouseEvents);
   lblMapInfo1_.setObjectName(u"lblMapInfo1"_s);
   lblMapInfo1_.setTextFormat(Qt::PlainText);
@@ -58,7 +58,7 @@ void MapWindow::MakeBar() {
   imgMenuBar_.setAutoFillBackground(true);
   lblHelp_.setObjectName(u"lblHelp"_s);
   lblHelp_.setTextFormat(Qt::PlainText);
-  // Cut off rather than keep the window wide.
+  // A long help text is cut off instead of forcing the window's width.
   lblHelp_.setMinimumWidth(1);
   Shape1_.setObjectName(u"Shape1"_s);
   Shape2_.setObjectName(u"Shape2"_s);
@@ -99,8 +99,8 @@ void MapWindow::Redraw_Map() {
   if (!testAttribute(Qt::WA_WState_Polished)) PrepareFirstShow();
 }
 
-// While the picture is read, what the first show takes: styles, fonts, sizes. The native window has to wait, as one
-// that is there already is placed without its decoration.
+// Does while the picture is being read what the first show would have to wait for: styles, fonts, sizes. The native
+// window is not made yet, because an existing one would be placed without its decoration.
 void MapWindow::PrepareFirstShow() {
   ensurePolished();
   const QList<QWidget*> controls = findChildren<QWidget*>();
@@ -111,7 +111,7 @@ void MapWindow::PrepareFirstShow() {
 }
 
 void MapWindow::Display_Map(const MapPicture& picture) {
-  // A file that cannot be read leaves the picture that is shown.
+  // Where the file cannot be read, the picture that is shown stays.
   failed_ = picture.failed;
   if (!picture.pixels.isNull()) {
     picOuter_->SetPicture(picture.pixels, picture.size);
@@ -124,16 +124,16 @@ void MapWindow::Display_Map(const MapPicture& picture) {
   RedrawOverlay();
   picOuter_->SetHome(keep_, kMapBottomRoom);
   PlaceOnScreen();
-  // A window that was left by its bar would come back with the focus on a button there.
+  // The window opens with the focus on the map, not on a button of its bar.
   if (!isVisible()) picOuter_->setFocus();
   show();
   raise();
   activateWindow();
 }
 
-// As large as the picture where the screen allows it, in the middle of the screen.
+// Makes the window as large as the picture, where the screen allows it, and puts it into the middle of the screen.
 void MapWindow::PlaceOnScreen() {
-  // A minimized window would stay where nobody sees it.
+  // show() would leave a minimized window minimized.
   setWindowState(windowState() & ~Qt::WindowMinimized);
   const QWidget* on = isVisible() || parentWidget() == nullptr ? this : parentWidget();
   const QRect room = on->screen()->availableGeometry();
@@ -151,7 +151,7 @@ void MapWindow::RedrawOverlay() {
   const MapSurface surface{MapOfName(MapTitle(program_.lstMap, mapIndex_)), picOuter_->PictureSize(),
                            [this](const QString& text) { return picOuter_->LabelSize(text); }};
   MapDrawing drawing = BuildDrawing(surface);
-  // By this map's formula nothing lies where it belongs on the picture of another map.
+  // The picture of another map is still shown: points by this map's formula would lie in wrong places on it.
   if (shownFile_ != file) {
     drawing.overlay = {};
     drawing.keep.reset();
@@ -191,7 +191,8 @@ void MapWindow::PlaceInfo() {
   lblMapInfo1_.setGeometry(picInfo_.rect());
 }
 
-// What the window manager adds. Known once the window has been shown; until then its opener's is as good.
+// Width and height of the window manager's decoration. It is known once the window has been shown; until then the
+// decoration of the opener serves.
 QSize MapWindow::FrameAllowance() {
   const QWidget* shown = isVisible() ? this : parentWidget();
   if (shown != nullptr && shown->isVisible()) frameAllowance_ = shown->frameGeometry().size() - shown->size();
@@ -218,14 +219,14 @@ void MapWindow::resizeEvent(QResizeEvent* event) {
 
 void MapWindow::changeEvent(QEvent* event) {
   BaseWindow::changeEvent(event);
-  // The places of labels, and the bar's height, go by the size of the letters.
+  // The places of labels and the bar's height depend on the font.
   if (event->type() != QEvent::FontChange || !isVisible()) return;
   RedrawOverlay();
   PlaceControls();
 }
 
 void MapWindow::closeEvent(QCloseEvent* event) {
-  // A picture that is still being read would bring the window back before it is deleted.
+  // A picture that is still being read would show the closed window again before it is deleted.
   ++reads_;
   BaseWindow::closeEvent(event);
 }

@@ -29,27 +29,27 @@ class MapWindow : public BaseWindow {
 
   MapWindow(const Names& names, Program& program, MapStore& store, MenuOpener& menus, QWidget* opener);
 
-  // An entry of the menu on a call, which the window has opened.
+  // The user has chosen an entry (counted from 0) of the menu on a call that the window has opened.
   virtual void MnuPopupClick(int index) = 0;
 
-  // The bar's texts, and what is drawn on an open map. A window with texts of its own calls this one last.
+  // Shows the bar's texts and redraws an open map. A derived window shows its own texts first and calls this last.
   void ShowTexts() override;
   // Reads the picture of the map at MapIndex, then shows the window with it.
   void Redraw_Map();
 
  protected:
-  // What lies upon the map now. Called whenever something may have changed: the map, the letters, the language.
+  // Returns what is drawn on the map. Called whenever map, font or language may have changed.
   virtual MapDrawing BuildDrawing(const MapSurface& surface) = 0;
-  // A clickable label was clicked, or pressed by keyboard; at: where a menu of it opens on the screen.
+  // A clickable label was clicked or pressed by keyboard. name: the label's; at: where its menu opens on the screen.
   virtual void LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) = 0;
-  // The user has chosen a map; kept for the next window and the next run.
+  // Stores the map that the user has chosen, for the next window and the next run.
   virtual void StoreMapIndex(int index) { program_.config.MapIndex = index; }
 
   int MapIndex() const { return mapIndex_; }
   void SetMapIndex(int index) { mapIndex_ = index; }
-  // Draws anew upon the picture that is shown, wherever the user has moved it to.
+  // Draws lines, circles and labels anew; the picture stays where the user has moved it.
   void RedrawOverlay();
-  // Stands between the list of maps and the help.
+  // Puts a control into the bar, between the list of maps and the help text.
   void AddToBar(QWidget* control);
   MapView& View() { return *picOuter_; }
 
@@ -79,7 +79,7 @@ class MapWindow : public BaseWindow {
   QString shownFile_;    // the map whose picture is shown
   bool failed_ = false;  // the present map's file could not be read
   QString info_;
-  std::optional<QPointF> keep_;
+  std::optional<QPointF> keep_;  // point of the picture to be kept in view
   QSize frameAllowance_ = QSize(0, 0);
 
   MapView* picOuter_;

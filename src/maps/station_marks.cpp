@@ -114,7 +114,7 @@ void StationMarks::OwnLabel(const QPointF& own, const QString& text) {
 
 void StationMarks::EdgeArrow(const QPointF& towards, const QString& name, const QString& text, const QColor& colour) {
   const QRectF room = QRectF(QPointF(0, 0), surface_.picture).marginsRemoved(kArrowRoom);
-  // A picture too small for it has no edge to speak of.
+  // A picture that is too small for an arrow gets none.
   if (room.width() < kArrowLength || room.height() < kArrowLength) return;
   const QPointF tip(std::clamp(towards.x(), room.left(), room.right()),
                     std::clamp(towards.y(), room.top(), room.bottom()));

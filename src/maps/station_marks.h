@@ -10,31 +10,31 @@ class StationMarks {
  public:
   explicit StationMarks(const MapSurface& surface) : surface_(surface) {}
 
-  // The pixel of a position in degrees; none without a formula or for what is no number. The World map moves a
-  // longitude below -170 into the caller's variable, so that whoever wants to keep it passes a copy.
+  // The pixel of a position in degrees; none where the map has no formula or a coordinate is no number. The World map
+  // changes a longitude below -170 in the caller's variable, so a caller that stores its longitude passes a copy.
   std::optional<QPointF> PointOf(double& lat, double& lon) const;
-  // Off the picture, where a point on the very edge is not off; and strictly inside, where it is not inside either.
+  // IsOff: outside the picture; IsInside: strictly inside. A point exactly on the edge is neither.
   bool IsOff(const QPointF& point) const;
   bool IsInside(const QPointF& point) const;
 
   void Line(const QPointF& from, const QPointF& to, const QColor& colour, double width);
   void Ring(const QPointF& centre, double radius, const QColor& colour, double width);
-  // A disc of four pixels with its ring.
+  // A disc with its ring, four pixels in radius.
   void Dot(const QPointF& centre, const QColor& colour);
   // A line of 100 pixels from a point, in degrees clockwise from the top of the picture. Returns its other end.
   QPointF Stub(const QPointF& from, double degrees, const QColor& colour, double width);
 
-  // The place of a text, centred over a point with that many pixels between them, or below it.
+  // The rectangle of a label with this text, centred above (or below) a point with gap pixels between them.
   QRectF PlaceAbove(const QString& text, const QPointF& point, double gap) const;
   QRectF PlaceBelow(const QString& text, const QPointF& point, double gap) const;
-  // The place moved the shortest way so that all of it, and this much around it, lies on the picture; a place larger
-  // than the picture keeps its left and top on it.
+  // place moved the shortest way onto the picture, with around pixels on each side of it; a place larger than the
+  // picture keeps its left and top on the picture.
   QRectF MovedInside(const QRectF& place, double around) const;
 
   void Label(const MapOverlay::Label& label) { overlay_.labels.append(label); }
   // A call's label, clickable, with a frame in that colour.
   void CallLabel(const QString& name, const QString& text, const QRectF& place, const QColor& colour, double width);
-  // lblMe with its text over own position.
+  // The label lblMe with its text above the own position.
   void OwnLabel(const QPointF& own, const QString& text);
   // An arrow at the edge of the picture towards a point that is off it, and a clickable label behind its tail.
   void EdgeArrow(const QPointF& towards, const QString& name, const QString& text, const QColor& colour);

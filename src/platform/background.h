@@ -8,6 +8,7 @@
 #include <QThreadPool>
 #include <functional>
 
+// A thread of its own and its queue of jobs.
 class Background : public QObject {
   Q_OBJECT
 

@@ -4,6 +4,7 @@
 
 #include <QDateTime>
 
+// The system's clock; a test derives one that it sets itself.
 class Clock {
  public:
   Clock() = default;

@@ -11,10 +11,10 @@ namespace {
 
 constexpr qsizetype kLongestLine = 1024LL * 1024;
 constexpr qint64 kReadAtOnce = 64LL * 1024;
-constexpr int kClosedPatienceMs = 500;
-constexpr int kProbePatienceMs = 100;
+constexpr int kClosedPatienceMs = 500;  // to send "Closed"
+constexpr int kProbePatienceMs = 100;   // until somebody answers on an existing socket
 
-// Whether the file at path is a socket that a crashed program left behind: there, and nobody answers.
+// True if the file at path is a socket on which nobody answers: a crashed program has left it behind.
 bool IsOrphaned(const QString& path) {
   if (QFileInfo(path).isFile()) return false;
   QLocalSocket probe;
@@ -41,7 +41,8 @@ QString CompanionLink::DefaultSocketDir() {
 
 bool CompanionLink::Listen() {
   const QString path = socketDir_ + u"/omni-perch-form1"_s;
-  // QLocalServer moves its socket over whatever has the name, a living program's socket as well: look first.
+  // listen() would replace a file of that name, even the socket of a running program, so test first whether one
+  // answers.
   if (QFileInfo::exists(path)) {
     if (!IsOrphaned(path)) return false;
     QFile::remove(path);
@@ -49,7 +50,7 @@ bool CompanionLink::Listen() {
   return server_.listen(path);
 }
 
-// Drops whoever is connected, without taking what they still say.
+// Ends all connections without reading what they have still sent.
 void CompanionLink::HangUp() {
   server_.close();
   const QHash<QLocalSocket*, Rest> rests = std::exchange(rests_, {});
@@ -82,7 +83,7 @@ void CompanionLink::Accept() {
       rests_.remove(socket);
       socket->deleteLater();
     });
-    // What arrived before the connects above raises no further signal.
+    // For bytes that arrived before the connects above no readyRead is raised.
     Read(socket);
   }
 }
@@ -102,7 +103,8 @@ void CompanionLink::Read(QLocalSocket* socket) {
     if (!rest.tooLong) rest.bytes += bytes.sliced(start);
     if (rest.bytes.size() > kLongestLine) rest = {{}, true};
   }
-  // Only now: a handler may do anything, a further Read included.
+  // Raised after the loop: a handler may do anything, even lead to a further Read(), and rest would then no longer be
+  // valid.
   for (const QByteArray& line : lines) TakeLine(line);
 }
 

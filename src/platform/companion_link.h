@@ -10,11 +10,12 @@
 #include <QObject>
 #include <QString>
 
+// The program's end of the channel.
 class CompanionLink : public QObject {
   Q_OBJECT
 
  public:
-  // socketDir: where both sockets live.
+  // socketDir: the folder of both sockets.
   explicit CompanionLink(const QString& socketDir, QObject* parent = nullptr);
   ~CompanionLink() override;
 
@@ -31,10 +32,10 @@ class CompanionLink : public QObject {
   void TextArrived(const QString& item, const QString& text);
 
  private:
-  // What a companion has sent of a line that has not ended yet.
+  // The bytes that a companion has sent of a line that has not ended yet.
   struct Rest {
     QByteArray bytes;
-    bool tooLong = false;  // the rest of this line is passed over
+    bool tooLong = false;  // what is left of this line is skipped
   };
 
   void HangUp();

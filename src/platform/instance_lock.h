@@ -5,6 +5,7 @@
 #include <QLockFile>
 #include <QString>
 
+// The lock on one data folder, held until this object is destroyed.
 class InstanceLock {
  public:
   explicit InstanceLock(const QString& appDataDir);

@@ -10,14 +10,14 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The name in folder that is the same as name but for its letter case; name itself where there is none.
+// The name in folder that differs from name in letter case at most; name itself where there is none.
 QString StoredSpelling(const QString& folder, const QString& name) {
   QString found;
   QDirIterator entries(folder, QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
   while (entries.hasNext()) {
     entries.next();
     const QString entry = entries.fileName();
-    // Among several the smallest, so that each run picks the same one.
+    // Of several such names take the smallest, so that each run takes the same one.
     if (entry.compare(name, Qt::CaseInsensitive) == 0 && (found.isEmpty() || entry < found)) found = entry;
   }
   return found.isEmpty() ? name : found;

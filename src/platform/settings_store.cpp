@@ -45,7 +45,7 @@ QString EscapedName(const QString& name) {
   return out;
 }
 
-// Names by other hands may hold any character as it is; a backslash parts section and key.
+// A name that was written by hand may hold any character unescaped; a backslash separates section and key.
 QString UnescapedName(const QString& text) {
   QString out;
   for (qsizetype i = 0; i < text.size(); ++i) {
@@ -69,7 +69,8 @@ QString UnescapedName(const QString& text) {
   return out;
 }
 
-// Without the blanks and tabs around it; the wider blanks of other scripts are part of a text.
+// text without the blanks and tabs around it. QString::trimmed() would also take the wider spaces of other scripts,
+// which belong to the text.
 QString Stripped(const QString& text) {
   const auto isBlank = [](QChar c) { return c == u' ' || c == u'\t'; };
   const auto first = std::find_if_not(text.begin(), text.end(), isBlank);
@@ -79,12 +80,12 @@ QString Stripped(const QString& text) {
 
 QString EscapedValue(const QString& value) {
   QString out;
-  // A leading @ announces a typed value to QSettings; doubled, it is itself.
+  // QSettings takes a leading @ for the mark of a typed value; a doubled one stands for a plain @.
   if (value.startsWith(u'@')) out += u'@';
   bool afterHex = false;
   for (const QChar c : value) {
     const qsizetype letter = kEscapedAs.indexOf(c);
-    // A digit behind \xX would be read as part of it.
+    // A hexadecimal digit behind a \x escape would be read as part of it, so it is escaped as well.
     const bool asHex = letter < 0 && (c < u' ' || (afterHex && IsHexDigit(c)));
     if (letter >= 0) {
       out += u'\\';
@@ -100,7 +101,7 @@ QString EscapedValue(const QString& value) {
   return std::any_of(out.begin(), out.end(), needsQuotes) || out != Stripped(out) ? u'"' + out + u'"' : out;
 }
 
-// A value that begins with a quote is quoted; in any other, quotes, commas and semicolons are text as they stand.
+// A value that begins with a quote is quoted; in any other value quotes, commas and semicolons are part of the text.
 QString UnescapedValue(const QString& text) {
   const bool quoted = text.startsWith(u'"');
   QString out;
@@ -122,10 +123,10 @@ QString UnescapedValue(const QString& text) {
       out += letter >= 0 ? kEscapedAs[letter] : QChar();
       ++i;
     } else {
-      out += c;  // a path written by hand
+      out += c;  // a lone backslash, as in a path written by hand
     }
   }
-  // QSettings' own mark of a text that holds a NUL.
+  // QSettings marks a text that contains a NUL in this way.
   if (out.startsWith("@String("_L1) && out.endsWith(u')')) return out.sliced(8).chopped(1);
   return out.startsWith("@@"_L1) ? out.sliced(1) : out;
 }
@@ -200,7 +201,7 @@ SettingsStore::Group& SettingsStore::GroupOf(const QString& application) {
   return groups_.last();
 }
 
-// Of entries that differ in letter case only, the one that stands last in the file is the one that counts.
+// Of entries whose names differ in letter case only, the last one of the file counts; the others are dropped.
 void SettingsStore::DropOlderSpellings() {
   QSet<QString> seen;
   for (auto group = groups_.rbegin(); group != groups_.rend(); ++group) {

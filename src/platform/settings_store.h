@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The keyed store settings.ini: application, section, key, all texts. Names meet whatever their letter case.
+// The keyed store settings.ini: application, section, key; all values are texts. Names are compared without regard to
+// letter case. The services own one; core/stored_settings reads and writes the program's settings through it.
 #pragma once
 
 #include <QHash>
 #include <QList>
 #include <QString>
 
+// The store in memory, with the file that it comes from.
 class SettingsStore {
  public:
   // Reads the file at once; a missing or unreadable one is an empty store.
@@ -15,18 +17,20 @@ class SettingsStore {
   QString Value(const QString& application, const QString& section, const QString& key, const QString& fallback) const;
   // Changes memory only; Save() writes.
   void SetValue(const QString& application, const QString& section, const QString& key, const QString& value);
-  // Writes the whole store, or leaves the old file as it was and returns false. Nothing changed: nothing written. A
-  // file that is there but could not be read is never written over.
+  // Writes the whole store if anything has changed. False: it could not be written, and the old file is as it was. A
+  // file that exists but could not be read is never overwritten.
   bool Save();
 
  private:
-  // The file as it stands, so that comments and what other hands wrote come back out unchanged.
+  // The lines of the file are kept, so that comments and the entries of others are written back unchanged. This is one
+  // of them.
   struct Line {
     QString text;
-    QString id;  // of an entry: folded application and path; else empty
+    QString id;  // folded application, section and key of an entry; empty for other lines
   };
+  // A [header] line and the lines up to the next one.
   struct Group {
-    QString header;  // "[...]" as it stands; empty for what precedes the first
+    QString header;  // as it is written; empty for the lines in front of the first one
     QString application;
     QList<Line> lines;
   };

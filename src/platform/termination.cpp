@@ -8,7 +8,7 @@
 
 namespace {
 
-// A signal handler may only write to a pipe, and has nowhere else to find it.
+// A signal handler may do little more than write to a pipe, and gets no argument that could name it.
 volatile sig_atomic_t pipeEnd = -1;
 
 void OnSignal(int) {

@@ -8,6 +8,7 @@
 #include <array>
 #include <memory>
 
+// Catches these signals as long as it lives; main makes one.
 class Termination : public QObject {
   Q_OBJECT
 

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Tells whether an asynchronous answer is still wanted. Whoever asks keeps a Wanted; each step of the chain carries a
-// token of it and tests the token before it touches anything. The cells, the intake and the download controls use it.
+// token of it and tests the token before it touches anything. The cells, the intake, the download controls and the map
+// windows use it.
 #pragma once
 
 #include <QtGlobal>
 #include <memory>
 
-// What one asker wants at the moment. A copy wants for itself: tokens of the original say nothing about it.
+// Belongs to whoever asks. A copy is an asker of its own: tokens of the original say nothing about it.
 class Wanted {
  public:
   // Handed from step to step of one chain. It may outlive its asker, and then is no longer wanted.
   class Token {
    public:
-    // Of nothing: never wanted.
+    // A token of no chain: never wanted.
     Token() = default;
     bool StillWanted() const { return now_ != nullptr && *now_ == mine_; }
 
@@ -43,7 +44,7 @@ class Wanted {
   Token Present() const { return Token(now_); }
   // Whatever is under way is no longer wanted.
   void Withdraw() {
-    if (now_ != nullptr) ++*now_;  // null where it was moved from
+    if (now_ != nullptr) ++*now_;  // null in an object that was moved from
   }
 
  private:

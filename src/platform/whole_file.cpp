@@ -12,7 +12,7 @@ bool WriteWhole(const QString& path, const QByteArray& bytes) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly)) return false;
   bool whole = file.write(bytes) == bytes.size() && file.flush();
-  // A disk may tell only at closing that it had no room.
+  // A full disk may be reported only when the file is closed.
   file.close();
   whole = whole && file.error() == QFileDevice::NoError;
   if (!whole) file.remove();

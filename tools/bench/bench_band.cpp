@@ -4,8 +4,8 @@
 //
 //   omni-perch-bench-band DATA_FOLDER LATENCY_MS
 //
-// Writes a data folder for it and, beside the folder, urls.txt with the pictures' addresses; prints "ready" and serves
-// until its input ends. Stations and callbook services answer after LATENCY_MS; the connectivity page at once.
+// Writes a data folder for the band and, beside the folder, urls.txt with the pictures' addresses; prints "ready" and
+// serves until its input ends. Stations and callbook services answer after LATENCY_MS; the connectivity page at once.
 
 #include <QDir>
 #include <QGuiApplication>
@@ -23,7 +23,7 @@ namespace {
 constexpr int kStations = 36;
 constexpr int kPages = 20;
 
-// What a busy page holds: mostly JPEG and JPEG 2000, some of everything else that stands still.
+// The types of a busy page: mostly JPEG and JPEG 2000, some of every other still type.
 PictureType TypeOf(int index) {
   static constexpr PictureType kTypes[] = {PictureType::Jpeg, PictureType::Jp2, PictureType::Jpeg,
                                            PictureType::Png,  PictureType::Jp2, PictureType::Jpeg,

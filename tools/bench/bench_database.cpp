@@ -52,6 +52,7 @@ DbRec Record(quint32 number) {
   return record;
 }
 
+// The peer's database in a file of the folder.
 class Sqlite {
  public:
   explicit Sqlite(const QString& folder) {
@@ -82,6 +83,7 @@ class Sqlite {
 constexpr const char* kInsert =
     "INSERT INTO station VALUES (?1, 'Operator', '', '', 'Nowhere', '50.5', '10.25', '', '')";
 
+// Writes both databases, with every second number as a record.
 void Make(const QString& folder, int records) {
   QDir().mkpath(folder);
   QFile own(folder + u"/Omni-Perch-DB.db"_s);
@@ -90,7 +92,7 @@ void Make(const QString& folder, int records) {
     const DbRec record = Record(static_cast<quint32>(i) * 2);
     own.write(reinterpret_cast<const char*>(&record), sizeof(record));
   }
-  // A user's file has rested when it is searched; the peer's is made meanwhile.
+  // Closed before the peer's database is made, because a user's file has rested as well when it is searched.
   own.close();
   QFile::remove(folder + u"/peer.sqlite"_s);
   const Sqlite peer(folder);

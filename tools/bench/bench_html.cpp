@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pages to text as the program does it, for html_bench.sh: omni-perch-bench-html DECODER TEXTS FILE... hands every file
-// to the decoder's process for texts, one after the other, and writes the texts to the file TEXTS. Prints "html=" and
-// the milliseconds from the start of that process to the last text. What starts the process runs already when a page
-// comes, so its own start does not count.
+// Turns pages into text as the program does it, for html_bench.sh: omni-perch-bench-html DECODER TEXTS FILE... hands
+// every file to the decoder's process for texts, one after the other, and writes the texts to the file TEXTS. Prints
+// "html=" and the milliseconds from the start of that process to the last text. The start of this program does not
+// count: in use, the program that starts the decoder's process runs already when a page comes.
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -20,7 +20,7 @@
 
 namespace {
 
-// By the plain system calls: what is measured is not the reading.
+// By plain system calls: it is not the reading that is to be measured.
 std::optional<QByteArray> Read(const QString& path) {
   const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
   struct stat about {};

@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int kService = 3;  // one that tells a stranger
+constexpr int kService = 3;  // QRZCQ, which shows its data without a sign-in
 constexpr std::chrono::seconds kPatience = 5s;
 
 // Tells when a window has been drawn.
@@ -42,6 +42,7 @@ class DrawnApplication : public QApplication {
   }
 };
 
+// Presses the keys of one lookup after the other, and waits for each filled window.
 class LookupBench : public QObject {
  public:
   LookupBench(DrawnApplication& app, Program& program, Form1& window, int rounds, const QStringList& calls)
@@ -65,7 +66,7 @@ class LookupBench : public QObject {
 
   void PressReturn() {
     program_.config.CallbookIndex = kService;
-    // As at the first lookup of a user who has none in his database.
+    // As at the first lookup of a user who has no database.
     QFile::remove(program_.AppDataDir + "/Omni-Perch-DB.db"_L1);
     auto* field = window_.findChild<QLineEdit*>(u"txtCall"_s);
     field->setText(calls_.at(call_));
@@ -76,7 +77,7 @@ class LookupBench : public QObject {
     QCoreApplication::sendEvent(field, &press);
   }
 
-  // The window shows the call that was asked for, and the last field that a page fills.
+  // True once the window shows the call that was asked for, and the last field that a page fills.
   bool Filled() const {
     for (const QWidget* top : QApplication::topLevelWidgets()) {
       if (top->objectName() != "Form12"_L1 || !top->isVisible()) continue;

@@ -73,13 +73,13 @@ double Ms(const QElapsedTimer& timer) {
   return static_cast<double>(timer.nsecsElapsed()) / 1e6;
 }
 
-// A widget that opens the map at a key press, as the main window does.
-// No menu is opened here.
+// A map window wants somebody who opens its menus; none is opened here.
 struct NoMenus : MenuOpener {
   void OpenMenu(const MenuRequest&) override {}
   void CloseMenus() override {}
 };
 
+// A widget that opens the map at a key press, as the main window does.
 class Opener : public QWidget {
  public:
   explicit Opener(std::function<void()> open) : open_(std::move(open)) {}
@@ -103,7 +103,7 @@ class PaintWatch : public QObject {
  protected:
   bool eventFilter(QObject*, QEvent* event) override {
     if (event->type() == QEvent::Paint && !view_->Picture().isNull()) {
-      // In turn after the event that paints and sends the frame.
+      // Queued, so that it comes after the event that paints and sends the frame.
       QMetaObject::invokeMethod(
           this, [this]() { painted = true; }, Qt::QueuedConnection);
     }
@@ -128,19 +128,20 @@ double Open(Opener& opener, PaintWatch& watch) {
   return Ms(timer);
 }
 
-// Until the window manager has done what a closed window leaves it to do.
+// Lets the window manager finish with a closed window.
 void Rest() {
   QEventLoop loop;
   QTimer::singleShot(300, &loop, &QEventLoop::quit);
   loop.exec();
 }
 
+// Milliseconds of many steps.
 struct Frames {
   double median = 0;
   double worst = 0;
 };
 
-// Forth and back along both directions, each step painted at once.
+// Pans forth and back along both directions; each step is painted at once.
 Frames Pan(MapView& view) {
   QList<double> times;
   constexpr std::array kKeys = {Qt::Key_Right, Qt::Key_Down, Qt::Key_Left, Qt::Key_Up};
@@ -191,7 +192,8 @@ int main(int argc, char** argv) {
 
   const double first = Open(opener, watch);
   map->close();
-  // As the program's event loop does; the loops of this file lie too deep to delete what was closed outside of them.
+  // As the program's event loop would: the loops of this file are nested too deep to delete a window that was closed
+  // outside of them.
   QCoreApplication::sendPostedEvents(map, QEvent::DeferredDelete);
   Rest();
   const double again = Open(opener, watch);

@@ -35,7 +35,7 @@ double Milliseconds(const QElapsedTimer& since) {
   return static_cast<double>(since.nsecsElapsed()) / 1e6;
 }
 
-// Knows how long the event loop was busy with one event, and when the window was drawn.
+// Measures how long the event loop is busy with one event, and tells when a window has been drawn.
 class WatchedApplication : public QApplication {
  public:
   using QApplication::QApplication;
@@ -48,7 +48,7 @@ class WatchedApplication : public QApplication {
   std::function<void()> drawn;  // after each drawing of a window
 
   bool notify(QObject* receiver, QEvent* event) override {
-    // Other threads deliver their events here too; they hold nobody up.
+    // The events of other threads come through here too, but do not hold the event loop.
     if (QThread::currentThread() != thread()) return QApplication::notify(receiver, event);
     const bool outermost = depth_ == 0;
     const bool drawing = event->type() == QEvent::UpdateRequest;
@@ -68,7 +68,7 @@ class WatchedApplication : public QApplication {
   double longest_ = 0;
 };
 
-// curl and vipsthumbnail over the same addresses.
+// Runs curl and vipsthumbnail over the same addresses.
 class Peers {
  public:
   explicit Peers(const QString& folder) : folder_(folder) {
@@ -111,7 +111,7 @@ class Peers {
     Run(u"curl"_s, {u"--no-progress-meter"_s, u"--parallel"_s, u"--parallel-immediate"_s, u"--parallel-max"_s,
                     QString::number(urls_.size()), u"--config"_s, folder_ + list});
   }
-  // Between the polls nothing is measured, so that waiting for the peer holds up nothing that counts.
+  // Waits: between the polls nothing is measured, so that waiting holds up nothing that counts.
   static void Run(const QString& program, const QStringList& arguments) {
     QProcess process;
     process.setProcessChannelMode(QProcess::ForwardedChannels);
@@ -142,7 +142,7 @@ class PollBench : public QObject {
  private:
   enum class Step { FirstPoll, NewPictures, Unchanged, Pause };
 
-  // After the poll's own work has settled, so that nothing of one step runs into the next.
+  // Begins the next step once the poll's own work has settled, so that nothing of one step runs into the next.
   void Next(void (PollBench::*begin)()) {
     step_ = Step::Pause;
     QTimer::singleShot(500ms, this, begin);

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The positions are gone through several times: they stay in the cache, so that the figure is the arithmetic's.
+// The same positions are used in each round: they stay in the cache, so that the figure is the arithmetic's.
 constexpr size_t kPositions = 100'000;
 constexpr int kRounds = 100;
 

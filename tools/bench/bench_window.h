@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The program's main window on the data folder of this user, as main makes it, for what is measured inside it.
+// The program's main window, made as main makes it on the data folder of this user. The benchmarks measure inside it.
 #pragma once
 
 #include <QApplication>
 
 #include "app/main_window.h"
 
+// The main window and all that outlives it.
 struct BenchWindow {
   BenchWindow() {
     run.closingPause = std::chrono::milliseconds(1);

@@ -18,7 +18,8 @@ for number in $(seq -w 0 $((count - 1))); do
   cp "${sources[$((10#$number % ${#sources[@]}))]}" "$work/pages/$number.html"
 done
 
-# One page that does in Chromium what is measured: each source into the body of a fresh document, and its text out.
+# A page that does in Chromium what is measured: it puts each source into the body of a fresh document, and takes its
+# text.
 {
   cat <<'HEAD'
 <!DOCTYPE html>

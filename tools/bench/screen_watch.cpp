@@ -36,11 +36,11 @@ namespace {
 using Ticks = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
-constexpr std::size_t kRowStep = 4;  // every fourth row is compared: a look takes well under a millisecond
+constexpr std::size_t kRowStep = 4;  // only every fourth row is compared: that takes well under a millisecond
 constexpr milliseconds kLook{2};
 constexpr milliseconds kPatience{60000};
 
-// The fields of the X window dump's header that are needed here; big-endian words.
+// The mapped screen. Of the header of its X window dump only these fields are needed; they are big-endian words.
 class Screen {
  public:
   explicit Screen(const char* path) {
@@ -76,7 +76,8 @@ class Screen {
   std::size_t length_ = 0;
 };
 
-// Keeps the last look at the screen, and when each spot of it changed last. A spot is eight by eight pixels.
+// Keeps a copy of the screen as it was last seen, and when each spot of it changed last. A spot is eight by eight
+// pixels.
 class Watch {
  public:
   Watch(const Screen& screen, std::size_t top) : screen_(screen), top_(top) {
@@ -85,7 +86,7 @@ class Watch {
     Look(Ticks::time_point());
   }
 
-  // True where anything differs from the look before.
+  // Compares the screen with the copy. True where anything differs.
   bool Look(Ticks::time_point now) {
     bool changed = false;
     for (std::size_t y = top_; y < screen_.Height(); y += kRowStep) {
@@ -102,7 +103,7 @@ class Watch {
     return changed;
   }
 
-  // When the last spot of a photograph took its present look: texts and borders have few colours, photographs many.
+  // When the last spot of a photograph became as it is now: texts and borders have few colours, photographs many.
   Ticks::time_point LastOfPhotographs() const {
     Ticks::time_point last;
     for (std::size_t y = top_ / kSpot * kSpot + kSpot; y + kSpot <= screen_.Height(); y += kSpot) {
@@ -113,7 +114,7 @@ class Watch {
     return last;
   }
 
-  // Of 16 million, by a mark for each.
+  // Counts the colours on the screen, with a mark for each of 16 million.
   std::size_t Colours() const {
     std::vector<bool> seen(std::size_t{1} << 24U);
     std::size_t count = 0;

@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kJpegQuality = 90;
-// An animation that takes longer than this to decode plays what has been decoded by then, so that it is shown at all
-// before the driver's patience ends.
+// An animation that takes longer than this to decode plays the frames that were decoded by then: it is shown before the
+// program's patience with the job ends.
 constexpr std::chrono::milliseconds kAnimationTime = 2500ms;
 
 const char* ReaderName(PictureKind kind) {
@@ -37,6 +37,7 @@ const char* ReaderName(PictureKind kind) {
   return nullptr;
 }
 
+// The image in the format and size in which it is sent.
 QImage Finished(const QImage& image, QSize size) {
   if (image.isNull()) return {};
   const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
@@ -50,8 +51,8 @@ int PlayedDelay(int stored) {
   return stored <= 10 ? 100 : stored;
 }
 
-// Keeps every frame, then every second, every fourth, as their number demands: how many there are is known only at the
-// end, and an animation that is cut off would miss what its sender wanted to show.
+// Keeps every frame at first, then every second, then every fourth, as more of them come: how many there are is known
+// only at the end, and an animation that is cut off would miss what its sender wanted to show.
 class ThinnedFrames {
  public:
   explicit ThinnedFrames(qint64 most) : most_(most) {}
@@ -94,6 +95,7 @@ class ThinnedFrames {
   QList<DecodedFrame> kept_;
 };
 
+// The image without see-through parts, which become white.
 QImage OnWhite(const QImage& image) {
   if (!image.hasAlphaChannel()) return image.convertToFormat(QImage::Format_RGB32);
   QImage result = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
@@ -127,7 +129,7 @@ QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize s
   buffer.setData(bytes);
   QImageReader reader(&buffer, name);
   reader.setAutoDetectImageFormat(false);
-  if (header.kind == PictureKind::Jpeg) reader.setScaledSize(size);  // leaves most of the decoding out
+  if (header.kind == PictureKind::Jpeg) reader.setScaledSize(size);  // the decoder then leaves most of its work out
   return Finished(reader.read(), size);
 }
 

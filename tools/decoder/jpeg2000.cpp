@@ -59,6 +59,7 @@ StreamPtr OpenStream(MemoryStream& memory) {
   return stream;
 }
 
+// How often the size can be halved and still covers the wanted size.
 int HalvedTimes(QSize size, QSize wanted, int levels) {
   int times = 0;
   while (times < levels && (size.width() >> (times + 1)) >= wanted.width() &&
@@ -87,7 +88,8 @@ ImagePtr Decode(const QByteArray& bytes, const PictureHeader& header, int halved
   return image;
 }
 
-// One component, read as 0 to 255 at the pixels of the whole picture, whatever its own size, depth and sign.
+// One component, read as 0 to 255 for each pixel of the whole picture, whatever the component's own size, depth and
+// sign.
 class Plane {
  public:
   Plane(const opj_image_comp_t& component, QSize size)
@@ -143,7 +145,7 @@ Colours ColoursOf(const opj_image_t& image) {
   return ycc || (subsampled && !stated) ? Colours::Ycc : Colours::Rgb;
 }
 
-// The component that holds opacity, or -1. Without the file's own word a fourth component is not taken for one.
+// The component that holds opacity, or -1. A fourth component is not taken for it unless the file says so.
 int AlphaOf(const opj_image_t& image) {
   for (OPJ_UINT32 i = 1; i < image.numcomps; ++i) {
     if (image.comps[i].alpha != 0) return static_cast<int>(i);

@@ -8,6 +8,7 @@
 
 #include "picture_header.h"
 
-// The picture at the lowest stored resolution that still covers wanted: as large as wanted or larger, the caller scales
-// the rest. A truncated file gives what is there. Null where nothing could be decoded. RGB32, or ARGB32 with alpha.
+// The picture at the lowest stored resolution that still covers wanted (pixels): as large as wanted or larger, the
+// caller scales the rest. A truncated file gives the part that is there. Null where nothing could be decoded. RGB32, or
+// ARGB32 with alpha.
 QImage DecodeJpeg2000(const QByteArray& bytes, const PictureHeader& header, QSize wanted);

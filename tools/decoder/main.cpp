@@ -20,7 +20,8 @@
 
 namespace {
 
-// Standard input as lines and blocks. A QFile would poll for more than is there; the driver waits for the answer.
+// Standard input as lines and blocks. A QFile would wait for more bytes than the one job that is there, while the
+// program waits for its answer.
 class Input {
  public:
   std::optional<QByteArray> Line() {
@@ -69,8 +70,8 @@ class Input {
 
 void Silence(QtMsgType, const QMessageLogContext&, const QString&) {}
 
-// What a decoder has to say about a stranger's picture interests nobody: the answer's outcome says it all. Qt is asked
-// to be silent, the libraries below it print.
+// Drops the messages of decoders about strangers' pictures: the answer's outcome says enough. Qt's messages go to a
+// handler that is silent, the libraries below it print to standard error.
 void BeQuiet() {
   qInstallMessageHandler(Silence);
 #if !defined(__SANITIZE_ADDRESS__)  // the sanitizers' reports are what a sanitized build is for
@@ -117,12 +118,13 @@ int main(int argc, char** argv) {
   const Role* role = argc == 2 ? RoleNamed(argv[1]) : nullptr;
   if (role == nullptr) return 2;
   prctl(PR_SET_PDEATHSIG, SIGKILL);
-  CloseInherited();  // first: a descriptor that came along by mistake would pass every later rule
+  CloseInherited();  // no later rule covers a descriptor that was inherited by mistake
   BeQuiet();
   mallopt(M_ARENA_MAX, 1);  // each thread would reserve 64 MB of the address space that the sandbox grants
   qputenv("QT_NO_GLIB", "1");
   role->prepare();
   const bool sandboxed = EnterSandbox(role->addressSpace).calls;
-  // Nothing to tidy up, and the leak check of a sanitizer would need what the sandbox took away.
+  // By _exit(): there is nothing to tidy up, and the leak check of a sanitizer would need calls that the sandbox
+  // refuses.
   _exit(Serve(*role, sandboxed));
 }

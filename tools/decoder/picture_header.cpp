@@ -77,7 +77,7 @@ qint64 CeilDiv(qint64 number, qint64 divisor) {
   return (number + divisor - 1) / divisor;
 }
 
-// The size segment; start is the offset of its length field.
+// Reads the size segment; start is the offset of its length field. False where its claims make no sense.
 bool ReadSizeSegment(const Bytes& bytes, qint64 start, PictureHeader& header) {
   const qint64 right = bytes.U32(start + 4);
   const qint64 bottom = bytes.U32(start + 8);
@@ -117,7 +117,7 @@ void ReadJpeg2000(const QByteArray& content, qint64 codestream, PictureHeader& h
   header.jpeg2000.levels = levels == 32 ? 0 : levels;
 }
 
-// PNG, GIF and BMP: their readers take no more than the header for this.
+// The size of a PNG, GIF or BMP: their readers read no more than the header for it.
 QSize ReaderSize(const QByteArray& content, const char* format) {
   QBuffer buffer;
   buffer.setData(content);

@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a picture claims to be, read from its first bytes without any decoder: the claims are judged before a library
-// allocates for them. Every job of the tool begins here.
+// Reads what a picture claims to be from its first bytes, without any decoder: the claims are judged before a library
+// allocates memory for them. Every job of the role `pictures` begins here.
 #pragma once
 
 #include <QByteArray>
 #include <QSize>
 
+// The formats that the helper decodes.
 enum class PictureKind { Unknown, Jpeg, Jpeg2000, Png, Gif, Bmp };
 
+// What only the header of a JPEG 2000 picture tells.
 struct Jpeg2000Facts {
   bool boxed = false;  // a JP2 file; else a bare codestream
   qint64 tiles = 0;
@@ -16,6 +18,7 @@ struct Jpeg2000Facts {
   int levels = 0;     // times that the size can be halved by leaving data out
 };
 
+// The claims of one picture.
 struct PictureHeader {
   PictureKind kind = PictureKind::Unknown;
   QSize size;     // empty where the header does not tell it
@@ -23,7 +26,8 @@ struct PictureHeader {
   Jpeg2000Facts jpeg2000;
 };
 
-// By the content's own marks; neither the name nor the type by substring has a say here.
+// Reads the header of the format whose signature the bytes begin with. Neither the file's name nor GetFileType decides
+// here.
 PictureHeader ReadPictureHeader(const QByteArray& bytes);
-// False where the claims are beyond what the tool decodes.
+// False where the claims are beyond what the helper decodes.
 bool WithinLimits(const PictureHeader& header);

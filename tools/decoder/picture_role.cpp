@@ -10,15 +10,16 @@
 namespace {
 
 constexpr quint64 kAddressSpace = 1ULL << 30;
-constexpr QSize kMeasuredBox(256, 256);  // a marker is decoded to see that it can be, not to be looked at
+constexpr QSize kMeasuredBox(256, 256);  // a marker is decoded to find out whether that works; nobody sees it
 
+// The answer to a job before it is written: the line, and the file or the frames that follow it.
 struct JobResult {
   PictureReply reply;
   QByteArray file;
   QList<DecodedFrame> frames;
 };
 
-// The cell's picture control knows these and nothing else; whatever it refuses goes through a repair first.
+// The formats that a cell's picture control loads. The program converts any other picture first.
 bool LoadsAsItIs(const PictureHeader& header) {
   return header.kind == PictureKind::Gif || header.kind == PictureKind::Bmp ||
          (header.kind == PictureKind::Jpeg && header.depth == 24);

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What one role of the helper is. main holds the table of roles, chooses by the argument and does what all of them have
-// in common: the sandbox, the frames, the end.
+// The interface of a role of the helper. main holds the table of roles, chooses one by its argument and does what all
+// of them have in common: the sandbox, the frames, the end.
 #pragma once
 
 #include <QByteArray>
 
-// Where a role writes its answer: the other end of standard output.
+// Where a role writes its answer: standard output.
 class RoleOutput {
  public:
-  // False once the program has gone; nothing is worth doing then.
+  // False once the program has gone; the role then gives up.
   bool Write(const QByteArray& bytes) { return Write(bytes.constData(), bytes.size()); }
   bool Write(const void* data, qint64 count);
 };
@@ -17,7 +17,7 @@ class RoleOutput {
 struct RoleJob {
   QByteArray line;  // with its LF
   QByteArray body;
-  bool sandboxed = false;  // where it is not, the role answers that it is not and looks at nothing
+  bool sandboxed = false;  // false: the role answers that there is no sandbox, and reads nothing
 };
 
 // A row of the table of roles.
@@ -25,7 +25,8 @@ struct Role {
   const char* name;      // as the helper's argument says it
   quint64 addressSpace;  // bytes
   qint64 mostBody;       // bytes of a job's body; more ends the process
-  // Runs before the sandbox: whatever the role's libraries load or open at first use is loaded and opened here.
+  // Runs before the sandbox is entered, so that the role's libraries load and open there whatever they load or open at
+  // first use.
   void (*prepare)();
   // Writes exactly one frame. False where the job breaks the role's protocol or nobody reads any more: the process
   // ends.

@@ -35,11 +35,13 @@ constexpr auto kAllowedCalls = std::to_array<const char*>({
 #endif
 });
 
-// Memory may be asked for, but never such that what a stranger wrote into it can be run.
+// The calls that ask for memory. It must never be memory whose content can be run, because a stranger's bytes may be in
+// it.
 constexpr auto kMemoryCalls = std::to_array<const char*>({"mmap", "mmap2", "mprotect"});
 constexpr unsigned kProtection = 2;  // the argument of those calls
 
-// A name that this machine's architecture lacks is refused by the library and missed nowhere.
+// Allows the calls of a family. The library refuses a name that this architecture lacks, and nothing here calls it
+// then.
 void Allow(scmp_filter_ctx filter, const char* family) {
   for (const QByteArray& name : QByteArray(family).split(' ')) {
     seccomp_rule_add(filter, SCMP_ACT_ALLOW, seccomp_syscall_resolve_name(name.constData()), 0);
@@ -54,14 +56,15 @@ bool FilterCalls() {
     seccomp_rule_add(filter, SCMP_ACT_ALLOW, seccomp_syscall_resolve_name(name), 1,
                      SCMP_CMP(kProtection, SCMP_CMP_MASKED_EQ, static_cast<scmp_datum_t>(PROT_EXEC), 0));
   }
-  // All threads or none: one that runs unfiltered would do for the others what they may not.
+  // The filter holds for all threads, or entering fails: a thread without it could make calls for the others.
   const bool loaded = seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1) == 0 && seccomp_load(filter) == 0;
   seccomp_release(filter);
   return loaded;
 }
 
-// Landlock with every right handled and none granted. The right to link or move a file into another folder is refused
-// from version 2 on even unnamed, truncation counts from version 3, calls of devices from version 5.
+// Enters Landlock with every right handled and none granted. Even where it is not named, the right to link or move a
+// file into another folder is refused from version 2 on; the right to truncate came with version 3, that to control
+// devices with version 5.
 bool RefuseFiles() {
   const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
   if (version < 1) return false;
@@ -89,8 +92,8 @@ void StartPoolThreads() {
   pool->setExpiryTimeout(-1);
   pool->setMaxThreadCount(count);
   pool->setStackSize(kStack);
-  // Shared, because the last thread may still be leaving it when this function ends. (waitForDone() would end the
-  // threads.)
+  // The latch is shared, because the last thread may still be leaving it when this function ends. (waitForDone() would
+  // end the threads.)
   const auto all = std::make_shared<std::latch>(count + 1);
   for (int i = 0; i < count; ++i) pool->start([all]() { all->arrive_and_wait(); });
   all->arrive_and_wait();
@@ -105,7 +108,7 @@ void LimitResources(quint64 addressSpace) {
 #else
   const rlimit space = {addressSpace, addressSpace};
   setrlimit(RLIMIT_AS, &space);
-  // A copy gets the lowest free number, which is the number of those that are open.
+  // A copy gets the lowest free number, and that is how many descriptors are open.
   const int lowestFree = dup(STDIN_FILENO);
   if (lowestFree < 0) return;
   close(lowestFree);
@@ -127,7 +130,7 @@ void CloseInherited() {
 SandboxState EnterSandbox(quint64 addressSpace) {
   SandboxState state;
   if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return state;
-  state.files = RefuseFiles();  // before the threads: it holds for the calling one and those that it starts
+  state.files = RefuseFiles();  // before the threads begin: it holds for the calling one and later ones
   StartPoolThreads();
   LimitResources(addressSpace);
   state.calls = FilterCalls();

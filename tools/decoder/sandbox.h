@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Takes from the process what turning given bytes into other bytes never needs: files, the network, other processes,
-// new threads, new code. Called by the helper's main, once, after its role has loaded what it needs.
+// Takes from the process all rights that it does not need to turn given bytes into other bytes: files, the network,
+// other processes, new threads, new code. Called by the helper's main, once, after its role has loaded what it needs.
 #pragma once
 
 #include <QtGlobal>
 
-// What is in force.
+// The parts of the sandbox that are in force.
 struct SandboxState {
   bool calls = false;  // system calls are filtered; without this no job may be done
   bool files = false;  // the kernel's file rules besides, where it has them

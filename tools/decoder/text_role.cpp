@@ -21,7 +21,7 @@ bool AnswerPage(const RoleJob& job, RoleOutput& output) {
   return output.Write(WritePageReply({*id, job.sandboxed}, text.size())) && output.Write(text);
 }
 
-// What is set up at first use is set up here.
+// Turns a small page into text, so that whatever is set up at first use is set up before the sandbox is entered.
 void Prepare() {
   HTMLDecode(QStringLiteral("<p style=text-transform:uppercase>a&nbsp;b</p>"));
 }

@@ -5,7 +5,7 @@
 
 #include "geodata.h"
 
-// Degrees; east may lie above 180, and east - west is at most 360.
+// What a map shows, in degrees. east may be above 180, and east - west is at most 360.
 struct GeoWindow {
   double west = -180;
   double east = 180;

@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The unpacked bytes of a file, also of one that is not packed; empty where it cannot be read.
 QByteArray Unpack(const QString& path) {
   QByteArray bytes;
   gzFile file = gzopen(QFile::encodeName(path).constData(), "rb");
@@ -26,7 +27,6 @@ QByteArray Unpack(const QString& path) {
   return bytes;
 }
 
-// Reads plain files as well as packed ones.
 QJsonObject ReadJson(const QString& path) {
   return QJsonDocument::fromJson(Unpack(path)).object();
 }
@@ -61,6 +61,7 @@ bool HasBorders(const QString& country) {
   return !without.contains(country);
 }
 
+// Puts the countries of a TopoJSON atlas together from the arcs that neighbours share.
 class TopologyReader {
  public:
   explicit TopologyReader(const QJsonObject& topology) { ReadArcs(topology); }

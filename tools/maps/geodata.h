@@ -6,7 +6,7 @@
 #include <QList>
 #include <QString>
 
-// Degrees. Longitudes of a line may jump by 360 where it crosses the date line.
+// A place in degrees. Longitudes of a line may jump by 360 where it crosses the date line.
 struct GeoPoint {
   double lat = 0;
   double lon = 0;
@@ -20,11 +20,13 @@ struct Area {
   QList<GeoLine> rings;
 };
 
+// A river, or a line between states.
 struct Course {
   int rank = 0;
   GeoLine line;
 };
 
+// A town, drawn as a dot with its name.
 struct Town {
   QString name;
   GeoPoint at;
@@ -33,12 +35,14 @@ struct Town {
   bool capital = false;  // of a country
 };
 
+// The countries at one scale, and their outlines.
 struct Atlas {
   QList<Area> countries;
   QList<GeoLine> coasts;   // lines that one country has to itself
   QList<GeoLine> borders;  // lines that two countries share
 };
 
+// All that the maps are drawn from.
 struct Geodata {
   Atlas fine;    // 1:10m
   Atlas coarse;  // 1:50m
@@ -50,6 +54,6 @@ struct Geodata {
   QList<Town> towns;
 };
 
-// Reads countries-10m.json and countries-50m.json from one folder and the packed layers from the other. What cannot be
-// read is named in the returned text; it is empty when all is well.
+// Reads countries-10m.json and countries-50m.json from one folder and the packed layers from the other. Returns the
+// names of those that cannot be read; empty when all is well.
 QString ReadGeodata(const QString& atlasFolder, const QString& layerFolder, Geodata& data);

@@ -6,6 +6,7 @@
 #include <QRectF>
 #include <QSize>
 
+// The boxes that are taken on one picture.
 class LabelBoard {
  public:
   explicit LabelBoard(const QSize& picture) : picture_(QRectF(QPointF(0, 0), picture).adjusted(4, 4, -4, -4)) {}

@@ -5,6 +5,7 @@
 #include "geodata.h"
 #include "maps/map_projection.h"
 
+// The name of a sea, and on which maps it is written.
 struct SeaName {
   QString text;  // may have line ends
   GeoPoint at;   // middle of the text

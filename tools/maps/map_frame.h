@@ -8,6 +8,7 @@
 #include "geo_window.h"
 #include "map_sheet.h"
 
+// Places on the picture of one map.
 class MapFrame {
  public:
   explicit MapFrame(const MapSheet& sheet);

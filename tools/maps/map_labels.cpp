@@ -30,6 +30,7 @@ QFont SpacedFont(int pixels, double spacing, bool italic = false) {
   return font;
 }
 
+// Writes the names of one map.
 class MapLabels {
  public:
   MapLabels(const MapFrame& frame, const Geodata& data, QPainter& painter)
@@ -96,7 +97,7 @@ class MapLabels {
     return true;
   }
 
-  // A town whose name finds no room is left out.
+  // Writes a town's dot and name; leaves both out where the name would lie over another.
   void WriteTown(const Town& town) {
     const QPointF at = frame_.At(town.at);
     const bool large = town.rank <= sheet_.largeTownRank;
@@ -107,7 +108,7 @@ class MapLabels {
     const double x = at.x();
     const double y = at.y();
     const double level = y - h / 2 + 1;
-    // To the right, left, above and below, then the corners.
+    // The places of the name that are tried: right, left, above and below, then the corners.
     const std::array<QPointF, 8> corners{{{x + 4, level},
                                           {x - 4 - w, level},
                                           {x - w / 2, y - 4 - h},
@@ -170,7 +171,8 @@ class MapLabels {
     return lakes;
   }
 
-  // The largest of the map's sizes that fits wholly inside; the smallest may stand out a little.
+  // Writes the name in the largest of the map's sizes in which it fits wholly inside the country; in the smallest size
+  // it may stand out a little.
   void WriteCountry(const QString& name, const NameFinder& finder) {
     for (const double share : {0.99, 0.62}) {
       for (const int pixels : sheet_.countryPixels) {

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes the names on a map: large towns, countries, seas, then as many other towns as find room. For the painter.
+// Writes the names on a map: large towns, countries, seas, then as many other towns as there are free places for. For
+// the painter.
 #pragma once
 
 #include <QPainter>

@@ -10,6 +10,7 @@
 
 #include "maps/map_projection.h"
 
+// How one map is drawn.
 struct MapSheet {
   MapName map = MapName::None;
   QLatin1String name;  // of the picture, without its extension
@@ -21,8 +22,8 @@ struct MapSheet {
   int riverRank = 0;
   int smallWaterRank = -1;  // the finer lakes and rivers of Europe
   int townRank = 0;
-  int firstTownRank = 0;  // placed before the countries' names
-  int largeTownRank = 0;  // written larger
+  int firstTownRank = 0;  // to this rank towns are placed before the countries' names
+  int largeTownRank = 0;  // to this rank towns are written larger
   double coastWidth = 1.1;
   bool stateLines = false;
   int townPixels = 11;       // height of a town's name
@@ -32,6 +33,7 @@ struct MapSheet {
 
 const QList<MapSheet>& MapSheets();
 
+// The colours of all maps.
 namespace MapColours {
 constexpr QRgb kPaper = 0xffe9eff2;  // around the oval of the World map
 constexpr QRgb kSea = 0xffcfe1ec;

@@ -8,9 +8,10 @@
 
 #include "label_board.h"
 
+// The part of one country's shape that a picture shows, as a grid of cells.
 class NameFinder {
  public:
-  // Waters count as outside.
+  // shape and waters in pixels; waters count as outside of the shape.
   NameFinder(const QPainterPath& shape, const QPainterPath& waters, const QSize& picture);
 
   // Square pixels of the shape that the picture shows.

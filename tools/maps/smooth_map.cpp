@@ -34,7 +34,7 @@ double SmoothNaSkew(double lon) {
   return skew;
 }
 
-// Straight between the middles of the steps.
+// The same function with wide bends: straight between the middles of the steps.
 double WideNaSkew(double lon) {
   struct Knot {
     double distance;

@@ -10,9 +10,10 @@
 #include <QString>
 #include <QStringList>
 
+// File types of pictures.
 enum class PictureType { Any, Jpeg, Jp2, J2kCodestream, Png, Gif, AnimatedGif, Bmp, Mp4 };
 
-// What stands behind the picture.
+// What follows behind the picture in its file.
 enum class TailStyle {
   Full,   // three NULs, then 60 characters: caller * mode and signal * date and time
   Stars,  // the same, with a counter and "***" before the caller
@@ -20,6 +21,7 @@ enum class TailStyle {
   None
 };
 
+// What a picture is to be; whatever is left open follows from the seed.
 struct PictureRecipe {
   quint32 seed = 1;
   PictureType type = PictureType::Any;  // Any: by seed

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A session is known by its seal, not by a list: one that was begun before the band was started anew goes on. The
+// A session is recognised by its seal, not by a list, so that it goes on when the band has been started anew. The
 // secret guards made-up data only.
 constexpr auto kSecret = "no secret at all";
 constexpr qsizetype kIdLength = 32;
@@ -27,7 +27,7 @@ Answer SeeOther(const QByteArray& location, const QByteArray& cookie) {
   return {303, "text/html", "<html><body>This way, please.</body></html>\n", location, {{"Set-Cookie", cookie}}};
 }
 
-// The services differ in how long a browser is to keep the cookie: by age, until its end, until a date.
+// How long a browser is to keep the cookie, in which the services differ: for a time, until it ends, until a date.
 QByteArray Lifetime(Callbook service) {
   constexpr int kDays = 30;
   switch (service) {

@@ -11,6 +11,7 @@
 // The password of every user of every service.
 inline constexpr auto kCallbookPassword = "perch";
 
+// The host of one service.
 class CallbookHost : public Host {
  public:
   CallbookHost(Callbook service, const QHostAddress& address, quint16 port, QObject* parent);

@@ -56,8 +56,8 @@ QByteArray Frame(Callbook service, bool signedIn, const QByteArray& body) {
   return {};
 }
 
-// The place is told by eHam's readers from cells: the value stands one character, the tab between cells, behind its
-// word.
+// A reader of eHam's pages takes the place from table cells: the value begins one character, the tab between cells,
+// behind its word.
 QByteArray EhamRow(const QByteArray& word, const QByteArray& value) {
   return value.isEmpty() ? QByteArray() : "<TR><TD>" + word + "</TD><TD>" + value + "</TD></TR>\n";
 }
@@ -125,11 +125,11 @@ QByteArray Qrz(const QString& call, const Operator* person, bool signedIn) {
 
 QByteArray QrzcqPerson(const Operator& person, bool signedIn) {
   QByteArray body = "<div>Call data of " + Html(person.call) + " at QRZCQ.com</div>\n";
-  // Between this word and the name stand no letter and no bracket with corners, and not much else.
+  // Between this word and the name there may be no letter and no square bracket, by which readers find the name.
   if (signedIn) body += "<div>Buddy (+) 12</div>\n";
   body += "<div class=\"big\">" + Html(person.name) + "</div>\n<div>" + Html(person.street) + "</div>\n<div>" +
           Html(person.town) + "</div>\n<div>" + Html(person.country) + "</div>\n<table>\n";
-  // Here the value ends with the next blank, so it stands in a cell of its own, with a unit behind it.
+  // For readers the value ends with the next blank here, so it has a cell of its own, with a unit behind it.
   if (person.lat != 0) {
     body += "<tr><td>Latitude</td><td>" + Degrees(person.lat, 3) + " deg</td></tr>\n<tr><td>Longitude</td><td>" +
             Degrees(person.lon, 3) + " deg</td></tr>\n<tr><td>Locator</td><td>" + LocatorOf(person.lat, person.lon) +

@@ -8,9 +8,11 @@
 
 #include "operators.h"
 
+// The five services.
 enum class Callbook { eHam, QRZ, QRZCQ, Callook, HamCall };
 
-// As bytes of Windows-1252. person: nullptr for a call that nobody has; whom the service has nothing on gives the same.
+// The page of a call, as bytes of Windows-1252. person: nullptr for a call that nobody has. A service that has nothing
+// on the person gives the same page as for nobody.
 QByteArray CallPage(Callbook service, const QString& call, const Operator* person, bool signedIn);
 // The page that a user comes to, which tells whether somebody is signed in.
 QByteArray FrontPage(Callbook service, bool signedIn);

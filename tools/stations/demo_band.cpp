@@ -110,7 +110,7 @@ PictureRecipe RecipeOf(int index, const QDateTime& now) {
   return recipe;
 }
 
-// What is particular about single stations.
+// Gives single stations something of their own: a sender, a fault, another tail.
 void MakeParticular(int index, PictureRecipe& recipe, Station& station) {
   switch (index) {
     case 6:

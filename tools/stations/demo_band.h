@@ -13,6 +13,7 @@
 inline constexpr int kDemoLayouts = 6;
 inline constexpr std::array<int, kDemoLayouts> kDemoLayoutCounts{5, 10, 15, 24, 35, 36};
 
+// A site of the demo's list.
 struct DemoSite {
   QString call;
   QString url;
@@ -23,12 +24,14 @@ struct DemoSite {
   std::array<QString, kDemoLayouts> places{};  // by layout: "PPSS"
 };
 
+// A site of the demo's weather list.
 struct DemoWxSite {
   QString title;
   QString url;
   std::array<int, kDemoLayouts> places{};  // by layout: slot from 1; 0: none
 };
 
+// What the demo's band has, and what a data folder for it holds.
 struct Demo {
   std::vector<DemoSite> sites;
   std::vector<DemoWxSite> wxSites;

@@ -4,5 +4,6 @@
 
 #include <QByteArray>
 
-// The file Omni-Perch-DB.db, sorted. A few senders are not in it, a few have no place: so it is in any user's database.
+// The content of the file Omni-Perch-DB.db, sorted. As in any user's database, a few senders are not in it, and a few
+// have no place.
 QByteArray DemoDatabase();

@@ -7,6 +7,6 @@
 
 #include "demo_band.h"
 
-// Makes the folder and what it lacks. A folder that has a list or a configuration keeps all it has, but for hosts.ini.
-// False where a file could not be written.
+// Makes the folder and the files that it lacks. A folder that has a list or a configuration keeps all its files but
+// hosts.ini. False where a file could not be written.
 bool SeedFolder(const QString& folder, const StationBand& band, const Demo& demo, const QDateTime& now);

@@ -123,14 +123,14 @@ void HttpConnection::Send(const Answer& answer, Behaviour behaviour) {
 }
 
 void HttpConnection::Reset() {
-  // A linger time of nothing makes the system send a reset instead of an orderly end.
+  // With a linger time of zero the system sends a reset instead of an orderly end.
   const linger hard{.l_onoff = 1, .l_linger = 0};
   setsockopt(static_cast<int>(socket_->socketDescriptor()), SOL_SOCKET, SO_LINGER, &hard, sizeof hard);
   socket_->abort();
   deleteLater();
 }
 
-// length below 0: not told.
+// length: of the body in bytes; below 0 none is announced.
 void HttpConnection::WriteHead(const Answer& answer, qint64 length) {
   QByteArray head = StatusLine(answer.status) + "Server: shack\r\nContent-Type: " + answer.type + "\r\n";
   if (length >= 0) head += "Content-Length: " + QByteArray::number(length) + "\r\n";

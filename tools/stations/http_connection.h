@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One connection of a host: takes requests one after the other and writes the answers, properly or as badly as it is
-// told. Host makes one for each caller.
+// One connection of a host: takes requests one after the other and writes the answers, properly or with the fault that
+// is wanted. Host makes one for each caller.
 #pragma once
 
 #include <QByteArray>
@@ -10,6 +10,7 @@
 
 #include "http_host.h"
 
+// The server's end of one socket.
 class HttpConnection : public QObject {
  public:
   // Takes the socket over.
@@ -37,11 +38,11 @@ class HttpConnection : public QObject {
   QTcpSocket* socket_;
   Host& host_;
   QByteArray buffer_;
-  QByteArray rest_;  // what floods or drips
+  QByteArray rest_;  // the bytes that flood or drip
   QTimer drip_;
   qsizetype dripped_ = 0;
   RequestHead pending_;
-  bool hasHead_ = false;  // of the request that is coming in
+  bool hasHead_ = false;  // the head of the request that is coming in is complete
   bool busy_ = false;
   bool headOnly_ = false;
   bool keepAlive_ = true;

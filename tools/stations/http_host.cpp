@@ -31,7 +31,7 @@ QByteArray Garbage() {
   return bytes;
 }
 
-// What an answer becomes under a behaviour that shows in what is said, not in how it is sent.
+// The answer under a behaviour that changes its content; HttpConnection does the behaviours that change how it is sent.
 Answer Altered(const Answer& answer, Behaviour behaviour, const QByteArray& target) {
   switch (behaviour) {
     case Behaviour::NotFound:

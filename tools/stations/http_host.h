@@ -39,6 +39,7 @@ enum class Behaviour {
   GarbageBody      // bytes that are no picture
 };
 
+// An answer to a request.
 struct Answer {
   int status = 200;
   QByteArray type = "text/html";
@@ -52,6 +53,7 @@ Answer NoSuchPage();
 
 class HttpConnection;
 
+// One server at one address.
 class Host : public QObject {
  public:
   // Listens at once; port 0 takes any free one.
@@ -63,14 +65,15 @@ class Host : public QObject {
   // Scheme and authority, without a trailing "/".
   QString Base() const;
 
-  // From now on for this path ("checknew.jpg", "image1"); the empty path stands for all that are not named themselves.
+  // Sets the behaviour for a path ("checknew.jpg", "image1") from now on; the empty path stands for all paths that have
+  // none of their own.
   void Misbehave(const QString& path, Behaviour behaviour);
-  // From now on this path is answered so, whatever the host would say; its behaviour still applies.
+  // Sets the answer for a path from now on, whatever the host would say; its behaviour still applies.
   void SetAnswer(const QString& path, const Answer& answer) { answers_.insert(path, answer); }
   // Time before the first byte of each answer.
   void SetLatency(std::chrono::milliseconds latency) { latency_ = latency; }
 
-  // How often a path was asked, whatever the query; "" is the root page.
+  // How often a path was asked for, whatever the query; "" is the root page.
   int Requests(const QString& path) const;
   int TotalRequests() const { return total_; }
   // Request targets in order of arrival, queries included, the latest 10,000.

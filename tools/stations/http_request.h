@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a caller asks of a host of the simulated band: the parts of one HTTP request, and the reading of its head, its
-// cookies and its form. The connection reads it, the host answers it.
+// A caller's request to a host of the simulated band: its parts, and the reading of its head, its cookies and its form.
+// The connection reads it, the host answers it.
 #pragma once
 
 #include <QByteArray>
@@ -10,6 +10,7 @@
 
 inline constexpr qsizetype kMostForm = 65536;  // bytes of a body
 
+// One request.
 struct Request {
   QByteArray method;                        // "GET", "HEAD" or "POST"
   QByteArray target;                        // path and query as they came
@@ -25,6 +26,7 @@ struct Request {
   QString FormValue(const QByteArray& name) const;
 };
 
+// A request whose body may still be missing.
 struct RequestHead {
   Request request;
   bool keepAlive = true;
@@ -32,5 +34,5 @@ struct RequestHead {
   qsizetype bodySize = 0;  // bytes that follow the head
 };
 
-// head: without the empty line at its end.
+// Reads a head. head: without the empty line at its end.
 RequestHead ReadHead(const QByteArray& head);

@@ -9,6 +9,7 @@
 
 namespace {
 
+// The file as the library's stream.
 struct Sink {
   QByteArray bytes;
   qsizetype at = 0;

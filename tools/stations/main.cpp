@@ -20,13 +20,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kFirstPage = 36;  // stations whose pictures are ready before anyone is let in
+constexpr int kFirstPage = 36;  // stations whose pictures are painted before "ready" is printed
 
 // Ends the event loop on SIGTERM or SIGINT, and when whoever holds the other end of stdin's pipe goes away. A terminal
 // or /dev/null as stdin, as scripts in the background have it, ends nothing.
 class StopSign : public QObject {
  public:
-  // Before any thread is made, so that all of them leave the signals to the loop.
+  // Make it before any thread, so that all threads leave the signals to the loop.
   StopSign() {
     sigset_t set;
     sigemptyset(&set);

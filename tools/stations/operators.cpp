@@ -7,7 +7,7 @@ namespace {
 
 constexpr auto kForSubscribers = u"G3QXR";
 
-// Longer than any field of a record or line of a window.
+// Texts that are longer than any field of a record or line of a window.
 constexpr auto kLongName =
     u"Bartholomew Maximilian Featherstonehaugh-Cholmondeley of the Far Western Islands and their Radio Society "
     u"for the Encouragement of Pictures sent by Amateurs over great Distances";
@@ -80,10 +80,10 @@ const std::vector<Operator> kOperators{
     {u"OE6QGW", u"Gerda S.", u"Steinweg 2", u"Unterbergen am Wald", u"Austria", 47.1, 15.4, u"1", 1956, Filed::Not},
     {u"K9QYO", u"Lyle M.", u"1200 Prairie Road", u"Oakfield Station, IL", u"United States", 40.7, -89.6, u"Extra", 1942,
      Filed::Not},
-    // Receiving stations that stand where no sender does.
+    // Receiving stations in countries without a sender.
     {u"VU2QLR", u"Meera N.", u"14 Lake View Road", u"Chandanpura", u"India", 13.4, 77.8, u"General", 1977},
     {u"YB0QRC", u"Wayan S.", u"Jalan Melati 5", u"Kampung Baru Utara", u"Indonesia", -6.4, 106.9},
-    // To be asked for by hand.
+    // Calls to be looked up by hand, with unusual letters, lengths and gaps.
     {u"GW4QXL", u"Siân O’Hara & \"Taff\" <of the hills>", u"Tŷ Gwyn – Ffordd y Bryn", u"Llanfair-y-cwm & Bryn",
      u"Wales", 52.4, -3.6, u"Full", 1971, Filed::Not},
     {u"SP3QXZ", u"Łucja Żółkiewska", u"ul. Słoneczna 18", u"Zielona Dąbrowa", u"Poland", 52.3, 16.8, u"1", 1990,

@@ -6,20 +6,21 @@
 #include <QString>
 #include <vector>
 
-// How the demo's call database has an operator.
+// Whether the demo's call database lists an operator.
 enum class Filed {
   Whole,
   WithoutPlace,  // coordinates 0, so that a look-up goes to the service
   Not
 };
 
-// What the picture store has.
+// What the picture store has for an operator.
 enum class Portrait {
   Painted,
   None,
   NoPicture  // a file of the right name that is no picture
 };
 
+// One operator, as a callbook would list him.
 struct Operator {
   QStringView call;
   QStringView name;  // no comma: the services end the name with one
@@ -37,5 +38,5 @@ struct Operator {
 const std::vector<Operator>& Operators();
 // Without regard to case; nullptr for a call that nobody has.
 const Operator* FindOperator(const QString& call);
-// Whose full record QRZ shows to subscribers only, signed in or not.
+// True for the operator whose full record QRZ shows to subscribers only, signed in or not.
 bool IsForSubscribers(const Operator& person);

@@ -9,6 +9,7 @@
 
 #include "paint_tools.h"
 
+// What the texts say.
 struct OverlayWords {
   QString caller;
   QString partner;  // the station spoken to

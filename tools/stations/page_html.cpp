@@ -11,7 +11,7 @@ struct Special {
   char byte;
 };
 
-// Of the letters that Windows-1252 has where Latin-1 has none, those that names are written with.
+// Letters of names that Windows-1252 has and Latin-1 lacks.
 constexpr std::array kSpecials{Special{U'\u2019', '\x92'}, Special{U'\u2013', '\x96'}, Special{U'\u0160', '\x8a'},
                                Special{U'\u0161', '\x9a'}, Special{U'\u017d', '\x8e'}, Special{U'\u017e', '\x9e'}};
 

@@ -5,7 +5,8 @@
 #include <QByteArray>
 #include <QString>
 
-// A text as HTML in Windows-1252: what the code page lacks becomes a numeric entity, what HTML would read a named one.
+// A text as HTML in Windows-1252. A letter that the code page lacks becomes a numeric entity, a sign of HTML itself a
+// named one.
 QByteArray Html(QStringView text);
 // The same for a service that writes every accent as an entity.
 QByteArray PlainHtml(QStringView text);

@@ -47,7 +47,7 @@ QByteArray PngBomb(QByteArray bytes) {
   return bytes;
 }
 
-// The screen and the first frame: readers go by the one or the other.
+// Claims the size for the screen and for the first frame, because readers go by the one or the other.
 QByteArray GifBomb(QByteArray bytes) {
   const auto claim = [&bytes](qsizetype at) {
     qToLittleEndian(static_cast<quint16>(kSide), bytes.data() + at);

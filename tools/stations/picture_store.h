@@ -11,6 +11,7 @@
 #include "http_host.h"
 #include "operators.h"
 
+// The host of the store.
 class PictureStore : public Host {
  public:
   PictureStore(const QHostAddress& address, quint16 port, QThreadPool& painters, QObject* parent);
@@ -22,6 +23,7 @@ class PictureStore : public Host {
   void Handle(const Request& request, const Deliver& deliver) override;
 
  private:
+  // A painted picture, or whoever waits for it.
   struct Painted {
     QByteArray file;
     std::vector<Deliver> waiting;

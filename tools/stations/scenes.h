@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What amateurs send pictures of. Each painter fills a canvas of any size; band_pictures picks one by name or by
-// chance.
+// The scenes that amateurs send pictures of. Each painter fills a canvas of any size; band_pictures picks one by name
+// or by chance.
 #pragma once
 
 #include <QString>
@@ -35,6 +35,7 @@ void PaintSunsetGrid(Canvas& c);
 void PaintSatellite(Canvas& c);
 void PaintWeatherMap(Canvas& c);
 
+// A scene's name and painter.
 struct Scene {
   QLatin1StringView name;
   void (*paint)(Canvas& c);

@@ -18,10 +18,10 @@ constexpr quint32 kFirstAddress = 0x7f500000;  // 127.80.0.0
 constexpr quint32 kFirstService = 0x7f510000;  // 127.81.0.0
 constexpr int kImages = 30;
 constexpr int kSentPictures = 5;
-// Numbers of what a station sends itself and of its cam, far from those of received pictures.
+// Numbers of the pictures that a station sends itself and of its cam, far from those of received pictures.
 constexpr int kSentNumber = -100000;
 constexpr int kCamNumber = -200000;
-// Painting for a reader that waits goes before painting ahead.
+// Priorities in the pool: painting for a reader that waits goes before painting ahead.
 constexpr int kAhead = 0;
 constexpr int kAsked = 1;
 
@@ -39,21 +39,21 @@ QByteArray MarkerFile(QSize size) {
   return file;
 }
 
-// The same for the same call in every run.
+// A seed that is the same for the same call in every run.
 quint32 SeedOf(const QString& call) {
   quint32 seed = 2166136261U;
   for (const QChar letter : call) seed = (seed ^ letter.unicode()) * 16777619U;
   return seed;
 }
 
-// "image7" is 7, "TX2.jpg" is 2; 0 for anything else or beyond count.
+// The number in a path: 7 in "image7", 2 in "TX2.jpg"; 0 for any other path or a number beyond count.
 int NumberIn(const QString& path, QLatin1StringView before, QLatin1StringView behind, int count) {
   if (!path.startsWith(before) || !path.endsWith(behind)) return 0;
   const int number = path.mid(before.size(), path.size() - before.size() - behind.size()).toInt();
   return number >= 1 && number <= count ? number : 0;
 }
 
-// The reader takes the eight characters that begin twelve places behind the start of "BR".
+// The page of the time server. Its reader takes the eight characters that begin twelve places behind the start of "BR".
 QByteArray TimePage() {
   const QString now = QLocale::c().toString(QDateTime::currentDateTimeUtc(), u"MMM. dd, hh:mm:ss"_s);
   return "<html><body><h3>What time is it?</h3><BR>" + now.toLatin1() + " UTC\t\tUniversal Time\n</body></html>\n";
@@ -177,7 +177,7 @@ StationBand::StationBand(quint16 port, QObject* parent) : QObject(parent), port_
   AddServices();
 }
 
-// At addresses of their own, so that the stations stand where they stood before there were services.
+// Services have a range of addresses of their own, so that adding one does not move the stations.
 void StationBand::AddServices() {
   quint32 address = kFirstService;
   for (const Callbook service :

@@ -30,11 +30,11 @@ class Station : public Host {
   QSize Marker() const { return marker_; }
   void SetOnAir(bool onAir);
 
-  // The newest picture as it stands, tail included, until the next NewPicture().
+  // Sets the file of the newest picture, tail included, until the next NewPicture().
   void SetPicture(const QByteArray& file);
-  // What the station receives: of the pictures painted from now on, everything that the recipe leaves open follows from
-  // its seed and the picture's number. A recipe's sender, scene and time hold for the newest picture only. To be called
-  // before the station is asked for anything.
+  // Sets what the station receives: in pictures that are painted from now on, everything that the recipe leaves open
+  // follows from its seed and the picture's number. A recipe's sender, scene and time hold for the newest picture only.
+  // Call it before the station is asked for anything.
   void SetRecipe(const PictureRecipe& recipe);
   // Another picture comes in, sent at that time (UTC); the others move on by one and the marker's height changes.
   void NewPicture(const QDateTime& sent = QDateTime::currentDateTimeUtc());
@@ -47,6 +47,7 @@ class Station : public Host {
   void Handle(const Request& request, const Deliver& deliver) override;
 
  private:
+  // A painted picture, or whoever waits for it.
   struct Painted {
     QByteArray file;
     std::vector<std::function<void(const QByteArray&)>> waiting;
@@ -80,6 +81,7 @@ class PageHost : public Host {
   QHash<QString, std::function<QByteArray()>> pages_;
 };
 
+// The whole band.
 class StationBand : public QObject {
  public:
   // Port 0: every host takes a free port of its own.

@@ -15,10 +15,10 @@ namespace {
 
 // A page sets a handful of cookies at once: one write of the file is enough for them.
 constexpr auto kGather = 50ms;
-// A cookie that the profile refuses is never confirmed.
+// How long the profile is waited for: a cookie that it refuses is never confirmed.
 constexpr auto kPatience = 500ms;
 
-// The same as far as a page can see; the program's file counts in whole seconds.
+// True if a page sees no difference. Ends are compared in whole seconds, as the program's file has them.
 bool IsSame(const QNetworkCookie& a, const QNetworkCookie& b) {
   if (!a.hasSameIdentifier(b) || a.value() != b.value() || a.isSecure() != b.isSecure()) return false;
   if (a.isSessionCookie() || b.isSessionCookie()) return a.isSessionCookie() == b.isSessionCookie();
@@ -29,8 +29,8 @@ void RemoveFrom(QList<QNetworkCookie>& list, const QNetworkCookie& cookie) {
   list.removeIf([&cookie](const QNetworkCookie& known) { return known.hasSameIdentifier(cookie); });
 }
 
-// Where the cookie may have come from. Always the safe address: from the other one it could neither be secure nor take
-// the place of a secure one.
+// An address that the cookie may have come from. Always https: from an http address a cookie could neither be secure
+// nor take the place of a secure one.
 QUrl OriginOf(const QNetworkCookie& cookie) {
   QUrl url;
   url.setScheme(u"https"_s);
@@ -49,7 +49,7 @@ ProfileCookies::ProfileCookies(QWebEngineProfile& profile, WebPort& port, QObjec
   connect(&flush_, &QTimer::timeout, this, &ProfileCookies::Flush);
   connect(&patience_, &QTimer::timeout, this, &ProfileCookies::SetReady);
   QWebEngineCookieStore* store = profile_.cookieStore();
-  // Only the site in the address line leaves anything, none of those that it embeds.
+  // Only the site in the address line may set cookies, none of the sites that it embeds.
   store->setCookieFilter([](const QWebEngineCookieStore::FilterRequest& request) { return !request.thirdParty; });
   connect(store, &QWebEngineCookieStore::cookieAdded, this, &ProfileCookies::OnAdded);
   connect(store, &QWebEngineCookieStore::cookieRemoved, this, &ProfileCookies::OnRemoved);
@@ -83,13 +83,14 @@ void ProfileCookies::Put(const QNetworkCookie& cookie) {
   awaited_ += cookie;
   patience_.start(kPatience);
   QNetworkCookie put = cookie;
-  // A domain would make it one of all hosts below.
+  // With a domain the engine would send it to all hosts below that.
   if (!cookie.domain().startsWith(u'.')) put.setDomain({});
   profile_.cookieStore()->setCookie(put, OriginOf(cookie));
 }
 
 void ProfileCookies::OnAdded(const QNetworkCookie& cookie) {
-  // The echo of one that came from the store is no news for it; the store may have forgotten it meanwhile.
+  // The profile confirms a cookie that came from the store. It must not go back there, because the store may have
+  // removed it meanwhile.
   const auto isIt = [&cookie](const QNetworkCookie& put) { return IsSame(put, cookie); };
   if (std::any_of(awaited_.cbegin(), awaited_.cend(), isIt)) {
     RemoveFrom(awaited_, cookie);
@@ -102,7 +103,7 @@ void ProfileCookies::OnAdded(const QNetworkCookie& cookie) {
   if (!flush_.isActive()) flush_.start(kGather);
 }
 
-// Comes also before each replacement, and then an addition follows.
+// The engine raises this before each replacement too, and cookieAdded follows then.
 void ProfileCookies::OnRemoved(const QNetworkCookie& cookie) {
   RemoveFrom(held_, cookie);
   pending_ += {cookie, true};

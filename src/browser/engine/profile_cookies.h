@@ -11,23 +11,25 @@
 
 class QWebEngineProfile;
 
+// The cookies of one browser profile.
 class ProfileCookies : public QObject {
   Q_OBJECT
 
  public:
-  // The profile is to outlive it.
+  // The profile must outlive this object.
   ProfileCookies(QWebEngineProfile& profile, WebPort& port, QObject* parent = nullptr);
   ~ProfileCookies() override;
 
-  // Makes the profile's cookies the program's, which first gets what the pages have changed meanwhile.
+  // Hands the changes that the pages have made so far to the program, then gives the profile the program's cookies.
   void Sync();
   // Hands the pages' changes to the program now.
   void Flush();
-  // The profile has told that it holds what Sync gave it; a page that is loaded earlier may go without.
+  // True if the profile has confirmed all cookies that Sync gave it. A page that is loaded earlier may be read without
+  // them.
   bool IsReady() const { return awaited_.isEmpty(); }
 
  Q_SIGNALS:
-  // Soon after a Sync that left it not ready.
+  // Raised soon after a Sync behind which IsReady was false.
   void Ready();
 
  private:
@@ -38,9 +40,9 @@ class ProfileCookies : public QObject {
 
   QWebEngineProfile& profile_;
   WebPort& port_;
-  QList<QNetworkCookie> held_;  // what the profile has, or is about to have
-  QList<QNetworkCookie> awaited_;
-  QList<CookieChange> pending_;
+  QList<QNetworkCookie> held_;     // the cookies that the profile has, or is about to have
+  QList<QNetworkCookie> awaited_;  // given to the profile and not confirmed
+  QList<CookieChange> pending_;    // made by pages and not handed to the program
   QTimer flush_;
   QTimer patience_;
 };

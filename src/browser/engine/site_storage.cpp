@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr auto kDone = "emptied"_L1;
-// A database that a page still holds open keeps its own deletion waiting.
+// How long it may take: the deletion of a database waits as long as a page holds it open.
 constexpr std::chrono::seconds kPatience(5);
 
 }  // namespace

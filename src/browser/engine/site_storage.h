@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Empties what pages of one origin have stored in the browser beside cookies. web_pages makes one when a site is to be
+// Removes what pages of one origin have stored in the browser beside cookies. web_pages makes one when a site is to be
 // forgotten.
 #pragma once
 
@@ -16,7 +16,7 @@ class SiteStorage : public QWebEnginePage {
   SiteStorage(const QUrl& url, QWebEngineProfile* profile, QObject* parent);
 
  Q_SIGNALS:
-  // Emptied, or given up after a few seconds; it may be deleted now.
+  // The storage is empty, or it was given up after a few seconds. The object may be deleted now.
   void Finished(SiteStorage* storage);
 
  private:

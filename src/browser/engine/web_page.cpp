@@ -30,7 +30,7 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMa
     if (isMainFrame) Q_EMIT Visits(url);
     return true;
   }
-  // What a page writes into frames of its own.
+  // Documents that a page writes into its own frames.
   const QString scheme = url.scheme();
   if (!isMainFrame && (scheme == "about"_L1 || scheme == "data"_L1 || scheme == "blob"_L1)) return true;
   if (isMainFrame) Q_EMIT Told(tr("Not opened: %1").arg(url.toDisplayString().left(200)));
@@ -42,7 +42,7 @@ QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QS
   return {};
 }
 
-// A box would hold up the whole program for a page's sake; what it says stands in the window instead.
+// A message box would hold up the whole program for the sake of a page: its text is shown in the window instead.
 void WebPage::javaScriptAlert(const QUrl&, const QString& text) {
   Q_EMIT Told(text.simplified());
 }
@@ -57,7 +57,7 @@ bool WebPage::javaScriptPrompt(const QUrl&, const QString& text, const QString&,
   return false;
 }
 
-// A stranger's debugging is nothing for the user's terminal.
+// The console messages of strangers' pages do not go to the user's terminal.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int, const QString&) {}
 
 void WebPage::RefuseFeature(const QUrl& origin, QWebEnginePage::Feature feature) {

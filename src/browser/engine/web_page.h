@@ -12,6 +12,7 @@ class QWebEngineNewWindowRequest;
 // http or https, and a host.
 bool IsWebUrl(const QUrl& url);
 
+// One page, which refuses all else.
 class WebPage : public QWebEnginePage {
   Q_OBJECT
 
@@ -19,11 +20,11 @@ class WebPage : public QWebEnginePage {
   WebPage(QWebEngineProfile* profile, QObject* parent);
 
  Q_SIGNALS:
-  // It goes to another address, or a server sends it there.
+  // The page goes to another address, or a server redirects it there.
   void Visits(const QUrl& url);
-  // Something the page wanted was refused, or it had something to say that no box is opened for; one line of text.
+  // Something that the page wanted was refused, or it would have opened a message box; text: one line for the user.
   void Told(const QString& text);
-  // A server of that host could not show who it is.
+  // A server of that host has no valid certificate.
   void Distrusted(const QString& host);
 
  protected:

@@ -18,19 +18,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// For the user alone before the first file lies in it, and also when an older one was open to others.
+// Makes the folder readable by the user alone before the first file is written to it, and closes an older one that was
+// open to others.
 void MakePrivateFolder(const QString& folder) {
   QDir().mkpath(QFileInfo(folder).path());
   QDir().mkdir(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
 }
 
-// The engine wants this before the application object; for a library that is loaded later, before the first profile is
-// early enough.
+// The engine asks for this before the application object is made; for a library that is loaded later it is early enough
+// before the first profile.
 void StartEngine() {
   static bool started = false;
   if (std::exchange(started, true)) return;
-  // The sandbox needs a user who is not root; refusing to start would leave root without a sign-in.
+  // The engine's sandbox works for users other than root only. Without this line root could not sign in anywhere.
   if (geteuid() == 0) qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
   // The engine keeps its pages from screen readers on Linux unless this is set. With it, it still builds their tree
   // only while the desktop has accessibility on: it asks Qt, and hears of changes.
@@ -54,7 +55,7 @@ BrowserPages::BrowserPages(const QString& profileFolder, WebPort& port) : port_(
   cookies_->Sync();
 }
 
-// Pages before their profile, or the engine complains and leaves files half written.
+// The pages are deleted before their profile, otherwise the engine complains and leaves files half written.
 BrowserPages::~BrowserPages() {
   BrowserPages::CloseAll();
   const QList<WebWindow*> closing = closing_;

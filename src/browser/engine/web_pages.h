@@ -15,7 +15,8 @@ class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 class WebWindow;
 
-// It has no password store, and neither has the engine: what a user types goes to the page and nowhere else.
+// The library's side of web_port. It has no password store, and neither has the engine: what a user types goes to the
+// page and nowhere else.
 class BrowserPages : public QObject, public WebPages {
   Q_OBJECT
 
@@ -30,12 +31,13 @@ class BrowserPages : public QObject, public WebPages {
   void SyncCookies() override;
 
  private:
+  // A window that has not begun to load, and its address.
   struct Waiting {
     WebWindow* window = nullptr;
     QUrl url;
   };
 
-  // When the profile has its cookies, and no longer what was to be forgotten.
+  // Loads the windows that wait, once the profile has its cookies and no storage is being emptied.
   void LoadWaiting();
   void OnEmptied(SiteStorage* storage);
   void OnClosed(WebWindow* window);
@@ -44,8 +46,8 @@ class BrowserPages : public QObject, public WebPages {
   WebPort& port_;
   std::unique_ptr<QWebEngineProfile> profile_;
   std::unique_ptr<ProfileCookies> cookies_;
-  QList<WebWindow*> windows_;  // those that are not closed
+  QList<WebWindow*> windows_;  // not closed
   QList<WebWindow*> closing_;  // closed, and deleted soon
   QList<SiteStorage*> emptying_;
-  QList<Waiting> waiting_;  // windows that have not begun to load
+  QList<Waiting> waiting_;
 };

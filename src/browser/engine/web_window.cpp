@@ -47,7 +47,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   column->addLayout(bar);
   column->addWidget(view_, 1);
   column->addWidget(message_);
-  // A page's words are words, whatever they look like.
+  // The words of a page are shown as plain text, even if they look like tags.
   message_->setTextFormat(Qt::PlainText);
   message_->setWordWrap(true);
   message_->setMargin(4);
@@ -83,7 +83,7 @@ void WebWindow::MakeBar(QBoxLayout* bar) {
   addButton(reload_, QWebEnginePage::Reload, QStyle::SP_BrowserReload, QKeySequence::Refresh);
   lock_->setMargin(4);
   bar->addWidget(lock_);
-  // To be read before a password is typed: the user types it for whoever stands here.
+  // The user reads this before typing a password, which goes to whoever is named here.
   address_->setReadOnly(true);
   bar->addWidget(address_, 1);
 }
@@ -108,7 +108,7 @@ void WebWindow::changeEvent(QEvent* event) {
 }
 
 bool WebWindow::Shows(const QString& host) const {
-  // One that has only begun to load is that site's already.
+  // A window that has only begun to load a page of the site counts too.
   for (const QUrl& url : {page_->url(), page_->requestedUrl(), asked_}) {
     const QString own = url.host();
     if (own == host || own.endsWith(u'.' + host)) return true;
@@ -128,14 +128,14 @@ void WebWindow::ShowAddress(const QUrl& url) {
   const bool safe = url.scheme() == "https"_L1;
   const bool refused = safe && url.host() == distrusted_;
   lock_->setText(refused ? tr("Not trusted") : (safe ? tr("Encrypted") : tr("Not encrypted")));
-  // To be heard, too, before a password is typed.
+  // For a screen reader, which is to say it before a password is typed.
   lock_->setAccessibleName(lock_->text());
-  // The password of user:password@host is nobody's to read over a shoulder.
+  // A password in the address (user:password@host) is not shown.
   address_->setText(url.toDisplayString(QUrl::RemoveUserInfo));
   address_->setCursorPosition(0);
 }
 
-// The desktop's own menu would offer to save pages and to show their source.
+// The engine's own menu would offer to save pages and to show their source.
 void WebWindow::ShowMenu(const QPoint& at) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -14,6 +14,7 @@ class QWebEngineProfile;
 class QWebEngineView;
 class WebPage;
 
+// A window of its own for one page.
 class WebWindow : public QWidget {
   Q_OBJECT
 
@@ -21,12 +22,12 @@ class WebWindow : public QWidget {
   WebWindow(const QString& title, QWebEngineProfile* profile);
 
   const QString& Title() const { return title_; }
-  bool Shows(const QString& host) const;  // a page of that host or of one below it
+  bool Shows(const QString& host) const;  // the page is of that host or of one below it
   void Load(const QUrl& url);
 
  Q_SIGNALS:
   void Closed(WebWindow* window);
-  // site: what the window was opened on.
+  // site: the page that the window was opened on.
   void Visits(const QUrl& site, const QUrl& url);
 
  protected:
@@ -45,7 +46,7 @@ class WebWindow : public QWidget {
   void Tell(const QString& text);
 
   QString title_;
-  QUrl asked_;
+  QUrl asked_;          // the page that the window was opened on
   QUrl shown_;          // the address in the bar
   QString distrusted_;  // the last host whose certificate was refused
   QWebEngineView* view_;

@@ -16,22 +16,22 @@ enum class Display : quint8 {
   Cell,
 };
 
-// What becomes of blanks and line ends.
+// How blanks and line ends are treated.
 enum class WhiteSpace : quint8 { Collapse, Keep, KeepLines };
 
-// What becomes of the letters.
+// How the case of letters is changed.
 enum class LetterCase : quint8 { AsWritten, Upper, Lower, Capital };
 
-// All of an element's style that its text can tell.
+// The parts of an element's style that can change the text of its page.
 struct ElementStyle {
   Display display = Display::Block;
   WhiteSpace whiteSpace = WhiteSpace::Collapse;
   LetterCase letterCase = LetterCase::AsWritten;
-  // Its text takes its room but is not seen.
+  // The element takes its place in the line but its text is not shown.
   bool isHidden = false;
-  // Beside the line that it stands in: floating or absolutely positioned.
+  // It lies beside the line of the text around it: floating or absolutely positioned.
   bool isAside = false;
-  // A picture, a field: it fills room in its line, and what it holds is not text of the page.
+  // A picture or an input field: it takes a place in its line, and its content is no text of the page.
   bool isReplaced = false;
   // A flexible box or a grid: each child is a block.
   bool isFlex = false;

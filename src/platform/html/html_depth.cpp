@@ -6,10 +6,11 @@
 
 namespace {
 
-constexpr size_t kDeepest = 500;
-// Of all tags together, each as deep as it stands: the parser may look at every open element for a single tag.
+constexpr size_t kDeepest = 500;  // open elements at one place
+// Limit on the depths of all tags of a page added up: for a single tag the parser may have to look at every open
+// element.
 constexpr size_t kMostWork = 30'000'000;
-// Identical bold, italic and their like that the parser opens again in the next block.
+// The parser reopens at most so many identical formatting elements (bold, italic and the like) in the next block.
 constexpr int kMostAlike = 3;
 
 bool IsFormatting(GumboTag tag) {
@@ -47,16 +48,17 @@ bool OpenElements::IsInTable() const {
 }
 
 void OpenElements::Start(GumboTag tag, bool hasAttributes) {
-  // A table between the cells of another one ends that one.
+  // A table that starts between the cells of another table ends that table.
   if (tag == GUMBO_TAG_TABLE && IsBetweenCells()) End(tag);
   if (IsPartOfTable(tag)) {
     const auto table =
         std::find_if(open_.rbegin(), open_.rend(), [](const Element& open) { return open.tag == GUMBO_TAG_TABLE; });
     const auto below = static_cast<size_t>(table - open_.rbegin());
-    // A cell stands in its row and section, a row in its section.
+    // How many elements may stay open between the table and its new part: row and section for a cell, the section for a
+    // row.
     const size_t levels = tag == GUMBO_TAG_TD || tag == GUMBO_TAG_TH ? 2 : tag == GUMBO_TAG_TR ? 1 : 0;
     if (table != open_.rend() && below > levels) open_.resize(open_.size() - below + levels, {});
-    // What was open outside of a cell stays outside.
+    // Formatting elements that were open outside of a cell are not reopened in it.
     reopened_.clear();
   }
   open_.push_back({tag, hasAttributes});
@@ -77,8 +79,8 @@ void OpenElements::End(GumboTag tag) {
   if (again != reopened_.rend()) reopened_.erase(std::next(again).base());
 }
 
-// A form, or bold and its like, ends alone: what stands open in it stays open. Any other element ends what it holds,
-// but bold and its like are opened again behind it.
+// The end of a form or of a formatting element closes that element alone; the elements inside it stay open. The end of
+// any other element closes all elements inside it, and the formatting elements among them are reopened behind it.
 void OpenElements::Close(size_t index) {
   const GumboTag tag = open_[index].tag;
   const auto place = open_.begin() + static_cast<std::ptrdiff_t>(index);
@@ -92,7 +94,7 @@ void OpenElements::Close(size_t index) {
   if (IsPartOfTable(tag)) reopened_.clear();
 }
 
-// Those with attributes count as different.
+// How many elements like this one wait to be reopened. Elements with attributes count as different from each other.
 std::ptrdiff_t OpenElements::CountAlike(const Element& element) const {
   if (element.hasAttributes) return 0;
   return std::count_if(reopened_.begin(), reopened_.end(),

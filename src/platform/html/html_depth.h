@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How deep the elements of a page nest, counted from its tags without a tree: the parser's time goes with the square of
-// the depth. Called by html_source.
+// Counts how deep the elements of a page nest, from its tags alone: the parser needs time by the square of that depth,
+// so html_source calls this before a page is parsed.
 #pragma once
 
 #include <cstddef>
@@ -11,18 +11,20 @@
 // The elements that are open at a place of the page, roughly as the parser would have them.
 class OpenElements {
  public:
-  // hasAttributes: the parser gets the tag with attributes, so that it is unlike others of its name.
+  // Takes the next tag of the page. hasAttributes: html_source passes the tag on with attributes, so that the parser
+  // holds it to be different from other tags of its name.
   void Follow(const TagScanner::Tag& tag, bool hasAttributes);
-  // Between the cells of a table stray text is thrown out of it, and the parser looks at each tag that parts it.
+  // True between the cells of a table. Text there is moved by the parser to a place in front of the table, and a tag
+  // between two pieces of such text matters even if it has no other effect.
   bool IsBetweenCells() const;
   bool IsInTable() const;
-  // Too deep at one place, or deep for too many tags.
+  // True where the page nests too deep at this place, or deep for too many tags.
   bool IsTooDeep() const;
 
   static bool IsOfTable(GumboTag tag) { return tag == GUMBO_TAG_TABLE || IsPartOfTable(tag); }
 
  private:
-  // An element that stands open, or will again.
+  // An element that is open or waits to be reopened.
   struct Element {
     GumboTag tag;
     bool hasAttributes;
@@ -35,7 +37,8 @@ class OpenElements {
   std::ptrdiff_t CountAlike(const Element& element) const;
 
   std::vector<Element> open_;
-  // Bold and its like that were not ended before the block around them, so that the parser opens them in the next one.
+  // Formatting elements (bold and the like) that were still open when the block around them ended: the parser reopens
+  // them in the next block.
   std::vector<Element> reopened_;
-  size_t work_ = 0;
+  size_t work_ = 0;  // depths of all tags so far, added up
 };

@@ -34,7 +34,7 @@ constexpr QLatin1StringView kOldTypes[] = {
     "-//WebTechs//DTD Mozilla HTML "_L1,
 };
 
-// Old only without a system identifier.
+// Identifiers of old pages only where no system identifier follows.
 constexpr QLatin1StringView kOldIfAlone[] = {
     "-//W3C//DTD HTML 4.01 Frameset//"_L1,
     "-//W3C//DTD HTML 4.01 Transitional//"_L1,
@@ -65,7 +65,8 @@ bool TakeQuoted(QByteArrayView* text, QByteArrayView* quoted) {
   return true;
 }
 
-// What stands between "<!doctype" and its ">".
+// True if browsers show a page with this document type as old browsers did. text: what is written between "<!doctype"
+// and its ">".
 bool IsQuirky(QByteArrayView text) {
   text = text.trimmed();
   if (!Begins(text, "html"_L1)) return true;

@@ -5,11 +5,12 @@
 
 #include <QByteArrayView>
 
+// The document type of a page, or that it has none.
 struct DocumentType {
-  // One past its ">"; 0 if the page has none.
+  // Position behind its ">"; 0 if the page has none.
   qsizetype end = 0;
   bool isQuirky = true;
 };
 
-// Only blanks and comments may stand before it.
+// Reads the document type at the beginning of a page; only blanks and comments may come before it.
 DocumentType ReadDocumentType(QByteArrayView html);

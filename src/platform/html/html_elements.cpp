@@ -81,7 +81,7 @@ bool HasAttribute(const GumboNode* element, const char* name) {
   return gumbo_get_attribute(&element->v.element.attributes, name) != nullptr;
 }
 
-// The parser does not know the newest elements.
+// The parser does not know "dialog" and "search", which are newer than it is.
 Display DisplayOfUnknown(const GumboNode* element) {
   GumboStringPiece name = element->v.element.original_tag;
   gumbo_tag_from_original_text(&name);
@@ -90,7 +90,7 @@ Display DisplayOfUnknown(const GumboNode* element) {
   return IsWord(text, "search") ? Display::Block : Display::Inline;
 }
 
-// Only its texts are seen of a drawing.
+// Of a drawing only the texts are shown.
 Display DisplayOfDrawing(const GumboNode* element) {
   const GumboElement& own = element->v.element;
   if (own.tag == GUMBO_TAG_SVG) return Display::InlineBlock;
@@ -105,8 +105,8 @@ Display DisplayOfDrawing(const GumboNode* element) {
   return Display::None;
 }
 
-// What a parent shows of its children: of closed details a summary, of a choice its options, of a table no form that
-// stands between its rows or cells.
+// False for a child that its parent does not show: closed details show only their summary, a choice only its options,
+// and a table no form that is directly between its rows or cells.
 bool IsShownByParent(const GumboNode* element) {
   const GumboNode* parent = element->parent;
   if (parent == nullptr || parent->type != GUMBO_NODE_ELEMENT) return true;
@@ -149,7 +149,7 @@ void ApplyOwnRules(const GumboNode* element, bool isQuirky, ElementStyle* style)
       own.tag == GUMBO_TAG_PLAINTEXT)
     style->whiteSpace = WhiteSpace::Keep;
   if (own.tag == GUMBO_TAG_TABLE && isQuirky) style->whiteSpace = WhiteSpace::Collapse;
-  // The parser makes a form out of "isindex"; browsers have forgotten it.
+  // The parser turns "isindex" into a form; browsers no longer do.
   const bool isMadeUp = (element->parse_flags & GUMBO_INSERTION_FROM_ISINDEX) != 0;
   if (isMadeUp || !IsShownByParent(element)) style->display = Display::None;
   if (own.attributes.length == 0) {

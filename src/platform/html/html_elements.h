@@ -8,11 +8,11 @@
 
 #include "platform/html/element_style.h"
 
-// Display, replacement, white space and floating of an element by its name and attributes. What is inherited comes in
-// with the style that is handed over.
+// Sets display, replacement, white space and floating of an element by its name and attributes. style: comes with what
+// the element inherits from its parent. isQuirky: the page is shown as old browsers did.
 void ApplyOwnRules(const GumboNode* element, bool isQuirky, ElementStyle* style);
 
-// Details that are not open show their summary alone.
+// True for details that are not open: they show their summary alone.
 bool IsClosed(const GumboNode* element);
 
 // The value of an attribute, empty if there is none.

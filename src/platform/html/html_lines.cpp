@@ -9,7 +9,7 @@ bool IsSpace(char c) {
   return c == ' ' || c == '\t' || c == '\n' || c == '\r';
 }
 
-// One past the words that begin at a position and are parted by one blank each, as they are going to be written.
+// Position behind a row of words with single blanks between them, which can be written without any collapsing.
 size_t EndOfWords(std::string_view text, size_t at) {
   while (at < text.size()) {
     const bool isBetweenWords = text[at] == ' ' && at + 1 < text.size() && !IsSpace(text[at + 1]);
@@ -48,8 +48,9 @@ void HtmlLines::AddText(std::string_view text, const ElementStyle& style) {
       ++at;
       continue;
     }
-    // A carriage return can only come of a reference: a line end of the source has become a line feed by now. In a text
-    // that keeps its blanks it is shown as a blank; the readers know CR LF alone as the end of a line.
+    // A carriage return can only come from a character reference (&#13;), because line ends of the source have become
+    // line feeds before. Where blanks are kept it is shown as a blank: the readers of the text know CR LF alone as the
+    // end of a line.
     if (text[at] == '\r') {
       AddWords(" ", style);
       ++at;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The text of a page as it grows: white space is collapsed within a line, blocks ask for line breaks that count only
-// once text follows. Called by html_text, which tells it where lines, boxes and blocks begin and end.
+// Builds the text of a page: white space is collapsed within a line, and line breaks that blocks ask for are written
+// only once text follows. html_text calls it at the beginning and end of lines, boxes and blocks.
 #pragma once
 
 #include <QString>
@@ -10,36 +10,38 @@
 
 #include "platform/html/element_style.h"
 
+// The text of one page, and the lines that are being written.
 class HtmlLines {
  public:
   HtmlLines() : lines_(1) {}
 
-  // UTF-8; text of a hidden element takes part in the collapsing only.
+  // text: UTF-8. That of a hidden element is not written, but takes part in the collapsing of blanks.
   void AddText(std::string_view text, const ElementStyle& style);
-  // Something in the line that is no text, as a picture is.
+  // An object in the line that is no text, such as a picture: blanks in front of it and behind it count.
   void AddObject();
   void AddNewLine();
   void AddTab();
-  // The greatest number of line breaks asked for between two texts is what they get; none before the first or behind
-  // the last text.
+  // Asks for line breaks in front of the next text. Of several requests the greatest counts; none is written before the
+  // first text or behind the last.
   void AskForBreaks(int breaks);
-  // A block begins or ends here: blanks at the line's end are dropped, blanks that follow begin a line.
+  // Ends the line, as a block begins or ends here: blanks in front are dropped, blanks that follow begin a line.
   void EndLine();
-  // A box with lines of its own, within the line or beside it; then back to the line around it.
+  // Begin a box with lines of its own, within the line or beside it; LeaveBox returns to the line around it.
   void EnterBox();
   void EnterAside();
   void LeaveBox();
 
-  // The whole text, lines parted by CR LF.
+  // Returns the whole text, its lines separated by CR LF.
   QString Take();
 
  private:
+  // A line that is being written; that of an outer box waits.
   struct Line {
     bool isAtStart = true;
     // A blank that is written once something follows it in the line.
     bool hasBlank = false;
     bool isBlankSeen = false;
-    // Where a blank was written before its time, because a box beside the line comes between; -1 if none.
+    // Where in text_ a blank was written early, because a box beside the line comes between; -1 if none was.
     qsizetype earlyBlank = -1;
   };
 
@@ -50,10 +52,10 @@ class HtmlLines {
   void Write(std::string_view text);
 
   std::string text_;
-  // For capitals at the beginning of words, which several pieces of text may make up.
+  // The text so far ends within a word. Capitalizing needs it, because a word may come in several pieces.
   bool isInWord_ = false;
   int breaks_ = 0;
   std::vector<Line> lines_;
-  // Early blanks that turned out to stand at a line's end.
+  // Places in text_ of early blanks that turned out to end a line; Take() leaves them out.
   std::vector<qsizetype> dropped_;
 };

@@ -17,8 +17,8 @@ namespace {
 
 constexpr std::string_view kHardBlank("&nbsp;");
 
-// What may stand in a run: the parser changes everything else, or sees markup in it. A carriage return is as good as a
-// blank where blanks do not count.
+// Position behind the characters that may go into a run; any other one the parser would change or take for markup. A
+// carriage return may go in where blanks are collapsed.
 size_t PlainEnd(std::string_view text, size_t at, bool mayKeepBlanks) {
   static const std::array<bool, 256> kPlain = [] {
     std::array<bool, 256> plain = {};
@@ -27,7 +27,8 @@ size_t PlainEnd(std::string_view text, size_t at, bool mayKeepBlanks) {
     plain['&'] = plain['<'] = false;
     return plain;
   }();
-  // The bytes that Windows-1252 leaves open stand in every page that was UTF-8 and is read as Windows-1252.
+  // The second bytes, behind C2 in UTF-8, of the five characters that Windows-1252 does not define. The parser lets
+  // them through as references only, and each page that was UTF-8 but is read as Windows-1252 has some.
   constexpr std::string_view kOpen("\x81\x8D\x8F\x90\x9D");
   while (at < text.size()) {
     const char c = text[at];
@@ -60,7 +61,7 @@ bool IsOfReference(char c) {
   return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '#';
 }
 
-// Writes the source that the parser gets: the page without what no text needs.
+// Writes the source for the parser: the page without the parts that cannot change its text.
 class SourceWriter {
  public:
   explicit SourceWriter(const QByteArray& html)
@@ -105,21 +106,21 @@ class SourceWriter {
     return page_.substr(static_cast<size_t>(begin), static_cast<size_t>(end - begin));
   }
 
-  // True if the text ahead of a tag and the text behind it stand in different lines for certain.
+  // True if the text in front of a tag and the text behind it are in different lines for certain.
   bool BeginsLine(const TagScanner::Tag& tag) {
     const bool isChoice = tag.name == GUMBO_TAG_SELECT || tag.name == GUMBO_TAG_OPTGROUP;
     if (isChoice && tag.kind == TagScanner::Kind::Start) isInChoice_ = true;
     if (tag.name == GUMBO_TAG_SELECT && tag.kind == TagScanner::Kind::End) isInChoice_ = false;
     if (!styles_.IsPlain() || tag.isInDrawing || isInDrawing_ || tag.kind == TagScanner::Kind::Comment) return false;
     const bool isStart = tag.kind == TagScanner::Kind::Start;
-    // Stray text behind a table's start tag goes ahead of the table.
+    // The parser moves text that is directly behind a table's start tag to a place in front of the table.
     if (tag.name == GUMBO_TAG_TABLE) return !HasAsideTable(tag) && !isStart && open_.IsInTable();
     const quint16 traits = TraitsOf(tag.name);
     if ((traits & TagTrait::kInTable) != 0) return (isStart || tag.name == GUMBO_TAG_TR) && open_.IsInTable();
     return isStart ? (traits & TagTrait::kBeginsLine) != 0 : tag.name == GUMBO_TAG_P || tag.name == GUMBO_TAG_BR;
   }
 
-  // Tables beside the line: what stands around them goes on.
+  // True once the page has had a floating table, behind which the line around it goes on.
   bool HasAsideTable(const TagScanner::Tag& tag) {
     const auto isAside = [](const TagScanner::Attribute& attribute) {
       return IsName(attribute.name, "align") &&
@@ -129,17 +130,18 @@ class SourceWriter {
     return hasAsideTable_;
   }
 
-  // Blanks at the begin or end of a line are none.
+  // True for blanks at the beginning or end of a line: they are not shown.
   bool IsAtLinesEdge(std::string_view text, bool isLineEnd, bool isTableTagNext) const {
     if (isInChoice_ || !styles_.IsPlain() || mayKeepBlanks_ || !IsBlankText(text)) return false;
     if (open_.IsBetweenCells()) return isBehindTableTag_ && isTableTagNext && open_.IsInTable();
     return isLineEnd || isAtLineBegin_;
   }
 
-  // The tags of a document's frame, and on a page without any style those of bold type, of links and their like, change
-  // no text.
+  // True for tags that change no text: html, head, body and the like, and on a page without any style bold type, links
+  // and the like.
   bool IsWithoutEffect(const TagScanner::Tag& tag) const {
-    // Where blanks count, a line break behind the tag that keeps them does not, but behind any other it does.
+    // Where blanks are kept, the parser drops a line end directly behind <pre>. Without a tag between them, a line end
+    // that is to be kept would get into that place.
     if (tag.isInDrawing || isInDrawing_ || isTextOpen_ || mayKeepBlanks_ || open_.IsBetweenCells()) return false;
     if (tag.kind == TagScanner::Kind::Comment) return true;
     if (isTitleOpen_ && tag.name == GUMBO_TAG_TITLE) return false;
@@ -150,7 +152,7 @@ class SourceWriter {
                         [&](const auto& attribute) { return styles_.Matters(attribute, tag.name); });
   }
 
-  // The parser knows where cells and rows end.
+  // True if the end tag of a cell or row can be left out, because the next tag implies it.
   static bool IsImplied(GumboTag end, const TagScanner::Tag& next) {
     if (next.kind == TagScanner::Kind::Comment || next.isInDrawing) return false;
     const bool isCell = next.name == GUMBO_TAG_TD || next.name == GUMBO_TAG_TH;
@@ -160,7 +162,7 @@ class SourceWriter {
     return next.name == GUMBO_TAG_TABLE || (isRow && end != GUMBO_TAG_TR);
   }
 
-  // Holds the end tag of a cell or row back until it is seen what follows.
+  // Keeps the end tag of a cell or row back until the next tag tells whether it is implied. False for any other tag.
   bool Hold(const TagScanner::Tag& tag) {
     const bool mayBeImplied = tag.name == GUMBO_TAG_TD || tag.name == GUMBO_TAG_TH || tag.name == GUMBO_TAG_TR;
     if (!mayBeImplied || tag.kind != TagScanner::Kind::End || isInDrawing_) return false;
@@ -198,8 +200,8 @@ class SourceWriter {
       return;
     }
     if (Hold(tag)) return;
-    // The parser holds text back until the next element begins or ends, but forgets it when a form ends: the text would
-    // slip out of the form. A comment brings it in.
+    // The parser buffers text until the next element begins or ends, but not until the end of a form: the text would
+    // come behind the form. A comment makes it write the text.
     if (tag.name == GUMBO_TAG_FORM && tag.kind == TagScanner::Kind::End) text += "<!---->";
     WriteTag(tag);
     if ((TraitsOf(tag.name) & TagTrait::kKeepsBlanks) != 0) mayKeepBlanks_ = true;
@@ -208,7 +210,7 @@ class SourceWriter {
     if (tag.name == GUMBO_TAG_XMP || tag.name == GUMBO_TAG_PLAINTEXT) text += Slice(tag.end, tag.rawEnd);
   }
 
-  // The parser compares every attribute of a tag with all those before it, so that each name is handed on once.
+  // Each attribute name is passed on once only: the parser compares each attribute of a tag with all before it.
   void WriteTag(const TagScanner::Tag& tag) {
     std::string& text = source_.text;
     text += tag.kind == TagScanner::Kind::End ? "</" : "<";
@@ -254,9 +256,9 @@ class SourceWriter {
   }
 
   void AddPlain(std::string_view text) {
-    // A run takes four bytes.
+    // The character that stands for a run takes four bytes.
     constexpr size_t kShortest = 4;
-    // The parser must see the blanks that a text begins with.
+    // The parser itself must see the blanks at the beginning of a text.
     const auto firstLetter = std::find_if_not(text.begin(), text.end(), IsBlank);
     const auto blanks = static_cast<size_t>(firstLetter - text.begin());
     source_.text += text.substr(0, mayKeepBlanks_ ? blanks : std::min<size_t>(blanks, 1));
@@ -268,20 +270,21 @@ class SourceWriter {
     }
   }
 
-  // As many characters as a plane of private use has.
+  // There are no more characters than this in a private plane of Unicode, and each stands for one run.
   bool MayAddRun() const { return mayHoldRuns_ && source_.runs.size() < 65533; }
 
   void AddRun(std::string_view text) {
     const size_t index = source_.runs.size();
     source_.runs.push_back(text);
-    // U+F0000 and up.
+    // The character U+F0000 + index, in UTF-8.
     source_.text += '\xF3';
     source_.text += static_cast<char>(0xB0 | (index >> 12));
     source_.text += static_cast<char>(0x80 | ((index >> 6) & 0x3F));
     source_.text += static_cast<char>(0x80 | (index & 0x3F));
   }
 
-  // A character reference stays together, a control goes in as one; the parser would not let it through.
+  // Writes a character that may not go into a run and returns the position behind it. A character reference is copied
+  // whole; a control character is written as a reference, because the parser would replace it.
   size_t AddSpecial(std::string_view text, size_t at) {
     size_t end = at + 1;
     if (text[at] == '&') {
@@ -299,20 +302,22 @@ class SourceWriter {
   QByteArrayView html_;
   std::string_view page_;
   StyleScan styles_;
-  // A page that uses the characters of the runs itself is handed over as it is.
+  // False if the page itself uses the characters that stand for runs; it is then passed on without runs.
   bool mayHoldRuns_;
-  // The text so far ends in a character reference or a "<", which what follows must not become part of.
+  // The written text ends in a character reference or a "<". Text behind a tag that is left out must not be joined to
+  // it.
   bool isTextOpen_ = false;
-  // A title was begun, whose text hides everything up to its end tag.
+  // Within a title, whose text goes up to its end tag.
   bool isTitleOpen_ = false;
-  // From here on more than one blank may count.
+  // From here on blanks may be kept.
   bool mayKeepBlanks_;
-  // Within a choice the parser passes over nearly every tag, and a group of options shows no text of its own.
+  // Within a choice (a select element) the parser ignores nearly every tag, and a group of options shows no text of its
+  // own.
   bool isInChoice_ = false;
-  // What still stands open at a form's end tag stays open, and with it the form's line.
+  // Within a form. Elements that are open at its end tag stay open, and with them the form's line.
   bool isInForm_ = false;
   bool hasAsideTable_ = false;
-  // Only blanks and tags without effect stand between here and a tag that begins a line.
+  // Only blanks and tags without effect have come since a tag that begins a line.
   bool isAtLineBegin_ = false;
   bool isBehindTableTag_ = false;
   // The last tag was part of a drawing.

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// An HTML page made ready for the parser, whose time goes with the square of the nesting and with every character of
-// what no text needs. Called by html_tree.
+// Rewrites an HTML page for the parser, whose time goes with the square of the nesting and with every character: leaves
+// out what cannot change the page's text, and refuses a page that nests too deep. Called by html_tree.
 #pragma once
 
 #include <QByteArray>
@@ -8,24 +8,25 @@
 #include <string_view>
 #include <vector>
 
+// A page as the parser gets it.
 struct PageSource {
   // Empty if the page's elements are nested more than 500 deep, by a quick count that follows implied end tags roughly.
   std::string text;
-  // Runs of plain text and of "&nbsp;", and the style sheets, which the parser would only carry around: the source
-  // holds one character in the place of each. They point into the page.
+  // Stretches of plain text (with "&nbsp;") and style sheets that the parser need not see: text has one character in
+  // the place of each. They point into the page.
   std::vector<std::string_view> runs;
-  bool hasSheets = false;
+  bool hasSheets = false;  // style sheets that can change the page's text
 };
 
 // The page as the body of a document of its own, in the mode that its document type asks for, without the content of
 // comments, scripts and their like and without attributes that cannot matter.
 PageSource ParserSource(const QByteArray& html);
 
-// The tags of a page without its structure: a line break for a run of block tags, nothing for the others. What is left
-// of a page that the parser cannot take in reasonable time.
+// The page without its structure: a line break for a row of block tags, a blank for any other tag. For a page that the
+// parser could not take in reasonable time.
 PageSource FlatSource(const QByteArray& html);
 
-// A run without its references, piece by piece.
+// Calls take with the pieces of a run, in which "&nbsp;" has become the character.
 template <typename Take>
 void ForEachPieceOfRun(std::string_view run, Take take) {
   constexpr std::string_view kHardBlank("&nbsp;");
@@ -39,7 +40,7 @@ void ForEachPieceOfRun(std::string_view run, Take take) {
   if (!run.empty()) take(run);
 }
 
-// Hands a text of the tree, with its runs back in their places, piece by piece to a function that takes a string_view.
+// Calls take(std::string_view) with the pieces of a text of the tree, in which its runs are back in their places.
 template <typename Take>
 void ForEachPiece(std::string_view text, const std::vector<std::string_view>& runs, Take take) {
   while (!text.empty()) {

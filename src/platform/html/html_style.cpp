@@ -11,11 +11,13 @@ namespace {
 
 using std::string_view;
 
-// Beyond any page that people wrote; what comes from a stranger may hold more.
+// More than any page has that people wrote. A stranger's page may hold more: its further rules are ignored.
 constexpr size_t kMostRules = 2000;
 constexpr int kMostComparisons = 5'000'000;
-constexpr int kScreenWidth = 1280;
+constexpr int kScreenWidth = 1280;  // pixels, for media queries
 
+// The rank of a rule, from its lowest bits up: its order, its specificity, whether it is a style attribute,
+// "!important".
 constexpr quint32 kOrderBits = 12;
 constexpr quint32 kStyleAttribute = 1U << 30;
 constexpr quint32 kImportant = 1U << 31;
@@ -191,7 +193,7 @@ void PageStyles::ReadStyleElements(const HtmlTree& tree) {
       if (child->type == GUMBO_NODE_ELEMENT) pending.push_back(child);
     }
   }
-  // The rules point into the sheets, which stay where they are from here on.
+  // Read only now that all sheets are stored: the rules point into them, and they must not move any more.
   for (const QByteArray& sheet : sheets_) ReadSheet({sheet.constData(), static_cast<size_t>(sheet.size())});
 }
 
@@ -200,7 +202,7 @@ void PageStyles::ReadSheet(string_view sheet) {
   while (at < sheet.size()) {
     size_t brace = FindOpen(sheet, "{;", at);
     string_view prelude = Trimmed(sheet.substr(at, brace - at));
-    // A media block stands open while its rules are read; its own end comes by as a stray brace.
+    // A media block is entered like the sheet itself, so that its closing brace turns up in front of the next rule.
     while (!prelude.empty() && prelude.front() == '}') prelude = Trimmed(prelude.substr(1));
     const bool isOneLine = brace < sheet.size() && sheet[brace] == ';';
     if (isOneLine && prelude.starts_with('@')) {
@@ -291,7 +293,7 @@ PageStyles::Declarations PageStyles::ReadDeclarations(string_view text) {
   return declarations;
 }
 
-// Compounds bound by blanks or ">". Whatever else a selector may hold makes it one that never matches.
+// Reads a selector of compounds that are joined by blanks or ">". False for any other selector; its rule is ignored.
 bool PageStyles::ReadSelector(string_view text, std::vector<Compound>* selector) {
   bool isChild = false;
   while (!text.empty()) {
@@ -345,15 +347,15 @@ bool PageStyles::Matches(const Compound& compound, const GumboNode* element) con
                      [&](const QByteArray& name) { return HasWord(classes, name); });
 }
 
-// A list of classes may be as long as the page, so that it costs by its length.
+// A list of classes may be as long as the page, so its length counts as further comparisons.
 bool PageStyles::HasWord(string_view words, const QByteArray& word) const {
   constexpr size_t kCharactersOfAComparison = 64;
   comparisons_ -= static_cast<int>(words.size() / kCharactersOfAComparison);
   return comparisons_ > 0 && HasClass(words, word, isQuirky_);
 }
 
-// From the last compound up through the ancestors. The nearest ancestor that fits is taken; only a selector that mixes
-// both bindings could ask for another.
+// Compares from the last compound up through the ancestors, each with the nearest ancestor that fits. Only a selector
+// that mixes blanks and ">" could need another ancestor.
 bool PageStyles::Matches(const Rule& rule, const GumboNode* element) const {
   if (!Matches(rule.selector.back(), element)) return false;
   for (size_t i = rule.selector.size() - 1; i > 0; --i) {

@@ -25,17 +25,19 @@ class PageStyles {
   ElementStyle Of(const GumboNode* element, const ElementStyle& parent) const;
 
  private:
+  // The properties that can change a text.
   enum Property { kDisplay, kVisibility, kWhiteSpace, kFloat, kPosition, kTransform, kProperties };
+  // Whether a value is marked "!important".
   enum class Importance : quint8 { Normal, Important };
 
-  // What a run of declarations says; an empty value says nothing.
+  // The values that a block of declarations sets, by property; empty: not set.
   struct Declarations {
     std::array<std::string_view, kProperties> values;
     std::array<Importance, kProperties> importance = {};
     bool IsEmpty() const;
   };
 
-  // One element of a selector: "td.name", and how it is bound to the one before it.
+  // One part of a selector, such as "td.name", and whether ">" joins it to the part before it.
   struct Compound {
     QByteArray tag;
     QByteArray id;
@@ -43,13 +45,14 @@ class PageStyles {
     bool isChild = false;
   };
 
+  // A rule of a sheet. Of two rules that set a property the one of the higher rank wins.
   struct Rule {
     std::vector<Compound> selector;
     Declarations declarations;
     quint32 rank = 0;
   };
 
-  // The winner so far of each property.
+  // The value of each property that has won so far, and its rank.
   struct Cascade {
     std::array<std::string_view, kProperties> values;
     std::array<quint32, kProperties> ranks = {};
@@ -71,8 +74,8 @@ class PageStyles {
   bool isQuirky_;
   std::vector<QByteArray> sheets_;
   std::vector<Rule> rules_;
-  // The rules by what their last compound asks for: "#id", ".class", "tag" or nothing.
+  // Indexes of rules by what their last compound asks for: "#id", ".class", "tag" or nothing.
   QHash<QByteArray, std::vector<size_t>> rulesByKey_;
-  // Comparisons that are still allowed; without any the sheets are not looked at any more.
+  // Comparisons that are still allowed; when none is left, the sheets are ignored.
   mutable int comparisons_;
 };

@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Beyond that every name counts as one of the sheets'.
+// If the sheets hold more names than this, every name of the page counts as one of theirs.
 constexpr size_t kMostNames = 10'000;
 constexpr size_t kNowhere = std::string_view::npos;
 
@@ -26,7 +26,7 @@ char Small(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
 
-// Old pages mix the cases of a class and its rule.
+// Sorts without regard to case: old pages mix the cases of a class and its rule.
 bool ComesBefore(std::string_view one, std::string_view other) {
   return std::lexicographical_compare(one.begin(), one.end(), other.begin(), other.end(),
                                       [](char a, char b) { return Small(a) < Small(b); });
@@ -36,7 +36,7 @@ QLatin1StringView Latin(std::string_view text) {
   return {text.data(), static_cast<qsizetype>(text.size())};
 }
 
-// True if declarations may say something that a text shows. Escaped letters may say anything.
+// True if declarations may set a property that changes a text. With escaped letters they may set any.
 bool CanBeSeen(std::string_view declarations) {
   static constexpr std::array kWords = {"display"_L1,  "visibility"_L1,     "white-space"_L1, "float"_L1,
                                         "position"_L1, "text-transform"_L1, "\\"_L1,          "&"_L1};
@@ -44,7 +44,8 @@ bool CanBeSeen(std::string_view declarations) {
                      [&](QLatin1StringView word) { return Latin(declarations).contains(word, Qt::CaseInsensitive); });
 }
 
-// Finds a word, told in small letters, in any case; most of the page's letters are not even looked at.
+// Finds a word, given in lower case, in any case. It goes on by the word's length, so that most of the page's letters
+// are not looked at.
 class WordFinder {
  public:
   constexpr explicit WordFinder(std::string_view word) : word_(word) {
@@ -60,7 +61,7 @@ class WordFinder {
     for (size_t at = from + word_.size() - 1; at < page.size(); at += word_.size()) {
       if (!isInWord_[static_cast<uchar>(page[at])]) continue;
       const char letter = Small(page[at]);
-      // A letter that stands in the word twice may be either of them.
+      // A letter that the word has twice may be at either place.
       for (size_t place = word_.find(letter); place != kNowhere; place = word_.find(letter, place + 1))
         if (IsAt(page, at - place)) return at - place;
     }
@@ -113,7 +114,7 @@ StyleScan::StyleScan(std::string_view page) {
 }
 
 void StyleScan::ReadStyles(std::string_view page) {
-  // A tag that is longer is not looked through.
+  // A longer tag is not searched: it counts as one that can change the text.
   constexpr size_t kLongestTag = 4096;
   size_t at = kStyle.Find(page, 0);
   while (at != kNowhere) {
@@ -126,7 +127,7 @@ void StyleScan::ReadStyles(std::string_view page) {
       const std::string_view tag = page.substr(at, kLongestTag);
       const size_t end = tag.find('>');
       if (end == kNowhere || CanBeSeen(tag.substr(0, end))) isPlain_ = false;
-      // What has been looked through is not looked through again for the next "style" in it.
+      // Go on behind the tag: it is not searched again for another "style" inside it.
       if (end != kNowhere) next = at + end;
     }
     at = kStyle.Find(page, next);
@@ -134,7 +135,7 @@ void StyleScan::ReadStyles(std::string_view page) {
   std::sort(names_.begin(), names_.end(), ComesBefore);
 }
 
-// A sheet that only colours and moves is of no account.
+// Reads the names of a sheet; one that only colours and moves is ignored.
 void StyleScan::ReadSheet(std::string_view sheet) {
   if (!CanBeSeen(sheet)) return;
   isPlain_ = false;
@@ -153,7 +154,7 @@ bool StyleScan::IsNamed(std::string_view name) const {
   return names_.size() >= kMostNames || std::binary_search(names_.begin(), names_.end(), name, ComesBefore);
 }
 
-// The value of a class or id, with the name of the attribute ahead of it.
+// True if the sheets have one of the names. value: a class or id attribute as it is written, its name included.
 bool StyleScan::IsNamedInSheets(std::string_view value) const {
   if (value.find('&') != kNowhere) return true;
   size_t at = value.find('=');
@@ -174,7 +175,7 @@ bool StyleScan::Matters(const TagScanner::Attribute& attribute, GumboTag tag) co
     case 's':
       return IsName(name, "style") && CanBeSeen(source);
     case 'e':
-      // Of an annotation in a formula: whether it holds HTML.
+      // On an annotation in a formula it tells whether that holds HTML.
       return IsName(name, "encoding");
     case 'h':
       return IsName(name, "hidden");
@@ -185,7 +186,7 @@ bool StyleScan::Matters(const TagScanner::Attribute& attribute, GumboTag tag) co
     case 'm':
       return tag == GUMBO_TAG_STYLE && IsName(name, "media");
     case 'a': {
-      // It moves a table or a picture beside the line; elsewhere it only moves the text within.
+      // A table or a picture is moved beside the line by it; elsewhere it only moves the text within.
       constexpr quint16 kAligned = TagTrait::kBlock | TagTrait::kInTable;
       return (tag == GUMBO_TAG_TABLE || (TraitsOf(tag) & kAligned) == 0) && IsName(name, "align");
     }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the styles of a page can change of its text, found without a tree: most of what pages carry for their style is
-// of no account. Called by html_source.
+// Finds out which styles of a page can change its text, without a tree: most of them only colour and move, and
+// html_source leaves those out.
 #pragma once
 
 #include <string_view>
@@ -11,7 +11,7 @@
 // The styles of one page, searched for what can change its text.
 class StyleScan {
  public:
-  // The source stays the caller's.
+  // page must outlive this object.
   explicit StyleScan(std::string_view page);
 
   // True if no style of the page and no hidden element can change its text.
@@ -36,7 +36,7 @@ class StyleScan {
   std::vector<std::string_view> names_;
 };
 
-// In any case.
+// True if both are the same name, in any letter case.
 bool IsName(QByteArrayView name, QByteArrayView known);
 
 // True if a style attribute names a white-space rule.

@@ -69,7 +69,7 @@ constexpr auto MakeTraits() {
   return traits;
 }
 
-// Of one tag; what stands behind them is passed over.
+// Attributes of one tag; further ones are ignored.
 constexpr size_t kMostAttributes = 1000;
 
 bool IsTagOf(QByteArrayView text, QByteArrayView beginning) {
@@ -108,7 +108,7 @@ bool TagScanner::Next(Tag* tag) {
   }
 }
 
-// Comments and what a browser takes for such.
+// Skips a comment, or what a browser takes for one.
 void TagScanner::SkipComment() {
   const QByteArrayView rest = html_.sliced(at_);
   if (rest.startsWith("<!-->")) {
@@ -191,7 +191,8 @@ qsizetype TagScanner::EndOfRawText(qsizetype from, QByteArrayView name) const {
   return html_.size();
 }
 
-// Old pages put a script into an HTML comment; in there an end tag ends a script only if no start tag came before.
+// Old pages put a script into an HTML comment. Within that, an end tag ends the script only if no start tag of a script
+// came before it.
 qsizetype TagScanner::EndOfScript(qsizetype from) const {
   bool isInComment = false;
   bool isInner = false;
@@ -203,7 +204,7 @@ qsizetype TagScanner::EndOfScript(qsizetype from) const {
       isInComment = isInner = false;
     } else if (rest.startsWith("<!--")) {
       isInComment = true;
-      // The same dashes may end it.
+      // The same dashes may also end the comment.
       at += 1;
     } else if (isInComment && !isInner && IsTagOf(rest, "<script")) {
       isInner = true;

@@ -20,7 +20,7 @@ bool IsBlank(std::string_view text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; });
 }
 
-// Goes through the tree without recursion: a page may nest as deep as it likes.
+// Goes through the tree without recursion, for which a page may nest too deep.
 class PageWalk {
  public:
   explicit PageWalk(const HtmlTree& tree) : tree_(tree), styles_(tree) {}
@@ -41,17 +41,18 @@ class PageWalk {
   }
 
  private:
-  // Where among an element's children the next one of a kind stands; kept, as it is asked for behind every child.
+  // Index of the next child of one kind. It is kept, because it is asked for behind every child.
   struct Ahead {
     unsigned child = 0;
     bool isKnown = false;
   };
 
+  // An element that the walk is in.
   struct Open {
     const GumboNode* element;
-    unsigned next;  // child
+    unsigned next;  // index of the child that is visited next
     ElementStyle style;
-    bool hasSummary = false;  // of details: the one that is shown was met
+    bool hasSummary = false;  // of closed details: a summary has been shown
     Ahead row = {};
     Ahead cell = {};
     Ahead sectionWithRow = {};
@@ -65,7 +66,8 @@ class PageWalk {
     }
   }
 
-  // Text between the parts of a table or a flexible box, or of a drawing, is none if it is blank or outside of a label.
+  // Writes a text, but not blanks between the parts of a table or a flexible box, nor a text that is directly in a
+  // choice, a drawing or closed details.
   void AddText(std::string_view text) {
     const Open& parent = open_.back();
     const Display display = parent.style.display;
@@ -121,7 +123,7 @@ class PageWalk {
     if (element->v.element.tag == GUMBO_TAG_P) lines_.AskForBreaks(2);
   }
 
-  // True if a child at next or behind it fits. Children are gone through once, however often it is asked.
+  // True if a child from parent.next on fits. Each child is tested once, however often this is called.
   template <typename Fits>
   static bool IsAhead(const Open& parent, Ahead* ahead, Fits fits) {
     if (ahead->isKnown && ahead->child >= parent.next) return ahead->child < ChildrenOf(parent.element).length;
@@ -154,7 +156,7 @@ class PageWalk {
     });
   }
 
-  // After a row has ended: true if its table shows another one, in this section or in a later one.
+  // Called when a row has ended: true if its table shows another row, in this section or in a later one.
   bool IsRowBelow() {
     Open& parent = open_.back();
     if (HasRowBehind(&parent)) return true;

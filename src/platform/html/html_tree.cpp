@@ -15,8 +15,8 @@ constexpr size_t kAlignment = alignof(std::max_align_t);
 
 }  // namespace
 
-// All memory of one parse, given back at once: the library frees a tree by recursion, which a deep one does not
-// survive.
+// All memory of one parse, freed at once: the library frees a tree by recursion, and the stack is too small for a deep
+// tree.
 struct HtmlTree::Memory {
   Memory() = default;
   ~Memory() {
@@ -27,7 +27,7 @@ struct HtmlTree::Memory {
   static void* Allocate(void* self, size_t size) {
     return static_cast<Memory*>(self)->Take((size + kAlignment - 1) / kAlignment * kAlignment);
   }
-  // What was taken last can be taken again; everything else waits for the end.
+  // Only the piece that was allocated last is used again; all others are freed at the end.
   static void Release(void* self, void* piece) {
     auto* memory = static_cast<Memory*>(self);
     if (piece == nullptr || piece != memory->last) return;
@@ -45,7 +45,7 @@ struct HtmlTree::Memory {
     return piece;
   }
 
-  // The library knows no failure of an allocation. Without memory the process ends, and with it the page's job.
+  // The library does not expect that an allocation fails. Without memory the process ends, and with it the page's job.
   void AddChunk(size_t size) {
     left = std::max(size, kChunk);
     next = static_cast<std::byte*>(std::malloc(left));

@@ -9,10 +9,10 @@
 
 #include "platform/html/html_source.h"
 
-// The tree of one page, and what it points into.
+// The tree of one page, and the bytes that it points into.
 class HtmlTree {
  public:
-  // The page in UTF-8. A page that nests beyond all measure is parsed without its structure.
+  // html: the page in UTF-8. A page that nests too deep is parsed without its structure.
   explicit HtmlTree(const QByteArray& html);
   ~HtmlTree();
 
@@ -21,7 +21,7 @@ class HtmlTree {
   // True if the page asks for the rendering of old browsers (no document type, or an old one).
   bool IsQuirky() const { return isQuirky_; }
   bool HasSheets() const { return source_.hasSheets; }
-  // What ForEachPiece needs for a text of the tree.
+  // The runs, which ForEachPiece needs for a text of the tree.
   const std::vector<std::string_view>& Runs() const { return source_.runs; }
 
  private:
@@ -29,7 +29,7 @@ class HtmlTree {
   void Parse(PageSource source);
 
   std::unique_ptr<Memory> memory_;
-  // The tree points into them.
+  // The tree points into html_ and source_.
   QByteArray html_;
   PageSource source_;
   const GumboNode* body_ = nullptr;

@@ -16,6 +16,7 @@ constexpr quint32 Of(quint32 a, quint32 b, quint32 c = 0) {
   return a << 24U | b << 16U | c << 8U;
 }
 
+// Networks of special purpose that no public server has, from the registry of the IANA.
 constexpr std::array kPrivate4 = {Net4{Of(0, 0), 8},       Net4{Of(10, 0), 8},     Net4{Of(100, 64), 10},
                                   Net4{Of(127, 0), 8},     Net4{Of(169, 254), 16}, Net4{Of(172, 16), 12},
                                   Net4{Of(192, 0, 0), 24}, Net4{Of(192, 168), 16}, Net4{Of(198, 18), 15},

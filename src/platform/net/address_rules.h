@@ -5,7 +5,7 @@
 
 #include <QHostAddress>
 
-// Asked on the network thread; an object that overrides this keeps nothing that changes.
+// Called on the network thread, so an object that overrides this keeps no state that changes.
 class AddressRules {
  public:
   AddressRules() = default;

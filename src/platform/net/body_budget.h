@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How many bytes of bodies are in memory, from their arrival until the reader that asked for them has let go. Counted
-// up on the network thread and down on both.
+// Counts how many bytes of bodies are in memory, from their arrival until whoever asked for them has let go of them.
+// Counted up on the network thread and down on that and the event loop.
 #pragma once
 
 #include <QtGlobal>
 #include <atomic>
 
+// A count with a limit, safe on any thread.
 class BodyBudget {
  public:
   explicit BodyBudget(qint64 most) : most_(most) {}
@@ -13,7 +14,7 @@ class BodyBudget {
   void Take(qint64 bytes) { used_ += bytes; }
   void Give(qint64 bytes) { used_ -= bytes; }
   bool IsSpent() const { return used_ >= most_; }
-  // Some read waits for room.
+  // Whether a read waits until others give bytes back.
   void SetWaiting(bool on) { isWaiting_ = on; }
   bool IsWaiting() const { return isWaiting_; }
 

@@ -10,7 +10,7 @@ ConnectionPool::ConnectionPool(const UrlLimits& limits, const AddressRules& rule
 }
 
 ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPublic) {
-  // The one that was used last: it has the best chance of being open at its other end.
+  // Takes the connection that was used last: its server is the least likely to have closed it.
   for (qsizetype i = idle_.size() - 1; i >= 0; --i) {
     UrlConnection* connection = idle_[i].connection;
     if (connection->Place() != place || connection->HasEnded()) continue;
@@ -33,7 +33,7 @@ void ConnectionPool::GiveBack(UrlConnection* connection) {
   if (connection->HasEnded()) return Drop(connection);
   --taken_;
   idle_ += {connection, QDeadlineTimer(limits_.idle)};
-  // Its end, or words that nobody has asked for.
+  // An idle connection that ends, or on which the server sends something that nobody has asked for, is dropped.
   connect(connection, &UrlConnection::Lost, this, [this, connection]() { DropIdle(connection); });
   connect(connection, &UrlConnection::Readable, this, [this, connection]() { DropIdle(connection); });
   CloseSurplus();

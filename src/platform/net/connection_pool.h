@@ -10,11 +10,12 @@
 #include "platform/net/url_connection.h"
 #include "platform/net/url_limits.h"
 
+// Idle connections, and a count of those that are in use.
 class ConnectionPool : public QObject {
   Q_OBJECT
 
  public:
-  // A connection, and whether it has served before: the server may be closing such a one just now.
+  // A connection. isUsed: an earlier read has used it, so the server may be closing it just now.
   struct Taken {
     UrlConnection* connection = nullptr;
     bool isUsed = false;
@@ -22,16 +23,17 @@ class ConnectionPool : public QObject {
 
   ConnectionPool(const UrlLimits& limits, const AddressRules& rules, QObject* parent);
 
-  // An idle connection to the place, or a new one that is not open yet. onlyPublic: one that leads into the user's own
-  // network is no choice; the new one then fails.
+  // Returns an idle connection to the place, or a new one that is not open yet. onlyPublic: an idle one that leads into
+  // the user's own network is not taken, and a new one will refuse such addresses.
   Taken Take(const HttpPlace& place, bool onlyPublic);
   UrlConnection* TakeNew(const HttpPlace& place, bool onlyPublic);
-  // For the next read of its server. Nothing may be left to read of it.
+  // Keeps a connection for the next read of its server. All that the server sent must have been read.
   void GiveBack(UrlConnection* connection);
-  // It is closed and forgotten.
+  // Closes a connection that was taken.
   void Drop(UrlConnection* connection);
 
  private:
+  // A connection that nobody reads from, and when it is closed.
   struct Idle {
     UrlConnection* connection = nullptr;
     QDeadlineTimer until;
@@ -43,7 +45,7 @@ class ConnectionPool : public QObject {
 
   const UrlLimits limits_;
   const AddressRules& rules_;
-  QList<Idle> idle_;  // the one that was given back first stands first
-  qsizetype taken_ = 0;
+  QList<Idle> idle_;     // in the order in which they were given back
+  qsizetype taken_ = 0;  // connections in use
   QTimer old_;
 };

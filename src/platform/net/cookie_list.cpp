@@ -22,7 +22,7 @@ QString WithoutDot(const QString& domain) {
   return domain.startsWith(u'.') ? domain.sliced(1) : domain;
 }
 
-// host equals the name or lies below it; an address of digits lies below nothing.
+// True if host is the name or a host below it. A numeric address is below no name.
 bool IsWithin(const QString& host, const QString& name) {
   if (host == name) return true;
   return !name.isEmpty() && host.endsWith(u'.' + name) && QHostAddress(host).isNull();
@@ -44,7 +44,7 @@ QString PathOf(const QUrl& url) {
   return path.isEmpty() ? u"/"_s : path;
 }
 
-// As a line of the file gives it back: one spelling of the domain, whole seconds.
+// Gives a cookie the form in which a line of the file gives it back: one spelling of the domain, whole seconds.
 void Normalize(QNetworkCookie& cookie, const QString& host) {
   const QString domain = cookie.domain().isEmpty() ? host : cookie.domain();
   const QString name = QUrl::fromAce(QUrl::toAce(WithoutDot(domain)));
@@ -55,7 +55,7 @@ void Normalize(QNetworkCookie& cookie, const QString& host) {
   }
 }
 
-// A line of the file and a request's header must hold it, and give it back as it was.
+// True if a line of the file and the header of a request can hold the cookie, and the line gives it back as it is.
 bool IsSound(const QNetworkCookie& cookie) {
   const QByteArray line = cookie.toRawForm();
   if (cookie.domain().size() < 2 || line.size() > CookieList::kMostBytes) return false;
@@ -138,7 +138,7 @@ bool CookieList::RenewOne(const QUrl& url, QNetworkCookie cookie) {
     cookie.setPath(path.first(std::max<qsizetype>(path.lastIndexOf(u'/'), 1)));
   }
   Normalize(cookie, host);
-  // Whoever sits on the line of an unencrypted read is not to touch what came over an encrypted one.
+  // Somebody who can change an unencrypted answer must not change a cookie that came in an encrypted one.
   if (!IsSafe(url)) {
     const bool guarded = std::any_of(cookies_.cbegin(), cookies_.cend(), [&cookie](const QNetworkCookie& known) {
       return known.isSecure() && known.hasSameIdentifier(cookie);
@@ -154,7 +154,7 @@ bool CookieList::Holds(const QString& domain, bool secure) const {
   });
 }
 
-// The oldest of the domain that has most: one site's flood costs its own.
+// Drops the oldest cookie of the domain that has most of them, so that a site that sets too many loses its own.
 void CookieList::DropSurplus() {
   while (cookies_.size() > kMostCookies) {
     QHash<QString, int> counts;

@@ -8,28 +8,28 @@
 #include <QString>
 #include <QUrl>
 
-// A domain that begins with "." is that of a domain cookie; without one the cookie goes to this host alone.
+// The cookies. One whose domain begins with "." goes to all hosts of that domain, any other to its one host.
 class CookieList {
  public:
-  // A site that floods its visitors is not to fill the disk, nor to push another one's sign-in out.
+  // Limits, so that one site can neither fill the disk nor push out the sign-in of another.
   static constexpr qsizetype kMostCookies = 200;
   static constexpr qsizetype kMostBytes = 8 * 1024;  // of one cookie as a line of the file
 
   QList<QNetworkCookie> All() const;  // without the expired
-  // Those that a request for the address carries, the longest path first.
+  // The cookies that a request for the address carries, the longest path first.
   QList<QNetworkCookie> For(const QUrl& url) const;
-  // The same as the value of a request's Cookie header; empty for none.
+  // The same cookies as the value of a request's Cookie header; empty for none.
   QByteArray HeaderFor(const QUrl& url) const;
 
-  // All that change something say whether they did.
-  // An expired cookie removes the one of its name; one that no line of the file can hold is left out.
+  // The functions below return whether they have changed anything. Adding an expired cookie removes the cookie of its
+  // name; one that no line of the file can hold is not added.
   bool Add(QNetworkCookie cookie, const QString& host);
   bool Remove(QNetworkCookie cookie);
-  // All that the host gets; where one of them is a domain's, the whole domain's: a site that shares a cookie between
-  // its hosts signs in at any of them.
+  // Removes all cookies that the host gets; where one of them is a domain's, all cookies of that domain, because a site
+  // that shares a cookie between its hosts is signed in to at any of them.
   bool RemoveOf(const QString& host);
-  // A server's answer to a page read: it may renew, replace or expire cookies of a host or domain that has some here
-  // already. Nobody else leaves any.
+  // Takes the cookies that a server sent with the page at url. It may renew, replace or expire cookies of a host or
+  // domain that has some here already; a cookie of any other host is ignored.
   bool Renew(const QUrl& url, const QList<QNetworkCookie>& told);
 
  private:

@@ -25,10 +25,10 @@ void CookieStore::Read() {
     unreadable_ = QFileInfo::exists(path_);
     return;
   }
-  // A copy out of a backup may have come back with wider rights.
+  // A file that was restored from a backup may have wider permissions.
   if (file.permissions() & (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther))
     file.setPermissions(kUserAlone);
-  // Not more than a full file of our own has, whatever lies there.
+  // Whatever the file is, read no more of it than a full file of ours can have.
   constexpr qint64 kMostSteps = SignInTrail::kMostSites * SignInTrail::kMostOfSite;
   constexpr qint64 kMostRead = CookieList::kMostCookies * (CookieList::kMostBytes + 1) + kMostSteps * 1024;
   const QByteArray bytes = file.read(kMostRead);
@@ -56,7 +56,8 @@ bool CookieStore::Write() const {
   const QList<QNetworkCookie> cookies = All();
   for (const QNetworkCookie& cookie : cookies) bytes += cookie.toRawForm() + '\n';
   QSaveFile file(path_);
-  // Before the first byte stands in it, and whatever an older file was open to.
+  // The permissions are set before the first byte is written: QSaveFile takes those of an older file, which may be
+  // wider.
   return file.open(QIODevice::WriteOnly) && file.setPermissions(kUserAlone) && file.write(bytes) == bytes.size() &&
          file.flush() && file.commit();
 }
@@ -98,7 +99,8 @@ void CookieStore::Renew(const QUrl& url, const QList<QNetworkCookie>& told) {
   Finish(list_.Renew(url, told));
 }
 
-// A disk without room costs the next start its sign-in, not this one: the list goes on, and the next change writes all.
+// A full disk loses a sign-in for the next run only: in this run the list goes on, and the next change writes all of
+// it.
 void CookieStore::Finish(bool changed) {
   if (!changed) return;
   if (!unreadable_) Write();

@@ -12,12 +12,13 @@
 #include "platform/net/cookie_list.h"
 #include "platform/net/sign_in_trail.h"
 
-// What a browser window says about one cookie of its own.
+// A change that a browser window has made to one of its cookies.
 struct CookieChange {
   QNetworkCookie cookie;
   bool removed = false;
 };
 
+// The cookies in memory, the file that keeps them, and the trail of each sign-in.
 class CookieStore : public QObject {
   Q_OBJECT
 
@@ -26,29 +27,29 @@ class CookieStore : public QObject {
   // never written over: what is added then lasts as long as the program.
   explicit CookieStore(const QString& appDataDir, QObject* parent = nullptr);
 
-  // Those that have not expired; session cookies outlive the program, as a sign-in is to last.
+  // All cookies that have not expired. Session cookies outlive the program, because a sign-in is to last.
   QList<QNetworkCookie> All() const;
   QList<QNetworkCookie> CookiesFor(const QUrl& url) const;
   const CookieList& List() const { return list_; }
-  // host: where a cookie without a domain came from. A domain that begins with "." is the cookie's domain, another one
-  // its only host.
+  // host: where a cookie without a domain came from. The cookie's domain is as in CookieList.
   void Add(const QNetworkCookie& cookie, const QString& host);
   void Remove(const QNetworkCookie& cookie);
-  // All of a host and of the domains above it that it would get, and all below these, and the same for each host that
-  // the sign-in there has led through: the end of a sign-in.
+  // Ends a sign-in: removes the cookies of the host, those of the domains above it that it would get, and all cookies
+  // below these, and the same for each host that the sign-in there has led through.
   void RemoveOf(const QUrl& url);
-  // A browser window that was opened on a page of site has gone to visited. Written with the next cookie: a host that
-  // sets none leaves nothing to remove.
+  // Notes that a browser window that was opened on a page of site has gone to visited. It is written to the file with
+  // the next cookie: a host that sets none leaves nothing to remove.
   void NoteVisit(const QUrl& site, const QUrl& visited) { trail_.Add(site, visited); }
-  // Scheme, host and port of all that RemoveOf would take along.
+  // Scheme, host and port of the hosts whose cookies RemoveOf would remove besides those of site.
   QList<QUrl> VisitedFrom(const QUrl& site) const { return trail_.Of(site); }
-  // In their order, written once.
+  // Makes the changes in their order and writes the file once.
   void Apply(const QList<CookieChange>& changes);
-  // What a server told in answer to a page read: only hosts and domains that have cookies here may change theirs.
+  // Takes the cookies that a server sent with the page at url. Only hosts and domains that have cookies here may change
+  // theirs.
   void Renew(const QUrl& url, const QList<QNetworkCookie>& told);
 
  Q_SIGNALS:
-  // Written to the file already, whole or not at all, readable by the user alone.
+  // Raised when the file has been written: whole or not at all, readable by the user alone.
   void Changed();
 
  private:

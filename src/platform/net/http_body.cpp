@@ -11,8 +11,8 @@ namespace {
 constexpr int kMostSizeDigits = 15;
 constexpr int kMostLine = 4096;
 constexpr int kMostTrailer = 16384;
-constexpr int kAnyWrapping = 15 + 32;  // zlib finds out by itself whether gzip's or its own
-constexpr int kNoWrapping = -15;
+constexpr int kAnyWrapping = 15 + 32;  // zlib finds out whether the data is in gzip's or its own format
+constexpr int kNoWrapping = -15;       // bare deflate data
 
 int DigitOf(char c) {
   if (c >= '0' && c <= '9') return c - '0';
@@ -32,7 +32,8 @@ class HttpBody::Unpacker {
   ~Unpacker() { inflateEnd(&stream_); }
   Q_DISABLE_COPY_MOVE(Unpacker)
 
-  // Returns how much of the input was used. What does not fit into the step stays within, and isPending tells so.
+  // Returns how much of the input was used. isPending: the step was too small for all output, the rest is still in
+  // zlib.
   qsizetype Step(QByteArrayView input, QByteArray& out, bool& isPending) {
     isPending = false;
     if (isWhole_) return input.size();  // padding behind the packed data
@@ -111,7 +112,7 @@ qsizetype HttpBody::Add(QByteArrayView input, QByteArray& out) {
   return taken;
 }
 
-// Framing of a chunked body, up to the next byte of data.
+// Reads the framing of a chunked body, up to the next byte of data.
 qsizetype HttpBody::TakeFrame(QByteArrayView input) {
   qsizetype taken = 0;
   while (taken < input.size() && state_ == State::More && at_ != At::Data) {
@@ -129,7 +130,7 @@ qsizetype HttpBody::TakeFrame(QByteArrayView input) {
   return taken;
 }
 
-// The line end behind a chunk's data.
+// Reads the line end behind a chunk's data.
 bool HttpBody::TakeDataEndByte(char byte) {
   if (byte == '\n') {
     at_ = At::Size;
@@ -148,7 +149,7 @@ bool HttpBody::TakeSizeByte(char byte) {
   }
   const int digit = at_ == At::Size ? DigitOf(byte) : -1;
   if (digit < 0) {
-    // What stands behind the size is an extension that nobody asked for.
+    // Behind the size there may be extensions, which nobody asked for.
     at_ = At::SizeRest;
     return digits_ > 0;
   }
@@ -178,7 +179,8 @@ HttpBody::State HttpBody::End() {
   return state_;
 }
 
-// A packed body that was cut off is not whole, however its end was told; an empty one has nothing to unpack.
+// Packed data that was cut off makes the body broken even where its announced length was reached. An empty body has
+// nothing to unpack.
 void HttpBody::Finish() {
   const bool isCutOff = unpacker_ && !unpacker_->IsWhole() && !unpacker_->IsUntouched();
   state_ = isCutOff ? State::Broken : State::Whole;

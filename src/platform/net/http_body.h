@@ -9,8 +9,10 @@
 
 #include "platform/net/http_head.h"
 
+// The body of one answer.
 class HttpBody {
  public:
+  // More: something is missing yet; Broken: the body is malformed or cut off.
   enum class State { More, Whole, Broken };
   static constexpr qsizetype kStep = 64LL * 1024;  // the most that one step adds
 
@@ -22,15 +24,15 @@ class HttpBody {
   // whole or broken. A step may take none and still have added something; go on until input is taken and Pending is
   // false.
   qsizetype Step(QByteArrayView input, QByteArray& out);
-  // The unpacker holds more than the last step could add.
+  // True if the unpacker holds more than the last step could add.
   bool IsPending() const { return isPending_; }
   State Now() const { return state_; }
-  // The server has closed the connection.
+  // Takes note that the server has closed the connection, and returns the state that the body has then.
   State End();
 
  private:
   class Unpacker;
-  // Where in a chunked body the next byte stands.
+  // The part of a chunked body to which the next byte belongs.
   enum class At { Size, SizeRest, Data, DataEnd, Trailer };
 
   qsizetype TakeFrame(QByteArrayView input);
@@ -44,7 +46,7 @@ class HttpBody {
   State state_ = State::More;
   bool isChunked_;
   bool isUntilClose_;
-  qint64 left_;  // of the body, or of the present chunk
+  qint64 left_;  // bytes left of the body, or of the present chunk
   At at_ = At::Size;
   int digits_ = 0;
   int lineSize_ = 0;  // of the present line of framing

@@ -9,7 +9,7 @@ bool IsName(QByteArrayView name, const char* wanted) {
   return name.compare(wanted, Qt::CaseInsensitive) == 0;
 }
 
-// One of a header's words between commas.
+// True if one of the header's words between commas is the wanted one.
 bool HasWord(QByteArrayView value, const char* wanted) {
   while (!value.isEmpty()) {
     const qsizetype comma = value.indexOf(',');

@@ -8,8 +8,9 @@
 #include <QNetworkCookie>
 #include <optional>
 
-// What of a head decides how the answer goes on.
+// The parts of a head that decide how the answer goes on.
 struct HttpHead {
+  // How the body is compressed.
   enum class Packing { None, Gzip, Deflate };
 
   int status = 0;
@@ -29,5 +30,5 @@ struct HttpHead {
 // Length of the first head in the bytes, its empty line included; 0 while it is not whole. from: where an earlier
 // search in the same bytes has ended, so that a head that comes in small pieces is not searched again and again.
 qsizetype HeadLength(QByteArrayView bytes, qsizetype from = 0);
-// Empty where it is no HTTP/1 head, or one that tells its body's length in two ways.
+// The head as values; empty where it is no HTTP/1 head, or gives two lengths for its body.
 std::optional<HttpHead> ParseHead(QByteArrayView head);

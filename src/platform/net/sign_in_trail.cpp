@@ -28,7 +28,7 @@ void SignInTrail::AddStep(const QString& host, const QUrl& visited) {
   if (steps.size() > kMostOfSite) steps.removeFirst();
 }
 
-// The site's place in the list is that of the latest use.
+// Returns the entry of a site, and moves it to the end of the list as the one that was used last.
 SignInTrail::Site& SignInTrail::SiteOf(const QString& host) {
   const auto found =
       std::find_if(sites_.begin(), sites_.end(), [&host](const Site& site) { return site.host == host; });

@@ -8,20 +8,21 @@
 #include <QString>
 #include <QUrl>
 
+// The servers of all sign-ins, by the site whose page the browser window was opened on.
 class SignInTrail {
  public:
-  // A page that leads on and on costs the trail of its own site only.
+  // Limits: a page that leads to ever more hosts loses older steps of its own site only.
   static constexpr qsizetype kMostSites = 50;
   static constexpr qsizetype kMostOfSite = 20;
 
   // A browser window that was opened on a page of site has gone to visited.
   void Add(const QUrl& site, const QUrl& visited);
-  // Scheme, host and port of where the windows of the site have been, without the site itself and without those that
-  // have had windows of their own: these are signed in to for their own sake.
+  // Scheme, host and port of the servers where the windows of the site have been, without the site itself and without
+  // sites that have had windows of their own: the user has signed in to these for their own sake.
   QList<QUrl> Of(const QUrl& site) const;
   void Remove(const QUrl& site);
 
-  // One line a step, for the cookie file; each begins with the mark, as no cookie does.
+  // The trail as lines of the cookie file, one for each step. They begin with the mark, as no cookie does.
   static constexpr char kMark = '#';
   QByteArrayList Lines() const;
   void AddLine(const QByteArray& line);

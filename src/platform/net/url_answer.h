@@ -8,11 +8,12 @@
 
 // One step of a read, or its end.
 struct UrlAnswer {
+  // Progress may come several times, one of the others ends the read.
   enum class Kind { Progress, Done, Failed };
   Kind kind = Kind::Failed;
   quint64 id = 0;
-  qint64 max = 0;
-  qint64 read = 0;
+  qint64 max = 0;   // bytes of the body as the server announced them; 0: unknown
+  qint64 read = 0;  // bytes of the body so far
   QByteArray body;
   QString floodingHost;  // of a read that failed because its server sent too much
 };

@@ -16,10 +16,10 @@ namespace {
 
 constexpr qint64 kBuffer = 128LL * 1024;
 constexpr qint64 kStep = 64LL * 1024;
-constexpr auto kPatience = 5s;
+constexpr auto kPatience = 5s;  // with an address, while others have not been tried
 constexpr qsizetype kMostAddresses = 8;
 
-// The desktop's own settings; NoProxy where none is needed.
+// The proxy of the desktop's settings for a place; NoProxy where none is needed.
 QNetworkProxy ProxyFor(const HttpPlace& place) {
   QUrl url;
   url.setScheme(place.isEncrypted ? u"https"_s : u"http"_s);
@@ -74,8 +74,8 @@ void UrlConnection::TakeAddresses(const QHostInfo& found) {
   TryNext();
 }
 
-// One address after another. The addresses that are judged here are those that are connected to: a name cannot lead
-// elsewhere in between.
+// Tries one address after the other. The rules judge the same address that is connected to: a second answer to the same
+// name cannot lead elsewhere.
 void UrlConnection::TryNext() {
   patience_.stop();
   if (onlyPublic_) addresses_.removeIf([this](const QHostAddress& address) { return rules_.IsPrivate(address); });
@@ -121,12 +121,12 @@ void UrlConnection::OnOpened() {
 
 void UrlConnection::OnLost() {
   if (isOpen_ || addresses_.isEmpty()) return TellLost();
-  // Later, as it replaces the socket that is just telling this.
+  // Queued, because TryNext() replaces the socket that is raising this signal.
   socket_->disconnect(this);
   QMetaObject::invokeMethod(this, &UrlConnection::TryNext, Qt::QueuedConnection);
 }
 
-// Later, so that nobody hears of the end while opening or reading.
+// Queued, so that Lost is never raised within Open() or Read().
 void UrlConnection::TellLost() {
   if (std::exchange(isLost_, true)) return;
   QMetaObject::invokeMethod(this, &UrlConnection::Lost, Qt::QueuedConnection);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One connection to one server, plain or encrypted, directly or through the desktop's proxy. It never holds more than a
-// small buffer: what is not read stays with the sender. connection_pool makes them, url_transfer talks over them.
+// small buffer: bytes that are not read stay with the sender. connection_pool makes them, url_transfer talks over them.
 #pragma once
 
 #include <QHostAddress>
@@ -14,7 +14,7 @@ class QHostInfo;
 class QNetworkProxy;
 class QTcpSocket;
 
-// What a connection leads to. Answers of one place may follow each other over one connection.
+// The server that a connection leads to. Answers of one place may follow each other over one connection.
 struct HttpPlace {
   bool isEncrypted = false;
   QString host;
@@ -24,29 +24,30 @@ struct HttpPlace {
   bool operator==(const HttpPlace& other) const = default;
 };
 
+// One socket, or the attempts to open it.
 class UrlConnection : public QObject {
   Q_OBJECT
 
  public:
-  // onlyPublic: addresses of the user's own network are passed over.
+  // onlyPublic: addresses of the user's own network are not tried.
   UrlConnection(const HttpPlace& place, const AddressRules& rules, bool onlyPublic, QObject* parent);
   ~UrlConnection() override;
 
-  // Opened or Lost follows; Opened possibly before this returns.
+  // Begins to connect. Opened or Lost is raised, Opened perhaps before this returns.
   void Open();
   void Send(const QByteArray& request);
-  // What has come in, at most as much as the step; empty for nothing.
+  // Takes up to 64 KiB of the bytes that have come in; empty for none.
   QByteArray Read();
-  // Nothing more will come.
+  // True when the connection has ended and all its bytes have been read.
   bool HasEnded() const;
   const HttpPlace& Place() const { return place_; }
-  // Where it leads, by its address; through a proxy, which alone knows the address, by its name.
+  // True if it leads into the user's own network: by its address, or by its name where a proxy finds the address.
   bool LeadsIntoPrivate() const { return leadsIntoPrivate_; }
 
  Q_SIGNALS:
   void Opened();
   void Readable();
-  // It could not be opened, or has ended in whatever way. What came before can still be read.
+  // The connection could not be opened, or has ended in whatever way. Bytes that came before can still be read.
   void Lost();
 
  private:
@@ -66,6 +67,6 @@ class UrlConnection : public QObject {
   bool isOpen_ = false;
   bool isLost_ = false;
   QList<QHostAddress> addresses_;  // not tried yet
-  QTimer patience_;                // with one of several addresses
+  QTimer patience_;                // with the present one of several addresses
   QTcpSocket* socket_ = nullptr;
 };

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the reads of one program may take, and which of them goes first. Given to UrlNetwork by its maker and read by
-// everything below it.
+// How much the reads of the program may take, and which of them goes first. Given to UrlNetwork by its maker and read
+// by everything below it.
 #pragma once
 
 #include <QtGlobal>
 #include <chrono>
 
-// What no server, and no number of servers, may exceed.
+// Limits that no server, and no number of servers, may exceed.
 struct UrlLimits {
-  std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte; a paused read's stands still
+  std::chrono::milliseconds stall = std::chrono::seconds(60);     // without a byte; not counted while a read is paused
   std::chrono::milliseconds deadline = std::chrono::minutes(10);  // in all, against a slow drip
   std::chrono::milliseconds idle = std::chrono::seconds(30);      // of an open connection that nobody reads from
   qint64 maxBody = 64LL * 1024 * 1024;                            // unpacked bytes of one answer

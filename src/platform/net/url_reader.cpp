@@ -8,9 +8,9 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr qint64 kHandOutMs = 4;
-// A handler is done with a small body when it returns. Large ones may be on their way to the disk: they are looked at
-// now and then until nobody else has them.
+constexpr qint64 kHandOutMs = 4;  // for which answers are handed out at a time
+// A handler is done with a small body when it returns. A large one may still be on its way to the disk, so a timer
+// looks now and then whether anybody else still holds it.
 constexpr qsizetype kLarge = 256LL * 1024;
 constexpr auto kLookEvery = 20ms;
 
@@ -85,7 +85,8 @@ void UrlNetwork::HandOut() {
   spent.start();
   while (!answers_.isEmpty() && spent.elapsed() < kHandOutMs) {
     const UrlAnswer answer = answers_.dequeue();
-    // Armed before the handler runs: it may open a message box, and the other answers must arrive behind that.
+    // The timer is started before the handler runs: the handler may open a message box, and the other answers must
+    // arrive while that is open.
     if (!answers_.isEmpty() && !handOut_.isActive()) handOut_.start(0);
     const QPointer<UrlNetwork> self(this);
     Raise(answer);
@@ -94,7 +95,7 @@ void UrlNetwork::HandOut() {
   }
 }
 
-// The body's bytes are free for others when the last of its readers has dropped them.
+// Gives a body's bytes back to the budget when the last of its readers has dropped them.
 void UrlNetwork::LetGo(const QByteArray& body) {
   if (body.size() < kLarge) return GiveBack(body.size());
   held_ += body;

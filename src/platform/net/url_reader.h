@@ -23,6 +23,7 @@ class CookieStore;
 class UrlReader;
 class UrlWorker;
 
+// The network thread, and what all reads share.
 class UrlNetwork : public QObject {
   Q_OBJECT
 
@@ -44,6 +45,7 @@ class UrlNetwork : public QObject {
  private:
   friend class UrlReader;
 
+  // Whom an answer is for.
   struct Asker {
     UrlReader* reader = nullptr;
     QString key;
@@ -71,10 +73,11 @@ class UrlNetwork : public QObject {
   // Answers wait here and are handed out a few milliseconds at a time: a page of them arrives at once.
   QQueue<UrlAnswer> answers_;
   QTimer handOut_;
-  QList<QByteArray> held_;  // handed out, and counted as long as somebody else has them
+  QList<QByteArray> held_;  // handed out, in the budget as long as somebody else holds them
   QTimer letGo_;
 };
 
+// The reads of one owner, by their keys.
 class UrlReader : public QObject {
   Q_OBJECT
 
@@ -82,15 +85,16 @@ class UrlReader : public QObject {
   explicit UrlReader(UrlNetwork& network, QObject* parent = nullptr);
   ~UrlReader() override;
 
-  // Begins a read; one pending under the same key is cancelled first and says nothing. Never answers before it returns.
+  // Begins a read. A read that is pending under the same key is cancelled first and raises no signal. Never answers
+  // before it returns.
   void Start(const QString& key, const QUrl& url, UrlPriority priority = UrlPriority::Page);
-  // Ends a read without a word; a key that is not pending is passed over.
+  // Ends a read, which then raises no signal; a key that is not pending is ignored.
   void Cancel(const QString& key);
   bool IsPending(const QString& key) const;
 
  Q_SIGNALS:
-  // max is 0 where the server did not tell the length, or told that of a packed body. Every 30 ms at the most, and
-  // once just before Done.
+  // Bytes: max of the whole body, 0 where the server announced none or those of a packed body; read so far. Every 30 ms
+  // at the most, and once just before Done.
   void Progress(const QString& key, qint64 max, qint64 read);
   // The whole body, whatever the HTTP status. The key is no longer pending when this is raised.
   void Done(const QString& key, const QByteArray& body);

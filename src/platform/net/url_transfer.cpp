@@ -95,7 +95,8 @@ void UrlTransfer::OnReadable() {
 
 void UrlTransfer::OnLost() {
   if (isPaused_) return;
-  // A server may close a connection that was idle just when it is used again: it has not seen the request.
+  // A server may close an idle connection at the moment when it is used again. It has not seen the request then, so the
+  // request is sent over a new connection.
   if (isUsed_ && !isHeard_ && connection_) {
     DropConnection();
     Ask({shared_.pool.TakeNew(HttpPlace(url_), wasPublic_), false});
@@ -104,7 +105,7 @@ void UrlTransfer::OnLost() {
   Pump();
 }
 
-// Takes what has come until there is nothing more, the budget is spent or the answer is at its end.
+// Reads what has come in until there is nothing more, the budget is spent or the answer is at its end.
 void UrlTransfer::Pump() {
   while (connection_ && !isPaused_) {
     if (used_ >= input_.size() && !(reader_ && reader_->IsPending())) {
@@ -119,7 +120,7 @@ void UrlTransfer::Pump() {
   Fail();
 }
 
-// False when the read has ended or gone elsewhere.
+// False when the read has ended or goes on at another address.
 bool UrlTransfer::TakeHead() {
   const QByteArrayView rest = QByteArrayView(input_).sliced(used_);
   const qsizetype length = HeadLength(rest, searched_);
@@ -200,7 +201,7 @@ bool UrlTransfer::Step() {
   return false;
 }
 
-// What a server does while nobody reads from it does not count against it.
+// Both time limits stand still: a server cannot send while nobody reads from it.
 void UrlTransfer::Pause() {
   isPaused_ = true;
   stall_.stop();
@@ -220,12 +221,12 @@ void UrlTransfer::OnWhole() {
   stall_.stop();
   deadline_.stop();
   TellProgress();
-  // From here on its reader answers for the body's bytes in the budget.
+  // From here on whoever takes Done gives the body's bytes back to the budget.
   const QByteArray body = std::exchange(body_, {});
   Q_EMIT Done(body);
 }
 
-// The redirect's own body is of no use; where it is there already, the connection is.
+// The redirect's own body is not used. If all of it has come in, the connection can be used again.
 void UrlTransfer::Follow() {
   QByteArray unread;
   while (used_ < input_.size() && unread.size() < kMostHead && reader_->Now() == HttpBody::State::More)
@@ -262,7 +263,7 @@ void UrlTransfer::DropConnection() {
   shared_.pool.Drop(connection);
 }
 
-// For the next read of its server, where the answer has left it in a known place.
+// Gives the connection back for the next read of its server if the answer has ended cleanly, else closes it.
 void UrlTransfer::ReleaseConnection() {
   if (!connection_) return;
   const bool isAtEnd = reader_->Now() == HttpBody::State::Whole && used_ == input_.size();
@@ -277,7 +278,7 @@ void UrlTransfer::TellProgress() {
   Q_EMIT Progress(ToldLength(), body_.size());
 }
 
-// Length of the body as the server told it; 0 where it did not, or where it told that of the packed one.
+// Length of the body as the server announced it; 0 where it announced none, or that of the packed body.
 qint64 UrlTransfer::ToldLength() const {
   if (!head_ || head_->isChunked || head_->packing != HttpHead::Packing::None) return 0;
   return std::max<qint64>(head_->length, 0);

@@ -17,11 +17,12 @@
 #include "platform/net/http_head.h"
 #include "platform/net/url_limits.h"
 
+// One read, whichever connection it uses at the time.
 class UrlTransfer : public QObject {
   Q_OBJECT
 
  public:
-  // What all reads share; it outlives them.
+  // The things that all reads share; they outlive the reads.
   struct Shared {
     ConnectionPool& pool;
     const UrlLimits& limits;
@@ -29,16 +30,16 @@ class UrlTransfer : public QObject {
     BodyBudget& budget;
   };
 
-  // mayGrow: asked with the size of the body so far before more is taken; after a no the read stands still until
-  // Resume.
+  // mayGrow: called with the size of the body so far before more of it is taken. If it returns false, the read is
+  // paused until Resume.
   UrlTransfer(const Shared& shared, std::function<bool(qint64 size)> mayGrow, QObject* parent = nullptr);
   ~UrlTransfer() override;
 
-  // The first address, or the one that Moved has told. Never answers before it returns.
+  // Reads the first address, or the target that Moved has handed out. Never answers before it returns.
   void Begin(const QUrl& url);
   bool IsPaused() const { return isPaused_; }
   void Resume();
-  // Ends the read without a word.
+  // Ends the read, which then raises no signal.
   void Stop();
 
  Q_SIGNALS:
@@ -78,18 +79,18 @@ class UrlTransfer : public QObject {
   const std::function<bool(qint64)> mayGrow_;
   QUrl url_;
   UrlConnection* connection_ = nullptr;
-  bool isUsed_ = false;   // the connection, by an earlier read
-  bool isHeard_ = false;  // the server, in answer to this request
+  bool isUsed_ = false;   // an earlier read has used the connection
+  bool isHeard_ = false;  // the server has begun to answer this request
   bool isPaused_ = false;
-  bool wasPublic_ = false;  // one of the servers so far
-  QTimer stall_;
-  QTimer deadline_;
+  bool wasPublic_ = false;                     // one of the servers so far was outside of the user's own network
+  QTimer stall_;                               // runs out when no byte comes
+  QTimer deadline_;                            // runs out when the read takes too long in all
   std::chrono::milliseconds deadlineRest_{0};  // while paused
   QElapsedTimer sinceProgress_;
-  QByteArray input_;  // came in and is not used up
+  QByteArray input_;  // has come in; the first used_ bytes are done
   qsizetype used_ = 0;
-  qsizetype searched_ = 0;  // of input_, for the end of a head
-  qsizetype headBytes_ = 0;
+  qsizetype searched_ = 0;   // bytes of input_ that hold no end of a head
+  qsizetype headBytes_ = 0;  // of this head and the interim ones before it
   std::optional<HttpHead> head_;
   std::unique_ptr<HttpBody> reader_;
   QByteArray body_;

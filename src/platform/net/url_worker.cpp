@@ -7,8 +7,9 @@
 
 namespace {
 
-constexpr int kKeptForUsers = 2;
-// Thumbs and pages go on while large bodies wait for room: 24 of these are not worth holding up a page for.
+constexpr int kKeptForUsers = 2;  // of the reads at once, for UrlPriority::User
+// A body may grow to this size even if the budget is spent, so that thumbs and pages go on while large bodies wait. All
+// 24 reads together take little memory with such bodies, and a page is not held up for that.
 constexpr qint64 kSmallBody = 1024LL * 1024;
 
 }  // namespace
@@ -16,7 +17,7 @@ constexpr qint64 kSmallBody = 1024LL * 1024;
 UrlWorker::UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Told told)
     : limits_(limits), budget_(budget), told_(std::move(told)), pool_(limits_, rules, this) {}
 
-// Before the pool goes that they give their connections back to.
+// Deletes the transfers before the pool to which they give their connections back.
 UrlWorker::~UrlWorker() {
   qDeleteAll(findChildren<UrlTransfer*>(Qt::FindDirectChildrenOnly));
 }
@@ -42,7 +43,7 @@ void UrlWorker::Drop(quint64 id) {
   if (const auto read = running_.constFind(id); read != running_.cend()) {
     UrlTransfer* transfer = read->transfer;
     Release(id);
-    // It may be the one that is just raising its answer.
+    // Not deleted at once: it may be the transfer that is just raising its answer.
     transfer->disconnect(this);
     transfer->Stop();
     transfer->deleteLater();
@@ -96,7 +97,7 @@ UrlTransfer* UrlWorker::MakeTransfer(quint64 id) {
   return transfer;
 }
 
-// The target's server may be busy with as many reads as it is to have.
+// The redirected read waits again, because the target's server may have as many reads as are allowed.
 void UrlWorker::Move(quint64 id, const QUrl& target) {
   const Running read = running_.value(id);
   Release(id);
@@ -115,7 +116,7 @@ void UrlWorker::Answer(const UrlAnswer& answer) {
 bool UrlWorker::MayGrow(quint64 id, qint64 size) {
   if (!budget_.IsSpent() || size < kSmallBody || running_.firstKey() == id) return true;
   budget_.SetWaiting(true);
-  // The reader may have let go of a body before it could see that somebody waits.
+  // Tested again: bytes that were given back just before SetWaiting() would resume nobody.
   if (budget_.IsSpent()) return false;
   return true;
 }
@@ -136,8 +137,8 @@ void UrlWorker::Release(quint64 id) {
   if (--busy_[read.host] <= 0) busy_.remove(read.host);
 }
 
-// Here at once, for the next step of a chain of redirects; the store decides what stays, as the user may just have
-// signed out.
+// Changes this thread's copy at once, for the next request of a chain of redirects. On the event loop the cookie store
+// decides what is kept, as the user may just have signed out.
 void UrlWorker::TakeCookiesOf(const QUrl& url, const QList<QNetworkCookie>& told) {
   if (cookies_.Renew(url, told)) told_.cookies(url, told);
 }

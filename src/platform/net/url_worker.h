@@ -19,11 +19,12 @@
 
 class UrlTransfer;
 
+// All reads of the program, waiting and running.
 class UrlWorker : public QObject {
   Q_OBJECT
 
  public:
-  // What is told is called on the network thread.
+  // Both are called on the network thread.
   struct Told {
     std::function<void(const UrlAnswer&)> answer;
     std::function<void(const QUrl&, const QList<QNetworkCookie>&)> cookies;
@@ -35,16 +36,18 @@ class UrlWorker : public QObject {
   void Add(quint64 id, const QUrl& url, UrlPriority priority);
   void Drop(quint64 id);
   void TakeCookies(const CookieList& cookies) { cookies_ = cookies; }
-  // The budget has room again.
+  // Lets paused reads go on, as bytes have been given back to the budget.
   void ResumePaused();
 
  private:
+  // A read that has not begun, or waits for the server that it was redirected to.
   struct Waiting {
     quint64 id = 0;
     QUrl url;
     UrlPriority priority = UrlPriority::Page;
-    UrlTransfer* transfer = nullptr;  // of one that waits for the target of its redirect
+    UrlTransfer* transfer = nullptr;  // of a redirected read; else null
   };
+  // A read that has begun.
   struct Running {
     UrlTransfer* transfer = nullptr;
     QString host;
@@ -67,7 +70,7 @@ class UrlWorker : public QObject {
   const Told told_;
   CookieList cookies_;
   ConnectionPool pool_;
-  QList<Waiting> waiting_;          // of users first, each kind in order
+  QList<Waiting> waiting_;          // those of users first, each kind in the order of their coming
   QMap<quint64, Running> running_;  // the oldest first
   QHash<QString, int> busy_;        // reads that run, by host
 };

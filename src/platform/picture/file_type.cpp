@@ -15,8 +15,8 @@ struct TypeWord {
   const char* type;
 };
 
-// The order decides, and a word counts wherever it stands: a JPEG with "gif" in a comment is a GIF here. Stations name
-// their files wrongly in many ways, and every other room relies on this one answer.
+// The first row wins whose word is found at any place of the bytes: a JPEG with "gif" in a comment is a GIF here.
+// Stations name their files wrongly in many ways, and every other module relies on this one answer.
 constexpr std::array<TypeWord, 12> kTypeWords{{{"gif", "gif"},
                                                {"jfif", "jpg"},
                                                {"jfxx", "jpg"},

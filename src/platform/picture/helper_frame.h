@@ -10,21 +10,21 @@
 
 namespace HelperLimits {
 inline constexpr qint64 kLine = 4096;                      // characters of a line with its LF
-inline constexpr qint64 kBodyBytes = 256LL * 1024 * 1024;  // that a line may announce at all
+inline constexpr qint64 kBodyBytes = 256LL * 1024 * 1024;  // the most that a line may announce
 }  // namespace HelperLimits
 
 // The line with its LF. No field may hold a tab or a line end.
 QByteArray FrameLine(const QList<QByteArray>& fields, qint64 bodyBytes);
-// How many bytes follow this line (with or without its LF); -1 where it is malformed.
+// Bytes of the body that follows this line (with or without its LF); -1 where the line is malformed.
 qint64 FrameBodyBytes(const QByteArray& line);
 
-// What the helper says once, when it is ready for its first job: a line of its own, without a body.
+// The line that the helper writes once, when it is ready for its first job; it has no body.
 QByteArray ReadyLine();
 
-// Takes the fields of a line one after the other and remembers whether every one of them was what it should be.
+// Reads the fields of a line one after the other, and remembers whether each of them was as expected.
 class FieldReader {
  public:
-  // count: of the fields, the count of bytes at the end among them.
+  // count: how many fields the line must have, with the count of bytes at its end.
   FieldReader(const QByteArray& line, qsizetype count);
   bool Good() const { return good_; }
   QByteArray Text();

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One job for a helper process and what comes back, as values. Made by whoever has work for a role (picture_job for
+// One job for a helper process and its answer, as values. Made by whoever has work for a role (picture_job for
 // `pictures`), done by helper_process.
 #pragma once
 
@@ -18,21 +18,21 @@ enum class HelperEnd {
   Killed        // by Kill(); the process is gone
 };
 
-// What came back.
+// The answer to one job.
 struct HelperAnswer {
   HelperEnd end = HelperEnd::Broken;
   QByteArray line;  // with its LF; of Answered only
   QByteArray body;
 };
 
-// One job. What the two functions touch must be safe beside the event loop: they run on the helper's own thread.
+// One job. Its two functions run on the helper's own thread, so whatever they touch must be safe there.
 struct HelperJob {
-  // Makes the frame when the job's turn has come; nothing: the job ends as NothingSent. The line has its LF and tells
-  // the body's size.
+  // What is sent to the helper. The line has its LF and tells the body's size.
   struct Frame {
     QByteArray line;
     QByteArray body;
   };
+  // Makes the frame when the job's turn has come; nothing: the job ends as NothingSent.
   std::function<std::optional<Frame>()> make;
   std::function<void(const HelperAnswer&)> then;  // before Answered is emitted; may be empty
   qint64 mostBytes = 0;                           // of the answer's body

@@ -142,8 +142,8 @@ void HelperPipe::Kill() {
   kill(pid, SIGKILL);
   Close(in_);
   Close(out_);
-  // One that is stuck in the kernel is left to itself; the system reaps it when the program ends. Kernels before 5.3
-  // have no such descriptor, there the wait has no end.
+  // A child that is stuck in the kernel is left to itself; the system reaps it when the program ends. Kernels before
+  // 5.3 have no such descriptor: there waitpid() waits without an end.
   pollfd ended{pidfd_, POLLIN, 0};
   if (pidfd_ < 0 || poll(&ended, 1, static_cast<int>(std::chrono::milliseconds(kLastWait).count())) > 0) {
     while (waitpid(pid, nullptr, 0) < 0 && errno == EINTR) {
@@ -186,7 +186,7 @@ bool HelperPipe::ReadReady() {
   return got > 0 && (ready_ || ReadyLine().startsWith(readyLine_));
 }
 
-// A child that went away while nobody looked, or on its start, is replaced once.
+// A child that ended while it was idle, or at its start, is replaced once.
 bool HelperPipe::BecomeReady(const std::function<bool()>& killed) {
   for (int attempt = 0; attempt < 2; ++attempt) {
     if (pid_ != 0 && ready_ && Poll(false, {}).readable) Kill();
@@ -215,7 +215,7 @@ HelperAnswer HelperPipe::Exchange(const HelperJob::Frame& frame, const HelperJob
   ++jobs_;
   const HelperEnd end = Pass(state, job, killed, overdue);
   if (end != HelperEnd::Answered) {
-    Kill();  // what state the child is in now is anyone's guess
+    Kill();  // the state of the child is unknown now
     state.answer = {};
   }
   state.answer.end = end;

@@ -25,19 +25,20 @@ class HelperPipe {
 
   // Starts a child where none runs. False where it cannot be started.
   bool Start();
-  // Until Wake(). A child that ends meanwhile, or says what nobody asked for, is dropped.
+  // Waits until Wake(). A child that ends meanwhile, or writes something that nobody asked for, is killed.
   void WaitIdle();
-  // Sends the frame and takes the answer's. killed is asked after each Wake(), overdue called once if it comes to that.
+  // Sends the frame and reads the answer's. killed is asked after each Wake(); overdue is called once when
+  // job.overdueAfter has passed.
   HelperAnswer Exchange(const HelperJob::Frame& frame, const HelperJob& job, const std::function<bool()>& killed,
                         const std::function<void()>& overdue);
   void Kill();
-  // The child has done so much that it should be replaced: whatever one picture may have done to it ends there.
+  // True when the child has done so much that it should be replaced: whatever a picture may have done to it then ends.
   bool IsWorn() const;
 
  private:
   using Time = std::chrono::steady_clock::time_point;
 
-  // What one exchange has come to.
+  // How far one exchange has come.
   struct State {
     const HelperJob::Frame& frame;
     qint64 mostBytes;
@@ -54,13 +55,13 @@ class HelperPipe {
   bool ReadReady();
   HelperEnd Pass(State& state, const HelperJob& job, const std::function<bool()>& killed,
                  const std::function<void()>& overdue);
-  // What a wait has seen.
+  // Why a wait has ended.
   struct Seen {
     bool woken = false;
     bool readable = false;
     bool writable = false;
   };
-  // Until something can be read (or, where asked for, written), Wake() or the moment.
+  // Waits until something can be read, or written if writing is set, until Wake(), or until that time.
   Seen Poll(bool writing, Time until);
   bool WriteSome(State& state);
   bool ReadSome(State& state);

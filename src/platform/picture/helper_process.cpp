@@ -65,7 +65,7 @@ bool HelperProcess::IsKilled(quint64 id) {
 }
 
 void HelperProcess::Run() {
-  // A write to a child that has died is an error here, not the program's end.
+  // Writing to a child that has died raises SIGPIPE. It is to be an error of the write, not the end of the program.
   sigset_t signals;
   sigemptyset(&signals);
   sigaddset(&signals, SIGPIPE);
@@ -106,7 +106,7 @@ void HelperProcess::Do(const HelperJob& job, quint64 id) {
   }
 }
 
-// On the event loop, as long as the job is still in hand there.
+// Runs what() on the event loop if the job is still in hand there.
 void HelperProcess::Tell(quint64 id, const std::function<void()>& what) {
   QMetaObject::invokeMethod(
       this,

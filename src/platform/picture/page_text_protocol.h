@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What passes between page_text_tool in the program and the decoder's role `text`, in the frames of helper_frame.
-//
-// A job:  id  bytes, then that many bytes: the page as it came.
-// Its answer:  id  done  bytes, then that many bytes: the page's text in UTF-8; done is 0 where there is no sandbox.
+// The frames (helper_frame) that pass between page_text_tool in the program and the decoder's role `text`.
 #pragma once
 
 #include <QByteArray>
 #include <optional>
 
+// How much of a page and of its text is read.
 namespace PageTextLimits {
 inline constexpr qint64 kPageBytes = 2 * 1024 * 1024;  // of a longer page the beginning is read
 // Of a text: it is searched some twenty times within one handler, so that a longer one, which no service has, would

@@ -78,6 +78,6 @@ void PageTextTool::OnAnswered() {
   const std::unique_ptr<Job> job = std::exchange(running_, nullptr);
   idle_.start(patience_.idle);
   HandOut();
-  // Last, as whoever hears it may ask again, or go.
+  // Called last, because it may begin another read or destroy this object.
   if (job->done) job->done(*job->text);
 }

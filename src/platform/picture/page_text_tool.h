@@ -35,13 +35,13 @@ class PageTextTool : public QObject {
 
   // Starts the process ahead of a page that is on its way.
   void WarmUp();
-  // page: bytes in Windows-1252, of which the first two megabytes count. Answers later through done, once, unless it is
-  // cancelled or context is gone by then. The result is for Cancel.
+  // Begins to turn a page into text. page: bytes in Windows-1252, of which the first two megabytes count. Calls done
+  // later, once, unless the read is cancelled or context has been destroyed by then. Returns a number for Cancel.
   quint64 Read(const QByteArray& page, QObject* context, Done done);
-  // Kills the process if it is at this page; a fresh one starts at once. A read that has been answered is passed over.
+  // Cancels a read. If the process is at this page, it is killed and a fresh one starts at once. A read that has been
+  // answered is ignored.
   void Cancel(quint64 read);
 
-  // 0 where none runs.
   qint64 ProcessId() const { return process_.ProcessId(); }
 
  private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a picture job answers, as values. Whoever asks picture_tool reads it; picture_job fills it in.
+// The answer to a picture job, as values. Whoever asks picture_tool reads it; picture_job fills it in.
 #pragma once
 
 #include <QImage>

@@ -21,8 +21,8 @@ namespace {
 
 constexpr qsizetype kSniffedBytes = 300;
 
-// Nothing for what is no plain file, is too large or cannot be read. A pipe that lies in the folder must not hold the
-// helper's thread, hence O_NONBLOCK.
+// Returns the bytes of a file; nothing where it is no plain file, is too large or cannot be read. O_NONBLOCK, because a
+// named pipe in the folder must not block the helper's thread.
 QByteArray ReadSource(const QString& path) {
   const int file = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
   if (file < 0) return {};
@@ -62,12 +62,11 @@ bool WriteAll(int file, const QByteArray& bytes) {
   return true;
 }
 
-// The new file or the old one, never a torn one: what could not be written and closed is removed. Nothing is held back
-// here that would have to be flushed, and nothing waits for the disk: a thumb can be made again, and a save that waits
-// would cost more than the decoding.
+// Leaves the new file or the old one, never a torn one: a file that could not be written and closed is removed. It does
+// not wait for the disk, because a thumb can be made again, and waiting would take longer than the decoding.
 bool StoreFile(const PictureTask& task, int part, const QByteArray& bytes) {
   if (bytes.isEmpty() || !IsBelow(task.target, task.dataDir)) return false;
-  // In front of the name, not behind it: whoever looks for "3-7.*" must not meet a half-written file.
+  // The mark of an unfinished file is in front of its name, not behind it: a search for "3-7.*" must not find it.
   const QFileInfo info(task.target);
   const QByteArray unfinished =
       QFile::encodeName(u"%1/.part-%2-%3"_s.arg(info.path(), QString::number(part), info.fileName()));
@@ -81,7 +80,7 @@ bool StoreFile(const PictureTask& task, int part, const QByteArray& bytes) {
   return false;
 }
 
-// The pixels stay where they came: each image is a window on the answer's bytes, which live as long as one of them.
+// The pixels are not copied: each image refers to the answer's bytes, which live as long as one of the images.
 bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer& answer) {
   qint64 at = 0;
   while (at < body.size()) {
@@ -131,6 +130,7 @@ void TakeAnswer(const PictureTask& task, int part, const HelperAnswer& given, Pi
   }
 }
 
+// The most bytes that an answer may have.
 qint64 MostBytes(const PictureRequest& request) {
   constexpr qint64 kHeads = PictureLimits::kFrames * qint64{sizeof(PictureFrameHead)};
   const qint64 box = qint64{request.box.width()} * request.box.height() * 4;

@@ -76,7 +76,7 @@ bool PictureQueue::CutsOff(quint64 id) {
   if (running == running_.end()) return false;
   Suspect(running->job.origin);
   if (OnlyShows(running->job) && !IsWanted(running->job)) return true;
-  if (running->slow) return false;  // it has its long try
+  if (running->slow) return false;  // a slow job has its second, long try
   const bool othersWait =
       std::any_of(waiting_.begin(), waiting_.end(), [&](const Entry& entry) { return !IsSlow(entry); });
   if (othersWait || SlowRunning() >= PictureTimes::kSlowHelpers) return true;
@@ -117,6 +117,6 @@ PictureQueue::Dropped PictureQueue::DropUnwanted() {
 
 void PictureQueue::Suspect(const QString& origin) {
   if (origin.isEmpty()) return;
-  if (suspects_.size() >= kMostSuspects) suspects_.clear();  // a list of all the world's hosts helps nobody
+  if (suspects_.size() >= kMostSuspects) suspects_.clear();  // a list of all the world's hosts helps nobody: begin anew
   suspects_.insert(origin);
 }

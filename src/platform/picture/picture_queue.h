@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Decides which picture job is done next, and what becomes of one that takes long: no decoder, no clock, no process.
-// picture_tool asks it. Times are given by the caller.
+// Decides which picture job is done next, and what becomes of a job that takes long. It has no decoder, no clock and no
+// process: picture_tool, which calls it, gives the times.
 #pragma once
 
 #include <QSet>
@@ -13,9 +13,10 @@
 
 #include "platform/picture/picture_options.h"
 
+// How long jobs may take, and how many helpers do them.
 namespace PictureTimes {
-inline constexpr std::chrono::milliseconds kFirstTry{250};   // then others that wait go first
-inline constexpr std::chrono::seconds kLongestStanding{30};  // that a job stands behind all others
+inline constexpr std::chrono::milliseconds kFirstTry{250};   // after this, other jobs that wait go first
+inline constexpr std::chrono::seconds kLongestStanding{30};  // behind all other jobs
 inline constexpr int kHelpers = 2;                           // that work at a time
 inline constexpr int kHelpersWhileSlow = 3;                  // while one of them is at a slow job
 inline constexpr int kSlowHelpers = kHelpersWhileSlow - 1;   // so that one is always left for the others
@@ -25,7 +26,7 @@ inline constexpr int kSlowHelpers = kHelpersWhileSlow - 1;   // so that one is a
 struct QueuedPicture {
   quint64 id = 0;
   PicturePriority priority = PicturePriority::Usual;
-  QString origin;                // its host, or what stands for it; empty: nothing is known
+  QString origin;                // its host or, without one, its path; empty: neither is known
   QString target;                // the file that it stores; empty where it only shows
   std::function<bool()> wanted;  // may be empty
 };
@@ -38,29 +39,30 @@ class PictureQueue {
   void Add(QueuedPicture job, Time now);
   // The job that a free helper begins now; nothing where none may begin.
   std::optional<quint64> Begin(Time now);
-  // The running job has taken longer than its first try. True: it is killed and, where it is still wanted, put last for
-  // a second try; false: nobody needs its helper, it goes on.
+  // Called when the running job has taken longer than its first try. True: its helper is to be killed, and the job, if
+  // it is still wanted, put last for a second try; false: no other job needs the helper, it goes on.
   bool CutsOff(quint64 id);
-  // The running job's helper was killed as CutsOff() said.
+  // Called when the running job's helper was killed as CutsOff() said: puts the job behind the others.
   void PutLast(quint64 id, Time now);
-  // The running job has ended; quick: within its first try.
+  // Called when the running job has ended. quick: within its first try.
   void End(quint64 id, bool quick);
-  // Jobs that only show and are no longer wanted leave the queue. Those that run are named, too: their helpers are
-  // killed where they are slow.
+  // Jobs that only show and are no longer wanted. Those that waited have left the queue; those that run are slow ones,
+  // whose helpers are to be killed.
   struct Dropped {
     std::vector<quint64> waiting;
     std::vector<quint64> running;
   };
   Dropped DropUnwanted();
-  // Its jobs wait behind all others until one of its pictures has been done quickly.
+  // The jobs of this origin wait behind all others until one of its pictures has been done quickly.
   void Suspect(const QString& origin);
 
  private:
+  // A job in the queue.
   struct Entry {
     QueuedPicture job;
     Time added;
     bool again = false;  // its first try was cut off
-    bool slow = false;   // of a running one: may take long
+    bool slow = false;   // running, and may take long
   };
 
   bool IsSlow(const Entry& entry) const;

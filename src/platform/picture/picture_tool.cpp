@@ -30,7 +30,7 @@ struct PictureTool::Job {
   std::shared_ptr<PictureAnswer> answer;  // of the present try
   const HelperProcess* helper = nullptr;  // while it runs
   bool overdue = false;
-  bool cutOff = false;  // its helper has been told to end, so that others can go first
+  bool cutOff = false;  // its helper is being killed, so that others can go first
 
   void Answer(const PictureAnswer& given) const {
     if (context && done) done(given);
@@ -56,7 +56,7 @@ void PictureTool::WarmUp() {
 
 void PictureTool::Measure(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
   PictureTask task = Task(PictureVerb::Measure, {}, {}, {});
-  // More than the tool would take goes out as nothing, which is no picture either.
+  // A body that is too large for the tool is sent as an empty one, which is no picture either.
   if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
   Add(std::move(task), context, std::move(done), options, PicturePriority::Usual);
 }
@@ -125,7 +125,7 @@ void PictureTool::HandOut() {
   }
 }
 
-// A running process is preferred to a start.
+// Prefers a process that runs to starting another one.
 size_t PictureTool::FreeHelper() const {
   size_t chosen = helpers_.size();
   for (size_t i = 0; i < helpers_.size(); ++i) {
@@ -201,7 +201,7 @@ void PictureTool::OnAnswered(HelperProcess* helper, HelperEnd end) {
   }
   queue_.End(id, end == HelperEnd::Answered && !running->overdue);
   const std::unique_ptr<Job> job = std::move(jobs_.extract(id).mapped());
-  HandOut();  // first: the process works while the answer is looked at
+  HandOut();  // before the answer, so that the process has its next job already
   // The third process is worth its memory only while something is slow.
   if (jobs_.empty() && helpers_.back()->ProcessId() > 0) helpers_.back()->Kill();
   job->Answer(*job->answer);

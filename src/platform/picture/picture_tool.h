@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Drives omni-perch-decoder in its role `pictures`: what strangers sent is decoded there. Two processes of it run,
-// started at need; one that dies or takes too long is replaced and costs its own job and nothing else.
+// Drives omni-perch-decoder in its role `pictures`, in which all pictures of strangers are decoded. Two processes of it
+// run, started at need; one that dies or takes too long is replaced and costs its own job and nothing else. The intake,
+// the cells, the tips and the lookup call it.
 #pragma once
 
 #include <QByteArray>
@@ -52,16 +53,17 @@ class PictureTool : public QObject {
   // file.
   void Convert(const QString& source, const QString& target, QObject* context, Done done,
                const PictureOptions& options = {});
-  // What the thumbnail cell's picture control can load: GIF with all its frames, BMP, and JPEG of 24 bits. Anything
-  // else that decodes fails with type, size and depth told, so that the caller can repair it. Scaled down to fit box.
+  // Loads what the thumbnail cell's picture control can load: GIF with all its frames, BMP, and JPEG of 24 bits. Any
+  // other picture fails even if it decodes; its answer has type, size and depth, so that the caller can convert it.
+  // Scaled down to fit box (pixels).
   void Load(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
-  // Any picture that decodes, scaled down to fit box.
+  // Loads any picture that decodes, scaled down to fit box (pixels).
   void View(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
 
   // The host has flooded a read, or done worse: its pictures wait behind all others until one of them was done quickly.
   void Suspect(const QString& host);
 
-  // Of the processes that run now, for whoever watches them.
+  // Ids of the processes that run now, by which a test can watch them.
   QList<qint64> ProcessIds() const;
 
  private:
@@ -72,7 +74,7 @@ class PictureTool : public QObject {
   void Begin(size_t helper, quint64 id);
   void DropUnwanted();
   size_t FreeHelper() const;
-  // The job at which this helper is; null where there is none.
+  // The job that this helper has in hand; null where it has none.
   Job* JobOf(const HelperProcess* helper) const;
   void OnOverdue(HelperProcess* helper);
   void OnAnswered(HelperProcess* helper, HelperEnd end);

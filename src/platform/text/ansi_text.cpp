@@ -12,7 +12,7 @@ constexpr QStringView kHighCharacters =
 constexpr char16_t kFirstHigh = 0x80;
 constexpr char16_t kFirstLatin = 0xA0;
 
-// 0 for a character that the code page lacks.
+// The byte of a character; 0 if the code page lacks it.
 char AnsiByte(QChar c) {
   const char16_t code = c.unicode();
   if (code < kFirstHigh || (code >= kFirstLatin && code <= 0xFF)) return static_cast<char>(code);
@@ -20,6 +20,7 @@ char AnsiByte(QChar c) {
   return high < 0 ? '\0' : static_cast<char>(kFirstHigh + high);
 }
 
+// The byte of a character or of its letter without the accent; "?" if the code page has neither.
 char NearestByte(QChar c) {
   const char exact = AnsiByte(c);
   if (exact != '\0' || c.isNull()) return exact;

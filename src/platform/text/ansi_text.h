@@ -6,7 +6,8 @@
 #include <QByteArrayView>
 #include <QString>
 
-// Windows-1252, one byte a character; an accent that the code page lacks is dropped, any other stranger becomes "?".
+// The text in Windows-1252, one byte a character. An accented letter that the code page lacks loses its accent; any
+// other character that it lacks becomes "?".
 QByteArray AnsiBytes(const QString& text);
-// The five bytes that the code page leaves undefined stand for themselves.
+// The text of bytes in Windows-1252. The five bytes that it does not define become the characters of the same number.
 QString AnsiText(QByteArrayView bytes);

@@ -5,7 +5,8 @@
 
 #include <QString>
 
-// Leading number of a text: blanks passed over, sign, digits and point up to the first other character; 0 when none.
+// Leading number of a text: blanks are skipped, then sign, digits and point up to the first other character; 0 for
+// none.
 double Val(const QString& text);
 bool HasLeadingNumber(const QString& text);
 // The whole text is a number that Val reads without a rest; blanks around it do not count.

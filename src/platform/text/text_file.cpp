@@ -36,7 +36,7 @@ QString DecodeText(const QByteArray& bytes, CodePage fallback) {
   if (bytes.isValidUtf8()) {
     const QByteArrayView text =
         bytes.startsWith(kUtf8Mark) ? QByteArrayView(bytes).sliced(kUtf8Mark.size()) : QByteArrayView(bytes);
-    // Only the one mark is dropped here; a second one is text.
+    // This flag keeps a mark: the one at the start has been cut off above, a second one is text.
     QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::ConvertInitialBom);
     return utf8.decode(text);
   }
