@@ -1,15 +1,47 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a cell shows: pictures of every type, error boxes, blanked calls, ages; and that a site that misbehaves costs
 // its own cell and nothing else.
+#include <malloc.h>
+
 #include <QImageReader>
 #include <QSignalSpy>
 #include <QTest>
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/allocator_interface.h>
+#endif
 
+#include "gif_writer.h"
+#include "page/page_view.h"
 #include "page_fixture.h"
 #include "platform/text/text_file.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+// Bytes that this process has allocated and not freed.
+qint64 AllocatedBytes() {
+#if defined(__SANITIZE_ADDRESS__)
+  return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
+#else
+  const struct mallinfo2 info = mallinfo2();
+  return static_cast<qint64>(info.uordblks + info.hblkhd);
+#endif
+}
+
+// Frames of one colour each, 30 ms apart.
+QByteArray PlainGif(int frames, QSize size) {
+  QList<QImage> images;
+  for (int i = 0; i < frames; ++i) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(QColor(i == 0 ? 255 : 0, i, 0));
+    images.append(image);
+  }
+  return WriteGif(images, 3);
+}
+
+}  // namespace
 
 class TestThumbGrid : public QObject {
   Q_OBJECT
@@ -221,6 +253,88 @@ class TestThumbGrid : public QObject {
     f.logic->grid.ShowNotFound(0, 0, false);
     QCOMPARE(f.CellOf(0).lblCall, captionOfError);
     QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colourOfError);
+  }
+
+  // The largest animations give way, in time and not in length; what is left out is out of memory, too.
+  void AnimationsShareOneBudget() {
+    constexpr int kSlots = 6;  // four large animations, a small one and a still
+    constexpr int kFrames = 64;
+    constexpr QSize kSize(220, 160);
+    constexpr qint64 kMiB = 1024LL * 1024;
+    PageFixture f;
+    f.Start();
+    PictureCells& cells = f.logic->grid.Parts();
+    QStringList paths;
+    for (const QByteArray& gif : {PlainGif(kFrames, kSize), PlainGif(8, QSize(40, 30)), PlainGif(1, kSize)}) {
+      paths.append(f.folder.filePath(QString::number(paths.size())));
+      QFile file(paths.last());
+      QVERIFY(file.open(QIODevice::WriteOnly) && file.write(gif) == gif.size());
+    }
+    const qint64 before = AllocatedBytes();
+    for (const qint64 budget : {8 * kMiB, 1LL}) {
+      cells.SetFrameBudget(budget);
+      int shown = 0;
+      for (int slot = 0; slot < kSlots; ++slot) {
+        cells.Show(slot, {.path = paths.at(std::max(slot - 3, 0)), .sharpPath = {}, .host = {}, .anew = true},
+                   [&shown](CellResult result) { shown += result == CellResult::Shown ? 1 : 0; });
+      }
+      QTRY_COMPARE(shown, kSlots);
+      qint64 bytes = 0;
+      for (int slot = 0; slot < kSlots; ++slot) {
+        const Cell& cell = f.CellOf(slot);
+        bytes += FrameBytes(cell.frames);
+        const bool still = budget == 1 || slot == 5;
+        QCOMPARE(cell.animated, !still);
+        QCOMPARE(cell.frames.first().image.pixelColor(9, 9), QColor(255, 0, 0));
+        std::chrono::milliseconds length{0};
+        for (const PictureFrame& frame : cell.frames) length += frame.delay;
+        QCOMPARE(length.count(), still ? 0 : slot == 4 ? 8 * 30 : kFrames * 30);
+        if (slot == 4) QCOMPARE(cell.frames.size(), still ? 1 : 8);
+      }
+      QVERIFY(budget == 1 || bytes <= budget);
+      // The thumbs of six stills and what else a page needs.
+      const qint64 grown = AllocatedBytes() - before;
+      QVERIFY2(grown < std::max(budget, bytes) + 2 * kMiB, QByteArray::number(grown).constData());
+    }
+  }
+
+  void TheFromLabelNeedsACall_data() {
+    QTest::addColumn<bool>("weather");
+    QTest::addColumn<QByteArray>("tail");
+    QTest::addColumn<QString>("label");
+    QTest::addColumn<QString>("painted");
+    QTest::newRow("a call") << false << "AB1CD * EP snr -3 *03:15:2026 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
+    QTest::newRow("none") << false << " * EP snr -3 *03:15:2026 10:30"_ba << u"From "_s << QString();
+    QTest::newRow("a call after one star") << false << "AB1CD * at 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
+    QTest::newRow("weather") << true << "AB1CD * EP snr -3 *03:15:2026 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
+    QTest::newRow("weather, none") << true << " * EP snr -3 *03:15:2026 10:30"_ba << u"From "_s << QString();
+    QTest::newRow("weather, one star") << true << "AB1CD * at 10:30"_ba << QString() << QString();
+    QTest::newRow("weather, no time") << true << "AB1CD * EP snr -3 * today"_ba << QString() << QString();
+  }
+
+  void TheFromLabelNeedsACall() {
+    QFETCH(bool, weather);
+    QFETCH(QByteArray, tail);
+    PageFixture f;
+    if (weather) {
+      SiteRec site;
+      Station& station = f.band.AddStation(u"ZZ7WX"_s);
+      station.SetFile(u"radar.jpg"_s, PlainPicture(tail));
+      site.Call = u"Radar"_s;
+      site.Url = station.Base() + u"/radar.jpg"_s;
+      site.PageSlots.fill(u"1"_s);
+      f.program.sites.WxSites.append(site);
+      f.program.page.CurrentPage = PageState::WxPage;
+    } else {
+      f.AddSite(u"ZZ1AA"_s).SetPicture(PlainPicture(tail));
+    }
+    f.Start();
+    PageView view(f.program, f.logic->grid, nullptr);
+    f.logic->grid.MakeGrid(f.program.config.ThumbLayout);
+    f.logic->poll.FirstPoll();
+    QTRY_VERIFY(f.HasPicture(0));
+    QTEST(f.CellOf(0).lblFrom, "label");
+    QTEST(view.CellAt(0)->Shown().lblFrom, "painted");
   }
 };
 

@@ -80,7 +80,15 @@ bool StoreFile(const PictureTask& task, int part, const QByteArray& bytes) {
   return false;
 }
 
-// The pixels are not copied: each image refers to the answer's bytes, which live as long as one of the images.
+// An image whose pixels stay where they came: it is a window on the answer's bytes, which live as long as it does.
+QImage WindowOn(const QByteArray& body, qint64 at, const PictureFrameHead& head) {
+  auto* owner = new QByteArray(body);
+  return QImage(
+      reinterpret_cast<const uchar*>(owner->constData()) + at, head.width, head.height, qsizetype{head.width} * 4,
+      head.opaque != 0 ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied,
+      [](void* bytesOfImage) { delete static_cast<QByteArray*>(bytesOfImage); }, owner);
+}
+
 bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer& answer) {
   qint64 at = 0;
   while (at < body.size()) {
@@ -94,13 +102,10 @@ bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer
         head.height > PictureLimits::kBoxSide || head.delay < 0 || bytes > body.size() - at) {
       return false;
     }
-    auto* owner = new QByteArray(body);
-    const QImage image(
-        reinterpret_cast<const uchar*>(owner->constData()) + at, head.width, head.height, qsizetype{head.width} * 4,
-        head.opaque != 0 ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied,
-        [](void* bytesOfImage) { delete static_cast<QByteArray*>(bytesOfImage); }, owner);
+    const QImage window = WindowOn(body, at, head);
     at += bytes;
-    answer.frames.append({image, std::chrono::milliseconds(head.delay)});
+    // A page with many animations leaves frames out: those have pixels of their own, which go out of memory with them.
+    answer.frames.append({reply.frames > 1 ? window.copy() : window, std::chrono::milliseconds(head.delay)});
   }
   return answer.frames.size() == reply.frames && !answer.frames.isEmpty();
 }
