@@ -14,7 +14,7 @@ class BrowserWindows : public QObject {
  public:
   using QObject::QObject;
 
-  // Opens a window of its own on a page, or raises the one of that title as it is. The cookies that the pages set go
+  // Opens a window of its own on a page, or raises the window of that title as it is. The cookies that the pages set go
   // into the store, and the store's go to the pages. http and https only.
   virtual void OpenPage(const QString& title, const QUrl& url) = 0;
   // Ends a sign-in: closes the windows of the site, and removes what its pages and those that its windows have led

@@ -12,7 +12,7 @@
 // before the application object and before the store.
 class WebLibrary {
  public:
-  // libraryFolder: where the program itself lies; profileFolder: made at need, for the user alone.
+  // libraryFolder: the program's own folder; profileFolder: made at need, for the user alone.
   WebLibrary(QString libraryFolder, QString profileFolder, CookieStore& cookies);
   ~WebLibrary();
 

@@ -128,7 +128,7 @@ void MapChooser::PlaceList() {
 void MapChooser::Choose(int index) {
   list_.hide();
   if (index < 0) {
-    Q_EMIT Left();
+    Q_EMIT Dismissed();
   } else {
     Q_EMIT Chosen(index);
   }

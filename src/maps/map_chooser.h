@@ -31,7 +31,7 @@ class MapChooser : public QWidget {
  Q_SIGNALS:
   void Chosen(int index);
   // The list was closed without a choice.
-  void Left();
+  void Dismissed();
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

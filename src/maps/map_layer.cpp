@@ -56,7 +56,7 @@ const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
   const QSize size = (QSizeF(frame) * style_.ratio).toSize();
   const QPoint offset = (QPointF(place) * style_.ratio).toPoint();
   if (frame_.size() != size) {
-    MakeRoom(size);
+    GrowImage(size);
     frame_ = QRect(QPoint(0, 0), size);
     stale_ = true;
   }
@@ -72,13 +72,13 @@ const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
   return image_;
 }
 
-void MapLayer::MakeRoom(const QSize& size) {
+void MapLayer::GrowImage(const QSize& size) {
   const QSize room = image_.size().expandedTo(size);
   if (room != image_.size()) image_ = QImage(room, QImage::Format_RGB32);
 }
 
 void MapLayer::Prepare(const QSize& frame) {
-  MakeRoom((QSizeF(frame) * style_.ratio).toSize());
+  GrowImage((QSizeF(frame) * style_.ratio).toSize());
   image_.fill(style_.back);
   stale_ = true;
   QPainter painter(&image_);

@@ -36,15 +36,15 @@ class MapLayer {
   const QImage& Picture() const { return picture_; }
   const MapOverlay& Overlay() const { return overlay_; }
 
-  // The frame with the picture at place (pixels of the map): the first frame * ratio device pixels of the image, which
-  // may be larger.
+  // Returns an image whose upper left part, frame * ratio device pixels, shows the frame with the picture at place
+  // (pixels of the map). The image may be larger than that.
   const QImage& Frame(const QSize& frame, const QPoint& place);
   // Allocates the memory for frames up to that size and loads the fonts, so that the first frame does not wait for
   // them.
   void Prepare(const QSize& frame);
 
  private:
-  void MakeRoom(const QSize& size);
+  void GrowImage(const QSize& size);
   QRegion Shift(const QPoint& by);
   void Compose(const QRect& part);
   void ComposePicture(const QRect& part);
@@ -62,7 +62,7 @@ class MapLayer {
   MapOverlay overlay_;
   MapStyle style_;
   bool smoothLines_ = true;
-  QImage image_;   // as large as the largest frame so far: fresh memory costs more than painting
+  QImage image_;   // as large as the largest frame so far: fresh memory takes longer than painting
   QRect frame_;    // the part of it that is used
   QPoint offset_;  // of the picture in image_, device pixels
   bool stale_ = true;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The maps that the program has a formula for. The formulas, the projection and every map window speak of them by
-// these values.
+// The maps for which the program has a formula. The formulas, the projection and every map window name them by these
+// values.
 #pragma once
 
 // None: a picture of the user's own, upon which nothing can be placed.

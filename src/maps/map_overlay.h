@@ -31,7 +31,7 @@ struct MapOverlay {
     double width = 2;  // of the rim; a filled one has none
     bool filled = false;
   };
-  // A text on a ground of its own, with or without a frame around it.
+  // A text on a background of its own, with or without a frame around it.
   struct Label {
     QString name;  // of the control, such as "lblCall(0)"; handed out with a click
     QString text;  // lines parted by CR LF

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The nine maps and their calibrated formulas: which map shows a position best, and where on its picture the position
-// lies. Every map window draws by it, and the pictures themselves are drawn by it.
+// lies. Every map window places its stations by it, and tools/maps draws the pictures by the same formulas.
 #pragma once
 
 #include <QLatin1String>

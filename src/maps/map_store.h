@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the maps, read from the user's folder beside the event loop. All map windows share one store, so that
-// a map that has been shown is at hand when it is asked for again.
+// a map that has been shown is still in memory when it is asked for again.
 #pragma once
 
 #include <QDateTime>

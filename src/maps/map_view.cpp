@@ -135,7 +135,7 @@ void MapView::UpdateCursor(const QPoint& pointer) {
   const bool clickable = label >= 0 && Overlay().labels.at(label).clickable;
   Qt::CursorShape shape = fit_.PanX || fit_.PanY ? Qt::OpenHandCursor : Qt::ArrowCursor;
   if (clickable) shape = Qt::PointingHandCursor;
-  if (held_) shape = Qt::ClosedHandCursor;
+  if (dragPoint_) shape = Qt::ClosedHandCursor;
   if (cursor().shape() != shape) setCursor(shape);
 }
 
@@ -144,21 +144,21 @@ void MapView::mousePressEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   pressedLabel_ = LabelAt(place);
   // A press on a label does not drag the picture below it.
-  if (pressedLabel_ < 0 && picInner().contains(place) && (fit_.PanX || fit_.PanY)) held_ = place - fit_.place;
+  if (pressedLabel_ < 0 && picInner().contains(place) && (fit_.PanX || fit_.PanY)) dragPoint_ = place - fit_.place;
   UpdateCursor(place);
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
-  if (held_ && event->buttons().testFlag(Qt::LeftButton) && fit_.DragTo(place - *held_)) {
-    TakePan();
+  if (dragPoint_ && event->buttons().testFlag(Qt::LeftButton) && fit_.DragTo(place - *dragPoint_)) {
+    StorePan();
   }
   UpdateCursor(place);
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
-  held_.reset();
+  dragPoint_.reset();
   const QPoint place = event->position().toPoint();
   const qsizetype label = std::exchange(pressedLabel_, -1);
   UpdateCursor(place);
@@ -174,10 +174,10 @@ void MapView::wheelEvent(QWheelEvent* event) {
 }
 
 void MapView::PanBy(const QPoint& step) {
-  if (fit_.PanBy(step, HiddenRows())) TakePan();
+  if (fit_.PanBy(step, HiddenRows())) StorePan();
 }
 
-void MapView::TakePan() {
+void MapView::StorePan() {
   middle_ = fit_.Middle(HiddenRows());
   update();
   Q_EMIT Panned(fit_.place.x(), fit_.place.y());
@@ -211,7 +211,7 @@ void MapView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Home:
       if (!home_) return;
       fit_.KeepInView(*home_, homeRoom_);
-      TakePan();
+      StorePan();
       middle_.reset();
       return;
     case Qt::Key_Return:

@@ -67,7 +67,7 @@ class MapView : public QWidget, public MapLabels {
   void UpdateStyle();
   void UpdateCursor(const QPoint& pointer);
   void PanBy(const QPoint& step);
-  void TakePan();
+  void StorePan();
   bool PanByKey(int key, Qt::KeyboardModifiers modifiers);
   void FocusLabel(qsizetype index);
   void ShowLabel(qsizetype index);
@@ -80,8 +80,8 @@ class MapView : public QWidget, public MapLabels {
   MapFit fit_;
   std::optional<QPointF> home_;
   int homeRoom_ = 0;
-  std::optional<QPointF> middle_;  // point of the picture in the middle of what is seen, once the user has moved it
-  std::optional<QPoint> held_;     // point of the picture where the left button went down
-  qsizetype pressedLabel_ = -1;    // label under the left button
+  std::optional<QPointF> middle_;    // point of the picture in the middle of what is seen, once the user has moved it
+  std::optional<QPoint> dragPoint_;  // point of the picture where the left button went down
+  qsizetype pressedLabel_ = -1;      // label under the left button
   qsizetype focused_ = -1;
 };

@@ -45,7 +45,7 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
   lblMapInfo1_.setAlignment(Qt::AlignCenter);
 
   connect(&maps_, &MapChooser::Chosen, this, &MapWindow::ChooseMap);
-  connect(&maps_, &MapChooser::Left, this, [this]() { picOuter_->setFocus(); });
+  connect(&maps_, &MapChooser::Dismissed, this, [this]() { picOuter_->setFocus(); });
   connect(&cmdClose_, &QToolButton::clicked, this, &QWidget::close);
   connect(picOuter_, &MapView::Panned, this, &MapWindow::StoreOffsets);
   connect(picOuter_, &MapView::LabelClicked, this,
@@ -93,8 +93,8 @@ void MapWindow::ShowTexts() {
 void MapWindow::Redraw_Map() {
   ShowTexts();
   maps_.SetMaps(program_.lstMap, mapIndex_);
-  store_.Read(program_.lstMap.value(mapIndex_), this, [this, read = ++reads_](const MapPicture& picture) {
-    if (read == reads_) Display_Map(picture);
+  store_.Read(program_.lstMap.value(mapIndex_), this, [this, token = picture_.Ask()](const MapPicture& picture) {
+    if (token.StillWanted()) Display_Map(picture);
   });
   if (!testAttribute(Qt::WA_WState_Polished)) PrepareFirstShow();
 }
@@ -227,6 +227,6 @@ void MapWindow::changeEvent(QEvent* event) {
 
 void MapWindow::closeEvent(QCloseEvent* event) {
   // A picture that is still being read would show the closed window again before it is deleted.
-  ++reads_;
+  picture_.Withdraw();
   BaseWindow::closeEvent(event);
 }

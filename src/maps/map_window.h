@@ -12,6 +12,7 @@
 #include "maps/map_chooser.h"
 #include "maps/map_store.h"
 #include "maps/map_view.h"
+#include "platform/wanted.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
 
@@ -75,7 +76,7 @@ class MapWindow : public BaseWindow {
 
   MapStore& store_;
   int mapIndex_ = -1;
-  int reads_ = 0;        // of pictures asked for; only the last one's answer counts
+  Wanted picture_;       // only the answer to the last read counts
   QString shownFile_;    // the map whose picture is shown
   bool failed_ = false;  // the present map's file could not be read
   QString info_;

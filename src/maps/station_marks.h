@@ -5,7 +5,7 @@
 
 #include "maps/map_overlay.h"
 
-// Fills an overlay; things lie upon each other in the order of the calls, as MapOverlay tells.
+// Fills an overlay with marks. Of two marks of a kind the later one lies on top (see MapOverlay).
 class StationMarks {
  public:
   explicit StationMarks(const MapSurface& surface) : surface_(surface) {}

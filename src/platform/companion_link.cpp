@@ -31,7 +31,7 @@ CompanionLink::CompanionLink(const QString& socketDir, QObject* parent)
 }
 
 CompanionLink::~CompanionLink() {
-  HangUp();
+  CloseConnections();
 }
 
 QString CompanionLink::DefaultSocketDir() {
@@ -51,18 +51,18 @@ bool CompanionLink::Listen() {
 }
 
 // Ends all connections without reading what they have still sent.
-void CompanionLink::HangUp() {
+void CompanionLink::CloseConnections() {
   server_.close();
-  const QHash<QLocalSocket*, Rest> rests = std::exchange(rests_, {});
-  for (auto rest = rests.keyBegin(); rest != rests.keyEnd(); ++rest) {
-    (*rest)->disconnect(this);
-    (*rest)->abort();
-    (*rest)->deleteLater();
+  const QHash<QLocalSocket*, PartialLine> partialLines = std::exchange(partialLines_, {});
+  for (auto socket = partialLines.keyBegin(); socket != partialLines.keyEnd(); ++socket) {
+    (*socket)->disconnect(this);
+    (*socket)->abort();
+    (*socket)->deleteLater();
   }
 }
 
 void CompanionLink::SendClosed() {
-  HangUp();
+  CloseConnections();
   QDeadlineTimer patience(kClosedPatienceMs);
   QLocalSocket companion;
   companion.connectToServer(socketDir_ + u"/tv-echo-form1"_s, QIODevice::WriteOnly);
@@ -76,11 +76,11 @@ void CompanionLink::SendClosed() {
 void CompanionLink::Accept() {
   while (QLocalSocket* socket = server_.nextPendingConnection()) {
     socket->setReadBufferSize(kReadAtOnce);
-    rests_.insert(socket, {});
+    partialLines_.insert(socket, {});
     connect(socket, &QLocalSocket::readyRead, this, [this, socket]() { Read(socket); });
     connect(socket, &QLocalSocket::disconnected, this, [this, socket]() {
       Read(socket);
-      rests_.remove(socket);
+      partialLines_.remove(socket);
       socket->deleteLater();
     });
     // For bytes that arrived before the connects above no readyRead is raised.
@@ -89,22 +89,22 @@ void CompanionLink::Accept() {
 }
 
 void CompanionLink::Read(QLocalSocket* socket) {
-  Rest& rest = rests_[socket];
+  PartialLine& partial = partialLines_[socket];
   QList<QByteArray> lines;
   while (socket->bytesAvailable() > 0) {
     const QByteArray bytes = socket->read(kReadAtOnce);
     qsizetype start = 0;
     for (qsizetype end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
-      rest.bytes += bytes.sliced(start, end - start);
-      if (!rest.tooLong && rest.bytes.size() <= kLongestLine) lines += rest.bytes;
-      rest = {};
+      partial.bytes += bytes.sliced(start, end - start);
+      if (!partial.tooLong && partial.bytes.size() <= kLongestLine) lines += partial.bytes;
+      partial = {};
       start = end + 1;
     }
-    if (!rest.tooLong) rest.bytes += bytes.sliced(start);
-    if (rest.bytes.size() > kLongestLine) rest = {{}, true};
+    if (!partial.tooLong) partial.bytes += bytes.sliced(start);
+    if (partial.bytes.size() > kLongestLine) partial = {{}, true};
   }
-  // Raised after the loop: a handler may do anything, even lead to a further Read(), and rest would then no longer be
-  // valid.
+  // Raised after the loop: a handler may do anything, even lead to a further Read(), and partial would then no longer
+  // be valid.
   for (const QByteArray& line : lines) TakeLine(line);
 }
 

@@ -33,17 +33,17 @@ class CompanionLink : public QObject {
 
  private:
   // The bytes that a companion has sent of a line that has not ended yet.
-  struct Rest {
+  struct PartialLine {
     QByteArray bytes;
     bool tooLong = false;  // what is left of this line is skipped
   };
 
-  void HangUp();
+  void CloseConnections();
   void Accept();
   void Read(QLocalSocket* socket);
   void TakeLine(const QByteArray& line);
 
   QString socketDir_;
   QLocalServer server_;
-  QHash<QLocalSocket*, Rest> rests_;
+  QHash<QLocalSocket*, PartialLine> partialLines_;
 };

@@ -42,7 +42,7 @@ class Wanted {
   }
   // Another token of the present chain.
   Token Present() const { return Token(now_); }
-  // Whatever is under way is no longer wanted.
+  // Voids all tokens: answers that are under way are no longer wanted.
   void Withdraw() {
     if (now_ != nullptr) ++*now_;  // null in an object that was moved from
   }

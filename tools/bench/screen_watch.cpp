@@ -37,7 +37,7 @@ using Ticks = std::chrono::steady_clock;
 using std::chrono::milliseconds;
 
 constexpr std::size_t kRowStep = 4;  // only every fourth row is compared: that takes well under a millisecond
-constexpr milliseconds kLook{2};
+constexpr milliseconds kCompareEvery{2};
 constexpr milliseconds kPatience{60000};
 
 // The mapped screen. Of the header of its X window dump only these fields are needed; they are big-endian words.
@@ -83,11 +83,11 @@ class Watch {
   Watch(const Screen& screen, std::size_t top) : screen_(screen), top_(top) {
     last_.resize(RowBytes() * screen_.Height());
     changedAt_.resize(SpotsInRow() * (screen_.Height() / kSpot + 1));
-    Look(Ticks::time_point());
+    Compare(Ticks::time_point());
   }
 
   // Compares the screen with the copy. True where anything differs.
-  bool Look(Ticks::time_point now) {
+  bool Compare(Ticks::time_point now) {
     bool changed = false;
     for (std::size_t y = top_; y < screen_.Height(); y += kRowStep) {
       std::uint8_t* kept = last_.data() + y * RowBytes();
@@ -220,9 +220,9 @@ int main(int argc, char** argv) {
   int status = 0;
   bool ended = false;
   while (!ended && !full) {
-    std::this_thread::sleep_for(kLook);
+    std::this_thread::sleep_for(kCompareEvery);
     const Ticks::time_point now = Ticks::now();
-    if (watch.Look(now)) {
+    if (watch.Compare(now)) {
       lastChange = now;
       open = true;
     } else if (open && now - lastChange > quiet) {

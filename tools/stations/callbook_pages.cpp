@@ -167,7 +167,7 @@ QByteArray Callook(const QString& call, const Operator* person) {
 }
 
 QByteArray HamcallPerson(const Operator& person) {
-  // The name begins a paragraph and ends with a comma. Behind the town stands a mark of three characters.
+  // The name begins a paragraph and ends with a comma. A mark of three characters follows the town.
   QByteArray body = "<P>" + Html(person.name) + ", " + Html(person.call) + "<BR>\n" + Html(person.street) + "<BR>\n" +
                     Html(person.town) + "<A HREF=\"#map\">[m]</A><BR>\n" + Html(person.country) + "</P>\n<P>\n";
   if (!person.licence.isEmpty()) body += "License Class: " + Html(person.licence) + "<BR>\n";

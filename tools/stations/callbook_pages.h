@@ -14,7 +14,7 @@ enum class Callbook { eHam, QRZ, QRZCQ, Callook, HamCall };
 // The page of a call, as bytes of Windows-1252. person: nullptr for a call that nobody has. A service that has nothing
 // on the person gives the same page as for nobody.
 QByteArray CallPage(Callbook service, const QString& call, const Operator* person, bool signedIn);
-// The page that a user comes to, which tells whether somebody is signed in.
+// The front page of a service, which says whether somebody is signed in.
 QByteArray FrontPage(Callbook service, bool signedIn);
 // The form of a sign-in; failed: after a wrong password.
 QByteArray LoginPage(Callbook service, bool failed);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Keeps the browser profile's cookies and the program's own alike, in both directions. web_pages owns it.
+// Keeps the cookies of the browser profile and the program's own cookies equal, in both directions. web_pages owns it.
 #pragma once
 
 #include <QList>

@@ -33,27 +33,27 @@ bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMa
   // Documents that a page writes into its own frames.
   const QString scheme = url.scheme();
   if (!isMainFrame && (scheme == "about"_L1 || scheme == "data"_L1 || scheme == "blob"_L1)) return true;
-  if (isMainFrame) Q_EMIT Told(tr("Not opened: %1").arg(url.toDisplayString().left(200)));
+  if (isMainFrame) Q_EMIT Notice(tr("Not opened: %1").arg(url.toDisplayString().left(200)));
   return false;
 }
 
 QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&) {
-  Q_EMIT Told(tr("Pages get no files here."));
+  Q_EMIT Notice(tr("Pages get no files here."));
   return {};
 }
 
 // A message box would hold up the whole program for the sake of a page: its text is shown in the window instead.
 void WebPage::javaScriptAlert(const QUrl&, const QString& text) {
-  Q_EMIT Told(text.simplified());
+  Q_EMIT Notice(text.simplified());
 }
 
 bool WebPage::javaScriptConfirm(const QUrl&, const QString& text) {
-  Q_EMIT Told(tr("Answered with no: %1").arg(text.simplified()));
+  Q_EMIT Notice(tr("Answered with no: %1").arg(text.simplified()));
   return false;
 }
 
 bool WebPage::javaScriptPrompt(const QUrl&, const QString& text, const QString&, QString*) {
-  Q_EMIT Told(tr("Not answered: %1").arg(text.simplified()));
+  Q_EMIT Notice(tr("Not answered: %1").arg(text.simplified()));
   return false;
 }
 
@@ -68,7 +68,7 @@ void WebPage::RefuseCertificate(const QWebEngineCertificateError& error) {
   QWebEngineCertificateError(error).rejectCertificate();
   Q_EMIT Distrusted(error.url().host());
   const QString what = error.url().host() + u": "_s + error.description();
-  Q_EMIT Told(tr("Refused, its certificate does not hold: %1").arg(what));
+  Q_EMIT Notice(tr("Refused, its certificate does not hold: %1").arg(what));
 }
 
 // A link that would open a window goes on in this one. A script that opens windows unasked opens none.

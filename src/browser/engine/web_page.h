@@ -9,7 +9,7 @@
 class QWebEngineCertificateError;
 class QWebEngineNewWindowRequest;
 
-// http or https, and a host.
+// True for an http or https address with a host.
 bool IsWebUrl(const QUrl& url);
 
 // One page, which refuses all else.
@@ -23,7 +23,7 @@ class WebPage : public QWebEnginePage {
   // The page goes to another address, or a server redirects it there.
   void Visits(const QUrl& url);
   // Something that the page wanted was refused, or it would have opened a message box; text: one line for the user.
-  void Told(const QString& text);
+  void Notice(const QString& text);
   // A server of that host has no valid certificate.
   void Distrusted(const QString& host);
 

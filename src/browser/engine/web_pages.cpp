@@ -47,7 +47,8 @@ BrowserPages::BrowserPages(const QString& profileFolder, WebPort& port) : port_(
   profile_ = std::make_unique<QWebEngineProfile>(u"omni-perch"_s);
   profile_->setPersistentStoragePath(profileFolder);
   profile_->setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
-  // The program's own cookie file is the one that lasts; a second one would bring back what a sign-out has removed.
+  // Only the program's own cookie file lasts from run to run: a file of the engine would bring back cookies that a
+  // sign-out has removed.
   profile_->setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
   connect(profile_.get(), &QWebEngineProfile::downloadRequested, this, &BrowserPages::RefuseDownload);
   cookies_ = std::make_unique<ProfileCookies>(*profile_, port_);
@@ -130,7 +131,7 @@ void BrowserPages::SyncCookies() {
 void BrowserPages::RefuseDownload(QWebEngineDownloadRequest* request) {
   request->cancel();
   auto* page = qobject_cast<WebPage*>(request->page());
-  if (page) Q_EMIT page->Told(tr("Not saved: %1").arg(request->suggestedFileName()));
+  if (page) Q_EMIT page->Notice(tr("Not saved: %1").arg(request->suggestedFileName()));
 }
 
 extern "C" Q_DECL_EXPORT WebPages* OmniWebMakePages(const QString& profileFolder, WebPort& port) {

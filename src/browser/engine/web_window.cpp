@@ -53,7 +53,7 @@ WebWindow::WebWindow(const QString& title, QWebEngineProfile* profile)
   message_->setMargin(4);
   message_->hide();
 
-  connect(page_, &WebPage::Told, this, &WebWindow::Tell);
+  connect(page_, &WebPage::Notice, this, &WebWindow::ShowNotice);
   connect(page_, &WebPage::Visits, this, [this](const QUrl& url) { Q_EMIT Visits(asked_, url); });
   connect(page_, &WebPage::Distrusted, this, &WebWindow::OnDistrusted);
   connect(page_, &QWebEnginePage::urlChanged, this, &WebWindow::ShowAddress);
@@ -158,10 +158,10 @@ void WebWindow::OnLoadStarted() {
 }
 
 void WebWindow::OnProcessEnded() {
-  Tell(tr("The page has stopped. Reload shows it again."));
+  ShowNotice(tr("The page has stopped. Reload shows it again."));
 }
 
-void WebWindow::Tell(const QString& text) {
+void WebWindow::ShowNotice(const QString& text) {
   constexpr qsizetype kMostText = 400;
   message_->setText(text.left(kMostText));
   message_->setAccessibleName(message_->text());

@@ -36,14 +36,14 @@ class WebWindow : public QWidget {
 
  private:
   void MakeBar(QBoxLayout* bar);
-  // Every word of the window in the present language.
+  // Shows every text of the window in the present language.
   void ShowTexts();
   void ShowAddress(const QUrl& url);
   void ShowMenu(const QPoint& at);
   void OnDistrusted(const QString& host);
   void OnLoadStarted();
   void OnProcessEnded();
-  void Tell(const QString& text);
+  void ShowNotice(const QString& text);
 
   QString title_;
   QUrl asked_;          // the page that the window was opened on

@@ -22,14 +22,14 @@ bool IsNameLetter(char c) {
          static_cast<uchar>(c) >= 0x80;
 }
 
-char Small(char c) {
+char LowerCase(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c;
 }
 
 // Sorts without regard to case: old pages mix the cases of a class and its rule.
 bool ComesBefore(std::string_view one, std::string_view other) {
   return std::lexicographical_compare(one.begin(), one.end(), other.begin(), other.end(),
-                                      [](char a, char b) { return Small(a) < Small(b); });
+                                      [](char a, char b) { return LowerCase(a) < LowerCase(b); });
 }
 
 QLatin1StringView Latin(std::string_view text) {
@@ -60,7 +60,7 @@ class WordFinder {
   size_t Find(std::string_view page, size_t from) const {
     for (size_t at = from + word_.size() - 1; at < page.size(); at += word_.size()) {
       if (!isInWord_[static_cast<uchar>(page[at])]) continue;
-      const char letter = Small(page[at]);
+      const char letter = LowerCase(page[at]);
       // A letter that the word has twice may be at either place.
       for (size_t place = word_.find(letter); place != kNowhere; place = word_.find(letter, place + 1))
         if (IsAt(page, at - place)) return at - place;
@@ -72,7 +72,7 @@ class WordFinder {
   bool IsAt(std::string_view page, size_t at) const {
     if (at + word_.size() > page.size()) return false;
     for (size_t i = 0; i < word_.size(); ++i)
-      if (Small(page[at + i]) != word_[i]) return false;
+      if (LowerCase(page[at + i]) != word_[i]) return false;
     return true;
   }
 
@@ -171,7 +171,7 @@ bool StyleScan::IsNamedInSheets(std::string_view value) const {
 bool StyleScan::Matters(const TagScanner::Attribute& attribute, GumboTag tag) const {
   const QByteArrayView name = attribute.name;
   const std::string_view source(attribute.source.data(), static_cast<size_t>(attribute.source.size()));
-  switch (Small(name.front())) {
+  switch (LowerCase(name.front())) {
     case 's':
       return IsName(name, "style") && CanBeSeen(source);
     case 'e':

@@ -42,7 +42,7 @@ class PageWalk {
 
  private:
   // Index of the next child of one kind. It is kept, because it is asked for behind every child.
-  struct Ahead {
+  struct NextOfKind {
     unsigned child = 0;
     bool isKnown = false;
   };
@@ -53,9 +53,9 @@ class PageWalk {
     unsigned next;  // index of the child that is visited next
     ElementStyle style;
     bool hasSummary = false;  // of closed details: a summary has been shown
-    Ahead row = {};
-    Ahead cell = {};
-    Ahead sectionWithRow = {};
+    NextOfKind row = {};
+    NextOfKind cell = {};
+    NextOfKind sectionWithRow = {};
   };
 
   void Visit(const GumboNode* node) {
@@ -125,12 +125,12 @@ class PageWalk {
 
   // True if a child from parent.next on fits. Each child is tested once, however often this is called.
   template <typename Fits>
-  static bool IsAhead(const Open& parent, Ahead* ahead, Fits fits) {
-    if (ahead->isKnown && ahead->child >= parent.next) return ahead->child < ChildrenOf(parent.element).length;
+  static bool IsAhead(const Open& parent, NextOfKind* next, Fits fits) {
+    if (next->isKnown && next->child >= parent.next) return next->child < ChildrenOf(parent.element).length;
     const GumboVector& children = ChildrenOf(parent.element);
     unsigned at = parent.next;
     while (at < children.length && !fits(static_cast<const GumboNode*>(children.data[at]))) ++at;
-    *ahead = {at, true};
+    *next = {at, true};
     return at < children.length;
   }
 

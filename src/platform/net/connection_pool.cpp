@@ -4,9 +4,9 @@
 #include <algorithm>
 
 ConnectionPool::ConnectionPool(const UrlLimits& limits, const AddressRules& rules, QObject* parent)
-    : QObject(parent), limits_(limits), rules_(rules), old_(this) {
-  old_.setSingleShot(true);
-  connect(&old_, &QTimer::timeout, this, &ConnectionPool::CloseOld);
+    : QObject(parent), limits_(limits), rules_(rules), idleTimer_(this) {
+  idleTimer_.setSingleShot(true);
+  connect(&idleTimer_, &QTimer::timeout, this, &ConnectionPool::CloseExpired);
 }
 
 ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPublic) {
@@ -17,31 +17,31 @@ ConnectionPool::Taken ConnectionPool::Take(const HttpPlace& place, bool onlyPubl
     if (onlyPublic && connection->LeadsIntoPrivate()) continue;
     connection->disconnect(this);
     idle_.removeAt(i);
-    ++taken_;
+    ++inUse_;
     return {connection, true};
   }
   return {TakeNew(place, onlyPublic), false};
 }
 
 UrlConnection* ConnectionPool::TakeNew(const HttpPlace& place, bool onlyPublic) {
-  ++taken_;
+  ++inUse_;
   CloseSurplus();
   return new UrlConnection(place, rules_, onlyPublic, this);
 }
 
 void ConnectionPool::GiveBack(UrlConnection* connection) {
   if (connection->HasEnded()) return Drop(connection);
-  --taken_;
+  --inUse_;
   idle_ += {connection, QDeadlineTimer(limits_.idle)};
   // An idle connection that ends, or on which the server sends something that nobody has asked for, is dropped.
   connect(connection, &UrlConnection::Lost, this, [this, connection]() { DropIdle(connection); });
   connect(connection, &UrlConnection::Readable, this, [this, connection]() { DropIdle(connection); });
   CloseSurplus();
-  if (!old_.isActive()) old_.start(limits_.idle);
+  if (!idleTimer_.isActive()) idleTimer_.start(limits_.idle);
 }
 
 void ConnectionPool::Drop(UrlConnection* connection) {
-  --taken_;
+  --inUse_;
   connection->deleteLater();
 }
 
@@ -52,13 +52,13 @@ void ConnectionPool::DropIdle(UrlConnection* connection) {
 }
 
 void ConnectionPool::CloseSurplus() {
-  while (!idle_.isEmpty() && taken_ + idle_.size() > limits_.maxSockets) DropIdle(idle_.first().connection);
+  while (!idle_.isEmpty() && inUse_ + idle_.size() > limits_.maxSockets) DropIdle(idle_.first().connection);
 }
 
-void ConnectionPool::CloseOld() {
+void ConnectionPool::CloseExpired() {
   while (!idle_.isEmpty() && idle_.first().until.hasExpired()) DropIdle(idle_.first().connection);
   if (idle_.isEmpty()) return;
   using std::chrono::milliseconds;
   const auto rest = std::chrono::ceil<milliseconds>(idle_.first().until.remainingTimeAsDuration());
-  old_.start(std::max(rest, milliseconds(1)));
+  idleTimer_.start(std::max(rest, milliseconds(1)));
 }

@@ -41,11 +41,11 @@ class ConnectionPool : public QObject {
 
   void DropIdle(UrlConnection* connection);
   void CloseSurplus();
-  void CloseOld();
+  void CloseExpired();
 
   const UrlLimits limits_;
   const AddressRules& rules_;
   QList<Idle> idle_;     // in the order in which they were given back
-  qsizetype taken_ = 0;  // connections in use
-  QTimer old_;
+  qsizetype inUse_ = 0;  // connections in use
+  QTimer idleTimer_;
 };

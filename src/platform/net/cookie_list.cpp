@@ -120,9 +120,9 @@ bool CookieList::RemoveOf(const QString& host) {
   return cookies_.removeIf(isOfSite) > 0;
 }
 
-bool CookieList::Renew(const QUrl& url, const QList<QNetworkCookie>& told) {
+bool CookieList::Renew(const QUrl& url, const QList<QNetworkCookie>& received) {
   bool changed = false;
-  for (const QNetworkCookie& cookie : told) changed = RenewOne(url, cookie) || changed;
+  for (const QNetworkCookie& cookie : received) changed = RenewOne(url, cookie) || changed;
   return changed;
 }
 

@@ -15,7 +15,7 @@ class CookieList {
   static constexpr qsizetype kMostCookies = 200;
   static constexpr qsizetype kMostBytes = 8 * 1024;  // of one cookie as a line of the file
 
-  QList<QNetworkCookie> All() const;  // without the expired
+  QList<QNetworkCookie> All() const;  // those that have not expired
   // The cookies that a request for the address carries, the longest path first.
   QList<QNetworkCookie> For(const QUrl& url) const;
   // The same cookies as the value of a request's Cookie header; empty for none.
@@ -30,7 +30,7 @@ class CookieList {
   bool RemoveOf(const QString& host);
   // Takes the cookies that a server sent with the page at url. It may renew, replace or expire cookies of a host or
   // domain that has some here already; a cookie of any other host is ignored.
-  bool Renew(const QUrl& url, const QList<QNetworkCookie>& told);
+  bool Renew(const QUrl& url, const QList<QNetworkCookie>& received);
 
  private:
   bool RenewOne(const QUrl& url, QNetworkCookie cookie);

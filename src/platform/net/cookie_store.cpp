@@ -80,7 +80,7 @@ void CookieStore::Remove(const QNetworkCookie& cookie) {
 
 void CookieStore::RemoveOf(const QUrl& url) {
   bool changed = list_.RemoveOf(url.host());
-  const QList<QUrl> visited = trail_.Of(url);
+  const QList<QUrl> visited = trail_.VisitedFrom(url);
   for (const QUrl& origin : visited) changed = list_.RemoveOf(origin.host()) || changed;
   trail_.Remove(url);
   Finish(changed);
@@ -95,8 +95,8 @@ void CookieStore::Apply(const QList<CookieChange>& changes) {
   Finish(changed);
 }
 
-void CookieStore::Renew(const QUrl& url, const QList<QNetworkCookie>& told) {
-  Finish(list_.Renew(url, told));
+void CookieStore::Renew(const QUrl& url, const QList<QNetworkCookie>& received) {
+  Finish(list_.Renew(url, received));
 }
 
 // A full disk loses a sign-in for the next run only: in this run the list goes on, and the next change writes all of

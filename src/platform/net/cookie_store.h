@@ -23,8 +23,8 @@ class CookieStore : public QObject {
   Q_OBJECT
 
  public:
-  // Reads the file "cookies" in the data folder; a missing or broken one is no cookies. One that cannot be read is
-  // never written over: what is added then lasts as long as the program.
+  // Reads the file "cookies" in the data folder; a missing or broken file gives no cookies. A file that exists but
+  // cannot be read is never overwritten: cookies that are added then last as long as the program runs.
   explicit CookieStore(const QString& appDataDir, QObject* parent = nullptr);
 
   // All cookies that have not expired. Session cookies outlive the program, because a sign-in is to last.
@@ -41,12 +41,12 @@ class CookieStore : public QObject {
   // the next cookie: a host that sets none leaves nothing to remove.
   void NoteVisit(const QUrl& site, const QUrl& visited) { trail_.Add(site, visited); }
   // Scheme, host and port of the hosts whose cookies RemoveOf would remove besides those of site.
-  QList<QUrl> VisitedFrom(const QUrl& site) const { return trail_.Of(site); }
+  QList<QUrl> VisitedFrom(const QUrl& site) const { return trail_.VisitedFrom(site); }
   // Makes the changes in their order and writes the file once.
   void Apply(const QList<CookieChange>& changes);
   // Takes the cookies that a server sent with the page at url. Only hosts and domains that have cookies here may change
   // theirs.
-  void Renew(const QUrl& url, const QList<QNetworkCookie>& told);
+  void Renew(const QUrl& url, const QList<QNetworkCookie>& received);
 
  Q_SIGNALS:
   // Raised when the file has been written: whole or not at all, readable by the user alone.

@@ -20,9 +20,9 @@ class HttpBody {
   ~HttpBody();
   Q_DISABLE_COPY_MOVE(HttpBody)
 
-  // Takes some of the bytes, adds what they hold to out, and returns how many were taken: some, unless the body is
-  // whole or broken. A step may take none and still have added something; go on until input is taken and Pending is
-  // false.
+  // Takes bytes of input, appends what they hold (unpacked) to out, and returns how many were taken. A step may take
+  // none and still have appended something: call it until all of input is taken and IsPending is false, or the body is
+  // whole or broken.
   qsizetype Step(QByteArrayView input, QByteArray& out);
   // True if the unpacker holds more than the last step could add.
   bool IsPending() const { return isPending_; }

@@ -31,7 +31,7 @@ HttpHead::Packing PackingOf(QByteArrayView value) {
   return IsName(value, "deflate") ? HttpHead::Packing::Deflate : HttpHead::Packing::None;
 }
 
-// "HTTP/1.1 200 OK"
+// Reads a status line such as "HTTP/1.1 200 OK". False where it is none.
 bool TakeStatusLine(QByteArrayView line, HttpHead& head) {
   if (line.size() < 12 || !line.startsWith("HTTP/1.") || line[8] != ' ') return false;
   const std::optional<qint64> status = LengthOf(line.sliced(9, 3));

@@ -16,7 +16,7 @@ struct HttpHead {
   int status = 0;
   bool isKeepAlive = false;
   bool isChunked = false;
-  qint64 length = -1;  // of the body as it is sent; -1 where it is not told
+  qint64 length = -1;  // of the body as it is sent; -1: not announced
   Packing packing = Packing::None;
   QByteArray location;
   QList<QNetworkCookie> cookies;

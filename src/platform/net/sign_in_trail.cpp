@@ -41,7 +41,7 @@ SignInTrail::Site& SignInTrail::SiteOf(const QString& host) {
   return sites_.last();
 }
 
-QList<QUrl> SignInTrail::Of(const QUrl& site) const {
+QList<QUrl> SignInTrail::VisitedFrom(const QUrl& site) const {
   QList<QUrl> visited;
   for (const Site& one : sites_)
     if (one.host == site.host()) visited = one.visited;

@@ -19,7 +19,7 @@ class SignInTrail {
   void Add(const QUrl& site, const QUrl& visited);
   // Scheme, host and port of the servers where the windows of the site have been, without the site itself and without
   // sites that have had windows of their own: the user has signed in to these for their own sake.
-  QList<QUrl> Of(const QUrl& site) const;
+  QList<QUrl> VisitedFrom(const QUrl& site) const;
   void Remove(const QUrl& site);
 
   // The trail as lines of the cookie file, one for each step. They begin with the mark, as no cookie does.

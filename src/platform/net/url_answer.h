@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the network thread tells the program about one read.
+// The messages of the network thread to the program about one read.
 #pragma once
 
 #include <QByteArray>

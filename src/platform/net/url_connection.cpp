@@ -64,7 +64,7 @@ void UrlConnection::Open() {
 void UrlConnection::OpenThrough(const QNetworkProxy& proxy) {
   QHostAddress literal;
   leadsIntoPrivate_ = literal.setAddress(place_.host) ? rules_.IsPrivate(literal) : !place_.host.contains(u'.');
-  if (onlyPublic_ && leadsIntoPrivate_) return TellLost();
+  if (onlyPublic_ && leadsIntoPrivate_) return EmitLost();
   MakeSocket(proxy);
   Connect(place_.host);
 }
@@ -79,7 +79,7 @@ void UrlConnection::TakeAddresses(const QHostInfo& found) {
 void UrlConnection::TryNext() {
   patience_.stop();
   if (onlyPublic_) addresses_.removeIf([this](const QHostAddress& address) { return rules_.IsPrivate(address); });
-  if (addresses_.isEmpty()) return TellLost();
+  if (addresses_.isEmpty()) return EmitLost();
   const QHostAddress address = addresses_.takeFirst();
   leadsIntoPrivate_ = rules_.IsPrivate(address);
   if (!addresses_.isEmpty()) patience_.start();
@@ -120,14 +120,14 @@ void UrlConnection::OnOpened() {
 }
 
 void UrlConnection::OnLost() {
-  if (isOpen_ || addresses_.isEmpty()) return TellLost();
+  if (isOpen_ || addresses_.isEmpty()) return EmitLost();
   // Queued, because TryNext() replaces the socket that is raising this signal.
   socket_->disconnect(this);
   QMetaObject::invokeMethod(this, &UrlConnection::TryNext, Qt::QueuedConnection);
 }
 
 // Queued, so that Lost is never raised within Open() or Read().
-void UrlConnection::TellLost() {
+void UrlConnection::EmitLost() {
   if (std::exchange(isLost_, true)) return;
   QMetaObject::invokeMethod(this, &UrlConnection::Lost, Qt::QueuedConnection);
 }

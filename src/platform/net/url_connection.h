@@ -58,7 +58,7 @@ class UrlConnection : public QObject {
   void Connect(const QString& host);
   void OnOpened();
   void OnLost();
-  void TellLost();
+  void EmitLost();
 
   const HttpPlace place_;
   const AddressRules& rules_;

@@ -19,5 +19,6 @@ struct UrlLimits {
   int maxSockets = 40;
 };
 
-// A read for which a user is waiting begins before all others, and two of the reads at once are kept for such.
+// User: a read for which a user is waiting. It begins before all others, and two of the reads at once are kept for such
+// reads.
 enum class UrlPriority { Page, User };

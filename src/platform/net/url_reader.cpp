@@ -11,29 +11,29 @@ namespace {
 constexpr qint64 kHandOutMs = 4;  // for which answers are handed out at a time
 // A handler is done with a small body when it returns. A large one may still be on its way to the disk, so a timer
 // looks now and then whether anybody else still holds it.
-constexpr qsizetype kLarge = 256LL * 1024;
-constexpr auto kLookEvery = 20ms;
+constexpr qsizetype kLargeBody = 256LL * 1024;
+constexpr auto kReleaseEvery = 20ms;
 
 }  // namespace
 
 UrlNetwork::UrlNetwork(const UrlLimits& limits, std::shared_ptr<const AddressRules> rules, QObject* parent)
     : QObject(parent), rules_(std::move(rules)), budget_(limits.maxMemory) {
-  const UrlWorker::Told told{.answer =
-                                 [this](const UrlAnswer& answer) {
-                                   QMetaObject::invokeMethod(
-                                       this, [this, answer]() { Take(answer); }, Qt::QueuedConnection);
-                                 },
-                             .cookies =
-                                 [this](const QUrl& url, const QList<QNetworkCookie>& cookies) {
-                                   QMetaObject::invokeMethod(
-                                       this, [this, url, cookies]() { RenewCookies(url, cookies); },
-                                       Qt::QueuedConnection);
-                                 }};
-  worker_ = new UrlWorker(limits, *rules_, budget_, told);
+  const UrlWorker::Callbacks callbacks{.answer =
+                                           [this](const UrlAnswer& answer) {
+                                             QMetaObject::invokeMethod(
+                                                 this, [this, answer]() { Take(answer); }, Qt::QueuedConnection);
+                                           },
+                                       .cookies =
+                                           [this](const QUrl& url, const QList<QNetworkCookie>& cookies) {
+                                             QMetaObject::invokeMethod(
+                                                 this, [this, url, cookies]() { RenewCookies(url, cookies); },
+                                                 Qt::QueuedConnection);
+                                           }};
+  worker_ = new UrlWorker(limits, *rules_, budget_, callbacks);
   handOut_.setSingleShot(true);
   connect(&handOut_, &QTimer::timeout, this, &UrlNetwork::HandOut);
-  letGo_.setInterval(kLookEvery);
-  connect(&letGo_, &QTimer::timeout, this, &UrlNetwork::LetGoOfHeld);
+  releaseTimer_.setInterval(kReleaseEvery);
+  connect(&releaseTimer_, &QTimer::timeout, this, &UrlNetwork::ReleaseUnused);
   worker_->moveToThread(&thread_);
   connect(&thread_, &QThread::finished, worker_, &QObject::deleteLater);
   thread_.setObjectName(QStringLiteral("network"));
@@ -57,8 +57,8 @@ void UrlNetwork::PassCookies() {
       worker_, [worker = worker_, list = cookies_->List()]() { worker->TakeCookies(list); }, Qt::QueuedConnection);
 }
 
-void UrlNetwork::RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told) {
-  if (cookies_) cookies_->Renew(url, told);
+void UrlNetwork::RenewCookies(const QUrl& url, const QList<QNetworkCookie>& received) {
+  if (cookies_) cookies_->Renew(url, received);
 }
 
 quint64 UrlNetwork::Begin(UrlReader* reader, const QString& key, const QUrl& url, UrlPriority priority) {
@@ -91,26 +91,26 @@ void UrlNetwork::HandOut() {
     const QPointer<UrlNetwork> self(this);
     Raise(answer);
     if (!self) return;
-    if (answer.kind == UrlAnswer::Kind::Done) LetGo(answer.body);
+    if (answer.kind == UrlAnswer::Kind::Done) ReleaseBody(answer.body);
   }
 }
 
 // Gives a body's bytes back to the budget when the last of its readers has dropped them.
-void UrlNetwork::LetGo(const QByteArray& body) {
-  if (body.size() < kLarge) return GiveBack(body.size());
-  held_ += body;
-  if (!letGo_.isActive()) letGo_.start();
+void UrlNetwork::ReleaseBody(const QByteArray& body) {
+  if (body.size() < kLargeBody) return GiveBack(body.size());
+  bodiesInUse_ += body;
+  if (!releaseTimer_.isActive()) releaseTimer_.start();
 }
 
-void UrlNetwork::LetGoOfHeld() {
+void UrlNetwork::ReleaseUnused() {
   qint64 bytes = 0;
-  held_.removeIf([&bytes](const QByteArray& body) {
+  bodiesInUse_.removeIf([&bytes](const QByteArray& body) {
     if (!body.isDetached()) return false;
     bytes += body.size();
     return true;
   });
   if (bytes > 0) GiveBack(bytes);
-  if (held_.isEmpty()) letGo_.stop();
+  if (bodiesInUse_.isEmpty()) releaseTimer_.stop();
 }
 
 void UrlNetwork::GiveBack(qint64 bytes) {

@@ -54,12 +54,12 @@ class UrlNetwork : public QObject {
   quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url, UrlPriority priority);
   void End(quint64 id);
   void PassCookies();
-  void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& told);
+  void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& received);
   void Take(const UrlAnswer& answer);
   void HandOut();
   void Raise(const UrlAnswer& answer);
-  void LetGo(const QByteArray& body);
-  void LetGoOfHeld();
+  void ReleaseBody(const QByteArray& body);
+  void ReleaseUnused();
   void GiveBack(qint64 bytes);
 
   const std::shared_ptr<const AddressRules> rules_;
@@ -73,8 +73,8 @@ class UrlNetwork : public QObject {
   // Answers wait here and are handed out a few milliseconds at a time: a page of them arrives at once.
   QQueue<UrlAnswer> answers_;
   QTimer handOut_;
-  QList<QByteArray> held_;  // handed out, in the budget as long as somebody else holds them
-  QTimer letGo_;
+  QList<QByteArray> bodiesInUse_;  // handed out, in the budget as long as somebody else holds them
+  QTimer releaseTimer_;
 };
 
 // The reads of one owner, by their keys.

@@ -156,17 +156,17 @@ bool UrlTransfer::TakeHead() {
 
 // False when the answer is at its end already.
 bool UrlTransfer::OnHead() {
-  if (!head_->cookies.isEmpty()) Q_EMIT CookiesTold(url_, head_->cookies);
+  if (!head_->cookies.isEmpty()) Q_EMIT CookiesReceived(url_, head_->cookies);
   reader_ = std::make_unique<HttpBody>(*head_);
-  const qint64 told = ToldLength();
+  const qint64 announced = AnnouncedLength();
   if (head_->IsRedirect()) {
     Follow();
-  } else if (told > shared_.limits.maxBody) {
+  } else if (announced > shared_.limits.maxBody) {
     FailAsFlood();
   } else if (reader_->Now() == HttpBody::State::Whole) {
     OnWhole();
   } else {
-    body_.reserve(told);
+    body_.reserve(announced);
     return true;
   }
   return false;
@@ -181,7 +181,7 @@ bool UrlTransfer::TakeBody() {
     }
     if (!Step()) return false;
   }
-  if (!sinceProgress_.isValid() || sinceProgress_.elapsed() >= kProgressEveryMs) TellProgress();
+  if (!sinceProgress_.isValid() || sinceProgress_.elapsed() >= kProgressEveryMs) EmitProgress();
   return true;
 }
 
@@ -220,7 +220,7 @@ void UrlTransfer::OnWhole() {
   ReleaseConnection();
   stall_.stop();
   deadline_.stop();
-  TellProgress();
+  EmitProgress();
   // From here on whoever takes Done gives the body's bytes back to the budget.
   const QByteArray body = std::exchange(body_, {});
   Q_EMIT Done(body);
@@ -273,13 +273,13 @@ void UrlTransfer::ReleaseConnection() {
   shared_.pool.GiveBack(connection);
 }
 
-void UrlTransfer::TellProgress() {
+void UrlTransfer::EmitProgress() {
   sinceProgress_.start();
-  Q_EMIT Progress(ToldLength(), body_.size());
+  Q_EMIT Progress(AnnouncedLength(), body_.size());
 }
 
 // Length of the body as the server announced it; 0 where it announced none, or that of the packed body.
-qint64 UrlTransfer::ToldLength() const {
+qint64 UrlTransfer::AnnouncedLength() const {
   if (!head_ || head_->isChunked || head_->packing != HttpHead::Packing::None) return 0;
   return std::max<qint64>(head_->length, 0);
 }

@@ -51,7 +51,7 @@ class UrlTransfer : public QObject {
   // The answer was a redirect; the read goes on when Begin is called with the target.
   void Moved(const QUrl& target);
   // An answer, that of a redirect too, came with cookies.
-  void CookiesTold(const QUrl& url, const QList<QNetworkCookie>& cookies);
+  void CookiesReceived(const QUrl& url, const QList<QNetworkCookie>& cookies);
 
  private:
   void Ask(const ConnectionPool::Taken& taken);
@@ -72,8 +72,8 @@ class UrlTransfer : public QObject {
   void DropConnection();
   void ReleaseConnection();
   void ForgetBody();
-  void TellProgress();
-  qint64 ToldLength() const;
+  void EmitProgress();
+  qint64 AnnouncedLength() const;
 
   const Shared shared_;
   const std::function<bool(qint64)> mayGrow_;

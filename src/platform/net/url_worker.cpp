@@ -14,8 +14,8 @@ constexpr qint64 kSmallBody = 1024LL * 1024;
 
 }  // namespace
 
-UrlWorker::UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Told told)
-    : limits_(limits), budget_(budget), told_(std::move(told)), pool_(limits_, rules, this) {}
+UrlWorker::UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Callbacks callbacks)
+    : limits_(limits), budget_(budget), callbacks_(std::move(callbacks)), pool_(limits_, rules, this) {}
 
 // Deletes the transfers before the pool to which they give their connections back.
 UrlWorker::~UrlWorker() {
@@ -65,13 +65,13 @@ void UrlWorker::BeginWaiting() {
 bool UrlWorker::MayBegin(const Waiting& read) const {
   const int most =
       read.priority == UrlPriority::User ? limits_.maxReads : std::max(limits_.maxReads - kKeptForUsers, 1);
-  return running_.size() < most && busy_.value(read.url.host()) < limits_.maxReadsPerHost;
+  return running_.size() < most && readsByHost_.value(read.url.host()) < limits_.maxReadsPerHost;
 }
 
 void UrlWorker::BeginRead(const Waiting& read) {
   UrlTransfer* transfer = read.transfer ? read.transfer : MakeTransfer(read.id);
   running_.insert(read.id, {transfer, read.url.host(), read.priority});
-  ++busy_[read.url.host()];
+  ++readsByHost_[read.url.host()];
   transfer->Begin(read.url);
 }
 
@@ -80,7 +80,7 @@ UrlTransfer* UrlWorker::MakeTransfer(quint64 id) {
   auto* transfer = new UrlTransfer(
       shared, [this, id](qint64 size) { return MayGrow(id, size); }, this);
   connect(transfer, &UrlTransfer::Progress, this, [this, id](qint64 max, qint64 read) {
-    told_.answer(
+    callbacks_.answer(
         {.kind = UrlAnswer::Kind::Progress, .id = id, .max = max, .read = read, .body = {}, .floodingHost = {}});
   });
   connect(transfer, &UrlTransfer::Done, this, [this, id](const QByteArray& body) {
@@ -93,7 +93,7 @@ UrlTransfer* UrlWorker::MakeTransfer(quint64 id) {
             .floodingHost = isFlood ? running_.value(id).host : QString()});
   });
   connect(transfer, &UrlTransfer::Moved, this, [this, id](const QUrl& target) { Move(id, target); });
-  connect(transfer, &UrlTransfer::CookiesTold, this, &UrlWorker::TakeCookiesOf);
+  connect(transfer, &UrlTransfer::CookiesReceived, this, &UrlWorker::TakeReceivedCookies);
   return transfer;
 }
 
@@ -107,7 +107,7 @@ void UrlWorker::Move(quint64 id, const QUrl& target) {
 }
 
 void UrlWorker::Answer(const UrlAnswer& answer) {
-  told_.answer(answer);
+  callbacks_.answer(answer);
   Drop(answer.id);
 }
 
@@ -134,11 +134,11 @@ void UrlWorker::ResumePaused() {
 
 void UrlWorker::Release(quint64 id) {
   const Running read = running_.take(id);
-  if (--busy_[read.host] <= 0) busy_.remove(read.host);
+  if (--readsByHost_[read.host] <= 0) readsByHost_.remove(read.host);
 }
 
 // Changes this thread's copy at once, for the next request of a chain of redirects. On the event loop the cookie store
 // decides what is kept, as the user may just have signed out.
-void UrlWorker::TakeCookiesOf(const QUrl& url, const QList<QNetworkCookie>& told) {
-  if (cookies_.Renew(url, told)) told_.cookies(url, told);
+void UrlWorker::TakeReceivedCookies(const QUrl& url, const QList<QNetworkCookie>& received) {
+  if (cookies_.Renew(url, received)) callbacks_.cookies(url, received);
 }

@@ -25,12 +25,12 @@ class UrlWorker : public QObject {
 
  public:
   // Both are called on the network thread.
-  struct Told {
+  struct Callbacks {
     std::function<void(const UrlAnswer&)> answer;
     std::function<void(const QUrl&, const QList<QNetworkCookie>&)> cookies;
   };
 
-  UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Told told);
+  UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Callbacks callbacks);
   ~UrlWorker() override;
 
   void Add(quint64 id, const QUrl& url, UrlPriority priority);
@@ -63,14 +63,14 @@ class UrlWorker : public QObject {
   void Answer(const UrlAnswer& answer);
   bool MayGrow(quint64 id, qint64 size);
   void Release(quint64 id);
-  void TakeCookiesOf(const QUrl& url, const QList<QNetworkCookie>& told);
+  void TakeReceivedCookies(const QUrl& url, const QList<QNetworkCookie>& received);
 
   const UrlLimits limits_;
   BodyBudget& budget_;
-  const Told told_;
+  const Callbacks callbacks_;
   CookieList cookies_;
   ConnectionPool pool_;
-  QList<Waiting> waiting_;          // those of users first, each kind in the order of their coming
-  QMap<quint64, Running> running_;  // the oldest first
-  QHash<QString, int> busy_;        // reads that run, by host
+  QList<Waiting> waiting_;           // those of users first, each kind in the order of their coming
+  QMap<quint64, Running> running_;   // the oldest first
+  QHash<QString, int> readsByHost_;  // reads that run, by host
 };

@@ -38,8 +38,8 @@ void Close(int& file) {
   file = -1;
 }
 
-// A pipe whose ends are above standard error: the child's standard files are made of them, and none may be in the way
-// of another where the program itself was started without some of these.
+// Makes a pipe whose ends have numbers above standard error. The child's standard files become copies of them; where
+// the program itself was started without standard files, an end would get such a low number and be overwritten.
 bool MakePipe(int& readEnd, int& writeEnd) {
   std::array<int, 2> ends{-1, -1};
   if (pipe2(ends.data(), O_CLOEXEC) != 0) return false;
@@ -49,7 +49,7 @@ bool MakePipe(int& readEnd, int& writeEnd) {
     close(end);
     end = higher;
   }
-  fcntl(ends[1], F_SETPIPE_SZ, kPipeBytes);  // less is slower, not wrong
+  fcntl(ends[1], F_SETPIPE_SZ, kPipeBytes);  // if it fails, the pipe is slower but works
   readEnd = ends[0];
   writeEnd = ends[1];
   return readEnd >= 0 && writeEnd >= 0;

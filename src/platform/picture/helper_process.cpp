@@ -92,11 +92,11 @@ void HelperProcess::Do(const HelperJob& job, quint64 id) {
     answer.end = HelperEnd::NothingSent;
     if (frame) {
       answer = pipe_->Exchange(
-          *frame, job, [&]() { return IsKilled(id); }, [&]() { Tell(id, [this]() { Q_EMIT Overdue(this); }); });
+          *frame, job, [&]() { return IsKilled(id); }, [&]() { RunForJob(id, [this]() { Q_EMIT Overdue(this); }); });
     }
   }
   if (job.then) job.then(answer);
-  Tell(id, [this, answer]() {
+  RunForJob(id, [this, answer]() {
     jobId_ = 0;
     Q_EMIT Answered(this, answer);
   });
@@ -107,7 +107,7 @@ void HelperProcess::Do(const HelperJob& job, quint64 id) {
 }
 
 // Runs what() on the event loop if the job is still in hand there.
-void HelperProcess::Tell(quint64 id, const std::function<void()>& what) {
+void HelperProcess::RunForJob(quint64 id, const std::function<void()>& what) {
   QMetaObject::invokeMethod(
       this,
       [this, id, what]() {

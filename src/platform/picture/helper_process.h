@@ -28,7 +28,7 @@ class HelperProcess : public QObject {
 
   // Starts the process ahead of the first job.
   void Start();
-  // True until a job is taken and from its Answered on.
+  // True while no job is in hand: before Take(), and again from Answered on.
   bool IsIdle() const { return jobId_ == 0; }
   // 0 where none runs.
   qint64 ProcessId() const;
@@ -57,7 +57,7 @@ class HelperProcess : public QObject {
   bool IsKilled(quint64 id);
   void Run();
   void Do(const HelperJob& job, quint64 id);
-  void Tell(quint64 id, const std::function<void()>& what);
+  void RunForJob(quint64 id, const std::function<void()>& what);
 
   quint64 jobId_ = 0;  // 0: idle
   quint64 lastId_ = 0;

@@ -11,7 +11,7 @@
 #include "platform/picture/picture_answer.h"
 #include "platform/picture/picture_protocol.h"
 
-// What a job is about: a path to read (or bytes) and, of a job that makes a file, a path to write.
+// One job: what is to be done, the file to read (or its bytes) and, of a job that makes a file, the file to write.
 struct PictureTask {
   PictureRequest request;
   QString source;
