@@ -31,7 +31,6 @@ int main(int argc, char** argv) {
   if (!form.Load(anotherRuns)) return 0;
   const Termination termination;
   QObject::connect(&termination, &Termination::Requested, &form, &Form1::CloseMe);
-  QObject::connect(&app, &QGuiApplication::commitDataRequest, &form, &Form1::SessionEnds);
   QObject::connect(&form, &Form1::Closed, &app, &QApplication::quit);
   return QApplication::exec();
 }

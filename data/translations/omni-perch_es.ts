@@ -71,6 +71,13 @@
     </message>
 </context>
 <context>
+    <name>PageView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Las imágenes no se decodifican: este sistema no tiene un entorno aislado para el decodificador (faltan los filtros seccomp)</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>

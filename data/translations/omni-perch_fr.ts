@@ -71,6 +71,13 @@
     </message>
 </context>
 <context>
+    <name>PageView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>

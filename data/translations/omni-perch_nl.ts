@@ -71,6 +71,13 @@
     </message>
 </context>
 <context>
+    <name>PageView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Afbeeldingen worden niet gedecodeerd: dit systeem heeft geen sandbox voor de decoder (geen seccomp-filters)</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>

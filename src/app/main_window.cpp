@@ -94,6 +94,10 @@ void Form1::RegisterCommands() {
 
 void Form1::ConnectHover() {
   hover_.MenuIsOpen = [this]() { return menus_->IsOpen(); };
+  hover_.BoxReason = [this](int slot) {
+    const ThumbCell* cell = picAll_->CellAt(slot);
+    return cell != nullptr ? cell->Shown().boxReason : QString();
+  };
   connect(picAll_, &PageView::Hovered, &hover_, &HoverTip::Enter);
   connect(picAll_, &PageView::HoverLeft, &hover_, &HoverTip::Leave);
   connect(picAll_, &PageView::FocusChanged, &hover_, [this](int slot, bool in) { hover_.Focus(in ? slot : -1); });
@@ -159,6 +163,8 @@ bool Form1::Load(bool anotherRuns) {
   logic_.poll.ShowStoredPage();
   connectivity_.Run();
   showTimer_.start();
+  // Not before all has been read: an end of the session must not write back what is still empty.
+  connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &Form1::SessionEnds);
   return true;
 }
 

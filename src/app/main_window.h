@@ -33,8 +33,6 @@ class Form1 : public QWidget {
   bool Load(bool anotherRuns);
   // Starts the closing sequence.
   void CloseMe() { close(); }
-  // The desktop's session is about to end and may end the program without another word: writes the state back.
-  void SessionEnds();
 
   void MnuPagesClick(int index);
   void MnuAlphaClick(int index);
@@ -79,6 +77,8 @@ class Form1 : public QWidget {
   // Bar, page, and the line with Undo while there is something to take back.
   void PlaceParts();
   void ShowBusy(bool busy);
+  // The desktop's session is about to end and may end the program without another word: writes the state back.
+  void SessionEnds();
   void ShowPageLabel();
   void RefreshCaptions();
   void StepPage(int step);

@@ -37,6 +37,7 @@ struct BoxLines {
   BoxLine caption;
   BoxLine first;
   BoxLine second;
+  bool noSandbox = false;  // it stands because this system can decode no picture at all, which the lines do not say
   bool operator==(const BoxLines&) const = default;
 };
 
@@ -68,4 +69,5 @@ struct Cell {
   QString lblError;
   QString lblInfo;
   QString lblInfo2;
+  QString boxReason;  // what the box's tip says besides; empty: nothing
 };

@@ -146,9 +146,16 @@ void HoverTip::Enter(int slot, TipPart part) {
   // A tip that is about to go by itself stays while the pointer crosses to the next cell.
   if (!Timer8.isActive()) HideTip();
   Timer7.stop();
-  texts_ =
-      part == TipPart::Picture ? PictureTip(program_, database_, slot) : CaptionTip(program_, database_, slot, part);
-  Q_EMIT Built(slot, texts_.Shown());
+  const QString reason = BoxReason && part == TipPart::Picture ? BoxReason(slot) : QString();
+  if (!reason.isEmpty()) {
+    texts_ = {{}, {}, reason};
+  } else if (part == TipPart::Picture) {
+    texts_ = PictureTip(program_, database_, slot);
+  } else {
+    texts_ = CaptionTip(program_, database_, slot, part);
+  }
+  // The cell's description has the reason already, and keeps it when the pointer has left.
+  Q_EMIT Built(slot, reason.isEmpty() ? texts_.Shown() : QString());
   if (texts_.Shown().isEmpty()) return;
   // No tip rises while a poll runs.
   if (program_.page.SitesDone >= program_.page.SitesOnPage) Timer7.start();

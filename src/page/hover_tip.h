@@ -37,6 +37,8 @@ class HoverTip : public QObject {
   QTimer Timer7;                     // from the pointer's arrival to the tip
   QTimer Timer8;                     // from its leaving until the tip goes
   std::function<bool()> MenuIsOpen;  // no tip rises over an open menu
+  // What the tip of a cell's error box says, as the cell knows it; empty: it has none.
+  std::function<QString(int slot)> BoxReason;
 
   // The pointer is over this part of a cell, or over none.
   void Enter(int slot, TipPart part);

@@ -69,6 +69,9 @@ void PageView::UpdateCell(int slot) {
   shown.lblError = shown.box.caption.Text(texts);
   shown.lblInfo = shown.box.first.Text(texts);
   shown.lblInfo2 = shown.box.second.Text(texts);
+  if (shown.errorBox && shown.box.noSandbox) {
+    shown.boxReason = tr("Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)");
+  }
   if (!shown.fromSender) shown.lblFrom.clear();  // "From" and no call
   cell->SetCell(shown);
   cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,

@@ -17,6 +17,11 @@ constexpr int kBlinks = 20;
 constexpr auto kQuiet = std::chrono::milliseconds(150);  // without a new picture before any is sharpened
 constexpr int kDeepest = 24;                             // bits a pixel that are worth a repair
 
+// Why nothing came of a picture.
+CellResult FailureOf(const PictureAnswer& answer) {
+  return answer.noSandbox ? CellResult::NoSandbox : CellResult::Unreadable;
+}
+
 }  // namespace
 
 PictureCells::PictureCells(PictureTool& tool, Background& background, QObject* parent)
@@ -142,7 +147,7 @@ void PictureCells::Loaded(const Reading& reading, const PictureAnswer& answer) {
     Repair(reading);
   } else {
     // What is deeper, or no picture at all, is not worth a repair.
-    reading.done(answer.noSandbox ? CellResult::NoSandbox : CellResult::Unreadable);
+    reading.done(FailureOf(answer));
   }
 }
 
@@ -174,13 +179,13 @@ void PictureCells::Repair(const Reading& reading) {
   const auto repaired = [this, reading, part](const PictureAnswer& converted) {
     if (!converted.ok || !reading.token.StillWanted()) QFile::remove(part);
     if (!GoesOn(reading)) return;
-    if (!converted.ok || !PutInPlace(part, reading.picture.path)) return reading.done(CellResult::Unreadable);
+    if (!converted.ok || !PutInPlace(part, reading.picture.path)) return reading.done(FailureOf(converted));
     standing_[reading.slot] = StandingOf(reading.picture);
     const auto loaded = [this, reading](const PictureAnswer& answer) {
       if (!GoesOn(reading)) return;
       const Edit cell(*this, reading.slot);
       if (answer.ok) Place(reading.slot, answer);
-      reading.done(answer.ok ? CellResult::Shown : CellResult::Unreadable);
+      reading.done(answer.ok ? CellResult::Shown : FailureOf(answer));
     };
     tool_.Load(reading.picture.path, box_, this, loaded, OptionsOf(reading));
   };

@@ -66,7 +66,7 @@ void ThumbCell::Describe() {
   const QString name = cell_.lblDisk.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.lblDisk;
   QStringList details = {Age()};
   if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
-  if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2;
+  if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2 << cell_.boxReason;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
   details << sentTime_ << cell_.onAirTip << tipText_;
   details.removeAll(QString());

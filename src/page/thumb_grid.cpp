@@ -55,11 +55,22 @@ void ThumbGrid::ShowThumb(const QString& path, int slot, int site, bool anew, co
   cells_.Show(slot, {path, sharp, host, anew}, [this, slot, site, done](CellResult result) {
     if (result == CellResult::Overtaken) return done(result);
     const Edit cell(cells_, slot);
-    if (result != CellResult::Shown) ShowNotFound(slot, site, true);
+    if (result == CellResult::NoSandbox) {
+      ShowNoSandbox(slot, site);
+    } else if (result != CellResult::Shown) {
+      ShowNotFound(slot, site, true);
+    }
     const QString& connecting = program_.language[TextLine::kConnectingText];
     if (!connecting.isEmpty() && cell->lblFrom.contains(connecting)) cell->lblFrom.clear();
     done(result);
   });
+}
+
+void ThumbGrid::ShowNoSandbox(int slot, int site) {
+  if (!HasSlot(slot)) return;
+  const Edit cell(cells_, slot);
+  ShowNotFound(slot, site, true);
+  cell->box.noSandbox = true;
 }
 
 void ThumbGrid::ShowNotFound(int slot, int site, bool corrupt) {

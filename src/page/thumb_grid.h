@@ -40,6 +40,8 @@ class ThumbGrid : public QObject {
   void ShowThumb(const QString& path, int slot, int site, bool anew, const Done& done);
   // Error box; corrupt chooses its second line. Whoever shows it has to tell the poll if it answers a request.
   void ShowNotFound(int slot, int site, bool corrupt);
+  // The same box for a picture that may well be good: no picture is decoded on this system. Its tip says so.
+  void ShowNoSandbox(int slot, int site);
   // Blanks a picture: 1 for a blocked call, 2 for one that may not be shown. Not over an error box: false.
   bool ShowBlockedCall(int slot, int reason);
   void ShowCamOnly(int slot);

@@ -40,9 +40,22 @@ void TipWindow::ShowTip(const QString& text, const QRect& cell, double fontPixel
   lblToolTip_.setFont(font);
   QString shown = text;
   lblToolTip_.setText(shown.remove(u'\r'));
+  FitText();
   Place();
   show();
   raise();
+}
+
+// A line that is wider than the window goes on below itself.
+void TipWindow::FitText() {
+  lblToolTip_.setWordWrap(false);
+  lblToolTip_.setMinimumSize(0, 0);
+  lblToolTip_.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+  const QMargins frame = layout()->contentsMargins();
+  const int room = parentWidget()->width() - frame.left() - frame.right() - 2 * frameWidth();
+  if (lblToolTip_.sizeHint().width() <= room) return;
+  lblToolTip_.setWordWrap(true);
+  lblToolTip_.setFixedSize(room, lblToolTip_.heightForWidth(room));
 }
 
 void TipWindow::ShowPicture(const QImage& picture) {

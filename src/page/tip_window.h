@@ -20,6 +20,7 @@ class TipWindow : public QFrame {
   QSize PictureBox() const;
 
  private:
+  void FitText();
   void Place();
 
   QLabel lblToolTip_;

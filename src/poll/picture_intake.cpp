@@ -100,6 +100,10 @@ void PictureIntake::Stored(const Answer& answer, FilesVerdict verdict, const QSt
     grid_.ShowNotFound(key.slot, DsstvSite(key), true);
     return Shown(answer, CellResult::Unreadable);
   }
+  if (verdict == FilesVerdict::NoSandbox) {
+    grid_.ShowNoSandbox(key.slot, DsstvSite(key));
+    return Shown(answer, CellResult::NoSandbox);
+  }
   Show(answer);
 }
 
@@ -216,6 +220,7 @@ void PictureIntake::ShowStored(int page, int slot, int site) {
     // Its page may have been left, or its sender blocked, while the thumb was made.
     if (verdict == FilesVerdict::GivenUp || !OnScreen(key) || BlockReason(key.slot) != 0) return;
     if (verdict == FilesVerdict::NoThumb) return fail();
+    if (verdict == FilesVerdict::NoSandbox) return grid_.ShowNoSandbox(key.slot, key.site);
     show();
   });
 }

@@ -22,10 +22,11 @@
 
 // What has come of a picture's files.
 enum class FilesVerdict {
-  Ready,     // picture and thumb lie at their place
-  NoThumb,   // it cannot be shown: no room on the disk, or nothing that decodes
-  Unusable,  // too short a body, or an error page
-  GivenUp    // a newer answer has come, or its site has left the slot
+  Ready,      // picture and thumb lie at their place
+  NoThumb,    // it cannot be shown: no room on the disk, or nothing that decodes
+  NoSandbox,  // the picture lies at its place, but nothing is decoded on this system
+  Unusable,   // too short a body, or an error page
+  GivenUp     // a newer answer has come, or its site has left the slot
 };
 
 class SlotPictures : public QObject {

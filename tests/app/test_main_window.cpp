@@ -129,6 +129,95 @@ class TestMainWindow : public QObject {
     QVERIFY(!QFile::exists(part));
   }
 
+  // A kernel without filters, then one with them: the picture was never at fault.
+  void SaysThatNothingIsDecoded() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+    f.decoder = QStringLiteral(HOSTILE_HELPER);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && f.form->Logic().grid.Cells().at(0).errorBox);
+    QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    const auto* view = f.form->findChild<PageView*>(u"picAll"_s);
+    QSet<QString> said;
+    for (qsizetype language = 0; language < f.State().lstLanguages.size(); ++language) {
+      f.form->MnuLanguageClick(static_cast<int>(language));
+      QTRY_VERIFY(!f.form->Logic().poll.Busy());
+      const QString reason = view->CellAt(0)->Shown().boxReason;
+      QVERIFY2(view->CellAt(0)->accessibleDescription().contains(reason), qPrintable(reason));
+      said.insert(reason);
+    }
+    QCOMPARE(said.size(), 8);
+    const auto* tip = f.form->findChild<TipWindow*>();
+    view->CellAt(0)->setFocus(Qt::TabFocusReason);
+    QTRY_VERIFY(tip->isVisible());
+    QCOMPARE(tip->findChild<QLabel*>(u"lblToolTip"_s)->text().trimmed(), view->CellAt(0)->Shown().boxReason);
+    f.Close();
+
+    f.decoder = QStringLiteral(PICTURE_TOOL);
+    f.band.FindHost(u"Connectivity"_s)->Misbehave({}, Behaviour::Reset);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(0).frames.isEmpty());
+    QVERIFY(!f.form->Logic().grid.Cells().at(0).errorBox);
+    f.Close();
+  }
+
+  // What the running program has changed is on the disk when the session manager may end it, and not before its lists
+  // have been read.
+  void WritesWhatASessionWouldLose() {
+    // Nobody looks into the manager that the toolkit passes along.
+    alignas(8) std::array<char, 64> manager{};
+    const auto sessionEnds = [&manager]() {
+      return QMetaObject::invokeMethod(qGuiApp, "commitDataRequest", Qt::DirectConnection,
+                                       QGenericArgument("QSessionManager&", manager.data()));
+    };
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1);
+    f.Start(true);
+    const QByteArray list = f.Read("Omni-Perch.lst");
+    QVERIFY(sessionEnds());
+    QCOMPARE(f.Read("Omni-Perch.lst"), list);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    f.State().sites.Sites[0].LastSeen = u"1/2/2026 10:00"_s;
+    f.State().config.AutoRefreshMinutes = 5;
+    f.form->Logic().heights.SetHeight(1, 0, 4321);
+    f.State().nicknames.lstNicknames.append(u"ZZ2BB*Al"_s);
+    QVERIFY(sessionEnds());
+    QVERIFY(f.Read("Omni-Perch.lst").contains("1/2/2026 10:00"));
+    QVERIFY(f.Read("images/dsstv/ckNewHeight.txt").startsWith("1-0-4321\r\n"));
+    QVERIFY(f.Read("nicknames.txt").contains("ZZ2BB*Al"));
+    QVERIFY(f.form->isVisible());
+    f.Close();
+  }
+
+  // By its key, which a text box keeps to itself, and by the line below the page.
+  void TakesARemovalBack() {
+    WindowFixture f;
+    f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    const auto* line = f.form->findChild<QWidget*>(u"undoLine"_s);
+    auto* call = f.form->findChild<QLineEdit*>(u"txtCall"_s);
+    auto* view = f.form->findChild<PageView*>(u"picAll"_s);
+    for (const bool byKey : {true, false}) {
+      f.State().page.SelectedSlot = 0;
+      f.form->Logic().sites.RemoveSite();
+      QVERIFY(line->isVisible() && line->findChild<QLabel*>()->text().contains(u"ZZ1AA"_s));
+      QVERIFY(line->geometry().top() > view->geometry().bottom() && f.form->rect().contains(line->geometry()));
+      call->setFocus();
+      QTest::keyClick(call, Qt::Key_Z, Qt::ControlModifier);
+      QTest::keyClick(f.form.get(), Qt::Key_Z, Qt::ControlModifier);
+      QCOMPARE(f.State().sites.GetSiteSlot(0, 1), 0);
+      view->CellAt(1)->setFocus();
+      if (byKey) QTest::keyClick(view->CellAt(1), Qt::Key_Z, Qt::ControlModifier);
+      if (!byKey) line->findChild<QPushButton*>()->click();
+      QCOMPARE(f.State().sites.GetSiteSlot(0, 1), 1);
+      QVERIFY(!line->isVisible());
+      QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    }
+    f.Close();
+  }
+
   void GoesOnWithoutAConnection() {
     WindowFixture f;
     Station& site = f.AddSite(u"ZZ1AA"_s, 1);

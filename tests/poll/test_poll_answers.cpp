@@ -150,11 +150,11 @@ class TestPollAnswers : public QObject {
     QCOMPARE(f.BoxSecond(0), english);
     QCOMPARE(f.program.page.SitesDone, 0);
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"German"_s, 8, Program::ProgVersion(), f.program.language);
+    QVERIFY(f.BoxSecond(0) != english);
     f.Start();
     f.logic->poll.ShowStoredPage();
     QVERIFY(f.CellOf(0).errorBox);
     QCOMPARE(f.BoxSecond(0), f.program.language[TextLine::kCorruptText]);
-    QVERIFY(f.BoxSecond(0) != english);
     QVERIFY(f.logic->files.HasFailed(1, 0));
     f.logic->poll.ReloadPage();
     QVERIFY2(!f.logic->files.HasFailed(1, 0), "tried again on a reload");

@@ -33,6 +33,7 @@ struct WindowFixture {
   StandingClock clock;
   Hosts hosts;
   std::chrono::milliseconds closingPause{20};
+  QString decoder = QStringLiteral(PICTURE_TOOL);
   std::unique_ptr<Services> services;
   std::unique_ptr<Form1> form;
 
@@ -73,7 +74,7 @@ struct WindowFixture {
     form.reset();
     services = std::make_unique<Services>(RunSettings{.appDataDir = folder.path(),
                                                       .programDir = folder.path(),
-                                                      .decoder = QStringLiteral(PICTURE_TOOL),
+                                                      .decoder = decoder,
                                                       .socketDir = folder.path(),
                                                       .hosts = hosts,
                                                       .limits = QuickLimits(),
