@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One process of omni-perch-decoder in one role, and the one job that it has in hand. A thread of its own starts it,
-// passes it bytes and takes bytes, so that no pixel goes through the event loop. picture_tool owns some of them;
-// whoever has work for another role owns one of his own. When the process fails in whatever way, the answer says so,
-// and the next job gets a fresh process.
+// One process of omni-perch-decoder in one role, and the one job that it has in hand. A thread of its own exchanges
+// bytes with it, so that no pixel goes through the event loop. picture_tool and page_text_tool own theirs. If the
+// process fails, the answer says so, and the next job gets a fresh one.
 #pragma once
 
 #include <QObject>

@@ -80,7 +80,8 @@ bool StoreFile(const PictureTask& task, int part, const QByteArray& bytes) {
   return false;
 }
 
-// An image whose pixels stay where they came: it is a window on the answer's bytes, which live as long as it does.
+// An image that refers to a frame's pixels in the answer's bytes instead of copying them, and keeps those bytes in
+// memory as long as it lives.
 QImage WindowOn(const QByteArray& body, qint64 at, const PictureFrameHead& head) {
   auto* owner = new QByteArray(body);
   return QImage(
@@ -104,7 +105,8 @@ bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer
     }
     const QImage window = WindowOn(body, at, head);
     at += bytes;
-    // A page with many animations leaves frames out: those have pixels of their own, which go out of memory with them.
+    // The frames of an animation are copied: a page that is over its budget leaves some of them out, and each must free
+    // its own pixels.
     answer.frames.append({reply.frames > 1 ? window.copy() : window, std::chrono::milliseconds(head.delay)});
   }
   return answer.frames.size() == reply.frames && !answer.frames.isEmpty();
