@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // How the labels of the bar give way where it is narrow.
-#include <QSignalSpy>
-#include <QTest>
 
 #include "app/menu_strip.h"
 #include "test_suite.h"
@@ -52,40 +50,37 @@ class TestMenuStrip : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void NothingIsCutWithoutDots_data() {
-    QTest::addColumn<int>("times");
-    QTest::addColumn<int>("from");  // pixels that the narrowest window has
-    QTest::newRow("letters of the usual size") << 1 << 480;
-    QTest::newRow("letters twice as large") << 2 << 600;
-  }
-
   void NothingIsCutWithoutDots() {
-    QFETCH(int, times);
-    QFETCH(int, from);
-    Bar bar(times);
-    for (int width = from; width < 1900; width += 20) {
-      bar.Resize(width);
-      QList<QRect> places;
-      const QObjectList parts = bar.pic->children();
-      for (QObject* child : parts) {
-        const auto* part = qobject_cast<QWidget*>(child);
-        if (part == nullptr || (!part->isVisible() && part != bar.pic->imgRefresh)) continue;
-        QVERIFY(bar.pic->rect().contains(part->geometry()));
-        for (const QRect& place : places) QVERIFY(!place.intersects(part->geometry()));
-        places.append(part->geometry());
-        const auto* label = qobject_cast<const BarLabel*>(part);
-        if (label == nullptr) continue;
-        const QString shown = label->ShownCaption();
-        QVERIFY(label->fontMetrics().horizontalAdvance(shown) <= label->width());
-        QVERIFY(label->fontMetrics().height() <= label->height());
-        const QString whole = label->text().simplified();
-        if (shown == whole) continue;
-        QVERIFY2((shown.size() > 1 && shown.endsWith(u'…')) || shown == bar.refresh, qPrintable(shown));
-        QCOMPARE(label->toolTip(), whole);
-        QCOMPARE(label->accessibleName(), whole);
+    // from: width of the narrowest window, in pixels.
+    const auto check = [](const char* what, int times, int from) {
+      const TableRow row(what);
+      Bar bar(times);
+      for (int width = from; width < 1900; width += 20) {
+        bar.Resize(width);
+        QList<QRect> places;
+        const QObjectList parts = bar.pic->children();
+        for (QObject* child : parts) {
+          const auto* part = qobject_cast<QWidget*>(child);
+          if (part == nullptr || (!part->isVisible() && part != bar.pic->imgRefresh)) continue;
+          QVERIFY(bar.pic->rect().contains(part->geometry()));
+          for (const QRect& place : places) QVERIFY(!place.intersects(part->geometry()));
+          places.append(part->geometry());
+          const auto* label = qobject_cast<const BarLabel*>(part);
+          if (label == nullptr) continue;
+          const QString shown = label->ShownCaption();
+          QVERIFY(label->fontMetrics().horizontalAdvance(shown) <= label->width());
+          QVERIFY(label->fontMetrics().height() <= label->height());
+          const QString whole = label->text().simplified();
+          if (shown == whole) continue;
+          QVERIFY2((shown.size() > 1 && shown.endsWith(u'…')) || shown == bar.refresh, qPrintable(shown));
+          QCOMPARE(label->toolTip(), whole);
+          QCOMPARE(label->accessibleName(), whole);
+        }
+        QVERIFY(places.size() >= 8);
       }
-      QVERIFY(places.size() >= 8);
-    }
+    };
+    check("letters of the usual size", 1, 480);
+    check("letters twice as large", 2, 600);
   }
 
   void GivesWayInOrder() {

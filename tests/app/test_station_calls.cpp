@@ -3,7 +3,6 @@
 #include <QClipboard>
 #include <QFileInfo>
 #include <QPushButton>
-#include <QTest>
 
 #include "callbook/lookup_window.h"
 #include "maps/map_location_window.h"
@@ -29,10 +28,9 @@ struct StationsFixture : WindowFixture {
     Sender(u"ZZ1AA"_s, 1, "VK2QFW");
     Sender(u"ZZ2AA"_s, 2, "ZZ9SUN");
     Sender(u"ZZ3AA"_s, 3, "N0CALL");
-    QVERIFY(Start());
+    QVERIFY(StartAndPoll());
     State().config.CallbookIndex = 3;
     State().config.CallbookName = u"QRZCQ"_s;
-    QTRY_VERIFY(form->isVisible() && !form->Logic().poll.Busy());
     QTRY_COMPARE(State().page.Field(1, Caller), u"ZZ9SUN"_s);
     QTRY_COMPARE(State().page.Field(0, Caller), u"VK2QFW"_s);
   }
@@ -48,7 +46,7 @@ struct StationsFixture : WindowFixture {
     Window* found = nullptr;
     for (QWidget* top : QApplication::topLevelWidgets()) {
       auto* window = qobject_cast<Window*>(top);
-      // One that has been closed may not have gone yet.
+      // A window that has been closed may still wait for its deletion.
       if (window != nullptr && (found == nullptr || window->isVisible())) found = window;
     }
     return found;
@@ -107,12 +105,17 @@ class TestStationCalls : public QObject {
     f.Close();
   }
 
-  void LooksUpWhatIsTyped() {
+  void LooksUpTextsAndSenders() {
     StationsFixture f;
     QPushButton& cmdGo = *f.form->findChild<QPushButton*>(u"cmdGo"_s);
     f.CallField().setText(u"hello"_s);
     QTest::mouseClick(&cmdGo, Qt::LeftButton);
     QVERIFY2(!f.IsOpen(), "a word without a digit is no call");
+    QGuiApplication::clipboard()->setText(u"no call here"_s);
+    QTest::keyClick(&f.CallField(), Qt::Key_F8);
+    QCOMPARE(f.CallField().text(), QString());
+    QVERIFY(!f.IsOpen());
+
     f.CallField().setText(u"vk2qfw/p"_s);
     QTest::mouseClick(&cmdGo, Qt::LeftButton);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
@@ -120,31 +123,16 @@ class TestStationCalls : public QObject {
     f.CallField().setText(u"ZZ9SUN"_s);
     QTest::keyClick(&f.CallField(), Qt::Key_Return);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
-    f.Close();
-  }
-
-  void LooksUpTheClipboard() {
-    StationsFixture f;
-    f.CallField().setText(u"left over"_s);
-    QGuiApplication::clipboard()->setText(u"no call here"_s);
-    QTest::keyClick(&f.CallField(), Qt::Key_F8);
-    QCOMPARE(f.CallField().text(), QString());
-    QVERIFY(!f.IsOpen());
     QGuiApplication::clipboard()->setText(u" de k1qpe de zz9 "_s);
     QTest::keyClick(&f.CallField(), Qt::Key_F8);
     QCOMPARE(f.CallField().text(), u"K1QPE"_s);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"K1QPE  (From QRZCQ)"_s);
     QCOMPARE(QCursor::pos(), f.Find<Form12>()->frameGeometry().center());
-    f.Close();
-  }
-
-  void LooksUpFromTheMenu() {
-    StationsFixture f;
-    f.CallField().setText(u"left over"_s);
-    f.State().page.SelectedSlot = 0;
-    QCOMPARE(f.SubEntry(MenuId::Lookups, 1).text, u"VK2QFW sender"_s);
+    // The sub-menu of a cell looks up its sender, and clears the call field.
+    f.State().page.SelectedSlot = 1;
+    QCOMPARE(f.SubEntry(MenuId::Lookups, 1).text, u"ZZ9SUN sender"_s);
     f.ChooseInSubMenu(MenuId::Lookups, 1);
-    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
+    QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
     QCOMPARE(f.CallField().text(), QString());
     f.Close();
   }
@@ -164,20 +152,19 @@ class TestStationCalls : public QObject {
     // The record is written beside the event loop.
     QTRY_VERIFY((f.ChooseInSubMenu(MenuId::MapOfCall, 1), f.Find<frmMapLoc>() != nullptr));
     QTRY_VERIFY(showsMap(u"Australia Map"_s));
-    // A site's place stands in the list of sites.
+    // A site is shown where the list of sites places it.
     f.ChooseInSubMenu(MenuId::MapOfCall, 0);
     QTRY_VERIFY(showsMap(u"UK Map"_s));
-    // Its call opens the lookup again.
+    // The call on the map opens the lookup again.
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"K1QPE"_s, QRect(300, 300, 50, 20));
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"K1QPE  (From QRZCQ)"_s);
-    // Which asks for a map with one coordinate too: on the meridian the other is 0.
-    CallDatabase database(f.folder.path());
-    QCOMPARE(database.FindRecord(u"ZZ9MER"_s), 0);
-    database.DbCurrent.Call = u"ZZ9MER"_s;
-    database.DbCurrent.Name = u"Robin"_s;
-    database.DbCurrent.Lat = u"51.5"_s;
-    database.DbCurrent.Lon = u"0"_s;
-    QVERIFY(database.AddRecord() && database.SortDatabase());
+    // The lookup offers a map with one coordinate, too: on the meridian of Greenwich the other is 0.
+    DbRec record;
+    record.Call = u"ZZ9MER"_s;
+    record.Name = u"Robin"_s;
+    record.Lat = u"51.5"_s;
+    record.Lon = u"0"_s;
+    QVERIFY(CallDatabase(f.folder.path()).SaveStation(u"ZZ9MER"_s, record));
     f.ChooseInSubMenu(MenuId::MapOfCall, 1);
     QTRY_VERIFY(showsMap(u"Australia Map"_s));
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"ZZ9MER"_s, QRect(300, 300, 50, 20));

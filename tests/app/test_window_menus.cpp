@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The main window's menus and tips as a user meets them: by mouse and by keyboard, in any language.
-#include <QTest>
 
 #include "open_menu.h"
 #include "test_suite.h"
@@ -15,13 +14,14 @@ class TestWindowMenus : public QObject {
   void OpensTheCellsMenu() {
     WindowFixture f;
     Station& site = f.AddSite(u"ZZ1AA"_s, 1);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
     QTRY_COMPARE(site.Requests(u"image1"_s), 1);
-    ThumbCell* cell = f.form->findChild<PageView*>()->CellAt(0);
-    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, QPoint(5, 5), QPoint(50, 50));
-    QApplication::sendEvent(cell, &byKey);
-    QTRY_VERIFY(OpenMenu() != nullptr);
+    const auto openMenuOf = [&f](int slot, QContextMenuEvent::Reason reason) {
+      QContextMenuEvent event(reason, QPoint(5, 5), QPoint(50, 50));
+      QApplication::sendEvent(f.form->findChild<PageView*>()->CellAt(slot), &event);
+      QTRY_VERIFY(OpenMenu() != nullptr);
+    };
+    openMenuOf(0, QContextMenuEvent::Keyboard);
     QCOMPARE(f.State().page.SelectedSlot, 0);
     QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
     QTest::keyClick(OpenMenu(), Qt::Key_Return);
@@ -29,9 +29,7 @@ class TestWindowMenus : public QObject {
     QVERIFY(OpenMenu() == nullptr);
 
     // A cell without a site offers nothing but the page.
-    QContextMenuEvent onEmpty(QContextMenuEvent::Mouse, QPoint(5, 5), QPoint(60, 60));
-    QApplication::sendEvent(f.form->findChild<PageView*>()->CellAt(3), &onEmpty);
-    QTRY_VERIFY(OpenMenu() != nullptr);
+    openMenuOf(3, QContextMenuEvent::Mouse);
     QVERIFY(!EntryThat(OpenMenu(), u"Remove this site"_s)->isEnabled());
     QTest::keyClick(OpenMenu(), Qt::Key_Escape);
     QTRY_VERIFY(OpenMenu() == nullptr);
@@ -42,8 +40,7 @@ class TestWindowMenus : public QObject {
     WindowFixture f;
     f.AddSite(u"ZZ2BB"_s, 2);
     f.AddSite(u"ZZ1AA"_s, 4);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
     auto* find = f.form->findChild<BarLabel*>(u"lblFind"_s);
     QTest::keyClick(find, Qt::Key_Return);
     QTRY_VERIFY(OpenMenu() != nullptr);
@@ -64,11 +61,10 @@ class TestWindowMenus : public QObject {
   void SpeaksEveryLanguage() {
     WindowFixture f;
     f.AddSite(u"ZZ1AA"_s, 1);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible());
+    QVERIFY(f.StartAndPoll());
     f.State().PageLabels[2] = u"My own page"_s;
     QCOMPARE(f.State().lstLanguages.size(), 8);
-    QCOMPARE(f.State().lstLanguages.last(), u"English"_s);
+    QCOMPARE(f.State().lstLanguages.last(), u"English"_s);  // the one that is written back
     QSet<QString> refresh;
     for (int language = 0; language < 8; ++language) {
       f.form->MnuLanguageClick(language);
@@ -89,8 +85,7 @@ class TestWindowMenus : public QObject {
     WindowFixture f;
     QByteArray english = f.Read("Languages/Omni-Perch_English.Language");
     f.Write("Languages/Omni-Perch_English.Language", english.replace("Omni-Perch  6.50", "Omni-Perch  6.49"));
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible());
+    QVERIFY(f.StartAndPoll());
     QCOMPARE(f.dialogs.told, QStringList{u"Wrong language file version."_s});
     QCOMPARE(f.form->findChild<BarLabel*>(u"lblSetup"_s)->text(), u"Setup"_s);
     QVERIFY(f.form->findChild<BarLabel*>(u"lblFind"_s)->text().contains(u"Find"_s));
@@ -100,9 +95,8 @@ class TestWindowMenus : public QObject {
   void TipsByKeyboard() {
     WindowFixture f;
     f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().grid.Cells().at(0).frames.isEmpty());
-    QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
+    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(0).frames.isEmpty());
     ThumbCell* cell = f.form->findChild<PageView*>()->CellAt(0);
     auto* tip = f.form->findChild<TipWindow*>(u"picToolTip"_s);
     f.form->activateWindow();

@@ -2,18 +2,17 @@
 // A program on a temporary folder whose lookups go to the simulated callbook services and their picture store.
 #pragma once
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "callbook/lookup_session.h"
 #include "callbook_host.h"
+#include "plain_picture.h"
 #include "station_band.h"
+#include "test_suite.h"
 
 struct LookupFixture {
   QTemporaryDir folder;
@@ -55,7 +54,7 @@ struct LookupFixture {
   }
   Host& Service() const { return *band.FindHost(CallbookNameOf(program.config.CallbookIndex)); }
 
-  // What the browser window does: posts the service's form, and keeps the cookie that it gets.
+  // Does as the browser window: posts the service's form, and keeps the cookie that the answer brings.
   void SignIn() {
     QNetworkAccessManager browser;
     QNetworkRequest request(LoginUrl(*FindCallbookService(program.config.CallbookIndex), hosts));
@@ -103,11 +102,12 @@ struct LookupFixture {
   int PictureRequests() const { return band.FindHost(QStringLiteral("Pictures"))->TotalRequests(); }
 };
 
-// A lookup on that program.
+// A lookup on that program, by default at Callook, which shows its records to everybody.
 struct SessionFixture : LookupFixture {
   LookupSession session{Parts()};
   const LookupView& view = session.View();
 
+  explicit SessionFixture(int service = 4) { Choose(service); }
   void Look(const QString& call) { session.StartLookup(call); }
   // Reads a call to the end, its record included.
   void LookToTheEnd(const QString& call) {
@@ -115,7 +115,12 @@ struct SessionFixture : LookupFixture {
     QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
     Settle();
   }
-  // What was handed to the other thread by now is done.
+  void UpdateToTheEnd() {
+    session.Update();
+    QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
+    Settle();
+  }
+  // Returns when the background thread has done all that it was given before.
   void Settle() {
     bool done = false;
     background.Run<bool>(
@@ -124,14 +129,3 @@ struct SessionFixture : LookupFixture {
   }
   QString Text(TextLine line) const { return program.language[line]; }
 };
-
-// A picture of plain colour as a JPEG.
-inline QByteArray PlainJpeg(QSize size) {
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(QColor(40, 90, 160));
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, "JPG");
-  return bytes;
-}

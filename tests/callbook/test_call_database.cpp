@@ -6,7 +6,6 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "callbook/call_database.h"
 #include "demo_database.h"
@@ -90,65 +89,62 @@ class TestCallDatabase : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void MeetsTheModel_data() {
-    QTest::addColumn<QByteArray>("letters");
-    QTest::addColumn<bool>("searchesFirst");  // and sorts at once, as all callers do
-    QTest::newRow("few calls, many duplicates") << QByteArray("AB") << false;
-    QTest::newRow("blanks, NULs, accents, lower case") << QByteArray("A1 \0z\xC4", 6) << false;
-    QTest::newRow("each call once") << QByteArray("ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789") << true;
-    QTest::newRow("once, but for cut calls") << QByteArray("ABC") << true;
-  }
-
   void MeetsTheModel() {
-    QFETCH(const QByteArray, letters);
-    QFETCH(const bool, searchesFirst);
-    const Folder folder;
-    CallDatabase database(folder.dir.path());
-    Model model;
-    QRandomGenerator random(41);
-    const auto anyCall = [&] {
-      if (!model.records.isEmpty() && random.bounded(3) == 0) {
-        return CallOf(model.records[random.bounded(static_cast<int>(model.records.size()))]);
-      }
-      QByteArray call;
-      for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
-      return call;
-    };
-    for (int step = 0; step < 400; ++step) {
-      const QByteArray call = anyCall();
-      const QString text = QString::fromLatin1(call);
-      const QByteArray name = QByteArray::number(step);
-      const int number = database.FindRecord(text);
-      QCOMPARE(number, model.Find(call));
-      const QByteArray found = number == 0 ? QByteArray() : model.records[number - 1].mid(6, 25);
-      QCOMPARE(database.DbCurrent.Name.Bytes().toByteArray(), Padded(found, 25));
+    // searchesFirst: each change searches first and sorts at once, as all callers do.
+    const auto check = [](const char* what, const QByteArray& letters, bool searchesFirst) {
+      const TableRow row(what);
+      const Folder folder;
+      CallDatabase database(folder.dir.path());
+      Model model;
+      QRandomGenerator random(41);
+      const auto anyCall = [&] {
+        if (!model.records.isEmpty() && random.bounded(3) == 0) {
+          return CallOf(model.records[random.bounded(static_cast<int>(model.records.size()))]);
+        }
+        QByteArray call;
+        for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
+        return call;
+      };
+      for (int step = 0; step < 400; ++step) {
+        const QByteArray call = anyCall();
+        const QString text = QString::fromLatin1(call);
+        const QByteArray name = QByteArray::number(step);
+        const int number = database.FindRecord(text);
+        QCOMPARE(number, model.Find(call));
+        const QByteArray found = number == 0 ? QByteArray() : model.records[number - 1].mid(6, 25);
+        QCOMPARE(database.DbCurrent.Name.Bytes().toByteArray(), Padded(found, 25));
 
-      database.ClearRecord();
-      database.DbCurrent.Call = text;
-      database.DbCurrent.Name = QString::fromLatin1(name);
-      const int choice = random.bounded(10);
-      if (choice == 0) {
-        QVERIFY(database.DeleteRecord(text));
-        model.records.removeIf([&call](const QByteArray& record) { return CallOf(record) == Trimmed(call); });
-      } else if (number > 0 && (searchesFirst || choice < 3)) {
-        QVERIFY(database.UpdateRecord(number));
-        model.records[number - 1] = Stored(call, name);
-      } else {
-        QVERIFY(database.AddRecord());
-        model.records += Stored(call, name);
+        database.ClearRecord();
+        database.DbCurrent.Call = text;
+        database.DbCurrent.Name = QString::fromLatin1(name);
+        const int choice = random.bounded(10);
+        if (choice == 0) {
+          QVERIFY(database.DeleteRecord(text));
+          model.records.removeIf([&call](const QByteArray& record) { return CallOf(record) == Trimmed(call); });
+        } else if (number > 0 && (searchesFirst || choice < 3)) {
+          QVERIFY(database.UpdateRecord(number));
+          model.records[number - 1] = Stored(call, name);
+        } else {
+          QVERIFY(database.AddRecord());
+          model.records += Stored(call, name);
+        }
+        if (searchesFirst || choice == 9) {
+          QVERIFY(database.SortDatabase());
+          model.Sort();
+        }
+        QCOMPARE(folder.Bytes(), model.records.join());
+        QCOMPARE(database.RecordCount(), model.records.size());
       }
-      if (searchesFirst || choice == 9) {
-        QVERIFY(database.SortDatabase());
-        model.Sort();
-      }
-      QCOMPARE(folder.Bytes(), model.records.join());
-      QCOMPARE(database.RecordCount(), model.records.size());
-    }
-    QStringList calls{u"old"_s};
-    QVERIFY(database.FillCallList(calls));
-    QStringList expected;
-    for (const QByteArray& record : std::as_const(model.records)) expected += QString::fromLatin1(CallOf(record));
-    QCOMPARE(calls, expected);
+      QStringList calls{u"old"_s};
+      QVERIFY(database.FillCallList(calls));
+      QStringList expected;
+      for (const QByteArray& record : std::as_const(model.records)) expected += QString::fromLatin1(CallOf(record));
+      QCOMPARE(calls, expected);
+    };
+    check("few calls, many duplicates", "AB", false);
+    check("blanks, NULs, accents, lower case", QByteArray("A1 \0z\xC4", 6), false);
+    check("each call once", "ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789", true);
+    check("once, but for cut calls", "ABC", true);
   }
 
   void KeepsFieldsInTheirPlaces() {
@@ -197,7 +193,7 @@ class TestCallDatabase : public QObject {
     QCOMPARE(database.DbCurrent.Call.Text(), QString());
     QVERIFY(database.FillCallList(calls) && calls.isEmpty());
 
-    // Nor does a record get behind the last one by its number.
+    // A number behind the last record writes nothing.
     QVERIFY(!database.UpdateRecord(1) && !database.UpdateRecord(0));
     QCOMPARE(folder.Bytes(), QByteArray());
 
@@ -208,7 +204,7 @@ class TestCallDatabase : public QObject {
     QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 1);
     QVERIFY(!QFile::exists(folder.File()));
 
-    // What cannot be opened as a file is passed over, and the work record stays.
+    // A folder in the file's place cannot be opened: nothing is found or written, and the work record stays.
     QVERIFY(QFile::remove(folder.File(u"omni-perch-db.DB"_s)) && QDir(folder.dir.path()).mkdir(u"Omni-Perch-DB.db"_s));
     QCOMPARE(database.FindRecord(u"AB1CD"_s), 0);
     QVERIFY(!database.AddRecord() && !database.SortDatabase() && !database.DeleteRecord(u"ZZ9QX"_s));
@@ -257,24 +253,7 @@ class TestCallDatabase : public QObject {
     QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"Omni-Perch-DB.db"_s});
   }
 
-  void PlacesStations() {
-    const Folder folder;
-    CallDatabase database(folder.dir.path());
-    QVERIFY(!database.LookupTargetLocation(u"ZZ0QX"_s).InDatabase);
-    database.DbCurrent.Call = u"ZZ0QX"_s;
-    database.DbCurrent.Lat = u"-33,9"_s;
-    database.DbCurrent.Lon = u" 151.2E"_s;
-    database.DbCurrent.Add2 = u"Mill Town"_s;
-    QVERIFY(database.AddRecord());
-    const TargetLocation target = database.LookupTargetLocation(u"ZZØQX"_s);
-    QVERIFY(target.InDatabase);
-    QCOMPARE(target.TargetLat, -33.9);
-    QCOMPARE(target.TargetLon, 151.2);
-    QCOMPARE(target.Add1 + target.Add2 + target.Ctry, u"Mill Town"_s);
-    QCOMPARE(database.LookupTargetLocation(u"ZZ0QY"_s).TargetLat, 0.0);
-  }
-
-  // What searches remember of a file that has not changed for a while must go with its first change.
+  // Searches remember the beginning of a file that has not changed for a while; its first change must end that.
   void SeesEveryChangeOfARestedFile() {
     const Folder folder;
     const auto call = [](int number) { return u"ZZ%1"_s.arg(number, 4, 10, QLatin1Char('0')); };
@@ -307,7 +286,7 @@ class TestCallDatabase : public QObject {
     QCOMPARE(database.FindRecord(call(299)), 149);
   }
 
-  // The demo's file is written by other code than that which reads it; the list is longer than what is read at once.
+  // The demo's file is written by other code than reads it; repeated it is longer than what FillCallList reads at once.
   void ListsTheDemo() {
     const Folder folder;
     folder.Put(DemoDatabase().repeated(60));

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The texts that a lookup begins with, and the two menus of its window.
-#include <QTest>
 
 #include "callbook/call_entry.h"
 #include "callbook/place_page.h"
@@ -12,56 +11,46 @@ class TestCallEntry : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void Cuts_data() {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("clipboard");
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<QString>("caption");
-    const QString none;
-    QTest::newRow("a call") << u"ZZ9QX"_s << u"ZZ9QX"_s << u"ZZ9QX"_s << u"ZZ9QX"_s;
-    QTest::newRow("blanks around") << u" zz0qx "_s << u"ZZØQX"_s << u" zz0qx "_s << none;
-    QTest::newRow("slashed zero") << u"ZZØQX"_s << u"ZZØQX"_s << u"ZZØQX"_s << u"ZZØQX"_s;
-    QTest::newRow("name behind") << u"ZZ9QX Robin"_s << u"ZZ9QX"_s << u"ZZ9QX Robin"_s << u"ZZ9QX"_s;
-    QTest::newRow("portable") << u"ZZ9QX/P"_s << u"ZZ9QX"_s << u"ZZ9QX/P"_s << u"ZZ9QX"_s;
-    QTest::newRow("de") << u"DE ZZ9QX"_s << u"ZZ9QX"_s << u"DE ZZ9QX"_s << none;
-    QTest::newRow("prefix") << u"VE3/ZZ9QX"_s << u"ZZ9QX"_s << u"VE3/ZZ9QX"_s << none;
-    QTest::newRow("listener") << u"swl"_s << u"SWL"_s << none << none;
-    QTest::newRow("listener in capitals") << u"SWL"_s << u"SWL"_s << u"SWL"_s << u"SWL"_s;
-    QTest::newRow("accent") << u"ÉE9QX"_s << none << u"ÉE9QX"_s << u"ÉE9QX"_s;
-    QTest::newRow("no digit") << u"HELLO"_s << none << none << u"HELLO"_s;
-    QTest::newRow("refused") << u"noCall-1"_s << none << none << none;
-    QTest::newRow("refused, as menus show it") << u"NØCALL sender"_s << u"NØCALL"_s << u"NØCALL sender"_s << none;
-    QTest::newRow("nothing") << none << none << none << none;
-    QTest::newRow("lines") << u"73 de\r\nZZ9QX"_s << none << none << none;
-  }
-
   void Cuts() {
-    QFETCH(const QString, text);
-    QTEST(CallOfClipboard(text), "clipboard");
-    QTEST(CallOfField(text), "field");
-    QTEST(CallOfCaption(text, {u"NOCALL"_s, u"N0CALL"_s}), "caption");
-    QVERIFY(text.startsWith(CutAtFirstOther(text)));
-  }
-
-  void FindsSatelliteViews_data() {
-    QTest::addColumn<double>("lat");
-    QTest::addColumn<double>("lon");
-    QTest::addColumn<QString>("url");
-    const QString address = u"https://m/maps/place/1+Mill+Lane,Caf%C3%A9%3F+%2A+%2F,Nowhere/@"_s;
-    QTest::newRow("coordinates") << -33.9 << 151.25
-                                 << u"https://m/maps/place/-33.9,151.25/@-33.9,151.25,19z/data=!3m1!1e3*ZZ9QX"_s;
-    QTest::newRow("the map's end") << 89.0 << 12.0 << address + u"89,12,19z/data=!3m1!1e3*ZZ9QX"_s;
-    QTest::newRow("the map's other end") << -89.0 << 12.0 << address + u"-89,12,19z/data=!3m1!1e3*ZZ9QX"_s;
-    QTest::newRow("half a place") << 0.0 << 12.0 << address + u"0,12,19z/data=!3m1!1e3*ZZ9QX"_s;
+    const auto check = [](const char* what, const QString& text, const QString& clipboard, const QString& field,
+                          const QString& caption) {
+      const TableRow row(what);
+      QCOMPARE(CallOfClipboard(text), clipboard);
+      QCOMPARE(CallOfField(text), field);
+      QCOMPARE(CallOfCaption(text, {u"NOCALL"_s, u"N0CALL"_s}), caption);
+      QVERIFY(text.startsWith(CutAtFirstOther(text)));
+    };
+    const QString none;
+    check("call", u"ZZ9QX"_s, u"ZZ9QX"_s, u"ZZ9QX"_s, u"ZZ9QX"_s);
+    check("blanks around", u" zz0qx "_s, u"ZZØQX"_s, u" zz0qx "_s, none);
+    check("slashed zero", u"ZZØQX"_s, u"ZZØQX"_s, u"ZZØQX"_s, u"ZZØQX"_s);
+    check("name behind", u"ZZ9QX Robin"_s, u"ZZ9QX"_s, u"ZZ9QX Robin"_s, u"ZZ9QX"_s);
+    check("portable", u"ZZ9QX/P"_s, u"ZZ9QX"_s, u"ZZ9QX/P"_s, u"ZZ9QX"_s);
+    check("de", u"DE ZZ9QX"_s, u"ZZ9QX"_s, u"DE ZZ9QX"_s, none);
+    check("prefix", u"VE3/ZZ9QX"_s, u"ZZ9QX"_s, u"VE3/ZZ9QX"_s, none);
+    check("listener", u"swl"_s, u"SWL"_s, none, none);
+    check("listener in capitals", u"SWL"_s, u"SWL"_s, u"SWL"_s, u"SWL"_s);
+    check("accent", u"ÉE9QX"_s, none, u"ÉE9QX"_s, u"ÉE9QX"_s);
+    check("no digit", u"HELLO"_s, none, none, u"HELLO"_s);
+    check("refused", u"noCall-1"_s, none, none, none);
+    check("refused, as menus show it", u"NØCALL sender"_s, u"NØCALL"_s, u"NØCALL sender"_s, none);
+    check("nothing", none, none, none, none);
+    check("lines", u"73 de\r\nZZ9QX"_s, none, none, none);
   }
 
   void FindsSatelliteViews() {
-    QFETCH(const double, lat);
-    QFETCH(const double, lon);
-    Hosts hosts;
-    hosts.Maps = u"https://m"_s;
-    const TargetLocation target{true, lat, lon, u"Name"_s, u" 1 Mill Lane "_s, u"Café? * /"_s, u"Nowhere"_s};
-    QTEST(SatelliteViewUrl(hosts, target, u"ZZ9QX"_s), "url");
+    const auto check = [](const char* what, double lat, double lon, const QString& url) {
+      const TableRow row(what);
+      Hosts hosts;
+      hosts.Maps = u"https://m"_s;
+      const TargetLocation target{true, lat, lon, u"Name"_s, u" 1 Mill Lane "_s, u"Café? * /"_s, u"Nowhere"_s};
+      QCOMPARE(SatelliteViewUrl(hosts, target, u"ZZ9QX"_s), url);
+    };
+    const QString address = u"https://m/maps/place/1+Mill+Lane,Caf%C3%A9%3F+%2A+%2F,Nowhere/@"_s;
+    check("coordinates", -33.9, 151.25, u"https://m/maps/place/-33.9,151.25/@-33.9,151.25,19z/data=!3m1!1e3*ZZ9QX"_s);
+    check("the map's end", 89.0, 12.0, address + u"89,12,19z/data=!3m1!1e3*ZZ9QX"_s);
+    check("the map's other end", -89.0, 12.0, address + u"-89,12,19z/data=!3m1!1e3*ZZ9QX"_s);
+    check("half a place", 0.0, 12.0, address + u"0,12,19z/data=!3m1!1e3*ZZ9QX"_s);
   }
 };
 

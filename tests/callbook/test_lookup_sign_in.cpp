@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a user's sign-in to a callbook service, and its end, change in a lookup; against the simulated services.
-#include <QTest>
 
 #include "lookup_fixture.h"
 #include "test_suite.h"
@@ -9,6 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kEham = 1;
 constexpr int kQrz = 2;
 constexpr int kCallook = 4;
 
@@ -19,7 +19,7 @@ class TestLookupSignIn : public QObject {
 
  private Q_SLOTS:
   void SignsInAndOut() {
-    SessionFixture f;
+    SessionFixture f(kEham);
     f.LookToTheEnd(u"K1QPE"_s);
     QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
     f.session.AwaitSignIn();
@@ -28,17 +28,17 @@ class TestLookupSignIn : public QObject {
     QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
     f.Settle();
     const int asked = f.Service().TotalRequests();
-    // The window that is closed now has been heard of already.
+    // The cookie has ended the waiting: closing the browser window afterwards reads nothing.
     f.session.SignInClosed();
     QVERIFY(!f.view.busy);
 
-    // One service's login is not another's, and there are no cookies of that one.
+    // A login to eHam is none to QRZ, of which there are no cookies.
     f.session.ChooseService(kQrz - 1);
     QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
     f.session.EndLookup();
-    f.Choose(1);
+    f.Choose(kEham);
 
-    // Another window of the program has a record to show: what is known of the login goes on.
+    // The next call has a record to show and reads no page: the session still knows of the login.
     f.Look(u"K1QPE"_s);
     QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
     f.session.SignOut();
@@ -53,7 +53,7 @@ class TestLookupSignIn : public QObject {
     QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
     QTRY_VERIFY(!f.view.busy);
 
-    // Whoever has chosen another service waits no longer for this one.
+    // Choosing another service ends the waiting.
     f.session.AwaitSignIn();
     f.session.ChooseService(kCallook - 1);
     QTRY_VERIFY(!f.view.busy);
@@ -64,7 +64,7 @@ class TestLookupSignIn : public QObject {
 
   // A service that gives a new cookie with every page is not asked for ever while the user types the password.
   void AwaitsTheSignInQuietly() {
-    SessionFixture f;
+    SessionFixture f(kEham);
     PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
     f.hosts.eHam = host.Base();
     const auto give = [&f](const QByteArray& value) { f.cookies.Add(QNetworkCookie("seen", value), u"127.0.0.1"_s); };
@@ -77,7 +77,7 @@ class TestLookupSignIn : public QObject {
     give("the login page's");
     QTRY_COMPARE(host.TotalRequests(), 3);
     QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
-    // What the browser is given then counts as before.
+    // A cookie that the browser window gets later counts again.
     give("the user's");
     QTRY_COMPARE(host.TotalRequests(), 5);
     // Nobody waits any more once the user has signed out.
@@ -89,7 +89,7 @@ class TestLookupSignIn : public QObject {
   }
 
   void KnowsOfASignOutWithoutACall() {
-    SessionFixture f;
+    SessionFixture f(kEham);
     f.SignIn();
     f.Look(QString());
     QSignalSpy changed(&f.session, &LookupSession::Changed);

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The readers of callbook pages on texts as pages give them, line ends written as "\n" here. Persons are made up.
-#include <QTest>
 
 #include "callbook/page_reader.h"
 #include "test_suite.h"
@@ -142,7 +141,7 @@ class TestPageReader : public QObject {
       grids += reader.Grid(service);
       pages += reader.WebAddress(service);
     }
-    // The line's end comes with the one that begins later.
+    // Callook's grid square begins behind the others and takes the end of its line along.
     QCOMPARE(grids, (QStringList{u""_s, u": JN58td"_s, u""_s, u"JN58td\r\n"_s, u""_s}));
     QCOMPARE(pages, (QStringList{u""_s, u": zz9qx.example"_s, u""_s, u""_s, u""_s}));
     QCOMPARE(reader.Class(QRZ), QString());  // its words do not count before the record

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The choice of a callbook service as the lookup window and the setup windows have it.
-#include <QSignalSpy>
-#include <QTest>
 
 #include "callbook/service_chooser.h"
 #include "test_suite.h"
@@ -13,13 +11,12 @@ class TestServiceChooser : public QObject {
 
  private Q_SLOTS:
   void IsSpelledPerWindow() {
-    for (const auto& [spelling, third, fourth] :
-         {std::tuple{ServiceSpelling::Lookup, u"QRZCQ.com"_s, u"Callook.info"_s},
-          std::tuple{ServiceSpelling::Setup, u"QRZCQ.com"_s, u"Callook"_s}}) {
+    for (const ServiceSpelling spelling : {ServiceSpelling::Lookup, ServiceSpelling::Setup}) {
       QWidget window;
       ServiceChooser chooser(spelling, {u"cmdGetLatLon"_s, u"lblStatus"_s}, &window);
       auto* cboDB = chooser.findChild<QComboBox*>(u"cboDB"_s);
-      const QStringList names = {u"eHam"_s, u"QRZ"_s, third, fourth, u"HamCall"_s};
+      const QString callook = spelling == ServiceSpelling::Lookup ? u"Callook.info"_s : u"Callook"_s;
+      const QStringList names = {u"eHam"_s, u"QRZ"_s, u"QRZCQ.com"_s, callook, u"HamCall"_s};
       QCOMPARE(cboDB->count(), names.size());
       Config config;
       for (int i = 0; i < names.size(); ++i) {
@@ -46,7 +43,6 @@ class TestServiceChooser : public QObject {
 
     chooser.ShowTexts(u"Select database"_s);
     chooser.SetFetchCaption(u"Get K1QPE & more\r\n(Logged in)"_s);
-    QCOMPARE(chooser.FetchButton()->objectName(), u"cmdGetLatLon"_s);
     QCOMPARE(chooser.FetchButton()->text(), u"Get K1QPE && more\r\n(Logged in)"_s);
     QTest::keyClick(chooser.FetchButton(), Qt::Key_Space);
     QCOMPARE(wanted.count(), 1);
@@ -68,10 +64,6 @@ class TestServiceChooser : public QObject {
     const QString text = u"Get ??? from ***"_s;
     QCOMPARE(FetchCaption(text, u"K1QPE"_s, u"QRZ"_s, {}), u"Get K1QPE from QRZ"_s);
     QCOMPARE(FetchCaption(text, u"K1QPE"_s, u"QRZ"_s, u"Logged in"_s), u"Get K1QPE from QRZ\r\n(Logged in)"_s);
-    QCOMPARE(LoginLine(3, false), TextLine::kQrzcqStatus);
-    QCOMPARE(LoginLine(3, true), TextLine::kLoggedIn);
-    QCOMPARE(LoginLine(4, false), TextLine::kCallookStatus);
-    QCOMPARE(LoginLine(5, false), TextLine::kNotLoggedIn);
   }
 };
 

@@ -2,7 +2,6 @@
 // What the location map draws, in both of its cases, and how it finds its map.
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "app/load_sequence.h"
 #include "maps/location_map.h"
@@ -69,23 +68,19 @@ class TestLocationMap : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void Names_data() {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("title");
-    QTest::addColumn<QString>("listed");
-    QTest::newRow("picture") << u"New Zealand Map.jpg"_s << u"New Zealand Map"_s << u"New Zealand"_s;
-    QTest::newRow("gif") << u"Asia Map.gif"_s << u"Asia Map"_s << u"Asia"_s;
-    QTest::newRow("other case") << u"uk map.JPG"_s << u"uk map"_s << u"uk"_s;
-    QTest::newRow("other type") << u"My Map.png"_s << u"My Map"_s << u"My Map.png"_s;
-    QTest::newRow("no name") << u".jp"_s << QString() << u".jp"_s;
-  }
-
   void Names() {
-    QFETCH(QString, file);
-    QTEST(MapTitle({file}, 0), "title");
-    QTEST(MapListName(file), "listed");
-    QCOMPARE(MapTitle({file}, 1), QString());
-    QCOMPARE(MapTitle({file}, -1), QString());
+    const auto check = [](const char* what, const QString& file, const QString& title, const QString& listed) {
+      const TableRow row(what);
+      QCOMPARE(MapTitle({file}, 0), title);
+      QCOMPARE(MapListName(file), listed);
+      QCOMPARE(MapTitle({file}, 1), QString());
+      QCOMPARE(MapTitle({file}, -1), QString());
+    };
+    check("picture", u"New Zealand Map.jpg"_s, u"New Zealand Map"_s, u"New Zealand"_s);
+    check("gif", u"Asia Map.gif"_s, u"Asia Map"_s, u"Asia"_s);
+    check("other case", u"uk map.JPG"_s, u"uk map"_s, u"uk"_s);
+    check("other type", u"My Map.png"_s, u"My Map"_s, u"My Map.png"_s);
+    check("no name", u".jp"_s, {}, u".jp"_s);
   }
 
   // The files of the maps' folder that are listed at the start, with their offsets.
@@ -110,21 +105,16 @@ class TestLocationMap : public QObject {
     QCOMPARE(program.MapTop.at(7), -267);
   }
 
-  void BestMap_data() {
-    QTest::addColumn<double>("lat");
-    QTest::addColumn<double>("lon");
-    QTest::addColumn<int>("index");
-    QTest::newRow("by the first entry that has the name") << 50.0 << 10.0 << 1;
-    QTest::newRow("any letter case") << 54.0 << -1.5 << 3;
-    QTest::newRow("missing") << 36.0 << 139.0 << 4;
-  }
-
   void BestMap() {
-    const QStringList maps = {u"Asia Map.jpg"_s, u"Old Europe Map.gif"_s, u"Europe Map.jpg"_s, u"UK MAP.JPG"_s};
-    QFETCH(double, lat);
-    QFETCH(double, lon);
-    QTEST(BestMapIndex(maps, lat, lon), "index");
-    QCOMPARE(BestMapIndex({}, lat, lon), 0);
+    const auto check = [](const char* what, double lat, double lon, int index) {
+      const TableRow row(what);
+      const QStringList maps = {u"Asia Map.jpg"_s, u"Old Europe Map.gif"_s, u"Europe Map.jpg"_s, u"UK MAP.JPG"_s};
+      QCOMPARE(BestMapIndex(maps, lat, lon), index);
+      QCOMPARE(BestMapIndex({}, lat, lon), 0);
+    };
+    check("by the first entry that has the name", 50.0, 10.0, 1);
+    check("any letter case", 54.0, -1.5, 3);
+    check("missing", 36.0, 139.0, 4);
   }
 
   void TargetOnThePicture() {
@@ -181,153 +171,120 @@ class TestLocationMap : public QObject {
 
   // A stub that ends near an edge, or off the picture: its label is moved onto the picture with its frame, the line is
   // drawn as it is.
-  void StubLabelStaysOnThePicture_data() {
-    QTest::addColumn<QPoint>("own");
-    QTest::addColumn<QPoint>("target");
-    QTest::newRow("left") << QPoint(5, 500) << QPoint(-800, 500);
-    QTest::newRow("right") << QPoint(1005, 500) << QPoint(1800, 500);
-    QTest::newRow("top") << QPoint(500, 3) << QPoint(500, -800);
-    QTest::newRow("corner") << QPoint(1008, 1178) << QPoint(2000, 2000);
-  }
-
   void StubLabelStaysOnThePicture() {
-    QFETCH(QPoint, own);
-    QFETCH(QPoint, target);
-    Picked picked = Netherlands(target, own);
-    const MapDrawing map = picked.Build();
-    QCOMPARE(map.overlay.lines.first().from, QPointF(own));
-    const MapOverlay::Label& call = map.overlay.labels.first();
-    QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(call.box.adjusted(-1, -1, 1, 1)));
-    QCOMPARE(call.place.size(), Measure(call.text));
+    const auto check = [](const char* what, QPoint own, QPoint target) {
+      const TableRow row(what);
+      Picked picked = Netherlands(target, own);
+      const MapDrawing map = picked.Build();
+      QCOMPARE(map.overlay.lines.first().from, QPointF(own));
+      const MapOverlay::Label& call = map.overlay.labels.first();
+      QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(call.box.adjusted(-1, -1, 1, 1)));
+      QCOMPARE(call.place.size(), Measure(call.text));
+    };
+    check("left", {5, 500}, {-800, 500});
+    check("right", {1005, 500}, {1800, 500});
+    check("top", {500, 3}, {500, -800});
+    check("corner", {1008, 1178}, {2000, 2000});
   }
 
-  // Neither target nor own position on the picture: beside what is drawn off it, an arrow at the nearest edge.
-  void ArrowAtTheEdge_data() {
-    QTest::addColumn<QPoint>("target");
-    QTest::addColumn<QPoint>("own");
-    QTest::addColumn<QPointF>("tip");  // null: no arrow
-    const QPoint off(500, 3000);
-    QTest::newRow("west") << QPoint(-900, 500) << off << QPointF(10, 500);
-    QTest::newRow("far to the north") << QPoint(400, -20000) << off << QPointF(400, 44);
-    QTest::newRow("beyond a corner") << QPoint(1500, 2000) << off << QPointF(1000, 1156);
-    QTest::newRow("a hair off") << QPoint(-1, 500) << off << QPointF(10, 500);
-    QTest::newRow("on the edge") << QPoint(0, 500) << off << QPointF();
-    QTest::newRow("own position shows") << QPoint(-900, 500) << QPoint(500, 500) << QPointF();
-  }
-
+  // Where neither target nor own position lies on the picture, an arrow at the nearest edge points to the target.
   void ArrowAtTheEdge() {
-    QFETCH(QPoint, target);
-    QFETCH(QPoint, own);
-    QFETCH(QPointF, tip);
-    Picked picked = Netherlands(target, own);
-    const MapDrawing map = picked.Build();
-    const bool stub = picked.picture.height() > own.y();
-    QCOMPARE(map.overlay.lines.size(), tip.isNull() ? (stub ? 1 : 0) : 3);
-    if (tip.isNull()) return;
-    const QPointF way = map.overlay.lines.first().to - map.overlay.lines.first().from;
-    QCOMPARE(map.overlay.lines.first().to, tip);
-    // It points from the picture's inside to where the target lies.
-    const QPointF wanted = QPointF(target) - tip;
-    QVERIFY(QPointF::dotProduct(way, wanted) >
-            0.999 * std::hypot(way.x(), way.y()) * std::hypot(wanted.x(), wanted.y()));
-    const MapOverlay::Label& beside = map.overlay.labels.at(1);
-    QVERIFY(beside.text.startsWith(u" ZZ1AA  Az "_s) && beside.clickable);
-    QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(beside.box));
-    QVERIFY(!beside.box.contains(tip));
-    // What is told of the target stays: its label over its place, the point kept in view.
-    QCOMPARE(map.overlay.labels.first().place.center().x(), double(target.x()));
-    QCOMPARE(*map.keep, QPointF(target));
-    // Without own position the arrow has no azimuth to tell.
-    picked.program.config.MyLat = picked.program.config.MyLon = 0;
-    QCOMPARE(picked.Build().overlay.labels.at(1).text, u" ZZ1AA "_s);
+    // Where the tip is null no arrow is drawn.
+    const auto check = [](const char* what, QPoint target, QPoint own, QPointF tip) {
+      const TableRow row(what);
+      Picked picked = Netherlands(target, own);
+      const MapDrawing map = picked.Build();
+      const bool stub = picked.picture.height() > own.y();
+      QCOMPARE(map.overlay.lines.size(), tip.isNull() ? (stub ? 1 : 0) : 3);
+      if (tip.isNull()) return;
+      const QPointF way = map.overlay.lines.first().to - map.overlay.lines.first().from;
+      QCOMPARE(map.overlay.lines.first().to, tip);
+      // It points from the picture's inside to where the target lies.
+      const QPointF wanted = QPointF(target) - tip;
+      QVERIFY(QPointF::dotProduct(way, wanted) >
+              0.999 * std::hypot(way.x(), way.y()) * std::hypot(wanted.x(), wanted.y()));
+      const MapOverlay::Label& beside = map.overlay.labels.at(1);
+      QVERIFY(beside.text.startsWith(u" ZZ1AA  Az "_s) && beside.clickable);
+      QVERIFY(QRectF(QPointF(0, 0), picked.picture).contains(beside.box));
+      QVERIFY(!beside.box.contains(tip));
+      // The target's own label is drawn all the same, over its place off the picture, and the view goes there.
+      QCOMPARE(map.overlay.labels.first().place.center().x(), double(target.x()));
+      QCOMPARE(*map.keep, QPointF(target));
+      // Without own position the arrow has no azimuth to tell.
+      picked.program.config.MyLat = picked.program.config.MyLon = 0;
+      QCOMPARE(picked.Build().overlay.labels.at(1).text, u" ZZ1AA "_s);
+    };
+    const QPoint off(500, 3000);
+    check("west", {-900, 500}, off, {10, 500});
+    check("far to the north", {400, -20000}, off, {400, 44});
+    check("beyond a corner", {1500, 2000}, off, {1000, 1156});
+    check("a hair off", {-1, 500}, off, {10, 500});
+    check("on the edge", {0, 500}, off, {});
+    check("own position shows", {-900, 500}, {500, 500}, {});
   }
 
   // Thousands are parted as the desktop parts them, also where its numbers usually are not.
-  void Thousands_data() {
-    QTest::addColumn<QLocale>("locale");
-    QTest::addColumn<QString>("info");
-    QTest::newRow("plain") << QLocale::c() << u"ZZ2BB  Dx 5,589 km  Az 286°"_s;
-    QTest::newRow("German") << QLocale(QLocale::German) << u"ZZ2BB  Dx 5.589 km  Az 286°"_s;
-  }
-
   void Thousands() {
-    QFETCH(QLocale, locale);
-    const auto restored = qScopeGuard([before = QLocale()]() { QLocale::setDefault(before); });
-    QLocale::setDefault(locale);
-    Picked picked;
-    picked.target = {u"ZZ2BB"_s, 40, -75};
-    QTEST(picked.Build().info, "info");
+    const auto check = [](const char* what, const QLocale& locale, const QString& info) {
+      const TableRow row(what);
+      const auto restored = qScopeGuard([before = QLocale()]() { QLocale::setDefault(before); });
+      QLocale::setDefault(locale);
+      Picked picked;
+      picked.target = {u"ZZ2BB"_s, 40, -75};
+      QCOMPARE(picked.Build().info, info);
+    };
+    check("plain", QLocale::c(), u"ZZ2BB  Dx 5,589 km  Az 286°"_s);
+    check("German", QLocale(QLocale::German), u"ZZ2BB  Dx 5.589 km  Az 286°"_s);
   }
 
   // A target on the very edge of the picture is on it, own position there is not.
-  void Edges_data() {
-    QTest::addColumn<QPoint>("target");
-    QTest::addColumn<QPoint>("own");
-    QTest::addColumn<bool>("stub");
+  void Edges() {
+    const auto check = [](const char* what, QPoint target, QPoint own, bool stub) {
+      const TableRow row(what);
+      Picked picked = Netherlands(target, own);
+      const MapDrawing map = picked.Build();
+      QCOMPARE(map.overlay.lines.size() == 1, stub);
+      QCOMPARE(*map.keep, QPointF(stub ? own : target));
+      QCOMPARE(map.overlay.circles.last().centre, QPointF(own));
+
+      // Without own position no line is drawn from there.
+      picked.program.config.MyLat = picked.program.config.MyLon = 0;
+      const MapDrawing alone = picked.Build();
+      QVERIFY(alone.overlay.lines.size() != 1);
+      QCOMPARE(alone.overlay.labels.first().text, u"ZZ1AA\r\n  Set your own location first (Setup) "_s);
+      QCOMPARE(*alone.keep, QPointF(target));
+    };
     const QPoint inside(300, 700);
     const QPoint off(-500, 700);
-    QTest::newRow("target at the left") << QPoint(0, 500) << inside << false;
-    QTest::newRow("target off the left") << QPoint(-1, 500) << inside << true;
-    QTest::newRow("target at the right") << QPoint(1010, 500) << inside << false;
-    QTest::newRow("target off the right") << QPoint(1011, 500) << inside << true;
-    QTest::newRow("target at the top") << QPoint(500, 0) << inside << false;
-    QTest::newRow("target off the top") << QPoint(500, -1) << inside << true;
-    QTest::newRow("target at the bottom") << QPoint(500, 1180) << inside << false;
-    QTest::newRow("target off the bottom") << QPoint(500, 1181) << inside << true;
-    QTest::newRow("own position at the left") << off << QPoint(0, 500) << false;
-    QTest::newRow("own position inside the left") << off << QPoint(1, 500) << true;
-    QTest::newRow("own position at the right") << off << QPoint(1010, 500) << false;
-    QTest::newRow("own position inside the right") << off << QPoint(1009, 500) << true;
-    QTest::newRow("own position at the top") << off << QPoint(500, 0) << false;
-    QTest::newRow("own position inside the top") << off << QPoint(500, 1) << true;
-    QTest::newRow("own position at the bottom") << off << QPoint(500, 1180) << false;
-    QTest::newRow("own position inside the bottom") << off << QPoint(500, 1179) << true;
-    QTest::newRow("both off") << off << QPoint(500, 2000) << false;
-  }
-
-  void Edges() {
-    QFETCH(QPoint, target);
-    QFETCH(QPoint, own);
-    Picked picked = Netherlands(target, own);
-    const MapDrawing map = picked.Build();
-    const bool stub = map.overlay.lines.size() == 1;
-    QTEST(stub, "stub");
-    QCOMPARE(*map.keep, QPointF(stub ? own : target));
-    QCOMPARE(map.overlay.circles.last().centre, QPointF(own));
-
-    // Without own position there is nothing that the way could begin at.
-    picked.program.config.MyLat = picked.program.config.MyLon = 0;
-    const MapDrawing alone = picked.Build();
-    QVERIFY(alone.overlay.lines.size() != 1);
-    QCOMPARE(alone.overlay.labels.first().text, u"ZZ1AA\r\n  Set your own location first (Setup) "_s);
-    QCOMPARE(*alone.keep, QPointF(target));
-  }
-
-  void OwnPosition_data() {
-    QTest::addColumn<double>("lat");
-    QTest::addColumn<double>("lon");
-    QTest::addColumn<double>("latAfter");
-    QTest::addColumn<bool>("drawn");
-    QTest::newRow("north of the maps") << 89.5 << 10.0 << 89.0 << true;
-    QTest::newRow("south of them") << -90.0 << 10.0 << -89.0 << true;
-    QTest::newRow("beyond the pole") << 1234.0 << 10.0 << 89.0 << true;
-    QTest::newRow("not set") << 0.0 << 0.0 << 0.0 << false;
-    QTest::newRow("on the equator") << 0.0 << 10.0 << 0.0 << true;
-    QTest::newRow("no number") << qQNaN() << 10.0 << qQNaN() << false;
+    const std::pair<QPoint, QPoint> edges[] = {
+        {{0, 500}, {-1, 0}}, {{1010, 500}, {1, 0}}, {{500, 0}, {0, -1}}, {{500, 1180}, {0, 1}}};
+    for (const auto& [edge, outwards] : edges) {
+      check("target on the edge", edge, inside, false);
+      check("target off the edge", edge + outwards, inside, true);
+      check("own position on the edge", off, edge, false);
+      check("own position inside the edge", off, edge - outwards, true);
+    }
+    check("both off", off, {500, 2000}, false);
   }
 
   void OwnPosition() {
-    QFETCH(double, lat);
-    QFETCH(double, lon);
-    QFETCH(bool, drawn);
-    Picked picked;
-    picked.program.config.MyLat = lat;
-    picked.program.config.MyLon = lon;
-    const MapDrawing map = picked.Build();
-    QTEST(picked.program.config.MyLat, "latAfter");
-    QCOMPARE(CirclesAt(map, *map.keep), 2);
-    QCOMPARE(map.overlay.labels.size(), drawn ? 2 : 1);
-    QCOMPARE(map.overlay.circles.size(), drawn ? 4 : 2);
+    const auto check = [](const char* what, double lat, double lon, double latAfter, bool drawn) {
+      const TableRow row(what);
+      Picked picked;
+      picked.program.config.MyLat = lat;
+      picked.program.config.MyLon = lon;
+      const MapDrawing map = picked.Build();
+      QCOMPARE(picked.program.config.MyLat, latAfter);
+      QCOMPARE(CirclesAt(map, *map.keep), 2);
+      QCOMPARE(map.overlay.labels.size(), drawn ? 2 : 1);
+      QCOMPARE(map.overlay.circles.size(), drawn ? 4 : 2);
+    };
+    check("north of the maps", 89.5, 10.0, 89.0, true);
+    check("south of them", -90.0, 10.0, -89.0, true);
+    check("beyond the pole", 1234.0, 10.0, 89.0, true);
+    check("not set", 0.0, 0.0, 0.0, false);
+    check("on the equator", 0.0, 10.0, 0.0, true);
+    check("no number", qQNaN(), 10.0, qQNaN(), false);
   }
 
   void TextWithoutDistance() {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The arithmetic of fitting and panning a map, on pictures as large as the ones that come with the program.
 #include <QRect>
-#include <QTest>
 
 #include "maps/map_fit.h"
 #include "test_suite.h"
@@ -28,81 +27,59 @@ class TestMapFit : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void Fit_data() {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("window");
-    QTest::addColumn<QSize>("border");
-    QTest::addColumn<QPoint>("place");
-    QTest::addColumn<QString>("pan");
-    QTest::newRow("larger both ways") << kWorld << kScreen << QSize(0, 0) << QPoint(-600, -206) << u"XY"_s;
-    QTest::newRow("higher only") << kUk << QSize(1090, 1000) << QSize(0, 0) << QPoint(0, -150) << u"Y"_s;
-    QTest::newRow("smaller") << QSize(100, 80) << QSize(360, 220) << QSize(0, 0) << QPoint(130, 70) << QString();
-    QTest::newRow("narrow and high") << QSize(100, 400) << QSize(360, 220) << QSize(0, 0) << QPoint(130, -90) << u"Y"_s;
-    QTest::newRow("as large") << kUk << kUk << QSize(0, 0) << QPoint(0, 0) << QString();
-    QTest::newRow("larger by its border") << kUk << kUk << QSize(4, 4) << QPoint(-2, -2) << u"XY"_s;
-    QTest::newRow("smaller, with a border")
-        << QSize(100, 80) << QSize(360, 220) << QSize(4, 4) << QPoint(128, 68) << QString();
-  }
-
   void Fit() {
-    QFETCH(QSize, picture);
-    QFETCH(QSize, window);
-    QFETCH(QSize, border);
-    const MapFit fit = Fitted(picture, window, border);
-    QTEST(fit.place, "place");
-    QTEST(QString((fit.PanX ? u"X"_s : QString()) + (fit.PanY ? u"Y"_s : QString())), "pan");
-    QCOMPARE(fit.frame, window - border);
-  }
-
-  void KeepInView_data() {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("window");
-    QTest::addColumn<QPointF>("point");
-    QTest::addColumn<int>("room");
-    QTest::addColumn<QPoint>("place");
-    QTest::newRow("in the middle") << kWorld << kScreen << QPointF(1458, 700) << 25 << QPoint(-658, -200);
-    QTest::newRow("top left") << kWorld << kScreen << QPointF(10, 10) << 25 << QPoint(0, 0);
-    QTest::newRow("bottom right") << kWorld << kScreen << QPointF(2790, 1400) << 25 << QPoint(-1200, -437);
-    QTest::newRow("bottom, no room") << kWorld << kScreen << QPointF(2790, 1400) << 0 << QPoint(-1200, -412);
-    QTest::newRow("far off") << kWorld << kScreen << QPointF(-2147483648.0, 2147483647.0) << 25 << QPoint(0, -437);
-    // A picture as large as its frame still gives way to what the bar takes.
-    QTest::newRow("all in view") << kUk << kUk << QPointF(500, 1200) << 25 << QPoint(0, -25);
-    QTest::newRow("smaller") << QSize(100, 80) << QSize(360, 220) << QPointF(50, 40) << 25 << QPoint(130, 70);
-    // Centred by its width although the point would ask for another height.
-    QTest::newRow("narrow and high") << QSize(100, 400) << QSize(360, 220) << QPointF(50, 10) << 25 << QPoint(130, -90);
+    const auto check = [](const char* what, QSize picture, QSize window, QSize border, QPoint place,
+                          const QString& pan) {
+      const TableRow row(what);
+      const MapFit fit = Fitted(picture, window, border);
+      QCOMPARE(fit.place, place);
+      QCOMPARE(QString((fit.PanX ? u"X"_s : QString()) + (fit.PanY ? u"Y"_s : QString())), pan);
+      QCOMPARE(fit.frame, window - border);
+    };
+    check("larger both ways", kWorld, kScreen, {0, 0}, {-600, -206}, u"XY"_s);
+    check("higher only", kUk, {1090, 1000}, {0, 0}, {0, -150}, u"Y"_s);
+    check("smaller", {100, 80}, {360, 220}, {0, 0}, {130, 70}, {});
+    check("narrow and high", {100, 400}, {360, 220}, {0, 0}, {130, -90}, u"Y"_s);
+    check("as large", kUk, kUk, {0, 0}, {0, 0}, {});
+    check("larger by its border", kUk, kUk, {4, 4}, {-2, -2}, u"XY"_s);
+    check("smaller, with a border", {100, 80}, {360, 220}, {4, 4}, {128, 68}, {});
   }
 
   void KeepInView() {
-    QFETCH(QSize, picture);
-    QFETCH(QSize, window);
-    QFETCH(QPointF, point);
-    QFETCH(int, room);
-    MapFit fit = Fitted(picture, window);
-    fit.KeepInView(point, room);
-    QTEST(fit.place, "place");
+    const auto check = [](const char* what, QSize picture, QSize window, QPointF point, int room, QPoint place) {
+      const TableRow row(what);
+      MapFit fit = Fitted(picture, window);
+      fit.KeepInView(point, room);
+      QCOMPARE(fit.place, place);
+    };
+    check("in the middle", kWorld, kScreen, {1458, 700}, 25, {-658, -200});
+    check("top left", kWorld, kScreen, {10, 10}, 25, {0, 0});
+    check("bottom right", kWorld, kScreen, {2790, 1400}, 25, {-1200, -437});
+    check("bottom, no room", kWorld, kScreen, {2790, 1400}, 0, {-1200, -412});
+    check("far off", kWorld, kScreen, {-2147483648.0, 2147483647.0}, 25, {0, -437});
+    // A picture as large as its frame still gives way to what the bar takes.
+    check("all in view", kUk, kUk, {500, 1200}, 25, {0, -25});
+    check("smaller", {100, 80}, {360, 220}, {50, 40}, 25, {130, 70});
+    // Centred by its width although the point would ask for another height.
+    check("narrow and high", {100, 400}, {360, 220}, {50, 10}, 25, {130, -90});
   }
 
   // From (-600, -206) of the World map; it can be dragged to -1199 and -411 at most.
-  void Drag_data() {
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QPoint>("to");
-    QTest::addColumn<QPoint>("place");
-    QTest::newRow("both ways") << kWorld << QPoint(-700, -100) << QPoint(-700, -100);
-    QTest::newRow("to the corner") << kWorld << QPoint(0, 0) << QPoint(0, 0);
-    QTest::newRow("beyond the left") << kWorld << QPoint(1, -100) << QPoint(-600, -100);
-    QTest::newRow("last column") << kWorld << QPoint(-1199, -411) << QPoint(-1199, -411);
-    QTest::newRow("at the bound") << kWorld << QPoint(-1200, -412) << QPoint(-600, -206);
-    QTest::newRow("only one way") << QSize(1000, 1412) << QPoint(-50, -100) << QPoint(300, -100);
-  }
-
   void Drag() {
-    QFETCH(QSize, picture);
-    QFETCH(QPoint, to);
-    MapFit fit = Fitted(picture, kScreen);
-    const QPoint before = fit.place;
-    const bool moved = fit.DragTo(to);
-    QTEST(fit.place, "place");
-    QCOMPARE(moved, fit.place != before);
+    const auto check = [](const char* what, QSize picture, QPoint to, QPoint place) {
+      const TableRow row(what);
+      MapFit fit = Fitted(picture, kScreen);
+      const QPoint before = fit.place;
+      const bool moved = fit.DragTo(to);
+      QCOMPARE(fit.place, place);
+      QCOMPARE(moved, fit.place != before);
+    };
+    check("both ways", kWorld, {-700, -100}, {-700, -100});
+    check("to the corner", kWorld, {0, 0}, {0, 0});
+    check("beyond the left", kWorld, {1, -100}, {-600, -100});
+    check("last column", kWorld, {-1199, -411}, {-1199, -411});
+    check("at the bound", kWorld, {-1200, -412}, {-600, -206});
+    check("only one way", {1000, 1412}, {-50, -100}, {300, -100});
   }
 
   void KeysStopAtTheEdges() {

@@ -4,13 +4,12 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QSemaphore>
-#include <QSignalSpy>
-#include <QTest>
 #include <QThreadPool>
 #include <QWheelEvent>
 
 #include "maps/map_line.h"
 #include "maps/map_view.h"
+#include "plain_picture.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
@@ -100,49 +99,37 @@ class TestMapView : public QObject {
     QCOMPARE(shown.Place(), QPoint(-249, -220));
   }
 
-  void Keys_data() {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<QPoint>("place");
-    QTest::newRow("right") << int(Qt::Key_Right) << 0 << QPoint(-290, -200);
-    QTest::newRow("left") << int(Qt::Key_Left) << 0 << QPoint(-210, -200);
-    QTest::newRow("up, fast") << int(Qt::Key_Up) << int(Qt::ShiftModifier) << QPoint(-250, 0);
-    // 25 rows of the frame lie below the window's edge.
-    QTest::newRow("down, a page") << int(Qt::Key_Down) << int(Qt::ControlModifier) << QPoint(-250, -425);
-    QTest::newRow("home") << int(Qt::Key_Home) << 0 << QPoint(0, -350);
-  }
-
   void Keys() {
-    QFETCH(int, key);
-    QFETCH(int, modifiers);
-    Shown shown;
-    shown.view->SetHome(QPointF(100, 500), 25);
-    QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    if (key == Qt::Key_Down) QTest::keyClick(shown.view, Qt::Key(key), Qt::KeyboardModifiers(modifiers));
-    QTEST(shown.Place(), "place");
-    QCOMPARE(shown.panned.last(), (QList<QVariant>{shown.Place().x(), shown.Place().y()}));
-  }
-
-  void Wheel_data() {
-    QTest::addColumn<QPoint>("pixels");
-    QTest::addColumn<QPoint>("angle");
-    QTest::addColumn<bool>("shift");
-    QTest::addColumn<QPoint>("place");
-    QTest::newRow("a notch") << QPoint() << QPoint(0, 120) << false << QPoint(-250, -160);
-    QTest::newRow("a notch sideways") << QPoint() << QPoint(0, -120) << true << QPoint(-290, -200);
-    QTest::newRow("touch pad") << QPoint(7, -9) << QPoint(56, -72) << false << QPoint(-243, -209);
+    const auto check = [](const char* what, Qt::Key key, Qt::KeyboardModifiers modifiers, QPoint place) {
+      const TableRow row(what);
+      Shown shown;
+      shown.view->SetHome(QPointF(100, 500), 25);
+      QTest::keyClick(shown.view, key, modifiers);
+      if (key == Qt::Key_Down) QTest::keyClick(shown.view, key, modifiers);
+      QCOMPARE(shown.Place(), place);
+      QCOMPARE(shown.panned.last(), (QList<QVariant>{shown.Place().x(), shown.Place().y()}));
+    };
+    check("right", Qt::Key_Right, {}, {-290, -200});
+    check("left", Qt::Key_Left, {}, {-210, -200});
+    check("up, fast", Qt::Key_Up, Qt::ShiftModifier, {-250, 0});
+    // 25 rows of the frame lie below the window's edge.
+    check("down, a page", Qt::Key_Down, Qt::ControlModifier, {-250, -425});
+    check("home", Qt::Key_Home, {}, {0, -350});
   }
 
   void Wheel() {
-    QFETCH(QPoint, pixels);
-    QFETCH(QPoint, angle);
-    QFETCH(bool, shift);
-    Shown shown;
-    QWheelEvent wheel(QPointF(200, 150), shown.view->mapToGlobal(QPointF(200, 150)), pixels, angle, Qt::NoButton,
-                      shift ? Qt::ShiftModifier : Qt::NoModifier, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(shown.view, &wheel);
-    QTEST(shown.Place(), "place");
-    QCOMPARE(shown.panned.size(), 1);
+    const auto check = [](const char* what, QPoint pixels, QPoint angle, bool shift, QPoint place) {
+      const TableRow row(what);
+      Shown shown;
+      QWheelEvent wheel(QPointF(200, 150), shown.view->mapToGlobal(QPointF(200, 150)), pixels, angle, Qt::NoButton,
+                        shift ? Qt::ShiftModifier : Qt::NoModifier, Qt::NoScrollPhase, false);
+      QCoreApplication::sendEvent(shown.view, &wheel);
+      QCOMPARE(shown.Place(), place);
+      QCOMPARE(shown.panned.size(), 1);
+    };
+    check("a notch", {}, {0, 120}, false, {-250, -160});
+    check("a notch sideways", {}, {0, -120}, true, {-290, -200});
+    check("touch pad", {7, -9}, {56, -72}, false, {-243, -209});
   }
 
   void LabelsAreClicked() {
@@ -236,59 +223,53 @@ class TestMapView : public QObject {
   }
 
   // After a walk in all directions the frame is what a fresh painting of the same place gives.
-  void PannedPixels_data() {
-    QTest::addColumn<double>("ratio");
-    QTest::addColumn<QSize>("picture");
-    QTest::addColumn<QSize>("pixels");
-    QTest::newRow("plain") << 1.0 << QSize(900, 700) << QSize(900, 700);
-    QTest::newRow("sharp screen") << 2.0 << QSize(900, 700) << QSize(900, 700);
-    QTest::newRow("smaller than its frame") << 1.0 << QSize(120, 90) << QSize(120, 90);
-    QTest::newRow("narrow") << 1.0 << QSize(120, 700) << QSize(120, 700);
-    QTest::newRow("read with fewer pixels") << 1.0 << QSize(900, 700) << QSize(562, 437);
-  }
-
   void PannedPixels() {
-    QFETCH(double, ratio);
-    QFETCH(QSize, picture);
-    QFETCH(QSize, pixels);
-    MapOverlay overlay;
-    for (int i = 0; i < 12; ++i) {
-      overlay.lines.append({{70.0 * i, 0}, {900.0 - 70 * i, 650}, QColor(0, 0, 255), 2});
-      overlay.circles.append({{70.0 * i, 300}, 12, QColor(200, 0, 0), 3, i % 2 == 0});
-      overlay.labels.append(Label(u"label"_s, {80.0 * i, 55.0 * i}, true));
-    }
-    const auto layer = [&](MapLayer& made) {
-      made.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
-      made.SetPicture(Pattern(pixels), picture);
-      made.SetOverlay(overlay);
-    };
-    MapLayer walked;
-    layer(walked);
-    walked.Prepare(QSize(450, 350));
-    walked.Frame(QSize(420, 310), QPoint(-3, -3));  // of another size before
-    for (const QPoint& place : {QPoint(-250, -200), QPoint(-290, -200), QPoint(-210, -160), QPoint(-217, -431),
-                                QPoint(30, 20), QPoint(-1, -1), QPoint(-37, 0)}) {
-      const QSize size = QSize(400, 300) * ratio;
-      const QImage frame = walked.Frame(QSize(400, 300), place).copy(QRect(QPoint(0, 0), size));
-      MapLayer fresh;
-      layer(fresh);
-      const QImage whole = fresh.Frame(QSize(400, 300), place);
-      int unlike = 0;
-      QCOMPARE(whole.size(), size);
-      for (int y = 0; y < frame.height(); ++y) {
-        const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
-        const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
-        // Rounding may differ by a shade where a line or a ring begins at the edge of what was drawn.
-        for (int x = 0; x < frame.width(); ++x) {
-          unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
-                    std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
-        }
+    const auto check = [](const char* what, double ratio, QSize picture, QSize pixels) {
+      const TableRow row(what);
+      MapOverlay overlay;
+      for (int i = 0; i < 12; ++i) {
+        overlay.lines.append({{70.0 * i, 0}, {900.0 - 70 * i, 650}, QColor(0, 0, 255), 2});
+        overlay.circles.append({{70.0 * i, 300}, 12, QColor(200, 0, 0), 3, i % 2 == 0});
+        overlay.labels.append(Label(u"label"_s, {80.0 * i, 55.0 * i}, true));
       }
-      QCOMPARE(unlike, 0);
-    }
+      const auto layer = [&](MapLayer& made) {
+        made.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
+        made.SetPicture(Pattern(pixels), picture);
+        made.SetOverlay(overlay);
+      };
+      MapLayer walked;
+      layer(walked);
+      walked.Prepare(QSize(450, 350));
+      walked.Frame(QSize(420, 310), QPoint(-3, -3));  // of another size before
+      for (const QPoint& place : {QPoint(-250, -200), QPoint(-290, -200), QPoint(-210, -160), QPoint(-217, -431),
+                                  QPoint(30, 20), QPoint(-1, -1), QPoint(-37, 0)}) {
+        const QSize size = QSize(400, 300) * ratio;
+        const QImage frame = walked.Frame(QSize(400, 300), place).copy(QRect(QPoint(0, 0), size));
+        MapLayer fresh;
+        layer(fresh);
+        const QImage whole = fresh.Frame(QSize(400, 300), place);
+        int unlike = 0;
+        QCOMPARE(whole.size(), size);
+        for (int y = 0; y < frame.height(); ++y) {
+          const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
+          const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+          // Rounding may differ by a shade where a line or a ring begins at the edge of what was drawn.
+          for (int x = 0; x < frame.width(); ++x) {
+            unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
+                      std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
+          }
+        }
+        QCOMPARE(unlike, 0);
+      }
+    };
+    check("plain", 1.0, {900, 700}, {900, 700});
+    check("sharp screen", 2.0, {900, 700}, {900, 700});
+    check("smaller than its frame", 1.0, {120, 90}, {120, 90});
+    check("narrow", 1.0, {120, 700}, {120, 700});
+    check("read with fewer pixels", 1.0, {900, 700}, {562, 437});
   }
 
-  // No label's box hides the mark that it belongs to, and no mark the text of a label.
+  // No label's box hides the mark that it belongs to, and no mark hides the text of a label.
   void MarksLieOnBoxes() {
     MapOverlay overlay;
     overlay.labels = {Label(u"label"_s, {20, 20}, false)};
@@ -306,12 +287,7 @@ class TestMapView : public QObject {
     QCOMPARE(rim.pixelColor(60, 80), QColor(0, 0, 255));
     QCOMPARE(rim.pixelColor(30, 84), QColor(Qt::green));
     overlay.circles = {{{60, 40}, 60, QColor(0, 0, 255), 0, true}};
-    const QImage text = painted(Qt::white);
-    bool white = false;
-    for (int x = 20; x < 100; ++x) {
-      for (int y = 20; y < 60; ++y) white = white || qGray(text.pixel(x, y)) > 200;
-    }
-    QVERIFY(white);
+    QCOMPARE_GT(Brightest(painted(Qt::white), QRect(20, 20, 80, 40)), 200);
   }
 
   // A window made larger and smaller again comes back to where the user has moved the map.
@@ -368,7 +344,7 @@ class TestMapView : public QObject {
     }
   }
 
-  // A desktop that turns dark while a map is open; labels with a colour of their own keep it, and stay readable.
+  // A desktop that turns dark while a map is open: labels that have a colour of their own keep it, with readable text.
   void TakesTheLook() {
     MapLayer layer;
     layer.SetPicture(Pattern(QSize(200, 150)), QSize(200, 150));
@@ -379,10 +355,7 @@ class TestMapView : public QObject {
     const auto colours = [&layer](const QColor& tip) {
       layer.SetStyle({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
       const QImage frame = layer.Frame(QSize(200, 150), QPoint(0, 0));
-      bool white = false;
-      for (int x = 100; x < 180; ++x) {
-        for (int y = 10; y < 50; ++y) white = white || qGray(frame.pixel(x, y)) > 200;
-      }
+      const bool white = Brightest(frame, QRect(100, 10, 80, 40)) > 200;
       return frame.pixelColor(11, 11).name() + frame.pixelColor(101, 11).name() + (white ? u" white"_s : QString());
     };
     QCOMPARE(colours(Qt::yellow), u"#ffff00#000000 white"_s);
@@ -399,44 +372,36 @@ class TestMapView : public QObject {
   }
 
   // How many pixels a line covers, and that it keeps to its clip.
-  void Lines_data() {
-    QTest::addColumn<QPointF>("from");
-    QTest::addColumn<QPointF>("to");
-    QTest::addColumn<double>("width");
-    QTest::addColumn<double>("covered");
-    QTest::newRow("level") << QPointF(10, 50) << QPointF(90, 50) << 2.0 << 160.0;
-    QTest::newRow("upright, backwards") << QPointF(50, 90) << QPointF(50, 10) << 2.0 << 160.0;
-    QTest::newRow("slanted") << QPointF(10, 20) << QPointF(90, 80) << 2.0 << 200.0;
-    QTest::newRow("diagonal") << QPointF(20, 80) << QPointF(80, 20) << 2.0 << 169.7;
-    QTest::newRow("through all of it") << QPointF(-1e9, 50) << QPointF(1e9, 50) << 2.0 << 192.0;
-    QTest::newRow("steep from far off") << QPointF(50, -2147483648.0) << QPointF(50, 2147483647.0) << 2.0 << 192.0;
-    QTest::newRow("wide, along the edge") << QPointF(10, 4) << QPointF(90, 4) << 8.0 << 480.0;
-    QTest::newRow("beside it") << QPointF(-10, -50) << QPointF(-10, 150) << 2.0 << 0.0;
-    QTest::newRow("no length") << QPointF(50, 50) << QPointF(50, 50) << 2.0 << 0.0;
-    QTest::newRow("no number") << QPointF(qQNaN(), 50) << QPointF(50, 50) << 2.0 << 0.0;
-    QTest::newRow("no end") << QPointF(-qInf(), 50) << QPointF(50, 50) << 2.0 << 0.0;
-  }
-
   void Lines() {
-    QFETCH(QPointF, from);
-    QFETCH(QPointF, to);
-    QFETCH(double, width);
-    QFETCH(double, covered);
-    const QRect clip(2, 2, 96, 96);
-    for (const bool smooth : {false, true}) {
-      QImage image(100, 100, QImage::Format_RGB32);
-      image.fill(Qt::white);
-      MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), width, smooth});
-      double ink = 0;
-      for (int y = 0; y < 100; ++y) {
-        for (int x = 0; x < 100; ++x) {
-          const double dark = (255 - qGray(image.pixel(x, y))) / 255.0;
-          ink += dark;
-          QVERIFY(dark == 0 || clip.contains(x, y));
+    const auto check = [](const char* what, QPointF from, QPointF to, double width, double covered) {
+      const TableRow row(what);
+      const QRect clip(2, 2, 96, 96);
+      for (const bool smooth : {false, true}) {
+        QImage image(100, 100, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), width, smooth});
+        double ink = 0;
+        for (int y = 0; y < 100; ++y) {
+          for (int x = 0; x < 100; ++x) {
+            const double dark = (255 - qGray(image.pixel(x, y))) / 255.0;
+            ink += dark;
+            QVERIFY(dark == 0 || clip.contains(x, y));
+          }
         }
+        QVERIFY2(std::abs(ink - covered) <= (smooth ? 3 : 50), qPrintable(QString::number(ink)));
       }
-      QVERIFY2(std::abs(ink - covered) <= (smooth ? 3 : 50), qPrintable(QString::number(ink)));
-    }
+    };
+    check("level", {10, 50}, {90, 50}, 2.0, 160.0);
+    check("upright, backwards", {50, 90}, {50, 10}, 2.0, 160.0);
+    check("slanted", {10, 20}, {90, 80}, 2.0, 200.0);
+    check("diagonal", {20, 80}, {80, 20}, 2.0, 169.7);
+    check("through all of it", {-1e9, 50}, {1e9, 50}, 2.0, 192.0);
+    check("steep from far off", {50, -2147483648.0}, {50, 2147483647.0}, 2.0, 192.0);
+    check("wide, along the edge", {10, 4}, {90, 4}, 8.0, 480.0);
+    check("beside it", {-10, -50}, {-10, 150}, 2.0, 0.0);
+    check("no length", {50, 50}, {50, 50}, 2.0, 0.0);
+    check("no number", {qQNaN(), 50}, {50, 50}, 2.0, 0.0);
+    check("no end", {-qInf(), 50}, {50, 50}, 2.0, 0.0);
   }
 };
 

@@ -6,9 +6,7 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "map_folder.h"
 #include "maps/map_location_window.h"
@@ -26,6 +24,11 @@ struct MapFixture : MapFolder {
   RecordingMenus menus;
   QPointer<frmMapLoc> window;  // deletes itself when it is closed
 
+  // Europe and the whole world, as large as the pictures that come with the program.
+  void SaveBothMaps() const {
+    Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
+    Save(u"World Map.jpg"_s, QSize(2800, 1412), Qt::green);
+  }
   void Open() {
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, Program::ProgVersion(), program.language);
     program.lstMap = QDir(folder.filePath(u"maps"_s)).entryList(QDir::Files, QDir::Name | QDir::IgnoreCase);
@@ -43,11 +46,17 @@ struct MapFixture : MapFolder {
   MapView& View() const { return *window->findChild<MapView*>(); }
   QListView& Maps() const { return *window->findChild<QListView*>(u"lstMaps"_s); }
   QToolButton& Button() const { return *window->findChild<QToolButton*>(u"cmdMaps"_s); }
-  // In the open list.
-  void Choose(int row) const {
+  // A choice in the list, from its opening to a key.
+  void Choose(int row, Qt::Key key = Qt::Key_Return) const {
     QTest::mouseClick(&Button(), Qt::LeftButton);
     Maps().setCurrentIndex(Maps().model()->index(row, 0));
-    QTest::keyClick(&Maps(), Qt::Key_Return);
+    QTest::keyClick(&Maps(), key);
+  }
+  // Returns when the store has read a picture; a window that asked for it before has got it.
+  void ReadToTheEnd(const QString& name) {
+    bool read = false;
+    store.Read(name, &owner, [&read](const MapPicture&) { read = true; });
+    QTRY_VERIFY(read);
   }
   QString Info() const { return window->findChild<QLabel*>(u"lblMapInfo1"_s)->text(); }
   QRect InScreen() const { return window->screen()->availableGeometry(); }
@@ -61,14 +70,12 @@ class TestMapWindow : public QObject {
  private Q_SLOTS:
   void ShowsTheTarget() {
     MapFixture f;
-    f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
-    f.Save(u"World Map.jpg"_s, QSize(2800, 1412), Qt::green);
+    f.SaveBothMaps();
     f.Open();
     f.Pick(48, 2);
     QCOMPARE(f.window->windowTitle(), u"Europe Map"_s);
     QCOMPARE(f.View().accessibleName(), u"Europe Map"_s);
     QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 km  Az 153°"_s);
-    QCOMPARE(f.program.config.MapIndex, 0);
     // With its decoration no larger than the screen, and in the middle of it.
     QCOMPARE(f.window->frameGeometry().size(), QSize(1810, 1490).boundedTo(f.InScreen().size()));
     QCOMPARE(f.window->frameGeometry().center(), f.InScreen().center());
@@ -83,7 +90,6 @@ class TestMapWindow : public QObject {
     // The map can be dragged through it.
     QCOMPARE(f.window->childAt(info->geometry().center()), &f.View());
     QCOMPARE(f.Button().accessibleName(), u"Maps Europe"_s);
-    QCOMPARE(f.Maps().accessibleName(), u"Maps"_s);
 
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"Russian"_s, 8, Program::ProgVersion(), f.program.language);
     f.window->ShowTexts();
@@ -111,21 +117,18 @@ class TestMapWindow : public QObject {
     QCOMPARE(f.window->focusWidget(), &f.View());
   }
 
-  // But not for a picture that was asked for just before it was closed.
+  // The window does not open again for a picture that was asked for just before it was closed.
   void ComesWhenItIsAskedFor() {
     MapFixture f;
-    f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
-    f.Save(u"World Map.jpg"_s, QSize(2800, 1412), Qt::green);
+    f.SaveBothMaps();
     f.Open();
     f.Pick(48, 2);
     f.Choose(1);
     QTest::keyClick(&f.View(), Qt::Key_Escape);
     QVERIFY(!f.window->isVisible());
-    bool read = false;
-    f.store.Read(u"World Map.jpg"_s, this, [&read](const MapPicture&) { read = true; });
-    QTRY_VERIFY(read);
+    f.ReadToTheEnd(u"World Map.jpg"_s);
     QTRY_VERIFY(f.window.isNull());
-    // Asked for anew, it does; also from where it lies minimized.
+    // Asked for anew, it opens; also from where it lies minimized.
     f.Pick(48, 2);
     QCOMPARE(f.window->windowTitle(), u"Europe Map"_s);
     f.window->showMinimized();
@@ -170,19 +173,12 @@ class TestMapWindow : public QObject {
     QVERIFY(!f.Maps().isVisible());
     QTRY_COMPARE(f.window->windowTitle(), u"world map"_s);
     QCOMPARE(f.program.config.MapIndex, 1);
-    QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 km  Az 153°"_s);
     QCOMPARE(f.View().Picture().size(), QSize(2800, 1412));
 
-    // Two choices in a row, the first to be read from the disk, the second at hand: the last one stands.
+    // Two choices in a row, the first to be read from the disk, the second at hand: the window keeps the second.
     f.Save(u"world map.GIF"_s, QSize(2801, 1412), Qt::blue);
-    for (const int row : {1, 0}) {
-      QTest::mouseClick(&f.Button(), Qt::LeftButton);
-      f.Maps().setCurrentIndex(f.Maps().model()->index(row, 0));
-      QTest::keyClick(&f.Maps(), Qt::Key_Space);
-    }
-    bool read = false;
-    f.store.Read(u"world map.GIF"_s, this, [&read](const MapPicture&) { read = true; });
-    QTRY_VERIFY(read);
+    for (const int row : {1, 0}) f.Choose(row, Qt::Key_Space);
+    f.ReadToTheEnd(u"world map.GIF"_s);
     QCOMPARE(f.window->windowTitle(), u"Europe Map"_s);
     QCOMPARE(f.View().Picture().width(), 1810);
   }
@@ -205,33 +201,30 @@ class TestMapWindow : public QObject {
   }
 
   // Eleven maps: the offsets of the tenth and eleventh have no place, those of the others are kept.
-  void StoresOffsets_data() {
-    QTest::addColumn<int>("row");
-    QTest::addColumn<bool>("stored");
-    QTest::newRow("first") << 0 << true;
-    QTest::newRow("ninth") << 8 << true;
-    QTest::newRow("tenth") << 9 << false;
-    QTest::newRow("eleventh") << 10 << false;
-  }
-
   void StoresOffsets() {
-    QFETCH(int, row);
-    QFETCH(bool, stored);
-    MapFixture f;
-    for (int i = 10; i <= 20; ++i) f.Save(u"%1 Europe Map.jpg"_s.arg(i), QSize(3000, 200));
-    f.Open();
-    f.Pick(48, 2);
-    f.Choose(row);
-    QTRY_COMPARE(f.window->windowTitle(), u"%1 Europe Map"_s.arg(10 + row));
-    QTest::keyClick(&f.View(), Qt::Key_Right);
-    QVERIFY(f.View().Fit().place.x() < 0);
-    QList<int> expected(kMapOffsets, 1);
-    if (stored) expected[row] = f.View().Fit().place.x();
-    QCOMPARE(f.program.MapLeft, expected);
-    QCOMPARE(f.program.MapTop, QList<int>(kMapOffsets, 1));  // it cannot be dragged up or down
+    const auto check = [](const char* what, int index, bool stored) {
+      const TableRow row(what);
+      MapFixture f;
+      for (int i = 10; i <= 20; ++i) f.Save(u"%1 Europe Map.jpg"_s.arg(i), QSize(3000, 200));
+      f.Open();
+      f.Pick(48, 2);
+      f.Choose(index);
+      QTRY_COMPARE(f.window->windowTitle(), u"%1 Europe Map"_s.arg(10 + index));
+      QTest::keyClick(&f.View(), Qt::Key_Right);
+      QVERIFY(f.View().Fit().place.x() < 0);
+      QList<int> expected(kMapOffsets, 1);
+      if (stored) expected[index] = f.View().Fit().place.x();
+      QCOMPARE(f.program.MapLeft, expected);
+      QCOMPARE(f.program.MapTop, QList<int>(kMapOffsets, 1));  // it cannot be dragged up or down
+    };
+    check("first", 0, true);
+    check("ninth", 8, true);
+    check("tenth", 9, false);
+    check("eleventh", 10, false);
   }
 
-  // A station near the lower edge leaves the picture's end to the rows that the bar has pushed off the window.
+  // The frame is as high as the window and begins below the bar: its last 25 rows are never seen, and a station near
+  // the picture's lower edge is moved up by as many.
   void DragsFromTheLowerEdge() {
     MapFixture f;
     f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
@@ -261,7 +254,6 @@ class TestMapWindow : public QObject {
     MapFixture f;
     f.Open();
     f.Pick(48, 2);
-    QCOMPARE(f.program.config.MapIndex, 0);
     QCOMPARE(f.window->windowTitle(), u"Omni-Perch  Maps"_s);
     QVERIFY(f.View().Picture().isNull());
     QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 km  Az 153°"_s);
@@ -270,7 +262,7 @@ class TestMapWindow : public QObject {
     QVERIFY(f.View().Overlay().labels.isEmpty());
   }
 
-  // The title is the map that was asked for, the picture stays; nothing is marked where it would not belong.
+  // A file that cannot be read: the title names its map, the former picture stays, and nothing is marked on that.
   void BadFileLeavesThePicture() {
     MapFixture f;
     f.Save(u"Europe Map.jpg"_s, QSize(1810, 1490));
@@ -289,7 +281,7 @@ class TestMapWindow : public QObject {
     f.Pick(48, 2);
     QCOMPARE(f.Info(), u"ZZ1AA  Dx 551 km  Az 153°"_s);
     QCOMPARE(f.View().Labels().size(), 2);
-    // A window smaller than the map that is asked for, and one that is larger than its picture.
+    // A window that is larger than its picture shows it in the middle.
     f.Save(u"World Map.jpg"_s, QSize(20, 10));
     f.window->close();
     QTRY_VERIFY(f.window.isNull());
@@ -299,7 +291,7 @@ class TestMapWindow : public QObject {
     QVERIFY(f.window->width() >= 300);
   }
 
-  // A map of more pixels than are held in memory is as large as its header tells, its marks lie where they belong.
+  // A map of more pixels than are held in memory is drawn as large as its header says, so that marks lie right.
   void HugeMap() {
     MapFixture f;
     QImage huge(6000, 5600, QImage::Format_Grayscale8);

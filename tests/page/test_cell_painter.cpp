@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Cells as pixels, on a light and on a dark palette.
-#include <QTest>
 
 #include "page/cell_painter.h"
 #include "page/thumb_layout.h"
@@ -75,38 +74,35 @@ class TestCellPainter : public QObject {
     QCOMPARE(Render(cell, kDarkPage).pixelColor(10, 230), kFlashColour);
   }
 
-  void ColoursSuitThePage_data() {
-    QTest::addColumn<QColor>("page");
-    QTest::addColumn<QList<QColor>>("given");  // on air, stale; empty: darker ones of the painter's own
-    QTest::newRow("light") << kLightPage << QList<QColor>{kOnAirColour, kStaleColour};
-    QTest::newRow("dark") << kDarkPage << QList<QColor>();
-  }
-
   void ColoursSuitThePage() {
-    QFETCH(QColor, page);
-    QFETCH(QList<QColor>, given);
-    QList<QColor> seen;
-    for (const CellColour state : {CellColour::OnAir, CellColour::Stale, CellColour::Window}) {
-      Cell cell;
-      cell.Shape1 = state;
-      cell.lblCall = u"ZZ1AA"_s;
-      cell.lblFrom = u"From ZZ2BB"_s;
-      const QImage image = Render(cell, page);
-      const QColor back = image.pixelColor(10, 230);
-      for (const QRectF& text : {cell_part::kCall, cell_part::kFrom}) {
-        QVERIFY(ContrastWithin(image, text, back) >= kReadable);
+    // given: the colours of a cell on air and of a stale one; empty where the painter darkens them.
+    const auto check = [](const char* what, const QColor& page, const QList<QColor>& given) {
+      const TableRow row(what);
+      QList<QColor> seen;
+      for (const CellColour state : {CellColour::OnAir, CellColour::Stale, CellColour::Window}) {
+        Cell cell;
+        cell.Shape1 = state;
+        cell.lblCall = u"ZZ1AA"_s;
+        cell.lblFrom = u"From ZZ2BB"_s;
+        const QImage image = Render(cell, page);
+        const QColor back = image.pixelColor(10, 230);
+        for (const QRectF& text : {cell_part::kCall, cell_part::kFrom}) {
+          QVERIFY(ContrastWithin(image, text, back) >= kReadable);
+        }
+        seen.append(back);
       }
-      seen.append(back);
-    }
-    if (!given.isEmpty()) QCOMPARE(seen.first(2), given);
-    QCOMPARE(seen.last(), page);
-    for (int i = 0; i < 3; ++i) {
-      if (page == kDarkPage) QVERIFY2(Luminance(seen.at(i)) < 0.1, "a bright cell glares on a dark page");
-      const QColor& next = seen.at((i + 1) % 3);
-      const int apart = std::abs(seen.at(i).red() - next.red()) + std::abs(seen.at(i).green() - next.green()) +
-                        std::abs(seen.at(i).blue() - next.blue());
-      QVERIFY2(apart >= 40, "the states look alike");
-    }
+      if (!given.isEmpty()) QCOMPARE(seen.first(2), given);
+      QCOMPARE(seen.last(), page);
+      for (int i = 0; i < 3; ++i) {
+        if (page == kDarkPage) QVERIFY2(Luminance(seen.at(i)) < 0.1, "a bright cell glares on a dark page");
+        const QColor& next = seen.at((i + 1) % 3);
+        const int apart = std::abs(seen.at(i).red() - next.red()) + std::abs(seen.at(i).green() - next.green()) +
+                          std::abs(seen.at(i).blue() - next.blue());
+        QVERIFY2(apart >= 40, "the states look alike");
+      }
+    };
+    check("light", kLightPage, {kOnAirColour, kStaleColour});
+    check("dark", kDarkPage, {});
   }
 
   // The pink of some modes is nearly that of a stale cell.

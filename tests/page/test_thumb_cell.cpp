@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What a screen reader gets of a cell.
 #include <QAccessible>
-#include <QSignalSpy>
-#include <QTest>
 
 #include "page/thumb_cell.h"
 #include "test_suite.h"
@@ -13,44 +11,34 @@ class TestThumbCell : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void IsReadAloud_data() {
-    QTest::addColumn<QString>("site");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("colour");  // w window, a on air, s stale
-    QTest::addColumn<bool>("error");
-    QTest::addColumn<QString>("said");
-    const QString details = u"From ZZ2BB, EP snr -3, 3/15/2026 10:30"_s;
-    QTest::newRow("young") << u"ZZ10A"_s << u"ZZ1ØA"_s << u"w"_s << false << u"ZZ10A: "_s + details;
-    QTest::newRow("on air") << u"ZZ1AA"_s << u"ZZ1AA"_s << u"a"_s << false << u"ZZ1AA: "_s + details + u", On air"_s;
-    QTest::newRow("old") << u"ZZ10A"_s << u"ZZ1ØA - 14 days"_s << u"w"_s << false << u"ZZ10A: 14 days, "_s + details;
-    QTest::newRow("stale") << u"ZZ1AA"_s << u"ZZ1AA - 31 days"_s << u"s"_s << false
-                           << u"ZZ1AA: 31 days, stale, "_s + details;
-    QTest::newRow("old error") << u"ZZ1AA"_s << u"ZZ1AA - 1 day"_s << u"w"_s << true
-                               << u"ZZ1AA: 1 day, ERROR, Image error 1, Not found, 3/15/2026 10:30"_s;
-    QTest::newRow("weather") << QString() << u"Gulf 2 days"_s << u"w"_s << false << u"Gulf 2 days: "_s + details;
-    QTest::newRow("empty") << QString() << QString() << u"w"_s << false << u"empty cell: "_s + details;
-  }
-
   void IsReadAloud() {
-    QFETCH(QString, site);
-    QFETCH(QString, caption);
-    QFETCH(QString, colour);
-    QFETCH(bool, error);
-    QFETCH(QString, said);
-    Cell cell;
-    cell.lblDisk = site;
-    cell.lblCall = caption;
-    cell.lblFrom = u"From ZZ2BB"_s;
-    cell.Shape1 = colour == u"s"_s ? CellColour::Stale : colour == u"a"_s ? CellColour::OnAir : CellColour::Window;
-    if (cell.Shape1 == CellColour::OnAir) cell.onAirTip = u"On air"_s;
-    cell.errorBox = error;
-    cell.lblError = u"ERROR"_s;
-    cell.lblInfo = u"Image error 1"_s;
-    cell.lblInfo2 = u"Not found"_s;
-    ThumbCell widget(0, nullptr);
-    widget.SetDetails(u"EP snr -3"_s, u"3/15/2026 10:30"_s, u"empty cell"_s);
-    widget.SetCell(cell);
-    QCOMPARE(widget.accessibleName() + u": "_s + widget.accessibleDescription(), said);
+    const auto check = [](const char* what, const QString& site, const QString& caption, CellColour colour, bool error,
+                          const QString& said) {
+      const TableRow row(what);
+      Cell cell;
+      cell.lblDisk = site;
+      cell.lblCall = caption;
+      cell.lblFrom = u"From ZZ2BB"_s;
+      cell.Shape1 = colour;
+      if (colour == CellColour::OnAir) cell.onAirTip = u"On air"_s;
+      cell.errorBox = error;
+      cell.lblError = u"ERROR"_s;
+      cell.lblInfo = u"Image error 1"_s;
+      cell.lblInfo2 = u"Not found"_s;
+      ThumbCell widget(0, nullptr);
+      widget.SetDetails(u"EP snr -3"_s, u"3/15/2026 10:30"_s, u"empty cell"_s);
+      widget.SetCell(cell);
+      QCOMPARE(widget.accessibleName() + u": "_s + widget.accessibleDescription(), said);
+    };
+    const QString details = u"From ZZ2BB, EP snr -3, 3/15/2026 10:30"_s;
+    check("young", u"ZZ10A"_s, u"ZZ1ØA"_s, CellColour::Window, false, u"ZZ10A: "_s + details);
+    check("on air", u"ZZ1AA"_s, u"ZZ1AA"_s, CellColour::OnAir, false, u"ZZ1AA: "_s + details + u", On air"_s);
+    check("old", u"ZZ10A"_s, u"ZZ1ØA - 14 days"_s, CellColour::Window, false, u"ZZ10A: 14 days, "_s + details);
+    check("stale", u"ZZ1AA"_s, u"ZZ1AA - 31 days"_s, CellColour::Stale, false, u"ZZ1AA: 31 days, stale, "_s + details);
+    check("old error", u"ZZ1AA"_s, u"ZZ1AA - 1 day"_s, CellColour::Window, true,
+          u"ZZ1AA: 1 day, ERROR, Image error 1, Not found, 3/15/2026 10:30"_s);
+    check("weather", {}, u"Gulf 2 days"_s, CellColour::Window, false, u"Gulf 2 days: "_s + details);
+    check("empty", {}, {}, CellColour::Window, false, u"empty cell: "_s + details);
   }
 
   void IsAButton() {

@@ -4,8 +4,6 @@
 #include <malloc.h>
 
 #include <QImageReader>
-#include <QSignalSpy>
-#include <QTest>
 #if defined(__SANITIZE_ADDRESS__)
 #include <sanitizer/allocator_interface.h>
 #endif
@@ -47,92 +45,79 @@ class TestThumbGrid : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void ShowsEveryType_data() {
-    QTest::addColumn<int>("type");
-    QTest::addColumn<bool>("animated");
-    QTest::newRow("JPEG") << int(PictureType::Jpeg) << false;
-    QTest::newRow("JPEG 2000") << int(PictureType::Jp2) << false;
-    QTest::newRow("bare codestream") << int(PictureType::J2kCodestream) << false;
-    QTest::newRow("PNG") << int(PictureType::Png) << false;
-    QTest::newRow("BMP") << int(PictureType::Bmp) << false;
-    QTest::newRow("GIF") << int(PictureType::Gif) << false;
-    QTest::newRow("GIF that plays") << int(PictureType::AnimatedGif) << true;
-    QTest::newRow("video") << int(PictureType::Mp4) << false;
-  }
-
   void ShowsEveryType() {
-    QFETCH(int, type);
-    QFETCH(bool, animated);
-    PageFixture f;
-    PictureRecipe recipe;
-    recipe.type = static_cast<PictureType>(type);
-    recipe.size = QSize(320, 240);
-    recipe.caller = u"AB1CD"_s;
-    f.AddSite(u"ZZ1AA"_s).SetPicture(MakePicture(recipe));
-    f.Start();
-    f.logic->poll.FirstPoll();
-    QTRY_VERIFY(f.HasPicture(0));
-    QCOMPARE(f.CellOf(0).animated, animated);
-    QVERIFY(QFile::exists(f.Picture(1, 0)) && QFile::exists(f.Thumb(1, 0)));
-    QCOMPARE(f.program.page.Field(0, Caller), u"AB1CD"_s);
-    const QSize frame = f.CellOf(0).img.size().toSize();
-    QVERIFY2(frame.width() >= 110 && frame.width() <= 120 && frame.height() <= 90, "a full frame");
-  }
-
-  void SurvivesMisbehaviour_data() {
-    QTest::addColumn<int>("behaviour");
-    QTest::addColumn<bool>("shows");
-    const auto row = [](const char* name, Behaviour behaviour, bool shows) {
-      QTest::newRow(name) << static_cast<int>(behaviour) << shows;
+    const auto check = [](const char* what, PictureType type, bool animated) {
+      const TableRow row(what);
+      PageFixture f;
+      PictureRecipe recipe;
+      recipe.type = type;
+      recipe.size = QSize(320, 240);
+      recipe.caller = u"AB1CD"_s;
+      f.AddSite(u"ZZ1AA"_s).SetPicture(MakePicture(recipe));
+      f.StartAndPoll();
+      QTRY_VERIFY(f.HasPicture(0));
+      QCOMPARE(f.CellOf(0).animated, animated);
+      QVERIFY(QFile::exists(f.Picture(1, 0)) && QFile::exists(f.Thumb(1, 0)));
+      QCOMPARE(f.program.page.Field(0, Caller), u"AB1CD"_s);
+      const QSize frame = f.CellOf(0).img.size().toSize();
+      QVERIFY2(frame.width() >= 110 && frame.width() <= 120 && frame.height() <= 90, "a full frame");
     };
-    row("error page", Behaviour::NotFound, false);
-    row("server error", Behaviour::ServerError, false);
-    row("empty body", Behaviour::EmptyBody, false);
-    row("short body", Behaviour::ShortBody, false);
-    row("truncated picture", Behaviour::Truncated, true);
-    row("endless body", Behaviour::Endless, false);
-    row("stall", Behaviour::Stall, false);
-    row("stall in the body", Behaviour::StallMidBody, false);
-    row("drip", Behaviour::Drip, false);
-    row("reset", Behaviour::Reset, false);
-    row("refused", Behaviour::Refuse, false);
-    row("redirect loop", Behaviour::RedirectLoop, false);
-    row("redirect out of http", Behaviour::RedirectToFile, false);
-    row("redirect", Behaviour::RedirectOk, true);
-    row("page instead of a picture", Behaviour::WrongType, false);
-    row("60000 by 60000 pixels", Behaviour::Bomb, false);
-    row("garbage", Behaviour::GarbageBody, false);
+    check("JPEG", PictureType::Jpeg, false);
+    check("JPEG 2000", PictureType::Jp2, false);
+    check("bare codestream", PictureType::J2kCodestream, false);
+    check("PNG", PictureType::Png, false);
+    check("BMP", PictureType::Bmp, false);
+    check("GIF", PictureType::Gif, false);
+    check("GIF that plays", PictureType::AnimatedGif, true);
+    check("video", PictureType::Mp4, false);
   }
 
   void SurvivesMisbehaviour() {
-    QFETCH(int, behaviour);
-    QFETCH(bool, shows);
-    PageFixture f;
-    Station& bad = f.AddSite(u"ZZ1AA"_s, 1, 0);
-    f.AddSite(u"ZZ2BB"_s, 1, 1);
-    bad.Misbehave(u"image1"_s, static_cast<Behaviour>(behaviour));
-    f.Start();
-    f.logic->poll.FirstPoll();
-    QTRY_VERIFY(f.HasPicture(1));
-    if (shows) {
-      QTRY_VERIFY(f.HasPicture(0));
-    } else {
-      QTRY_VERIFY_WITH_TIMEOUT(f.CellOf(0).errorBox, 8000);
-      QCOMPARE(f.program.page.Field(0, Caller), u"Not found"_s);
-    }
-    QVERIFY(f.HasPicture(1) && !f.CellOf(1).errorBox);
-    // The same for a marker: whatever comes in its place, the picture is asked for instead.
-    bad.Misbehave(u"image1"_s, Behaviour::Normal);
-    bad.Misbehave(u"checknew.jpg"_s, static_cast<Behaviour>(behaviour));
-    const int asked = bad.Requests(u"image1"_s);
-    if (static_cast<Behaviour>(behaviour) == Behaviour::Refuse) return;
-    f.logic->poll.RefreshClick();
-    if (shows) {
-      QTRY_VERIFY(!f.logic->poll.Busy());
-    } else {
-      QTRY_COMPARE_WITH_TIMEOUT(bad.Requests(u"image1"_s), asked + 1, 8000);
-      QTRY_VERIFY(f.HasPicture(0));
-    }
+    const auto check = [](const char* what, Behaviour behaviour, bool shows) {
+      const TableRow row(what);
+      PageFixture f;
+      Station& bad = f.AddSite(u"ZZ1AA"_s, 1, 0);
+      f.AddSite(u"ZZ2BB"_s, 1, 1);
+      bad.Misbehave(u"image1"_s, behaviour);
+      f.StartAndPoll();
+      QTRY_VERIFY(f.HasPicture(1));
+      if (shows) {
+        QTRY_VERIFY(f.HasPicture(0));
+      } else {
+        QTRY_VERIFY_WITH_TIMEOUT(f.CellOf(0).errorBox, 8000);
+        QCOMPARE(f.program.page.Field(0, Caller), u"Not found"_s);
+      }
+      QVERIFY(f.HasPicture(1) && !f.CellOf(1).errorBox);
+      // A marker that fails in the same way has the picture asked for instead.
+      bad.Misbehave(u"image1"_s, Behaviour::Normal);
+      bad.Misbehave(u"checknew.jpg"_s, behaviour);
+      const int asked = bad.Requests(u"image1"_s);
+      if (behaviour == Behaviour::Refuse) return;
+      f.logic->poll.RefreshClick();
+      if (shows) {
+        QTRY_VERIFY(!f.logic->poll.Busy());
+      } else {
+        QTRY_COMPARE_WITH_TIMEOUT(bad.Requests(u"image1"_s), asked + 1, 8000);
+        QTRY_VERIFY(f.HasPicture(0));
+      }
+    };
+    check("error page", Behaviour::NotFound, false);
+    check("server error", Behaviour::ServerError, false);
+    check("empty body", Behaviour::EmptyBody, false);
+    check("short body", Behaviour::ShortBody, false);
+    check("truncated picture", Behaviour::Truncated, true);
+    check("endless body", Behaviour::Endless, false);
+    check("stall", Behaviour::Stall, false);
+    check("stall in the body", Behaviour::StallMidBody, false);
+    check("drip", Behaviour::Drip, false);
+    check("reset", Behaviour::Reset, false);
+    check("refused", Behaviour::Refuse, false);
+    check("redirect loop", Behaviour::RedirectLoop, false);
+    check("redirect out of http", Behaviour::RedirectToFile, false);
+    check("redirect", Behaviour::RedirectOk, true);
+    check("page instead of a picture", Behaviour::WrongType, false);
+    check("60000 by 60000 pixels", Behaviour::Bomb, false);
+    check("garbage", Behaviour::GarbageBody, false);
   }
 
   void TakesTailsOfAnyBytes() {
@@ -157,31 +142,25 @@ class TestThumbGrid : public QObject {
     }
   }
 
-  void JudgesBodies_data() {
-    QTest::addColumn<QByteArray>("body");
-    QTest::addColumn<bool>("stored");
-    QTest::addColumn<QString>("line");
-    QTest::newRow("100 bytes") << QByteArray(100, 'x') << false << u"Not found"_s;
-    QTest::newRow("101 bytes") << QByteArray(101, 'x') << true << u"Picture corrupt"_s;
-    QTest::newRow("a page that says 404") << QByteArray("<html>404") + QByteArray(500, ' ') << false << u"Not found"_s;
-    QTest::newRow("404 and no page") << QByteArray("404") + QByteArray(5000, ' ') << true << u"Picture corrupt"_s;
-  }
-
   void JudgesBodies() {
-    QFETCH(QByteArray, body);
-    QFETCH(bool, stored);
-    QFETCH(QString, line);
-    PageFixture f;
-    f.AddSite(u"ZZ1AA"_s).SetPicture(body);
-    f.Start();
-    QFile old(f.Picture(1, 0));
-    QVERIFY(old.open(QIODevice::WriteOnly));
-    old.write(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
-    old.close();
-    f.logic->poll.ReloadPage();
-    QTRY_VERIFY(f.CellOf(0).errorBox);
-    QCOMPARE(f.BoxSecond(0), line);
-    QCOMPARE(QFile::exists(f.Picture(1, 0)), stored);
+    const auto check = [](const char* what, const QByteArray& body, bool stored, const QString& line) {
+      const TableRow row(what);
+      PageFixture f;
+      f.AddSite(u"ZZ1AA"_s).SetPicture(body);
+      f.Start();
+      QFile old(f.Picture(1, 0));
+      QVERIFY(old.open(QIODevice::WriteOnly));
+      old.write(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
+      old.close();
+      f.logic->poll.ReloadPage();
+      QTRY_VERIFY(f.CellOf(0).errorBox);
+      QCOMPARE(f.BoxSecond(0), line);
+      QCOMPARE(QFile::exists(f.Picture(1, 0)), stored);
+    };
+    check("100 bytes", QByteArray(100, 'x'), false, u"Not found"_s);
+    check("101 bytes", QByteArray(101, 'x'), true, u"Picture corrupt"_s);
+    check("a page that says 404", QByteArray("<html>404") + QByteArray(500, ' '), false, u"Not found"_s);
+    check("404 and no page", QByteArray("404") + QByteArray(5000, ' '), true, u"Picture corrupt"_s);
   }
 
   void BlanksCallers() {
@@ -191,8 +170,7 @@ class TestThumbGrid : public QObject {
     f.AddSite(u"ZZ1AA"_s, 1, 0).SetPicture(PlainPicture("AB10CD * EP snr -3 *03:15:2026 10:30"));
     f.AddSite(u"ZZ2BB"_s, 1, 1).SetPicture(PlainPicture("N0CALL * EP snr -3 *03:15:2026 10:30"));
     f.AddSite(u"ZZ3CC"_s, 1, 2).SetPicture(PlainPicture("AB2CD * EP snr -3 *03:15:2026 10:30"));
-    f.Start();
-    f.logic->poll.FirstPoll();
+    f.StartAndPoll();
     for (int start = 0; start < 2; ++start) {
       QTRY_VERIFY(f.CellOf(0).errorBox && f.CellOf(1).errorBox && f.HasPicture(2));
       QCOMPARE(f.BoxFirst(0), u"Blocked call"_s);
@@ -202,57 +180,45 @@ class TestThumbGrid : public QObject {
       // They stay blanked when the next start shows them from the disk.
       if (start == 0) {
         QVERIFY(f.logic->heights.Write(f.program.AppDataDir));
-        f.Start();
-        f.logic->poll.FirstPoll();
+        f.StartAndPoll();
       }
     }
   }
 
-  void ColoursByAge_data() {
-    QTest::addColumn<QString>("sent");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<int>("colour");
-    QTest::addColumn<QString>("captionOfError");
-    QTest::addColumn<int>("colourOfError");
-    const int window = static_cast<int>(CellColour::Window);
-    const int onAir = static_cast<int>(CellColour::OnAir);
-    const int stale = static_cast<int>(CellColour::Stale);
+  void ColoursByAge() {
+    const auto check = [](const char* what, const QString& sent, const QString& caption, CellColour colour,
+                          const QString& captionOfError, CellColour colourOfError) {
+      const TableRow row(what);
+      PageFixture f;
+      f.AddSite(u"ZZ1AA"_s);
+      f.program.UtcOffsetHours = -2;
+      f.Start();
+      f.logic->grid.SetSite(0, u"ZZ1AA"_s);
+      f.logic->grid.SetOnAir(0, true);
+      f.program.page.Field(0, SlotCall) = u"ZZ1AA"_s;
+      f.program.page.Field(0, SentTime) = sent;
+      f.logic->grid.ColourByAge(0);
+      QCOMPARE(f.CellOf(0).lblCall, caption);
+      QCOMPARE(f.CellOf(0).Shape1, colour);
+
+      f.logic->grid.ClearThumbs();
+      f.logic->grid.SetSite(0, u"ZZ1AA"_s);
+      f.logic->grid.SetOnAir(0, true);
+      f.program.sites.Sites[0].LastSeen = sent;
+      f.logic->grid.ShowNotFound(0, 0, false);
+      QCOMPARE(f.CellOf(0).lblCall, captionOfError);
+      QCOMPARE(f.CellOf(0).Shape1, colourOfError);
+    };
+    using enum CellColour;
     // The clock says 3/15/2026 12:00 local, two hours ahead of UTC. In the error box the on-air colour gives way from
     // one day on.
-    QTest::newRow("today") << u"3/15/2026 09:30"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
-    QTest::newRow("one day") << u"3/14/2026 10:00"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA - 1 day"_s << window;
-    QTest::newRow("a minute short of a day") << u"3/14/2026 10:01"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
-    QTest::newRow("two days") << u"3/13/2026 10:00"_s << u"ZZ1AA - 2 days"_s << onAir << u"ZZ1AA - 2 days"_s << window;
-    QTest::newRow("30 days") << u"2/13/2026 10:00"_s << u"ZZ1AA - 30 days"_s << onAir << u"ZZ1AA - 30 days"_s << window;
-    QTest::newRow("31 days") << u"2/12/2026 10:00"_s << u"ZZ1AA - 31 days"_s << stale << u"ZZ1AA - 31 days"_s << stale;
-    QTest::newRow("no date") << u"soon"_s << u"ZZ1AA"_s << onAir << u"ZZ1AA"_s << onAir;
-  }
-
-  void ColoursByAge() {
-    QFETCH(QString, sent);
-    QFETCH(QString, caption);
-    QFETCH(int, colour);
-    QFETCH(QString, captionOfError);
-    QFETCH(int, colourOfError);
-    PageFixture f;
-    f.AddSite(u"ZZ1AA"_s);
-    f.program.UtcOffsetHours = -2;
-    f.Start();
-    f.logic->grid.SetSite(0, u"ZZ1AA"_s);
-    f.logic->grid.SetOnAir(0, true);
-    f.program.page.Field(0, SlotCall) = u"ZZ1AA"_s;
-    f.program.page.Field(0, SentTime) = sent;
-    f.logic->grid.ColourByAge(0);
-    QCOMPARE(f.CellOf(0).lblCall, caption);
-    QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colour);
-
-    f.logic->grid.ClearThumbs();
-    f.logic->grid.SetSite(0, u"ZZ1AA"_s);
-    f.logic->grid.SetOnAir(0, true);
-    f.program.sites.Sites[0].LastSeen = sent;
-    f.logic->grid.ShowNotFound(0, 0, false);
-    QCOMPARE(f.CellOf(0).lblCall, captionOfError);
-    QCOMPARE(static_cast<int>(f.CellOf(0).Shape1), colourOfError);
+    check("today", u"3/15/2026 09:30"_s, u"ZZ1AA"_s, OnAir, u"ZZ1AA"_s, OnAir);
+    check("one day", u"3/14/2026 10:00"_s, u"ZZ1AA"_s, OnAir, u"ZZ1AA - 1 day"_s, Window);
+    check("a minute short of a day", u"3/14/2026 10:01"_s, u"ZZ1AA"_s, OnAir, u"ZZ1AA"_s, OnAir);
+    check("two days", u"3/13/2026 10:00"_s, u"ZZ1AA - 2 days"_s, OnAir, u"ZZ1AA - 2 days"_s, Window);
+    check("30 days", u"2/13/2026 10:00"_s, u"ZZ1AA - 30 days"_s, OnAir, u"ZZ1AA - 30 days"_s, Window);
+    check("31 days", u"2/12/2026 10:00"_s, u"ZZ1AA - 31 days"_s, Stale, u"ZZ1AA - 31 days"_s, Stale);
+    check("no date", u"soon"_s, u"ZZ1AA"_s, OnAir, u"ZZ1AA"_s, OnAir);
   }
 
   // The largest animations give way, in time and not in length; what is left out is out of memory, too.
@@ -298,43 +264,34 @@ class TestThumbGrid : public QObject {
     }
   }
 
-  void TheFromLabelNeedsACall_data() {
-    QTest::addColumn<bool>("weather");
-    QTest::addColumn<QByteArray>("tail");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("painted");
-    QTest::newRow("a call") << false << "AB1CD * EP snr -3 *03:15:2026 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
-    QTest::newRow("none") << false << " * EP snr -3 *03:15:2026 10:30"_ba << u"From "_s << QString();
-    QTest::newRow("a call after one star") << false << "AB1CD * at 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
-    QTest::newRow("weather") << true << "AB1CD * EP snr -3 *03:15:2026 10:30"_ba << u"From AB1CD"_s << u"From AB1CD"_s;
-    QTest::newRow("weather, none") << true << " * EP snr -3 *03:15:2026 10:30"_ba << u"From "_s << QString();
-    QTest::newRow("weather, one star") << true << "AB1CD * at 10:30"_ba << QString() << QString();
-    QTest::newRow("weather, no time") << true << "AB1CD * EP snr -3 * today"_ba << QString() << QString();
-  }
-
   void TheFromLabelNeedsACall() {
-    QFETCH(bool, weather);
-    QFETCH(QByteArray, tail);
-    PageFixture f;
-    if (weather) {
-      SiteRec site;
-      Station& station = f.band.AddStation(u"ZZ7WX"_s);
-      station.SetFile(u"radar.jpg"_s, PlainPicture(tail));
-      site.Call = u"Radar"_s;
-      site.Url = station.Base() + u"/radar.jpg"_s;
-      site.PageSlots.fill(u"1"_s);
-      f.program.sites.WxSites.append(site);
-      f.program.page.CurrentPage = PageState::WxPage;
-    } else {
-      f.AddSite(u"ZZ1AA"_s).SetPicture(PlainPicture(tail));
-    }
-    f.Start();
-    PageView view(f.program, f.logic->grid, nullptr);
-    f.logic->grid.MakeGrid(f.program.config.ThumbLayout);
-    f.logic->poll.FirstPoll();
-    QTRY_VERIFY(f.HasPicture(0));
-    QTEST(f.CellOf(0).lblFrom, "label");
-    QTEST(view.CellAt(0)->Shown().lblFrom, "painted");
+    const auto check = [](const char* what, bool weather, const QByteArray& tail, const QString& label,
+                          const QString& painted) {
+      const TableRow row(what);
+      PageFixture f;
+      if (weather) {
+        Station& station = f.band.AddStation(u"ZZ7WX"_s);
+        station.SetFile(u"radar.jpg"_s, PlainPicture(tail));
+        f.AddWeatherSite(u"Radar"_s, station.Base() + u"/radar.jpg"_s, 1);
+        f.program.page.CurrentPage = PageState::WxPage;
+      } else {
+        f.AddSite(u"ZZ1AA"_s).SetPicture(PlainPicture(tail));
+      }
+      f.Start();
+      PageView view(f.program, f.logic->grid, nullptr);
+      f.logic->grid.MakeGrid(f.program.config.ThumbLayout);
+      f.logic->poll.FirstPoll();
+      QTRY_VERIFY(f.HasPicture(0));
+      QCOMPARE(f.CellOf(0).lblFrom, label);
+      QCOMPARE(view.CellAt(0)->Shown().lblFrom, painted);
+    };
+    check("a call", false, "AB1CD * EP snr -3 *03:15:2026 10:30"_ba, u"From AB1CD"_s, u"From AB1CD"_s);
+    check("none", false, " * EP snr -3 *03:15:2026 10:30"_ba, u"From "_s, {});
+    check("a call after one star", false, "AB1CD * at 10:30"_ba, u"From AB1CD"_s, u"From AB1CD"_s);
+    check("weather", true, "AB1CD * EP snr -3 *03:15:2026 10:30"_ba, u"From AB1CD"_s, u"From AB1CD"_s);
+    check("weather, none", true, " * EP snr -3 *03:15:2026 10:30"_ba, u"From "_s, {});
+    check("weather, one star", true, "AB1CD * at 10:30"_ba, {}, {});
+    check("weather, no time", true, "AB1CD * EP snr -3 * today"_ba, {}, {});
   }
 };
 

@@ -2,7 +2,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include "poll/height_table.h"
 #include "test_suite.h"

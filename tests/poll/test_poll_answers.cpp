@@ -3,8 +3,6 @@
 // stations of these tests are silent; the answers are handed in as the download controls hand them in, in a seeded
 // order.
 #include <QRandomGenerator>
-#include <QSignalSpy>
-#include <QTest>
 
 #include "core/page_files.h"
 #include "no_room.h"
@@ -31,7 +29,6 @@ struct SilentPage : PageFixture {
       site.Url = silent.Base() + u"/%1/image1"_s.arg(slot);
       site.PageSlots[5] = u"%1%2"_s.arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
       program.sites.Sites.append(site);
-      program.sites.SitePosMask.append(QString(20, u'0'));
     }
     Start();
   }
@@ -58,59 +55,55 @@ class TestPollAnswers : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void EndsWhateverFails_data() {
-    QTest::addColumn<int>("failing");
-    QTest::addColumn<quint32>("seed");
-    for (const int failing : {0, 1, 2, 35}) {
-      for (quint32 seed = 1; seed <= 6; ++seed) {
-        QTest::addRow("%d failing, order %u", failing, seed) << failing << seed;
-      }
-    }
-  }
-
   // Each slot's marker comes before its picture; beyond that any answer may be the next, with or without a turn of the
   // event loop between two of them.
   void EndsWhateverFails() {
-    QFETCH(int, failing);
-    QFETCH(quint32, seed);
-    constexpr int kSites = 35;
-    SilentPage f(kSites);
-    QRandomGenerator random(seed);
-    f.logic->poll.FirstPoll();
-    QCOMPARE(f.program.page.SitesOnPage, kSites);
-    QList<int> slots;
-    for (int slot = 0; slot < kSites; ++slot) slots.append(slot);
-    std::shuffle(slots.begin(), slots.end(), random);
-    const QSet<int> bad(slots.cbegin(), slots.cbegin() + failing);
-    QSet<int> unchanged;  // a third of the others answers by its marker alone
-    for (const int slot : slots.sliced(failing)) {
-      if (random.bounded(3) == 0) unchanged.insert(slot);
-    }
-    QList<int> next = slots + slots;
-    std::shuffle(next.begin(), next.end(), random);
-    QSet<int> checked;
-    for (const int slot : std::as_const(next)) {
-      const bool first = !checked.contains(slot);
-      checked.insert(slot);
-      if (first) {
-        if (unchanged.contains(slot)) f.program.page.Field(slot, LastHeight) = u"300"_s;
-        f.Marker(slot);
-      } else if (bad.contains(slot)) {
-        const int kind = static_cast<int>(random.bounded(3));
-        if (kind == 0) f.Failure(slot);
-        if (kind > 0) f.Body(slot, QByteArray(kind == 1 ? 50 : 500, 'x'));
-      } else if (!unchanged.contains(slot)) {
-        f.Body(slot, GoodBody());
+    const auto check = [](const char* what, int failing, quint32 seed) {
+      const TableRow row(what);
+      constexpr int kSites = 35;
+      SilentPage f(kSites);
+      QRandomGenerator random(seed);
+      f.logic->poll.FirstPoll();
+      QCOMPARE(f.program.page.SitesOnPage, kSites);
+      QList<int> slots;
+      for (int slot = 0; slot < kSites; ++slot) slots.append(slot);
+      std::shuffle(slots.begin(), slots.end(), random);
+      const QSet<int> bad(slots.cbegin(), slots.cbegin() + failing);
+      QSet<int> unchanged;  // a third of the others answers by its marker alone
+      for (const int slot : slots.sliced(failing)) {
+        if (random.bounded(3) == 0) unchanged.insert(slot);
       }
-      if (random.bounded(2) == 0) QCoreApplication::processEvents();
-    }
-    QTRY_VERIFY(!f.logic->poll.Busy());
-    // The told counts: a slot that fails counts twice.
-    QTRY_COMPARE(f.program.page.SitesDone, kSites + failing);
-    QVERIFY(f.logic->poll.tmrIfAllDone.isActive());
-    for (int slot = 0; slot < kSites; ++slot) {
-      if (bad.contains(slot)) QVERIFY(f.CellOf(slot).errorBox);
-      if (!bad.contains(slot) && !unchanged.contains(slot)) QVERIFY(f.HasPicture(slot));
+      QList<int> next = slots + slots;
+      std::shuffle(next.begin(), next.end(), random);
+      QSet<int> checked;
+      for (const int slot : std::as_const(next)) {
+        const bool first = !checked.contains(slot);
+        checked.insert(slot);
+        if (first) {
+          if (unchanged.contains(slot)) f.program.page.Field(slot, LastHeight) = u"300"_s;
+          f.Marker(slot);
+        } else if (bad.contains(slot)) {
+          const int kind = static_cast<int>(random.bounded(3));
+          if (kind == 0) f.Failure(slot);
+          if (kind > 0) f.Body(slot, QByteArray(kind == 1 ? 50 : 500, 'x'));
+        } else if (!unchanged.contains(slot)) {
+          f.Body(slot, GoodBody());
+        }
+        if (random.bounded(2) == 0) QCoreApplication::processEvents();
+      }
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      // A slot that fails counts twice: when its bytes are missing and when its error box is shown.
+      QTRY_COMPARE(f.program.page.SitesDone, kSites + failing);
+      QVERIFY(f.logic->poll.tmrIfAllDone.isActive());
+      for (int slot = 0; slot < kSites; ++slot) {
+        if (bad.contains(slot)) QVERIFY(f.CellOf(slot).errorBox);
+        if (!bad.contains(slot) && !unchanged.contains(slot)) QVERIFY(f.HasPicture(slot));
+      }
+    };
+    for (const int failing : {0, 1, 2, 35}) {
+      for (quint32 seed = 1; seed <= 6; ++seed) {
+        check(qPrintable(u"%1 failing, order %2"_s.arg(failing).arg(seed)), failing, seed);
+      }
     }
   }
 
@@ -135,7 +128,7 @@ class TestPollAnswers : public QObject {
     QCOMPARE(f.program.page.SitesDone, 0);
   }
 
-  // The box stands at once, without decoding and without counting, and in the language of now.
+  // The error box comes back at once, without decoding and without counting, and in the present language.
   void RemembersWhatCannotBeShown() {
     SilentPage f(2);
     f.logic->poll.FirstPoll();
@@ -195,72 +188,64 @@ class TestPollAnswers : public QObject {
     }
   }
 
-  void CountsALateAnswerOfARemovedSite_data() {
-    QTest::addColumn<int>("step");
-    QTest::newRow("before its picture") << 0;
-    QTest::newRow("before its marker") << 1;
-    QTest::newRow("while it is stored") << 2;
-    QTest::newRow("while its thumb is made") << 3;
-    QTest::newRow("before its failure") << 4;
-  }
-
   void CountsALateAnswerOfARemovedSite() {
-    QFETCH(int, step);
-    SilentPage f(2);
-    f.logic->poll.FirstPoll();
-    f.Marker(1);
-    if (step != 1) f.Marker(0);
-    if (step == 2) f.Body(0, GoodBody());
-    if (step == 3) {
-      f.Body(0, PlainPicture(kTail, QSize(3000, 2000)));
-      // Its thumb is asked for in the turn that puts the picture in place, and can answer in a later turn only.
-      while (!f.HasFile(1, 0)) QCoreApplication::processEvents();
-    }
-    f.program.page.SelectedSlot = 0;
-    f.logic->sites.RemoveSite();
-    if (step == 0) f.Body(0, GoodBody());
-    if (step == 1) f.Marker(0);
-    if (step == 4) f.Failure(0);
-    QTRY_COMPARE(f.program.page.SitesDone, 1);
-    QVERIFY(f.logic->poll.Busy());
-    f.Body(1, GoodBody());
-    QTRY_VERIFY(!f.logic->poll.Busy());
-    QCOMPARE(f.program.page.SitesDone, 2);
-    QTRY_VERIFY(f.HasPicture(1));
-    QVERIFY(!f.HasPicture(0) && !f.CellOf(0).errorBox && f.CellOf(0).lblFrom.isEmpty());
-    QVERIFY(!QFile::exists(f.Thumb(1, 0)));
-    QCOMPARE(f.HasFile(1, 0), step == 3);  // it lay there before the removal, which keeps it for the undoing
-    const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
-    QCOMPARE(pictures.entryList(QDir::Files).size(), step == 3 ? 3 : 2);
-  }
-
-  void AsksTheWeatherPageFirst_data() {
-    QTest::addColumn<bool>("placed");
-    QTest::newRow("a site that is placed") << true;
-    QTest::newRow("none") << false;
+    const auto check = [](const char* what, int step) {
+      const TableRow row(what);
+      SilentPage f(2);
+      f.logic->poll.FirstPoll();
+      f.Marker(1);
+      if (step != 1) f.Marker(0);
+      if (step == 2) f.Body(0, GoodBody());
+      if (step == 3) {
+        f.Body(0, PlainPicture(kTail, QSize(3000, 2000)));
+        // Its thumb is asked for in the turn that puts the picture in place, and can answer in a later turn only.
+        while (!f.HasFile(1, 0)) QCoreApplication::processEvents();
+      }
+      f.program.page.SelectedSlot = 0;
+      f.logic->sites.RemoveSite();
+      if (step == 0) f.Body(0, GoodBody());
+      if (step == 1) f.Marker(0);
+      if (step == 4) f.Failure(0);
+      QTRY_COMPARE(f.program.page.SitesDone, 1);
+      QVERIFY(f.logic->poll.Busy());
+      f.Body(1, GoodBody());
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      QCOMPARE(f.program.page.SitesDone, 2);
+      QTRY_VERIFY(f.HasPicture(1));
+      QVERIFY(!f.HasPicture(0) && !f.CellOf(0).errorBox && f.CellOf(0).lblFrom.isEmpty());
+      QVERIFY(!QFile::exists(f.Thumb(1, 0)));
+      QCOMPARE(f.HasFile(1, 0), step == 3);  // it lay there before the removal, which keeps it for the undoing
+      const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
+      QCOMPARE(pictures.entryList(QDir::Files).size(), step == 3 ? 3 : 2);
+    };
+    check("before its picture", 0);
+    check("before its marker", 1);
+    check("while it is stored", 2);
+    check("while its thumb is made", 3);
+    check("before its failure", 4);
   }
 
   // The page is chosen while the connection is being tested.
   void AsksTheWeatherPageFirst() {
-    QFETCH(bool, placed);
-    PageFixture f;
-    Station& station = f.band.AddStation(u"ZZ7WX"_s);
-    station.SetFile(u"radar.jpg"_s, PlainPicture(kTail));
-    SiteRec radar;
-    radar.Call = u"Radar"_s;
-    radar.Url = station.Base() + u"/radar.jpg"_s;
-    radar.PageSlots[2] = placed ? u"1"_s : u"0"_s;
-    f.program.sites.WxSites.append(radar);
-    f.Start();
-    f.program.page.Online = false;
-    f.logic->poll.PageChange(PageState::WxPage);
-    QVERIFY(!f.logic->poll.Busy());
-    f.program.page.Online = true;
-    f.logic->poll.FirstPoll();
-    QCOMPARE(f.logic->poll.Busy(), placed);
-    if (placed) QTRY_VERIFY(f.HasPicture(0));
-    QTRY_VERIFY(!f.logic->poll.Busy());
-    QCOMPARE(station.Requests(u"radar.jpg"_s), placed ? 1 : 0);
+    const auto check = [](const char* what, bool placed) {
+      const TableRow row(what);
+      PageFixture f;
+      Station& station = f.band.AddStation(u"ZZ7WX"_s);
+      station.SetFile(u"radar.jpg"_s, PlainPicture(kTail));
+      f.AddWeatherSite(u"Radar"_s, station.Base() + u"/radar.jpg"_s, placed ? 1 : 0);
+      f.Start();
+      f.program.page.Online = false;
+      f.logic->poll.PageChange(PageState::WxPage);
+      QVERIFY(!f.logic->poll.Busy());
+      f.program.page.Online = true;
+      f.logic->poll.FirstPoll();
+      QCOMPARE(f.logic->poll.Busy(), placed);
+      if (placed) QTRY_VERIFY(f.HasPicture(0));
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      QCOMPARE(station.Requests(u"radar.jpg"_s), placed ? 1 : 0);
+    };
+    check("a site that is placed", true);
+    check("none", false);
   }
 };
 

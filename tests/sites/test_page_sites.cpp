@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Changing which sites stand where: adding, reloading, compacting and removing, on the page and in the lists.
-#include <QSignalSpy>
-#include <QTest>
 
 #include "page_fixture.h"
 #include "test_suite.h"
@@ -60,8 +58,7 @@ class TestPageSites : public QObject {
     PageFixture f;
     Station& one = f.AddSite(u"ZZ1AA"_s, 1, 0);
     Station& two = f.AddSite(u"ZZ2BB"_s, 1, 1);
-    f.Start();
-    f.logic->poll.FirstPoll();
+    f.StartAndPoll();
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1));
     f.program.page.SelectedSlot = 1;
     f.logic->sites.ReloadSlot();
@@ -75,8 +72,7 @@ class TestPageSites : public QObject {
     PageFixture f;
     f.AddSite(u"ZZ1AA"_s, 1, 0);
     Station& moved = f.AddSite(u"ZZ2BB"_s, 1, 4);
-    f.Start();
-    f.logic->poll.FirstPoll();
+    f.StartAndPoll();
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(4));
     QTRY_VERIFY(!f.logic->poll.Busy());
     // ZZ2BB takes the slot of ZZ1AA, which then stands nowhere on the page.
@@ -98,10 +94,7 @@ class TestPageSites : public QObject {
     f.program.sites.Sites[0].LastSeen = u"1/2/2026 10:00"_s;
     Station& weather = f.band.AddStation(u"ZZ7WX"_s);
     weather.SetFile(u"radar.jpg"_s, PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
-    SiteRec radar;
-    radar.Call = u"Radar"_s;
-    radar.Url = weather.Base() + u"/radar.jpg"_s;
-    f.program.sites.WxSites.append(radar);
+    f.AddWeatherSite(u"Radar"_s, weather.Base() + u"/radar.jpg"_s, 0);
     f.Start();
     f.program.page.CurrentPage = PageState::WxPage;
     f.program.page.SelectedSlot = 2;
@@ -111,80 +104,76 @@ class TestPageSites : public QObject {
     QCOMPARE(f.program.sites.Sites.at(0).LastSeen, u"1/2/2026 10:00"_s);
   }
 
-  void MovesFilesWithTheirSites_data() {
-    QTest::addColumn<bool>("online");
-    QTest::newRow("online") << true;
-    QTest::newRow("without a connection") << false;
-  }
-
   // In the order of calls; and taken back.
   void MovesFilesWithTheirSites() {
-    QFETCH(bool, online);
-    ThreeSites f;
-    f.program.page.Online = online;
-    const QStringList before = f.Stand();
-    f.logic->sites.CompactPage();
-    const QStringList after = f.Stand();
-    QCOMPARE(after, (QStringList{u"ZZ1AA at 1: "_s + f.Rest(before, u"ZZ1AA"_s),
-                                 u"ZZ5BB at 2: "_s + f.Rest(before, u"ZZ5BB"_s),
-                                 u"ZZ9CC at 3: "_s + f.Rest(before, u"ZZ9CC"_s)}));
-    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
-    QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ1AA"_s);
-    QCOMPARE(f.program.page.Field(1, SlotCall), u"ZZ5BB"_s);
-    QCOMPARE(f.program.page.Field(2, SlotCall), u"ZZ9CC"_s);
-    QTRY_COMPARE(f.first.Requests(u"image1"_s), online ? 2 : 1);
-    QTRY_VERIFY(!f.logic->poll.Busy());
-    QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ5BB"_s)).PageSlots[5], u"0102"_s);
-    QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ7DD"_s)).PageSlots[5], u"0201"_s);
-    f.logic->sites.Undo();
-    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
-    if (!online) QCOMPARE(f.Stand(), before);
-    QVERIFY(f.CellOf(1).lblDisk.isEmpty() && f.CellOf(2).lblDisk.isEmpty());
-    QVERIFY(!f.logic->sites.Undoable());
-  }
-
-  void TakesARemovalBack_data() {
-    QTest::addColumn<bool>("all");
-    QTest::addColumn<bool>("online");
-    QTest::addColumn<bool>("fromElsewhere");
-    for (const bool all : {false, true}) {
-      for (const bool online : {false, true}) {
-        for (const bool elsewhere : {false, true}) {
-          QTest::addRow("%s %s %s", all ? "all" : "one", online ? "online" : "offline",
-                        elsewhere ? "elsewhere" : "here")
-              << all << online << elsewhere;
-        }
-      }
-    }
+    const auto check = [](const char* what, bool online) {
+      const TableRow row(what);
+      ThreeSites f;
+      f.program.page.Online = online;
+      const QStringList before = f.Stand();
+      f.logic->sites.CompactPage();
+      const QStringList after = f.Stand();
+      QCOMPARE(after, (QStringList{u"ZZ1AA at 1: "_s + f.Rest(before, u"ZZ1AA"_s),
+                                   u"ZZ5BB at 2: "_s + f.Rest(before, u"ZZ5BB"_s),
+                                   u"ZZ9CC at 3: "_s + f.Rest(before, u"ZZ9CC"_s)}));
+      QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
+      QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ1AA"_s);
+      QCOMPARE(f.program.page.Field(1, SlotCall), u"ZZ5BB"_s);
+      QCOMPARE(f.program.page.Field(2, SlotCall), u"ZZ9CC"_s);
+      QTRY_COMPARE(f.first.Requests(u"image1"_s), online ? 2 : 1);
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ5BB"_s)).PageSlots[5], u"0102"_s);
+      QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ7DD"_s)).PageSlots[5], u"0201"_s);
+      f.logic->sites.Undo();
+      QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
+      if (!online) QCOMPARE(f.Stand(), before);
+      QVERIFY(f.CellOf(1).lblDisk.isEmpty() && f.CellOf(2).lblDisk.isEmpty());
+      QVERIFY(!f.logic->sites.Undoable());
+    };
+    check("online", true);
+    check("without a connection", false);
   }
 
   void TakesARemovalBack() {
-    QFETCH(bool, all);
-    QFETCH(bool, online);
-    QFETCH(bool, fromElsewhere);
-    ThreeSites f;
-    f.program.page.Online = online;
-    const QStringList before = f.Stand();
-    QSignalSpy changed(&f.logic->sites, &PageSites::UndoableChanged);
-    f.program.page.SelectedSlot = 9;
-    if (all) f.logic->sites.RemoveAllSites();
-    if (!all) f.logic->sites.RemoveSite();
-    QCOMPARE(f.Stand().size(), all ? 0 : 2);
-    QCOMPARE(changed.count(), 1);
-    const std::optional<PlacesChange> change = f.logic->sites.Undoable();
-    QVERIFY(change);
-    QCOMPARE(change->kind, all ? PlacesChange::Kind::AllRemoved : PlacesChange::Kind::SiteRemoved);
-    QCOMPARE(change->call, all ? QString() : u"ZZ1AA"_s);
-    if (fromElsewhere) f.logic->poll.PageChange(2);
-    f.logic->sites.Undo();
-    QVERIFY(!f.logic->sites.Undoable());
-    QCOMPARE(changed.count(), 2);
-    if (fromElsewhere) f.logic->poll.PageChange(1);
-    QCOMPARE(f.Stand(), before);
-    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
-    QTRY_VERIFY(!f.logic->poll.Busy());
-    QCOMPARE(f.program.page.List1.size(), 3);
-    QCOMPARE(f.first.Requests(u"image1"_s), 1);
+    const auto check = [](const char* what, bool all, bool online, bool fromElsewhere) {
+      const TableRow row(what);
+      ThreeSites f;
+      f.program.page.Online = online;
+      const QStringList before = f.Stand();
+      QSignalSpy changed(&f.logic->sites, &PageSites::UndoableChanged);
+      f.program.page.SelectedSlot = 9;
+      if (all) f.logic->sites.RemoveAllSites();
+      if (!all) f.logic->sites.RemoveSite();
+      QCOMPARE(f.Stand().size(), all ? 0 : 2);
+      QCOMPARE(f.program.page.List1, all ? QStringList() : QStringList({u"ZZ5BB    31"_s, u"ZZ9CC    1"_s}));
+      QVERIFY(f.CellOf(9).frames.isEmpty() && f.CellOf(9).lblCall.isEmpty());
+      QCOMPARE(f.program.sites.Sites.at(f.program.sites.FindCall(u"ZZ1AA"_s)).PageSlots[5], QString());
+      QVERIFY(f.program.sites.PageIsEmpty(1) == all && f.program.sites.lstThumbPos.size() == (all ? 1 : 3));
+      QCOMPARE(changed.count(), 1);
+      const std::optional<PlacesChange> change = f.logic->sites.Undoable();
+      QVERIFY(change);
+      QCOMPARE(change->kind, all ? PlacesChange::Kind::AllRemoved : PlacesChange::Kind::SiteRemoved);
+      QCOMPARE(change->call, all ? QString() : u"ZZ1AA"_s);
+      if (fromElsewhere) f.logic->poll.PageChange(2);
+      f.logic->sites.Undo();
+      QVERIFY(!f.logic->sites.Undoable());
+      QCOMPARE(changed.count(), 2);
+      if (fromElsewhere) f.logic->poll.PageChange(1);
+      QCOMPARE(f.Stand(), before);
+      QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(9) && f.HasPicture(30));
+      QTRY_VERIFY(!f.logic->poll.Busy());
+      QCOMPARE(f.program.page.List1.size(), 3);
+      QCOMPARE(f.first.Requests(u"image1"_s), 1);
+    };
+    for (const bool online : {false, true}) {
+      for (const bool elsewhere : {false, true}) {
+        const char* const place = elsewhere ? "from another page" : "on its page";
+        check(qPrintable(u"one site, %1, online %2"_s.arg(QLatin1StringView(place)).arg(online)), false, online,
+              elsewhere);
+        check(qPrintable(u"all sites, %1, online %2"_s.arg(QLatin1StringView(place)).arg(online)), true, online,
+              elsewhere);
+      }
+    }
   }
 
   void ForgetsTheChangeAtTheNext() {
@@ -211,33 +200,13 @@ class TestPageSites : public QObject {
       site.PageSlots[5] = u"01%1"_s.arg(slot + 1, 2, 10, QLatin1Char('0'));
       f.program.sites.Sites.append(site);
     }
-    f.Start();
-    f.logic->poll.FirstPoll();
+    f.StartAndPoll();
     f.logic->sites.CompactPage();
     QSet<int> slots;
     for (int site = 0; site < 35; ++site) slots.insert(f.program.sites.GetSiteSlot(site, 1));
     QCOMPARE(slots.size(), 35);
     QVERIFY(!slots.contains(0) && !slots.contains(36));
     QCOMPARE(f.program.sites.GetSiteSlot(26, 1), 28);
-  }
-
-  void RemovesSites() {
-    PageFixture f;
-    f.AddSite(u"ZZ1AA"_s, 1, 0);
-    f.AddSite(u"ZZ2BB"_s, 1, 1);
-    f.AddSite(u"ZZ3CC"_s, 1, 2);
-    f.Start();
-    f.logic->poll.FirstPoll();
-    QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(1) && f.HasPicture(2));
-    f.program.page.SelectedSlot = 1;
-    f.logic->sites.RemoveSite();
-    QCOMPARE(f.program.page.List1, (QStringList{u"ZZ1AA    1"_s, u"ZZ3CC    3"_s}));
-    QVERIFY(f.CellOf(1).frames.isEmpty() && f.CellOf(1).lblCall.isEmpty());
-    QCOMPARE(f.program.sites.Sites.at(1).PageSlots[2], QString());
-    QVERIFY(!f.program.sites.PageIsEmpty(1));
-    f.logic->sites.RemoveAllSites();
-    QVERIFY(f.program.page.List1.isEmpty() && f.program.sites.PageIsEmpty(1) && f.program.sites.lstThumbPos.isEmpty());
-    QCOMPARE(f.program.sites.Sites.size(), 3);
   }
 
   void BlinksACell() {

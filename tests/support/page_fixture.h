@@ -3,18 +3,17 @@
 // of the poll and of the windows stand on.
 #pragma once
 
-#include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 #include <memory>
 
 #include "app/page_logic.h"
 #include "core/program.h"
+#include "plain_picture.h"
 #include "platform/clock.h"
 #include "station_band.h"
+#include "test_suite.h"
 
 // A clock that stands where a test puts it.
 class StandingClock : public Clock {
@@ -65,8 +64,15 @@ struct PageFixture {
           QStringLiteral("%1%2").arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
     }
     program.sites.Sites.append(site);
-    program.sites.SitePosMask.append(QString(20, u'0'));
     return station;
+  }
+  // A site in a slot of the weather page; slot 0: on the list alone.
+  void AddWeatherSite(const QString& title, const QString& url, int slot) {
+    SiteRec site;
+    site.Call = title;
+    site.Url = url;
+    site.PageSlots.fill(QString::number(slot));
+    program.sites.WxSites.append(site);
   }
 
   // Makes the logic anew, as a start of the program does; the heights come from the disk.
@@ -78,6 +84,16 @@ struct PageFixture {
     logic = std::make_unique<PageLogic>(program, clock, network, tool, background);
     logic->heights.Read(program.AppDataDir);
     logic->grid.MakeGrid(program.config.ThumbLayout);
+  }
+
+  void StartAndPoll() {
+    Start();
+    logic->poll.FirstPoll();
+  }
+  // A poll to its end, as the user's click on Refresh begins it.
+  void Refresh() const {
+    logic->poll.RefreshClick();
+    QTRY_VERIFY(!logic->poll.Busy());
   }
 
   const Cell& CellOf(int slot) const { return logic->grid.Cells().at(slot); }
@@ -92,14 +108,3 @@ struct PageFixture {
   QString BoxSecond(int slot) const { return CellOf(slot).box.second.Text(program.language); }
   bool HasPicture(int slot) const { return !CellOf(slot).frames.isEmpty() && !CellOf(slot).errorBox; }
 };
-
-// A picture of plain colour as a JPEG with a tail: three NULs and 60 characters.
-inline QByteArray PlainPicture(const QByteArray& tail, QSize size = QSize(320, 240), const char* format = "JPG") {
-  QImage image(size, QImage::Format_RGB32);
-  image.fill(QColor(40, 90, 160));
-  QByteArray bytes;
-  QBuffer buffer(&bytes);
-  buffer.open(QIODevice::WriteOnly);
-  image.save(&buffer, format);
-  return bytes + QByteArray(3, '\0') + tail.leftJustified(60, ' ');
-}

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // One executable runs several test classes: each registers itself with OMNI_TEST(Class), and test_main runs them all.
+// Cases of one rule are calls of one lambda, whose first line is a TableRow.
 #pragma once
 
 #include <QObject>
+#include <QSignalSpy>
+#include <QTest>
 #include <functional>
 #include <vector>
 
@@ -11,6 +14,21 @@ class TestSuite {
   using Maker = std::function<QObject*()>;
   static std::vector<Maker>& Makers();
   explicit TestSuite(Maker maker) { Makers().push_back(std::move(maker)); }
+};
+
+// Names the row of a table in which a comparison has failed: the line number of a failure does not tell it. Rows behind
+// the first that failed are named as such, because QTRY_... waits no longer in a test that has failed.
+class TableRow {
+ public:
+  explicit TableRow(const char* name) : name_(name), failedBefore_(QTest::currentTestFailed()) {}
+  ~TableRow() {
+    if (QTest::currentTestFailed()) qWarning("%s row \"%s\"", failedBefore_ ? "After a failure," : "Failed in", name_);
+  }
+  Q_DISABLE_COPY_MOVE(TableRow)
+
+ private:
+  const char* name_;
+  bool failedBefore_;
 };
 
 #define OMNI_TEST(Class) static const TestSuite registered##Class([]() -> QObject* { return new Class; });

@@ -3,8 +3,6 @@
 // message boxes answer as the test has written down.
 #pragma once
 
-#include <QSignalSpy>
-
 #include "app/main_window.h"
 #include "page_fixture.h"
 
@@ -82,6 +80,10 @@ struct WindowFixture {
                                           dialogs, clock);
     form = std::make_unique<Form1>(*services);
     return form->Load(anotherRuns);
+  }
+  // The same until the window is shown and its first poll has ended.
+  bool StartAndPoll() {
+    return Start() && QTest::qWaitFor([this]() { return form->isVisible() && !form->Logic().poll.Busy(); });
   }
   void Close() {
     QSignalSpy closed(form.get(), &Form1::Closed);

@@ -3,8 +3,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QFileDialog>
-#include <QSignalSpy>
-#include <QTest>
 #include <QTextDocument>
 #include <QTimer>
 
@@ -16,45 +14,45 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Key by key; unlike keyClicks it takes any letter.
+void Type(QLineEdit& field, const QString& text) {
+  for (const QChar c : text) {
+    QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(&field, &press);
+  }
+}
+
+}  // namespace
+
 class TestFields : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  void WritesCalls_data() {
-    QTest::addColumn<QChar>("zero");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-    QTest::addColumn<QString>("stored");
-    QTest::newRow("slashed") << QChar(u'Ø') << u"pa0abc/p"_s << u"PAØABC/P"_s << u"PA0ABC/P"_s;
-    QTest::newRow("plain") << QChar(u'0') << u"pa0abc"_s << u"PA0ABC"_s << u"PA0ABC"_s;
-    QTest::newRow("a typed slash") << QChar(u'0') << u"paøabc"_s << u"PAØABC"_s << u"PA0ABC"_s;
-    QTest::newRow("one letter of two capitals") << QChar(u'Ø') << u"ß1a"_s << u"ß1A"_s << u"ß1A"_s;
-  }
-
   void WritesCalls() {
-    QFETCH(const QChar, zero);
-    QFETCH(const QString, typed);
-    QFETCH(const QString, shown);
-    for (const bool pasted : {false, true}) {
-      CallField field(u"txtCall"_s, zero, nullptr);
-      field.SetRole(u"Callsign:"_s);
-      QCOMPARE(field.accessibleName(), u"Callsign"_s);
-      QSignalSpy changed(&field, &QLineEdit::textChanged);
-      QApplication::clipboard()->setText(typed);
-      if (pasted) {
-        field.paste();
-      } else {
-        for (const QChar c : typed) {
-          QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-          QApplication::sendEvent(&field, &press);
-        }
+    const auto check = [](const char* what, QChar zero, const QString& typed, const QString& shown,
+                          const QString& stored) {
+      const TableRow row(what);
+      for (const bool pasted : {false, true}) {
+        CallField field(u"txtCall"_s, zero, nullptr);
+        field.SetRole(u"Callsign:"_s);
+        QCOMPARE(field.accessibleName(), u"Callsign"_s);
+        QSignalSpy changed(&field, &QLineEdit::textChanged);
+        QApplication::clipboard()->setText(typed);
+        if (pasted) field.paste();
+        if (!pasted) Type(field, typed);
+        QCOMPARE(field.text(), shown);
+        QCOMPARE(field.Call(), stored);
+        // textChanged carries the final text only, never the one before it was put into capitals.
+        QCOMPARE(changed.count(), pasted ? 1 : typed.size());
+        QCOMPARE(changed.last().first().toString(), shown);
       }
-      QCOMPARE(field.text(), shown);
-      QTEST(field.Call(), "stored");
-      // Nobody hears of a text that is not the final one.
-      QCOMPARE(changed.count(), pasted ? 1 : typed.size());
-      QCOMPARE(changed.last().first().toString(), shown);
-    }
+    };
+    check("slashed", QChar(u'Ø'), u"pa0abc/p"_s, u"PAØABC/P"_s, u"PA0ABC/P"_s);
+    check("plain", QChar(u'0'), u"pa0abc"_s, u"PA0ABC"_s, u"PA0ABC"_s);
+    check("a typed slash", QChar(u'0'), u"paøabc"_s, u"PAØABC"_s, u"PA0ABC"_s);
+    check("one letter of two capitals", QChar(u'Ø'), u"ß1a"_s, u"ß1A"_s, u"ß1A"_s);
   }
 
   void KeepsTheCaret() {
@@ -69,36 +67,28 @@ class TestFields : public QObject {
     QCOMPARE(field.cursorPosition(), 3);
   }
 
-  void TakesCoordinates_data() {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("pasted");
-    QTest::addColumn<double>("degrees");
-    QTest::newRow("point") << u"52.5"_s << u"52.5"_s << 52.5;
-    QTest::newRow("comma") << u"-1,25"_s << u"-1,25"_s << -1.25;
-    QTest::newRow("letters are not taken") << u"5a2N.5*"_s << QString() << 52.5;
-    QTest::newRow("empty") << QString() << QString() << 0.0;
-    QTest::newRow("no number yet") << u"-"_s << u"-"_s << 0.0;
-    QTest::newRow("blanks and a minus of its own") << u"−7.5"_s << u" −7.5 "_s << -7.5;
-    QTest::newRow("two commas") << u"1,2,3"_s << u"1,2,3"_s << 1.2;
-  }
-
   void TakesCoordinates() {
-    QFETCH(const QString, typed);
-    QFETCH(const QString, pasted);
-    CoordinateField field(u"txtLat"_s, nullptr);
-    field.SetRole(u"Latitude："_s);
-    QCOMPARE(field.accessibleName(), u"Latitude"_s);
-    for (const QChar c : typed) {
-      QKeyEvent press(QEvent::KeyPress, 0, Qt::NoModifier, QString(c));
-      QApplication::sendEvent(&field, &press);
-    }
-    QTEST(field.Degrees(), "degrees");
-    QVERIFY(!field.Stored().contains(u','));
-    if (pasted.isEmpty()) return;
-    field.clear();
-    QApplication::clipboard()->setText(pasted);
-    field.paste();
-    QTEST(field.Degrees(), "degrees");
+    const auto check = [](const char* what, const QString& typed, const QString& pasted, double degrees) {
+      const TableRow row(what);
+      CoordinateField field(u"txtLat"_s, nullptr);
+      field.SetRole(u"Latitude："_s);
+      QCOMPARE(field.accessibleName(), u"Latitude"_s);
+      Type(field, typed);
+      QCOMPARE(field.Degrees(), degrees);
+      QVERIFY(!field.Stored().contains(u','));
+      if (pasted.isEmpty()) return;
+      field.clear();
+      QApplication::clipboard()->setText(pasted);
+      field.paste();
+      QCOMPARE(field.Degrees(), degrees);
+    };
+    check("point", u"52.5"_s, u"52.5"_s, 52.5);
+    check("comma", u"-1,25"_s, u"-1,25"_s, -1.25);
+    check("letters are not taken", u"5a2N.5*"_s, {}, 52.5);
+    check("empty", {}, {}, 0.0);
+    check("no number yet", u"-"_s, u"-"_s, 0.0);
+    check("blanks and a minus of its own", u"−7.5"_s, u" −7.5 "_s, -7.5);
+    check("two commas", u"1,2,3"_s, u"1,2,3"_s, 1.2);
   }
 
   void NotesWhereACoordinateComesFrom() {
@@ -112,7 +102,7 @@ class TestFields : public QObject {
     QCOMPARE(lat.text() + lon.text(), u"51.5*0"_s);
     QCOMPARE(lat.Degrees(), 51.5);
     QVERIFY(note.isVisible() && lat.IsDerived() && !lon.IsDerived());
-    // The user's own number, typed behind the mark or in its place, has none.
+    // A number that the user has typed is not marked as derived, nor is one whose mark the user has deleted.
     lat.end(false);
     QTest::keyClick(&lat, Qt::Key_Backspace);
     QVERIFY(!note.isVisible());
@@ -120,23 +110,21 @@ class TestFields : public QObject {
     QVERIFY(note.isVisible());
   }
 
-  void ShowsTipsAsTheyStand_data() {
-    QTest::addColumn<bool>("rich");
-    QTest::newRow("Tom & Jerry's \"Club\"") << false;
-    QTest::newRow("&amp; &lt;b&gt;") << true;
-    QTest::newRow("<b>Hill</b>") << true;
-    QTest::newRow("<img src=\"http://127.0.0.1/x\"> & more") << true;
-    QTest::newRow("1 < 2") << false;
-  }
-
   void ShowsTipsAsTheyStand() {
-    QFETCH(const bool, rich);
-    const QString text = QString::fromLatin1(QTest::currentDataTag());
-    const QString tip = PlainTip(text);
-    QCOMPARE(Qt::mightBeRichText(tip), rich);
-    QTextDocument shown;
-    if (rich) shown.setHtml(tip);
-    QCOMPARE(rich ? shown.toPlainText() : tip, text);
+    const auto check = [](const char* what, bool rich) {
+      const TableRow row(what);
+      const QString text = QString::fromLatin1(what);
+      const QString tip = PlainTip(text);
+      QCOMPARE(Qt::mightBeRichText(tip), rich);
+      QTextDocument shown;
+      if (rich) shown.setHtml(tip);
+      QCOMPARE(rich ? shown.toPlainText() : tip, text);
+    };
+    check("Tom & Jerry's \"Club\"", false);
+    check("&amp; &lt;b&gt;", true);
+    check("<b>Hill</b>", true);
+    check("<img src=\"http://127.0.0.1/x\"> & more", true);
+    check("1 < 2", false);
   }
 
   // The desktop's own file dialog would speak the language of the desktop.

@@ -4,8 +4,6 @@
 #include <QApplication>
 #include <QCursor>
 #include <QScreen>
-#include <QSignalSpy>
-#include <QTest>
 
 #include "test_suite.h"
 #include "ui/bar_label.h"
@@ -73,44 +71,41 @@ class TestMenuWindow : public QObject {
  private Q_SLOTS:
   void initTestCase() { AccessibleMenuOwner::Install(); }
 
-  void Keys_data() {
-    QTest::addColumn<QString>(
-        "typed");  // d down, u up, r right, l left, e Return, x Escape; capitals are typed letters
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("down") << u"dde"_s << u"Avocado"_s;
-    QTest::newRow("letter") << u"De"_s << u"Date & Fig"_s;
-    QTest::newRow("letter again") << u"AAe"_s << u"Avocado"_s;
-    QTest::newRow("two letters") << u"AVe"_s << u"Avocado"_s;
-    QTest::newRow("greyed") << u"Be"_s << u"open"_s;
-    QTest::newRow("into the sub-menu") << u"uurde"_s << u"two"_s;
-    QTest::newRow("out of the sub-menu") << u"uurlde"_s << u"Date & Fig"_s;
-    QTest::newRow("letter in the sub-menu") << u"uurTe"_s << u"two"_s;
-    QTest::newRow("letter of a sub-menu") << u"Crde"_s << u"two"_s;
-    QTest::newRow("escape") << u"dx"_s << u"closed"_s;
-    QTest::newRow("escape from the sub-menu") << u"uurx"_s << u"open"_s;
-  }
-
   void Keys() {
-    QFETCH(QString, typed);
-    Opened opened;
-    opened.Open();
-    static const QHash<QChar, Qt::Key> keys = {{u'd', Qt::Key_Down}, {u'u', Qt::Key_Up},     {u'r', Qt::Key_Right},
-                                               {u'l', Qt::Key_Left}, {u'e', Qt::Key_Return}, {u'x', Qt::Key_Escape}};
-    for (const QChar c : typed) {
-      QWidget* popup = QApplication::activePopupWidget();
-      QVERIFY(popup != nullptr);
-      if (keys.contains(c)) {
-        QTest::keyClick(popup, keys.value(c));
-      } else {
-        QTest::keyClick(popup, c.toLatin1());
+    // typed: d down, u up, r right, l left, e Return, x Escape; capitals are typed as letters.
+    const auto check = [](const char* what, const QString& typed, const QString& expected) {
+      const TableRow row(what);
+      Opened opened;
+      opened.Open();
+      static const QHash<QChar, Qt::Key> keys = {{u'd', Qt::Key_Down}, {u'u', Qt::Key_Up},     {u'r', Qt::Key_Right},
+                                                 {u'l', Qt::Key_Left}, {u'e', Qt::Key_Return}, {u'x', Qt::Key_Escape}};
+      for (const QChar c : typed) {
+        QWidget* popup = QApplication::activePopupWidget();
+        QVERIFY(popup != nullptr);
+        if (keys.contains(c)) {
+          QTest::keyClick(popup, keys.value(c));
+        } else {
+          QTest::keyClick(popup, c.toLatin1());
+        }
       }
-    }
-    QString outcome = opened.menu.isVisible() ? u"open"_s : u"closed"_s;
-    if (!opened.chosen.isEmpty()) {
-      QVERIFY(!opened.menu.isVisible());
-      outcome = opened.ChosenText();
-    }
-    QTEST(outcome, "expected");
+      QString outcome = opened.menu.isVisible() ? u"open"_s : u"closed"_s;
+      if (!opened.chosen.isEmpty()) {
+        QVERIFY(!opened.menu.isVisible());
+        outcome = opened.ChosenText();
+      }
+      QCOMPARE(outcome, expected);
+    };
+    check("down", u"dde"_s, u"Avocado"_s);
+    check("letter", u"De"_s, u"Date & Fig"_s);
+    check("letter again", u"AAe"_s, u"Avocado"_s);
+    check("two letters", u"AVe"_s, u"Avocado"_s);
+    check("greyed", u"Be"_s, u"open"_s);
+    check("into the sub-menu", u"uurde"_s, u"two"_s);
+    check("out of the sub-menu", u"uurlde"_s, u"Date & Fig"_s);
+    check("letter in the sub-menu", u"uurTe"_s, u"two"_s);
+    check("letter of a sub-menu", u"Crde"_s, u"two"_s);
+    check("escape", u"dx"_s, u"closed"_s);
+    check("escape from the sub-menu", u"uurx"_s, u"open"_s);
   }
 
   void MouseChooses() {
@@ -128,38 +123,33 @@ class TestMenuWindow : public QObject {
     QCOMPARE(opened.menu.pos(), QPoint(10, 10));
   }
 
-  void AScreenReaderPresses_data() {
-    QTest::addColumn<QString>("row");
-    QTest::addColumn<bool>("inSubMenu");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("entry") << u"Avocado"_s << false << u"Avocado"_s;
-    QTest::newRow("entry of a sub-menu") << u"two"_s << true << u"two"_s;
-    QTest::newRow("greyed entry") << u"Banana"_s << false << u"open"_s;
-    QTest::newRow("opens a sub-menu") << u"Cherry"_s << false << u"sub-menu"_s;
-  }
-
-  // Such a press closes no menu by itself, and an open one holds the keyboard.
+  // A screen reader's press closes no menu by itself, and an open menu would hold the keyboard.
   void AScreenReaderPresses() {
-    QFETCH(QString, row);
-    QFETCH(bool, inSubMenu);
-    Opened opened;
-    opened.Open();
-    QMenu* sub = opened.Row(u"Cherry"_s)->menu();
-    if (inSubMenu) opened.menu.setActiveAction(opened.Row(u"Cherry"_s));
-    QString outcome;
-    connect(&opened.menu, &frmMenu::Chosen, &opened.menu, [&outcome](const MenuEntry& entry) {
-      outcome = QApplication::activePopupWidget() != nullptr ? u"chosen while open"_s : entry.text.trimmed();
-    });
-    QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(inSubMenu ? sub : &opened.menu);
-    for (int i = 0; i < menu->childCount(); ++i) {
-      QAccessibleInterface* item = menu->child(i);
-      if (item->text(QAccessible::Name).trimmed() != row) continue;
-      item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    }
-    const bool chosen = !outcome.isEmpty();
-    QCOMPARE(opened.closed.size(), chosen ? 1 : 0);
-    if (!chosen) outcome = sub->isVisible() ? u"sub-menu"_s : u"open"_s;
-    QTEST(outcome, "expected");
+    const auto check = [this](const char* what, const QString& text, bool inSubMenu, const QString& expected) {
+      const TableRow row(what);
+      Opened opened;
+      opened.Open();
+      QMenu* sub = opened.Row(u"Cherry"_s)->menu();
+      if (inSubMenu) opened.menu.setActiveAction(opened.Row(u"Cherry"_s));
+      QString outcome;
+      connect(&opened.menu, &frmMenu::Chosen, &opened.menu, [&outcome](const MenuEntry& entry) {
+        outcome = QApplication::activePopupWidget() != nullptr ? u"chosen while open"_s : entry.text.trimmed();
+      });
+      QAccessibleInterface* menu = QAccessible::queryAccessibleInterface(inSubMenu ? sub : &opened.menu);
+      for (int i = 0; i < menu->childCount(); ++i) {
+        QAccessibleInterface* item = menu->child(i);
+        if (item->text(QAccessible::Name).trimmed() != text) continue;
+        item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+      }
+      const bool chosen = !outcome.isEmpty();
+      QCOMPARE(opened.closed.size(), chosen ? 1 : 0);
+      if (!chosen) outcome = sub->isVisible() ? u"sub-menu"_s : u"open"_s;
+      QCOMPARE(outcome, expected);
+    };
+    check("entry", u"Avocado"_s, false, u"Avocado"_s);
+    check("entry of a sub-menu", u"two"_s, true, u"two"_s);
+    check("greyed entry", u"Banana"_s, false, u"open"_s);
+    check("opens a sub-menu", u"Cherry"_s, false, u"sub-menu"_s);
   }
 
   void KeysPressALabel() {
@@ -183,7 +173,7 @@ class TestMenuWindow : public QObject {
     const int overlap = opened.menu.geometry().right() + 1 - sub->x();
     QVERIFY2(std::abs(overlap - 30) <= 4, qPrintable(QString::number(overlap)));
 
-    // Neither closes on the way from one to the other, both close once the pointer is elsewhere and no button is held.
+    // Neither menu closes on the pointer's way from one to the other; both close once it is elsewhere without a button.
     QCursor::setPos(sub->geometry().center());
     opened.menu.MenusTick();
     QVERIFY(opened.menu.isVisible() && sub->isVisible());
