@@ -4,22 +4,12 @@
 #pragma once
 
 #include <QHash>
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QUrl>
 
-class SignInSite : public QTcpServer {
-  Q_OBJECT
+#include "loopback_server.h"
 
+class SignInSite : public LoopbackServer {
  public:
-  explicit SignInSite(const QString& host = QStringLiteral("127.0.0.1")) {
-    connect(this, &QTcpServer::newConnection, this, &SignInSite::Accept);
-    listen(QHostAddress(host));
-  }
-
-  QUrl Url(const QString& path) const {
-    return QUrl(QStringLiteral("http://%1:%2%3").arg(serverAddress().toString()).arg(serverPort()).arg(path));
-  }
+  using LoopbackServer::LoopbackServer;
 
   // By path: how often it was asked for, and with which cookies the last time.
   QHash<QByteArray, int> asked;
@@ -29,31 +19,15 @@ class SignInSite : public QTcpServer {
   // Head lines of paths that answer with a redirect.
   QHash<QByteArray, QByteArray> redirects;
 
+ protected:
+  void Serve(QTcpSocket* socket, const QByteArray& request) override {
+    socket->write(Answer(request));
+    socket->disconnectFromHost();
+  }
+
  private:
-  void Accept() {
-    while (QTcpSocket* socket = nextPendingConnection()) {
-      connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-      connect(socket, &QTcpSocket::readyRead, socket, [this, socket]() {
-        const QByteArray request = socket->property("request").toByteArray() + socket->readAll();
-        socket->setProperty("request", request);
-        const qsizetype head = request.indexOf("\r\n\r\n");
-        if (head < 0 || request.size() < head + 4 + Field(request, "content-length").toInt()) return;
-        socket->setProperty("request", QByteArray());
-        socket->write(Answer(request));
-        socket->disconnectFromHost();
-      });
-    }
-  }
-
-  static QByteArray Field(const QByteArray& request, const QByteArray& name) {
-    const QByteArrayList lines = request.left(request.indexOf("\r\n\r\n")).split('\n');
-    for (const QByteArray& line : lines)
-      if (line.toLower().startsWith(name + ':')) return line.sliced(name.size() + 1).trimmed();
-    return {};
-  }
-
   QByteArray Answer(const QByteArray& request) {
-    const QByteArray path = request.split(' ').value(1);
+    const QByteArray path = PathOf(request);
     const QByteArray cookie = Field(request, "cookie");
     ++asked[path];
     cookies[path] = cookie;

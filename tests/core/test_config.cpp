@@ -1,13 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "core/config.h"
 #include "station/date_text.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 namespace {
 
@@ -80,21 +74,20 @@ class TestConfig : public QObject {
   }
 
   void KeepsTheOldFileWhereItMust() {
-    const QTemporaryDir folder;
+    const QString name = u"Omni-Perch.cfg"_s;
+    const TestFolder folder;
     Config config;
     QVERIFY(!config.ReadConfig(folder.path()));
     QVERIFY(config.SaveConfig(folder.path(), 0, 0));
-    QFile file(folder.filePath(u"Omni-Perch.cfg"_s));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll().count("\r\n"), 20);
+    QCOMPARE(folder.Bytes(name).count("\r\n"), 20);
     QVERIFY(config.ReadConfig(folder.path()));
 
-    // There, and no file that could be read.
-    QVERIFY(file.remove());
-    QVERIFY(QDir(folder.path()).mkpath(u"Omni-Perch.cfg/kept"_s));
+    // Something with the file's name that cannot be read as a file is left alone.
+    QVERIFY(QFile::remove(folder.filePath(name)));
+    folder.PutFolder(name + u"/kept"_s);
     QVERIFY(config.ReadConfig(folder.path()));
     QVERIFY(!config.SaveConfig(folder.path(), 0, 0));
-    QVERIFY(QFileInfo::exists(folder.filePath(u"Omni-Perch.cfg/kept"_s)));
+    QVERIFY(QFileInfo::exists(folder.filePath(name + u"/kept"_s)));
   }
 
   void ReadsLeadingNumbers() {

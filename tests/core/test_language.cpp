@@ -1,14 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "core/language_file.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 namespace {
 
@@ -23,15 +18,11 @@ QByteArray Installed(const QString& language) {
   return ReadFileBytes(path).value_or(QByteArray());
 }
 
-struct Line {
-  QString key;
-  QString text;
-};
-
-QList<Line> Parsed(const QString& language) {
-  QList<Line> lines;
+// The lines of an installed file, each as its key and its text.
+QList<std::pair<QString, QString>> Parsed(const QString& language) {
+  QList<std::pair<QString, QString>> lines;
   for (const QString& line : SplitLines(QString::fromUtf8(Installed(language)))) {
-    lines += Line{line.section(u'=', 0, 0), line.section(u'=', 1)};
+    lines.emplaceBack(line.section(u'=', 0, 0), line.section(u'=', 1));
   }
   return lines;
 }
@@ -44,7 +35,7 @@ QStringList MarksOf(const QString& text) {
   return marks;
 }
 
-// Texts that are right in a language though they read as in English.
+// Texts that are the same word in a language as in English.
 bool MayEqualEnglish(const QString& language, int line) {
   static const QHash<QString, QSet<int>> words = {
       {u"French"_s, {95, 99, 100, 124, 175, 218, 219}}, {u"Dutch"_s, {175}}, {u"Spanish"_s, {157}}};
@@ -73,12 +64,6 @@ LanguageTexts Loaded(const QString& language) {
   return texts;
 }
 
-void WriteFile(const QString& path, const QByteArray& bytes) {
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QCOMPARE(file.write(bytes), bytes.size());
-}
-
 }  // namespace
 
 class TestLanguage : public QObject {
@@ -95,28 +80,23 @@ class TestLanguage : public QObject {
     const QByteArray bytes = Installed(language);
     QVERIFY(bytes.isValidUtf8());
     QVERIFY(!bytes.startsWith("\xEF\xBB\xBF"));
-    QCOMPARE(bytes.count('\r'), kTextLines);
-    QCOMPARE(bytes.count("\r\n"), kTextLines);
-    QCOMPARE(bytes.count('\n'), kTextLines);
-
-    const QList<Line> english = Parsed(u"English"_s);
-    const QList<Line> lines = Parsed(language);
+    for (const char* end : {"\r", "\n", "\r\n"}) QCOMPARE(bytes.count(end), kTextLines);
+    const auto english = Parsed(u"English"_s);
+    const auto lines = Parsed(language);
     QCOMPARE(lines.size(), kTextLines);
     QSet<QString> keys;
     for (int i = 0; i < kTextLines; ++i) {
-      const auto where = [&] { return qPrintable(u"line %1: %2 = %3"_s.arg(i).arg(lines[i].key, lines[i].text)); };
-      QVERIFY2(lines[i].key == english[i].key && !lines[i].key.isEmpty(), where());
-      QVERIFY2(!keys.contains(lines[i].key), where());
-      keys += lines[i].key;
-      QVERIFY2(MarksOf(lines[i].text) == MarksOf(english[i].text), where());
-      QVERIFY2(lines[i].text.trimmed() == lines[i].text, where());
-      QVERIFY2(lines[i].text.isEmpty() == (i == int(kAgeWord)), where());
-      QVERIFY2(language == u"English" || lines[i].text != english[i].text || MayEqualEnglish(language, i), where());
+      const auto& [key, text] = lines.at(i);
+      const auto& [englishKey, englishText] = english.at(i);
+      const QByteArray where = u"line %1: %2 = %3"_s.arg(i).arg(key, text).toUtf8();
+      QVERIFY2(key == englishKey && !key.isEmpty() && !keys.contains(key), where.constData());
+      keys += key;
+      QVERIFY2(MarksOf(text) == MarksOf(englishText), where.constData());
+      QVERIFY2(text.trimmed() == text && text.isEmpty() == (i == int(kAgeWord)), where.constData());
+      QVERIFY2(language == u"English" || text != englishText || MayEqualEnglish(language, i), where.constData());
     }
-
     LanguageTexts texts;
-    const LanguageResult result = LoadLanguage(QStringLiteral(LANGUAGES_DIR), language, 8, kProgVersion, texts);
-    QVERIFY(result.read && result.versionOk && result.complete);
+    QVERIFY(Read(bytes, texts).versionOk);
   }
 
   void ShortPlacesGetShortTexts() {
@@ -134,38 +114,30 @@ class TestLanguage : public QObject {
     }
   }
 
-  void MenusFindTheirTexts() {
+  void LinesMeetTheirTexts() {
     const LanguageTexts texts = Loaded(u"English"_s);
-    QCOMPARE(texts[MenuLines::kSetup[1]], u"My callsign and location"_s);
-    QCOMPARE(texts[MenuLines::kSetup[16]], u"About Omni-Perch"_s);
-    QCOMPARE(texts[MenuLines::kPicture[9]], u"Look up on ***"_s);
-    QCOMPARE(texts[MenuLines::kPicture[20]], u"Site index"_s);
-    QCOMPARE(texts[MenuLines::kCamMode[3]], u"Check only once"_s);
-    QCOMPARE(texts[MenuLines::kWindowSize[3]], u"Extra large"_s);
-    // The names of the languages stand in the order in which the languages are listed.
-    QStringList files;
-    for (const QString& language : kLanguages) files += u"Omni-Perch_%1.Language"_s.arg(language);
-    const QStringList listed = ListLanguages(files);
+    QCOMPARE(texts[MenuLines::kSetup.back()], u"About Omni-Perch"_s);
+    QCOMPARE(texts[MenuLines::kPicture.back()], u"Site index"_s);
+    QCOMPARE(texts[MenuLines::kWindowSize.back()], u"Extra large"_s);
+    // The language names among the lines have the order of the list of languages.
+    const QStringList listed = ListLanguages(QDir(QStringLiteral(LANGUAGES_DIR)).entryList(QDir::Files));
     QCOMPARE(listed.size(), kLanguageNames);
     for (int i = 0; i < kLanguageNames; ++i) QVERIFY(texts.lines[static_cast<std::size_t>(i + 1)].contains(listed[i]));
   }
 
   void KnowsItsVersion() {
-    const auto check = [](const QByteArray& line, bool ok) {
-      LanguageTexts texts;
-      const LanguageResult result = Read(MadeFile(kTextLines, {{0, line}}), texts);
-      QVERIFY2(result.versionOk == ok, line.constData());
-      // The texts are used either way.
-      QVERIFY(result.complete && texts[kRefreshWord] == u"text 64");
+    const auto check = [](bool ok, const QByteArrayList& lines) {
+      for (const QByteArray& line : lines) {
+        LanguageTexts texts;
+        const LanguageResult result = Read(MadeFile(kTextLines, {{0, line}}), texts);
+        QVERIFY2(result.versionOk == ok, line.constData());
+        // The texts are used either way.
+        QVERIFY(result.complete && texts[kRefreshWord] == u"text 64");
+      }
     };
-    check("key=Omni-Perch  6.50", true);
-    check("Omni-Perch  6.50", true);
-    check("Omni-Perch file=Omni-Perch  6.50", true);
-    check("key=Omni-Perch 6.50", false);
-    check("key=Omni-Perch  6.51", false);
-    check("key=Omni-Perch  6.50 ", false);
-    check("key=Omni-Perch  6.50 Omni-Perch", false);
-    check("key=", false);
+    check(true, {"key=Omni-Perch  6.50", "Omni-Perch  6.50", "Omni-Perch file=Omni-Perch  6.50"});
+    check(false, {"key=Omni-Perch 6.50", "key=Omni-Perch  6.51", "key=Omni-Perch  6.50 ",
+                  "key=Omni-Perch  6.50 Omni-Perch", "key="});
   }
 
   void FitsTexts() {
@@ -190,7 +162,7 @@ class TestLanguage : public QObject {
     check(64, "k=" + QByteArray(100000, 'x'), QString(1000, u'x'));
   }
 
-  // As many lines as there are, and of the names of languages as many as are listed.
+  // Reads as many lines as the file has, and as many names of languages as the list of languages has.
   void StopsWhereTheFileOrTheListEnds() {
     const auto check = [](int count, int listed, int lastRead) {
       LanguageTexts texts;
@@ -215,9 +187,8 @@ class TestLanguage : public QObject {
 
   void ReadsTheCodePageOfItsLanguage() {
     const auto check = [](const QString& language, const QByteArray& written, const QString& shown) {
-      const QTemporaryDir folder;
-      const QString path = folder.filePath(u"Omni-Perch_%1.Language"_s.arg(language));
-      WriteFile(path, MadeFile(kTextLines, {{64, "k=" + written}}));
+      const TestFolder folder;
+      folder.Put(u"Omni-Perch_%1.Language"_s.arg(language), MadeFile(kTextLines, {{64, "k=" + written}}));
       LanguageTexts texts;
       QVERIFY(LoadLanguage(folder.path(), language, 8, kProgVersion, texts).complete);
       QCOMPARE(texts[kRefreshWord], shown);
@@ -230,15 +201,14 @@ class TestLanguage : public QObject {
   }
 
   void ReadsTheBeginningOfHugeFiles() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"Omni-Perch_Polish.Language"_s);
+    const TestFolder folder;
     LanguageTexts texts;
-    // More lines than can be looked at, of two bytes a character: the cut, on one half of a character or between two,
-    // must not make them text of the code page.
+    // Only the first MiB of a file is read. The lines have two bytes a character, so that the cut falls now into a
+    // character and now between two: neither may make the text one of the code page.
     for (const QByteArray key : {"k", "kk"}) {
       QByteArray bytes = MadeFile(kTextLines, {{64, key + "=" + u"Odśwież"_s.toUtf8()}});
       while (bytes.size() < 2'000'000) bytes += u"k=żżżżżżżżżż\r\n"_s.toUtf8();
-      WriteFile(path, bytes);
+      const QString path = folder.Put(u"Omni-Perch_Polish.Language"_s, bytes);
       QVERIFY(QFile::resize(path, 100'000'000));
       QVERIFY(LoadLanguage(folder.path(), u"Polish"_s, 8, kProgVersion, texts).complete);
       QCOMPARE(texts[kRefreshWord], u"Odśwież"_s);
@@ -249,35 +219,26 @@ class TestLanguage : public QObject {
   }
 
   void TellsWhatIsMissing() {
-    const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(u"Omni-Perch_German.Language"_s));
-    WriteFile(folder.filePath(u"Omni-Perch_Italian.Language"_s), MadeFile(kTextLines));
-    WriteFile(folder.filePath(u"omni-perch_dutch.language"_s), MadeFile(kTextLines));
-    struct Row {
-      QString language;
-      bool read;
-      QString wrongVersion;
-      QString notFound;
+    const TestFolder folder;
+    folder.PutFolder(u"Omni-Perch_German.Language"_s);
+    folder.Put(u"Omni-Perch_Italian.Language"_s, MadeFile(kTextLines));
+    folder.Put(u"omni-perch_dutch.language"_s, MadeFile(kTextLines));
+    const auto check = [&folder](const QString& language, bool read, const QString& wrongVersion,
+                                 const QString& notFound) {
+      LanguageTexts texts;
+      const LanguageResult result = LoadLanguage(folder.path(), language, 8, kProgVersion, texts);
+      QVERIFY(result.read == read && result.complete == read && texts[kRefreshWord].isEmpty() == !read);
+      QCOMPARE(result.wrongVersion, wrongVersion);
+      QCOMPARE(result.notFound, notFound);
     };
     const QString wrong = u"Wrong language file version."_s;
     const QString notFound = u"Language file not found or corrupt"_s;
-    const QList<Row> rows = {
-        {u"French"_s, false, u"Mauvaise version de fichier langage."_s, u"Fichier langage non trouvé ou corrompu."_s},
-        {u"Dutch"_s, true, u"Foute taalbestand versie."_s, u"Taalbestand ontbreekt of corrupt."_s},
-        {u"German"_s, false, wrong, notFound},
-        {u"Japanese"_s, false, wrong, notFound},
-        {u"Italian"_s, false, QString(), QString()},
-        {u"../x"_s, false, QString(), QString()},
-    };
-    for (const Row& row : rows) {
-      LanguageTexts texts;
-      const LanguageResult result = LoadLanguage(folder.path(), row.language, 8, kProgVersion, texts);
-      QCOMPARE(result.read, row.read);
-      QCOMPARE(result.complete, row.read);
-      QCOMPARE(result.wrongVersion, row.wrongVersion);
-      QCOMPARE(result.notFound, row.notFound);
-      QCOMPARE(texts[kRefreshWord].isEmpty(), !row.read);
-    }
+    check(u"French"_s, false, u"Mauvaise version de fichier langage."_s, u"Fichier langage non trouvé ou corrompu."_s);
+    check(u"Dutch"_s, true, u"Foute taalbestand versie."_s, u"Taalbestand ontbreekt of corrupt."_s);
+    check(u"German"_s, false, wrong, notFound);
+    check(u"Japanese"_s, false, wrong, notFound);
+    check(u"Italian"_s, false, QString(), QString());
+    check(u"../x"_s, false, QString(), QString());
   }
 
   void ListsLanguages() {
@@ -290,7 +251,8 @@ class TestLanguage : public QObject {
           u"Dutch French German Japanese Polish Russian Spanish English"_s);
     check(u"English.L English.L.bak Dutch.L French.L German.L"_s, u"Dutch French German English"_s);
     check(u"Czech.L English.L Dutch.L French.L Polish.L"_s, u"Dutch French Polish Czech English"_s);
-    // The pair of steps takes the third entry away and adds English, whether it was there or not.
+    // The order of the menu takes English to be the third of the sorted names: the third entry goes and English is
+    // added at the end, whatever the third one was.
     check(u"Dutch.L French.L German.L Polish.L"_s, u"Dutch French Polish English"_s);
     check(u"Dutch.L English.L"_s, u"Dutch English English"_s);
     check(QString(), u"English"_s);
@@ -305,13 +267,11 @@ class TestLanguage : public QObject {
     labels[21] = u"Weather"_s;
     const QStringList before = labels;
     TranslatePageLabels(labels, english, german);
-    QCOMPARE(labels[1], u"Seite 1"_s);
-    QCOMPARE(labels[3], u"My friends"_s);
-    QCOMPARE(labels[20], u"Seite 20"_s);
-    QCOMPARE(labels[21], u"Wetter"_s);
+    QCOMPARE(QStringList({labels[1], labels[3], labels[20], labels[21]}),
+             QStringList({u"Seite 1"_s, u"My friends"_s, u"Seite 20"_s, u"Wetter"_s}));
     TranslatePageLabels(labels, german, english);
     QCOMPARE(labels, before);
-    // With no word to look for, every label is the user's own.
+    // Before any language was read the word for page is empty: every label is then the user's own.
     TranslatePageLabels(labels, LanguageTexts(), german);
     QCOMPARE(labels, before);
   }

@@ -1,42 +1,29 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "core/site_list_file.h"
 #include "no_room.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 namespace {
 
 constexpr int kLayout = 1;
 
 // A data folder with its lists, read and saved as the program does it.
-struct Lists {
-  QTemporaryDir folder;
+struct Lists : TestFolder {
   SiteTable sites;
+  std::unique_ptr<SiteListFile> file;
 
-  QString Path(const QString& name) const { return folder.filePath(name); }
-  void Put(const QString& name, const QByteArray& bytes) const {
-    QFile file(Path(name));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-  }
-  QByteArray Bytes(const QString& name) const {
-    QFile file(Path(name));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("none");
+  SiteListFile& Read() {
+    sites = {};
+    file = std::make_unique<SiteListFile>(sites, path());
+    file->ReadSiteList(kLayout);
+    file->ReadWxSiteList();
+    return *file;
   }
   // What a whole run of the program leaves of a list.
   QByteArray AfterARun(const QString& name) {
-    sites = {};
-    SiteListFile file(sites, folder.path());
-    file.ReadSiteList(kLayout);
-    file.ReadWxSiteList();
-    file.SaveSiteLists(kLayout);
+    Read().SaveSiteLists(kLayout);
     return Bytes(name);
   }
 };
@@ -59,11 +46,12 @@ class TestSiteListFile : public QObject {
       QCOMPARE(lists.AfterARun(name), after);
     };
     const auto dsstv = [&check](const QByteArray& before, const QByteArray& after) { check(kList, before, after); };
-    dsstv(kGood, kGood);
+    for (const QByteArray& kept :
+         {kGood, QByteArray("K1*******0*0***new*er\r\nu\r\n"), QByteArray("K1*******n/a*1.50 W**\r\nu\r\n"),
+          QByteArray("K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n")})
+      dsstv(kept, kept);
     dsstv(QByteArray(kGood).replace("\r\n", "\n"), kGood);
-    dsstv("K1*******0*0***new*er\r\nu\r\n", "K1*******0*0***new*er\r\nu\r\n");
     dsstv("K1\r\nu\r\n", "K1*******0*0**\r\nu\r\n");
-    dsstv("K1*******n/a*1.50 W**\r\nu\r\n", "K1*******n/a*1.50 W**\r\nu\r\n");
     dsstv("K1******* 51.50*-.5**\r\nu\r\n", "K1*******51.5*-0.5**\r\nu\r\n");
     dsstv("K\xD8*******0*0**\r\nu\r\n", "K0*******0*0**\r\nu\r\n");
     dsstv("K1*******0*0**", "K1*******0*0**\r\n\r\n");
@@ -72,7 +60,6 @@ class TestSiteListFile : public QObject {
     dsstv("http://lost/\r\n" + kGood, kGood + "http://lost/\r\n");
     dsstv(" *******0*0*x*\r\nhttp://lost/\r\n" + kGood, kGood + " *******0*0*x*\r\nhttp://lost/\r\n");
     dsstv(QByteArray(9, '\0') + "\r\n" + kGood, kGood + QByteArray(9, '\0') + "\r\n\r\n");
-    dsstv("K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n", "K1*******0*0**\r\nhttp://a/*/*/*/*/*\r\n");
     dsstv("K1*******0*0**http://\xD1\x8F/\r\nu\r\n", "\xEF\xBB\xBFK1*******0*0**http://\xD1\x8F/\r\nu\r\n");
     dsstv("K1*2101:0101:abcd******0*0**\r\nu\r\n", "K1*0101:2101:abcd******0*0**\r\nu\r\n");
 
@@ -85,8 +72,7 @@ class TestSiteListFile : public QObject {
     Lists lists;
     lists.Put(kList,
               "K2*0136******0*0*1/24/2024 15:30:59*\nu2\n" + kGood + "K3*******0*0*15:30:00*\nNoDeletehttp://k3*\n");
-    SiteListFile file(lists.sites, lists.folder.path());
-    file.ReadSiteList(kLayout);
+    (void)lists.Read();
     const QList<SiteRec>& sites = lists.sites.Sites;
     QCOMPARE(sites.size(), 3);
     QCOMPARE(sites.at(0).Call, u"K1AB"_s);
@@ -106,17 +92,12 @@ class TestSiteListFile : public QObject {
   void ReadsShortWxLines() {
     Lists lists;
     lists.Put(kWxList, "A\xD8*1*2*3\nu\nB*1*2\nu\nC*1*2*3*4*\nu\nD*1*2*3*4**\nu\n");
-    SiteListFile file(lists.sites, lists.folder.path());
-    file.ReadWxSiteList();
-    const auto slotsOf = [&](int i) {
-      const SiteRec& site = lists.sites.WxSites.at(i);
-      return site.Call + u' ' + site.PageSlots[3] + u',' + site.PageSlots[4] + u',' + site.PageSlots[5] + u',' +
-             site.PageSlots[6];
-    };
-    QCOMPARE(slotsOf(0), u"AØ 3,0,,"_s);
-    QCOMPARE(slotsOf(1), u"B 0,,,"_s);
-    QCOMPARE(slotsOf(2), u"C 3,4,0,"_s);
-    QCOMPARE(slotsOf(3), u"D 3,4,0,0"_s);
+    (void)lists.Read();
+    QStringList read;
+    for (const SiteRec& site : lists.sites.WxSites) {
+      read += site.Call + u' ' + QStringList(site.PageSlots.begin() + 3, site.PageSlots.begin() + 7).join(u',');
+    }
+    QCOMPARE(read, (QStringList{u"AØ 3,0,,"_s, u"B 0,,,"_s, u"C 3,4,0,"_s, u"D 3,4,0,0"_s}));
   }
 
   void ConvertsTheOlderList() {
@@ -125,7 +106,7 @@ class TestSiteListFile : public QObject {
         "K\xD8"
         "B*1s*t*aAbZq*9r*51.5*0*1/24/2024 15:30:00*http://cam\r\nu0\r\n*t*t*t*t*0*0**\r\nhttp://lost/\r\n";
     lists.Put(u"OmniPerch.lst"_s, old);
-    SiteListFile file(lists.sites, lists.folder.path());
+    SiteListFile file(lists.sites, lists.path());
     QVERIFY(!file.HasSiteList());
     file.ConvertOldSiteList();
     QVERIFY(file.HasSiteList());
@@ -140,27 +121,22 @@ class TestSiteListFile : public QObject {
     Lists lists;
     lists.Put(kList, "B*******0*0**\nb1\nA*******0*0**\na1\nB*******0*0**\nb2\nA*******0*0**\na2\nA*******0*0**\na3\n");
     lists.Put(kWxList, "m*1*1*1*1*1*1\nz\nz*1*1*1*1*1*1\nm\nz2*1*1*1*1*1*1\nm\nself*1*1*1*1*1*1\nself\n");
-    SiteListFile file(lists.sites, lists.folder.path());
-    file.ReadSiteList(kLayout);
-    file.ReadWxSiteList();
-    const QStringList messages = file.SaveSiteLists(kLayout);
+    const QStringList messages = lists.Read().SaveSiteLists(kLayout);
     QCOMPARE(messages.size(), 5);
     for (int i = 0; i < 3; ++i) {
-      QVERIFY(messages.at(i).startsWith(i < 2 ? u"Duplicate removed from DSSTV list\nA  a"_s
-                                              : u"Duplicate removed from DSSTV list\nB  b"_s));
+      QVERIFY(messages.at(i).startsWith(u"Duplicate removed from DSSTV list\n"_s + (i < 2 ? u"A  a"_s : u"B  b"_s)));
     }
     QCOMPARE(messages.at(3), u"Duplicate removed from WX list\nz  m"_s);
     QCOMPARE(messages.at(4), u"Duplicate removed from WX list\nz2  m"_s);
     QCOMPARE(lists.Bytes(kList).count("\r\n"), 4);
     QCOMPARE(lists.Bytes(kWxList), QByteArray("m*1*1*1*1*1*1\r\nz\r\nself*1*1*1*1*1*1\r\nself\r\n"));
-    QCOMPARE(file.SaveSiteLists(kLayout), QStringList());
+    QCOMPARE(lists.file->SaveSiteLists(kLayout), QStringList());
   }
 
   void WritesBackOnlyWhatIsLeft() {
     Lists lists;
     lists.Put(kList, kGood + "K2*******n/a*n/a**\r\nu2\r\n");
-    SiteListFile file(lists.sites, lists.folder.path());
-    file.ReadSiteList(kLayout);
+    SiteListFile& file = lists.Read();
     lists.sites.Sites[0].Call.clear();
     lists.sites.Sites[1].Lat = 12.25;
     lists.sites.Sites[1].LastSeen = u"1/24/2024 15:30\r"_s;
@@ -181,16 +157,16 @@ class TestSiteListFile : public QObject {
     QCOMPARE(full.Bytes(kList), more);
     QCOMPARE(full.Bytes(kWxList), more);
 
-    // There, and nothing that could be read.
+    // Something with a list's name that cannot be read as a file is left alone.
     Lists unreadable;
-    QVERIFY(QDir(unreadable.folder.path()).mkpath(kWxList + u"/kept"_s));
-    QVERIFY(QDir(unreadable.folder.path()).mkpath(u"OmniPerch.lst/kept"_s));
-    SiteListFile file(unreadable.sites, unreadable.folder.path());
+    unreadable.PutFolder(kWxList + u"/kept"_s);
+    unreadable.PutFolder(u"OmniPerch.lst/kept"_s);
+    SiteListFile file(unreadable.sites, unreadable.path());
     file.ConvertOldSiteList();
     file.ReadSiteList(kLayout);
     file.ReadWxSiteList();
     file.SaveSiteLists(kLayout);
-    QVERIFY(QDir(unreadable.Path(kWxList)).exists(u"kept"_s));
+    QVERIFY(QDir(unreadable.filePath(kWxList)).exists(u"kept"_s));
     QVERIFY2(!file.HasSiteList(), "the older list would never be tried again");
   }
 
@@ -205,7 +181,7 @@ class TestSiteListFile : public QObject {
       }
       lists.Put(kList, bytes);
       lists.Put(kWxList, bytes);
-      // The second run gives short WX lines the zeros that they lack.
+      // The first run completes short WX lines; from the second run on the files must stay as they are.
       lists.AfterARun(kList);
       const QByteArray settled = lists.AfterARun(kList);
       const QByteArray settledWx = lists.Bytes(kWxList);
@@ -221,8 +197,7 @@ class TestSiteListFile : public QObject {
       bytes += "K" + QByteArray::number(i % 60'000) + "*0101:0203******51.5*0**http://cam\r\nhttp://site/\r\n";
     }
     lists.Put(kList, bytes);
-    SiteListFile file(lists.sites, lists.folder.path());
-    file.ReadSiteList(kLayout);
+    SiteListFile& file = lists.Read();
     QCOMPARE(lists.sites.Sites.size(), 100'000);
     QCOMPARE(file.SaveSiteLists(kLayout).size(), 40'000);
     QCOMPARE(lists.Bytes(kList).count('\n'), 120'000);

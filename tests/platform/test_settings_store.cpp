@@ -1,68 +1,54 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
 #include <QSettings>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "no_room.h"
 #include "platform/settings_store.h"
-#include "platform/text/text_file.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 namespace {
 
 const QString kApp = u"Omni-Perch"_s;
-
-void MakeFile(const QString& path, const QByteArray& bytes) {
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QCOMPARE(file.write(bytes), bytes.size());
-}
+const QString kFile = u"settings.ini"_s;
 
 }  // namespace
 
 class TestSettingsStore : public QObject {
   Q_OBJECT
 
-  std::unique_ptr<QTemporaryDir> dir_;
+  std::unique_ptr<TestFolder> dir_;
   QString path_;
 
  private Q_SLOTS:
   void init() {
-    dir_ = std::make_unique<QTemporaryDir>();
-    path_ = dir_->filePath(u"settings.ini"_s);
+    dir_ = std::make_unique<TestFolder>();
+    path_ = dir_->filePath(kFile);
   }
 
   // Any text comes back, to this store and to QSettings; and this store reads what QSettings writes.
-  void KeepsAnyText_data() {
-    QTest::addColumn<QString>("text");
+  void KeepsAnyText() {
+    QStringList texts = {u"a\0b0"_s, u"\u00A0x\u2028"_s};
     for (const char* text : {"", "1", "a, b;c=d", "\"quoted\" in part", "\"", "\\", "C:\\new\\folder\\", " blanks ",
                              "\ttab\r\nlines\n", "@", "@Variant(x)", "@@x", "[x]", ";x",
                              "Ø Page Москва 日本 \xF0\x9F\x90\xA6", "\001F\0370\177", "50%", "a\\x41"})
-      QTest::newRow(text) << QString::fromUtf8(text);
-    QTest::newRow("nul") << u"a\0b0"_s;
-    QTest::newRow("odd blanks") << u"\u00A0x\u2028"_s;
-  }
-  void KeepsAnyText() {
-    QFETCH(QString, text);
+      texts += QString::fromUtf8(text);
+    const QString key = u"band %1=Ø日"_s;
+    const QString otherPath = dir_->filePath(u"other.ini"_s);
     SettingsStore store(path_);
-    store.SetValue(kApp, u"LABELS"_s, u"1"_s, text);
-    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band 0=Ø日"_s, text);
-    QVERIFY(store.Save());
-    const SettingsStore again(path_);
-    QCOMPARE(again.Value(kApp, u"LABELS"_s, u"1"_s, u"?"_s), text);
-    QCOMPARE(again.Value(u"TV Echo"_s, u"TX"_s, u"band 0=Ø日"_s, u"?"_s), text);
-    const QSettings judge(path_, QSettings::IniFormat);
-    QCOMPARE(judge.value(u"Omni-Perch/LABELS/1"_s).toString(), text);
-    QCOMPARE(judge.value(u"TV Echo/TX/band 0=Ø日"_s).toString(), text);
     {
-      QSettings other(dir_->filePath(u"other.ini"_s), QSettings::IniFormat);
-      other.setValue(u"TV Echo/Größe/日"_s, text);
+      QSettings other(otherPath, QSettings::IniFormat);
+      for (int i = 0; i < texts.size(); ++i) {
+        store.SetValue(u"TV Echo"_s, u"Größe"_s, key.arg(i), texts[i]);
+        other.setValue(u"TV Echo/Größe/"_s + key.arg(i), texts[i]);
+      }
     }
-    const SettingsStore reader(dir_->filePath(u"other.ini"_s));
-    QCOMPARE(reader.Value(u"TV Echo"_s, u"Größe"_s, u"日"_s, u"?"_s), text);
+    QVERIFY(store.Save());
+    const QSettings judge(path_, QSettings::IniFormat);
+    for (int i = 0; i < texts.size(); ++i) {
+      for (const QString& path : {path_, otherPath}) {
+        QCOMPARE(SettingsStore(path).Value(u"TV Echo"_s, u"Größe"_s, key.arg(i), u"?"_s), texts[i]);
+      }
+      QCOMPARE(judge.value(u"TV Echo/Größe/"_s + key.arg(i)).toString(), texts[i]);
+    }
   }
 
   void WritesTheKnownForm() {
@@ -72,13 +58,13 @@ class TestSettingsStore : public QObject {
     store.SetValue(kApp, u"geometry"_s, u"SHOWCMD"_s, u"1"_s);
     store.SetValue(kApp, u"Geometry"_s, u"Left"_s, u"-5"_s);
     QVERIFY(store.Save());
-    QCOMPARE(ReadFileBytes(path_),
+    QCOMPARE(dir_->Bytes(kFile),
              "[Omni-Perch]\ngeometry\\SHOWCMD=1\nGeometry\\Left=-5\n\n[TV%20Echo]\nTX\\band0=1\n"_ba);
   }
 
   void ReadsHandWrittenFiles() {
     const auto check = [this](const QByteArray& line, const QString& value) {
-      MakeFile(path_, "[Omni-Perch]\n" + line);
+      dir_->Put(kFile, "[Omni-Perch]\n" + line);
       QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"1"_s, u"none"_s), value);
       QCOMPARE(SettingsStore(path_).Value(kApp, u"SAVEDIR"_s, u"2"_s, u"none"_s), u"none"_s);
     };
@@ -101,15 +87,15 @@ class TestSettingsStore : public QObject {
   }
 
   void ChangesOnlyWhatWasSet() {
-    MakeFile(path_,
-             "; mine\n[omni-perch]\nMapTop\\0=1\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\n\n[Foreign]\nx=a, b\n"
-             "\n[Omni-Perch]\nMaptop\\0=2\nMaptop\\1=7\n");
+    dir_->Put(kFile,
+              "; mine\n[omni-perch]\nMapTop\\0=1\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\n\n[Foreign]\nx=a, b\n"
+              "\n[Omni-Perch]\nMaptop\\0=2\nMaptop\\1=7\n");
     SettingsStore store(path_);
     QCOMPARE(store.Value(kApp, u"MapTop"_s, u"0"_s, u"?"_s), u"2"_s);
     store.SetValue(kApp, u"MapTop"_s, u"0"_s, u"3"_s);
     store.SetValue(kApp, u"Block"_s, u"0"_s, u"ZZ9QX"_s);
     QVERIFY(store.Save());
-    QCOMPARE(ReadFileBytes(path_),
+    QCOMPARE(dir_->Bytes(kFile),
              "; mine\n[omni-perch]\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\nBlock\\0=ZZ9QX\n\n[Foreign]\nx=a, b\n"
              "\n[Omni-Perch]\nMapTop\\0=3\nMaptop\\1=7\n"_ba);
   }
@@ -120,26 +106,25 @@ class TestSettingsStore : public QObject {
     QVERIFY(!QFile::exists(path_));
     store.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
     QVERIFY(store.Save());
-    const auto before = ReadFileBytes(path_);
+    const QByteArray before = dir_->Bytes(kFile);
     store.SetValue(kApp, u"Print"_s, u"Size"_s, QString(5'000, u'x'));
     QVERIFY(!WithoutRoom([&store]() { return store.Save(); }));
-    QCOMPARE(ReadFileBytes(path_), before);
+    QCOMPARE(dir_->Bytes(kFile), before);
     QVERIFY(store.Save());
-    QVERIFY(ReadFileBytes(path_) != before);
-    // Nothing changed, nothing written: a file that another hand has removed stays away.
+    QVERIFY(dir_->Bytes(kFile) != before);
+    // Without a change nothing is written: a file that another program has removed stays away.
     QVERIFY(QFile::remove(path_));
     store.SetValue(kApp, u"print"_s, u"size"_s, QString(5'000, u'x'));
     QVERIFY(store.Save());
     QVERIFY(!QFile::exists(path_));
 
-    SettingsStore homeless(dir_->filePath(u"missing/settings.ini"_s));
-    homeless.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
-    QVERIFY(!homeless.Save());
-    QVERIFY(QDir(dir_->path()).mkdir(u"folder"_s));
-    SettingsStore folder(dir_->filePath(u"folder"_s));
-    folder.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
-    QVERIFY(!folder.Save());
-    QCOMPARE(folder.Value(kApp, u"PRINT"_s, u"SIZE"_s, u"?"_s), u"5"_s);
+    dir_->PutFolder(u"folder"_s);
+    for (const QString& noFile : {u"missing/settings.ini"_s, u"folder"_s}) {
+      SettingsStore homeless(dir_->filePath(noFile));
+      homeless.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
+      QVERIFY(!homeless.Save());
+      QCOMPARE(homeless.Value(kApp, u"PRINT"_s, u"SIZE"_s, u"?"_s), u"5"_s);
+    }
   }
 };
 

@@ -1,13 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QLocale>
-#include <QTest>
 #include <cmath>
 
 #include "station/distance.h"
 #include "station/locator.h"
 #include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 class TestDistance : public QObject {
   Q_OBJECT
@@ -30,20 +27,18 @@ class TestDistance : public QObject {
   }
 
   void NeverLeavesItsRanges() {
-    const QList<double> lats{-90, -89.99, -45, -1e-9, 0, 1e-9, 12.345678, 45, 90, 1e300};
-    const QList<double> lons{-180, -179.99, -75, -1e-17, 0, 1e-9, 75, 105, 180, -1e300};
+    QList<std::pair<double, double>> places;
+    for (const double lat : {-90., -89.99, -45., -1e-9, 0., 1e-9, 12.345678, 45., 90., 1e300}) {
+      for (const double lon : {-180., -179.99, -75., -1e-17, 0., 1e-9, 75., 105., 180., -1e300}) places += {lat, lon};
+    }
     double farthest = 0;
-    for (const double lat1 : lats) {
-      for (const double lat2 : lats) {
-        for (const double lon1 : lons) {
-          for (const double lon2 : lons) {
-            const DistAz result = GetDistAz(lat1, lon1, lat2, lon2, 0);
-            QVERIFY(result.distance == std::floor(result.distance) && result.azimuth == std::floor(result.azimuth));
-            QVERIFY(result.azimuth >= 0 && result.azimuth < 360);
-            QVERIFY(result.distance != 0 || result.azimuth == 0);
-            farthest = std::max(farthest, result.distance);
-          }
-        }
+    for (const auto& [lat1, lon1] : places) {
+      for (const auto& [lat2, lon2] : places) {
+        const DistAz result = GetDistAz(lat1, lon1, lat2, lon2, 0);
+        QVERIFY(result.distance == std::floor(result.distance) && result.azimuth == std::floor(result.azimuth));
+        QVERIFY(result.azimuth >= 0 && result.azimuth < 360);
+        QVERIFY(result.distance != 0 || result.azimuth == 0);
+        farthest = std::max(farthest, result.distance);
       }
     }
     QVERIFY2(farthest > 19900 && farthest < 20100, qPrintable(QString::number(farthest)));
@@ -69,7 +64,7 @@ class TestDistance : public QObject {
     QCOMPARE(MakeGridLocator(51.4769, 0.0005), u"JO01al"_s);
     QCOMPARE(MakeGridLocator(-33.86, 151.21), u"QF56od"_s);
     QCOMPARE(MakeGridLocator(-34.6, -58.4), u"GF05tj"_s);
-    // A border of all fields, the poles, which are not clamped, and what is no place.
+    // A border of all fields, the poles, which are not clamped, and positions that do not exist.
     QCOMPARE(MakeGridLocator(0, 0), u"JJ00aa"_s);
     QCOMPARE(MakeGridLocator(90, 180), u"SS00aa"_s);
     QCOMPARE(MakeGridLocator(-90, -180), u"@@99xx"_s);

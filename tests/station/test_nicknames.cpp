@@ -1,14 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "platform/text/delimited_fields.h"
 #include "station/nicknames.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 class TestNicknames : public QObject {
   Q_OBJECT
@@ -29,31 +22,26 @@ class TestNicknames : public QObject {
   }
 
   void KeepsOneFileOfAnyLetterCase() {
-    const QTemporaryDir folder;
+    const TestFolder folder;
     QCOMPARE(ReadNicknames(folder.path()).lstNicknames, QStringList());
-
-    QFile file(folder.filePath(u"nicknames.TXT"_s));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("AB1CD*Jos\xE9\nZZ9QX*\"Q\", Max\n");
-    file.close();
+    folder.Put(u"nicknames.TXT"_s, "AB1CD*Jos\xE9\nZZ9QX*\"Q\", Max\n");
     const NicknameList read = ReadNicknames(folder.path());
     QCOMPARE(read.lstNicknames, (QStringList{u"AB1CD*José"_s, u"ZZ9QX*\"Q\""_s, u"Max"_s}));
 
     QVERIFY(WriteNicknames(folder.path(), read));
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{u"nicknames.TXT"_s});
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("AB1CD*Jos\xE9\r\nZZ9QX*\"Q\"\r\nMax\r\n"));
+    QCOMPARE(folder.Files(), QStringList{u"nicknames.TXT"_s});
+    QCOMPARE(folder.Bytes(u"nicknames.TXT"_s), QByteArray("AB1CD*Jos\xE9\r\nZZ9QX*\"Q\"\r\nMax\r\n"));
 
-    const QTemporaryDir fresh;
+    const TestFolder fresh;
     QVERIFY(WriteNicknames(fresh.path(), {}));
-    QCOMPARE(QDir(fresh.path()).entryList(QDir::Files), QStringList{u"Nicknames.txt"_s});
+    QCOMPARE(fresh.Files(), QStringList{u"Nicknames.txt"_s});
   }
 
-  // A folder in the file's place cannot be read as a file by any user, root included. What stands there by the time of
-  // closing is not known to this run.
+  // What could not be read is not written over at closing, not even when a file is there by then: this run does not
+  // know what is in it.
   void LeavesAnUnreadableFile() {
-    const QTemporaryDir folder;
-    QVERIFY(QDir(folder.path()).mkdir(u"nicknames.txt"_s));
+    const TestFolder folder;
+    folder.PutFolder(u"nicknames.txt"_s);
     const NicknameList read = ReadNicknames(folder.path());
     QVERIFY(!WriteNicknames(folder.path(), read));
 

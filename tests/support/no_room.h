@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A disk without room, for any user: while work() runs, no file of this process grows beyond a thousand bytes.
+// Plays a full disk, also for root: while work() runs, no file of this process grows beyond a thousand bytes.
 #pragma once
 
 #include <sys/resource.h>

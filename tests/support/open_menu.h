@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menu that stands open, and its rows: for tests that choose as a user does.
+// Finds the open menu and its rows, for tests that choose as a user does.
 #pragma once
 
 #include <QApplication>

@@ -1,14 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One executable runs several test classes: each registers itself with OMNI_TEST(Class), and test_main runs them all.
-// Cases of one rule are calls of one lambda, whose first line is a TableRow.
+// What every test file begins with: Qt Test, files and signals, the suffixes of literals, and OMNI_TEST(Class), by
+// which a test class joins the one executable of its folder. test_main runs all that have joined. Cases of one rule are
+// calls of one lambda, whose first line is a TableRow.
 #pragma once
 
+#include <QDir>
+#include <QFile>
 #include <QObject>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <chrono>
 #include <functional>
+#include <memory>
 #include <vector>
 
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+// The test classes of this executable.
 class TestSuite {
  public:
   using Maker = std::function<QObject*()>;

@@ -1,16 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A small HTTP server on loopback that answers each path as a test told it, in the ways that real servers fail.
+// A small HTTP server on loopback that answers each path as a test has set it, in the ways that real servers fail.
 #pragma once
 
 #include <QHash>
-#include <QPointer>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <QTimer>
-#include <QUrl>
 
-using namespace Qt::StringLiterals;
+#include "loopback_server.h"
 
+// One answer, and what happens to the connection behind it.
 struct RudeAnswer {
   QByteArray head;  // status line and headers, each with its CR LF; the empty line is added
   QByteArray body;
@@ -18,48 +15,33 @@ struct RudeAnswer {
   enum class Then { Close, Stall, Reset, Endless, Drip, Keep, KeepOnce } then = Then::Close;
 };
 
-class RudeServer : public QTcpServer {
-  Q_OBJECT
-
+// Answers the paths that have been set; closes the connection on any other.
+class RudeServer : public LoopbackServer {
  public:
-  explicit RudeServer(const QString& host = QStringLiteral("127.0.0.1")) {
-    connect(this, &QTcpServer::newConnection, this, &RudeServer::Accept);
-    listen(QHostAddress(host));
-  }
+  using LoopbackServer::LoopbackServer;
 
-  QUrl Url(const QString& path) const {
-    return QUrl(QStringLiteral("http://%1:%2%3").arg(serverAddress().toString()).arg(serverPort()).arg(path));
-  }
   void Set(const QByteArray& path, const RudeAnswer& answer) { answers_[path] = answer; }
+  // The same with status 200.
+  void SetOk(const QByteArray& path, const QByteArray& body, RudeAnswer::Then then = RudeAnswer::Then::Close) {
+    Set(path, {"HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(body.size()) + "\r\n", body, then});
+  }
+  void SetRedirect(const QByteArray& path, const QByteArray& target, const QByteArray& status = "302") {
+    Set(path, {"HTTP/1.1 " + status + " Go\r\nContent-Length: 3\r\nLocation: " + target + "\r\n", "go!"});
+  }
 
   int requests = 0;
-  int connections = 0;
-  int open = 0;
   QByteArray lastRequest;
 
- private:
-  void Accept() {
-    while (QTcpSocket* socket = nextPendingConnection()) {
-      ++open;
-      ++connections;
-      connect(socket, &QTcpSocket::disconnected, this, [this, socket]() {
-        --open;
-        socket->deleteLater();
-      });
-      connect(socket, &QTcpSocket::readyRead, socket, [this, socket]() {
-        const QByteArray request = socket->property("request").toByteArray() + socket->readAll();
-        socket->setProperty("request", request);
-        if (!request.contains("\r\n\r\n")) return;
-        socket->setProperty("request", QByteArray());
-        if (socket->property("isLast").toBool()) return socket->disconnectFromHost();
-        ++requests;
-        lastRequest = request;
-        Serve(socket, answers_.value(request.split(' ').value(1)));
-      });
-    }
+ protected:
+  void Serve(QTcpSocket* socket, const QByteArray& request) override {
+    if (socket->property("isLast").toBool()) return socket->disconnectFromHost();
+    ++requests;
+    lastRequest = request;
+    Send(socket, answers_.value(PathOf(request)));
   }
 
-  static void Serve(QTcpSocket* socket, const RudeAnswer& answer) {
+ private:
+  static void Send(QTcpSocket* socket, const RudeAnswer& answer) {
     const bool isKept = answer.then == RudeAnswer::Then::Keep || answer.then == RudeAnswer::Then::KeepOnce;
     const QByteArray end = isKept ? "\r\n"_ba : "Connection: close\r\n\r\n"_ba;
     if (!answer.head.isEmpty()) socket->write(answer.head + end + answer.body);

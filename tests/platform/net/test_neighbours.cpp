@@ -3,23 +3,18 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QDir>
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSemaphore>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
 #include "platform/background.h"
 #include "platform/companion_link.h"
 #include "platform/instance_lock.h"
-#include "platform/text/text_file.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
+#include "test_folder.h"
 
 namespace {
+
+const QString kSocket = u"omni-perch-form1"_s;
 
 // The number of a process that has ended.
 pid_t EndedProcess() {
@@ -42,65 +37,54 @@ void Say(QLocalSocket& socket, const QByteArray& bytes) {
 class TestNeighbours : public QObject {
   Q_OBJECT
 
-  std::unique_ptr<QTemporaryDir> dir_;
-
  private Q_SLOTS:
-  void init() { dir_ = std::make_unique<QTemporaryDir>(); }
-
   void OneInstanceADataFolder() {
-    const QString file = dir_->filePath(u"omni-perch.lock"_s);
+    const TestFolder dir;
+    const QString file = u"omni-perch.lock"_s;
     QByteArray content;
     {
-      InstanceLock lock(dir_->path());
+      InstanceLock lock(dir.path());
       QVERIFY(lock.Acquire());
-      InstanceLock second(dir_->path());
+      InstanceLock second(dir.path());
       QVERIFY(!second.Acquire());
-      content = ReadFileBytes(file).value_or(QByteArray());
-      QVERIFY(!content.isEmpty());
+      content = dir.Bytes(file);
+      QVERIFY(content.contains('\n'));
     }
-    QVERIFY(!QFile::exists(file));
+    QVERIFY(dir.Files().isEmpty());
     // What a crash, a power cut and a folder copied from another machine leave of a lock file.
     const QByteArray copied = QByteArray::number(QCoreApplication::applicationPid()) + "\nomni-perch\nelsewhere\n";
     const QByteArray ended = QByteArray::number(EndedProcess()) + content.sliced(content.indexOf('\n'));
     for (const QByteArray& rest : {ended, copied, QByteArray(), QByteArray(64, '\0'), "garbage\n"_ba}) {
-      QFile torn(file);
-      QVERIFY(torn.open(QIODevice::WriteOnly) && torn.write(rest) == rest.size());
-      torn.close();
-      QVERIFY(InstanceLock(dir_->path()).Acquire());
+      dir.Put(file, rest);
+      QVERIFY(InstanceLock(dir.path()).Acquire());
     }
-    const QString missing = dir_->filePath(u"missing"_s);
+    const QString missing = dir.filePath(u"missing"_s);
     QVERIFY(InstanceLock(missing).Acquire());
     QVERIFY(!QFile::exists(missing));
   }
 
   void TakesTheCompanionsLines() {
-    CompanionLink link(dir_->path());
+    const TestFolder dir;
+    CompanionLink link(dir.path());
     QVERIFY(link.Listen());
     QSignalSpy texts(&link, &CompanionLink::TextArrived);
     QLocalSocket socket;
-    socket.connectToServer(dir_->filePath(u"omni-perch-form1"_s));
+    socket.connectToServer(dir.filePath(kSocket));
     QVERIFY(socket.waitForConnected());
     const QByteArray longest = "txtRxOk=" + QByteArray(1024 * 1024 - 8, 'x');
     Say(socket, "txtRxOk=ZZ9QX\tok\t1/2/24*\xC3\x98=\ntxtRxOk=\nother=x\n\ntxtrxok=x\ntxtFrom");
     Say(socket, "RxOk=Show\r\n" + longest + "y\n" + longest + "\n" + QByteArray(3'000'000, 'x') +
                     "\ntxtRxOk=last\ntxtRxOk=cut");
     QTRY_COMPARE(texts.size(), 5);
-    const QList<QStringList> wanted{{u"txtRxOk"_s, u"ZZ9QX\tok\t1/2/24*Ø="_s},
-                                    {u"txtRxOk"_s, QString()},
-                                    {u"txtFromRxOk"_s, u"Show"_s},
-                                    {u"txtRxOk"_s, QString::fromLatin1(longest.sliced(8))},
-                                    {u"txtRxOk"_s, u"last"_s}};
-    for (qsizetype i = 0; i < wanted.size(); ++i) {
-      QCOMPARE(texts[i][0].toString(), wanted[i][0]);
-      QCOMPARE(texts[i][1].toString(), wanted[i][1]);
-    }
-    QCOMPARE(QFile::permissions(dir_->filePath(u"omni-perch-form1"_s)) &
-                 (QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther),
-             QFile::Permissions());
+    QStringList told;
+    for (const QList<QVariant>& text : texts) told += text[0].toString() + u'=' + text[1].toString();
+    QCOMPARE(told, (QStringList{u"txtRxOk=ZZ9QX\tok\t1/2/24*Ø="_s, u"txtRxOk="_s, u"txtFromRxOk=Show"_s,
+                                QString::fromLatin1(longest), u"txtRxOk=last"_s}));
+    QCOMPARE(dir.Mode(kSocket) & 077, 0);
     // A companion that hangs up behind its last line has still said it.
     {
       QLocalSocket brief;
-      brief.connectToServer(dir_->filePath(u"omni-perch-form1"_s));
+      brief.connectToServer(dir.filePath(kSocket));
       brief.write("txtRxOk=bye\n");
       QVERIFY(brief.waitForBytesWritten());
     }
@@ -108,11 +92,12 @@ class TestNeighbours : public QObject {
   }
 
   void LeavesALivingSocketAlone() {
-    const QString path = dir_->filePath(u"omni-perch-form1"_s);
-    auto first = std::make_unique<CompanionLink>(dir_->path());
+    const TestFolder dir;
+    const QString path = dir.filePath(kSocket);
+    auto first = std::make_unique<CompanionLink>(dir.path());
     QVERIFY(first->Listen());
     QSignalSpy texts(first.get(), &CompanionLink::TextArrived);
-    CompanionLink second(dir_->path());
+    CompanionLink second(dir.path());
     QVERIFY(!second.Listen());
     QLocalSocket socket;
     socket.connectToServer(path);
@@ -121,23 +106,24 @@ class TestNeighbours : public QObject {
     QTRY_COMPARE(texts.size(), 1);
 
     // A crash leaves the file without anyone behind it: here its second name, once the first has gone.
-    const QString orphan = dir_->filePath(u"orphan"_s);
+    const QString orphan = dir.filePath(u"orphan"_s);
     QCOMPARE(::link(QFile::encodeName(path).constData(), QFile::encodeName(orphan).constData()), 0);
     first.reset();
     QVERIFY(QFile::rename(orphan, path));
     QVERIFY(second.Listen());
 
-    QVERIFY(!CompanionLink(dir_->filePath(u"missing"_s)).Listen());
-    QVERIFY(!CompanionLink(dir_->filePath(QString(200, u'x'))).Listen());
+    QVERIFY(!CompanionLink(dir.filePath(u"missing"_s)).Listen());
+    QVERIFY(!CompanionLink(dir.filePath(QString(200, u'x'))).Listen());
   }
 
   void TellsTheCompanionThatItCloses() {
-    CompanionLink link(dir_->path());
+    const TestFolder dir;
+    CompanionLink link(dir.path());
     QVERIFY(link.Listen());
     link.SendClosed();  // nobody there
-    QVERIFY(!QFile::exists(dir_->filePath(u"omni-perch-form1"_s)));
+    QVERIFY(!QFile::exists(dir.filePath(kSocket)));
     QLocalServer companion;
-    QVERIFY(companion.listen(dir_->filePath(u"tv-echo-form1"_s)));
+    QVERIFY(companion.listen(dir.filePath(u"tv-echo-form1"_s)));
     link.SendClosed();
     QVERIFY(companion.waitForNewConnection(5000));
     QLocalSocket* socket = companion.nextPendingConnection();
@@ -170,13 +156,11 @@ class TestNeighbours : public QObject {
     QCOMPARE(ran, 3);
     // The job that runs is waited for, and nobody hears of it.
     QSemaphore begun;
-    background->Run<int>(
-        this,
-        [&]() {
-          begun.release();
-          return work(3)();
-        },
-        note);
+    const auto last = [&]() {
+      begun.release();
+      return work(3)();
+    };
+    background->Run<int>(this, last, note);
     begun.acquire();
     gate.release();
     background.reset();

@@ -1,24 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "no_room.h"
 #include "platform/paths.h"
-#include "platform/text/text_file.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-void MakeFile(const QString& path, const QByteArray& bytes) {
-  QFile file(path);
-  QVERIFY(file.open(QIODevice::WriteOnly));
-  QCOMPARE(file.write(bytes), bytes.size());
-}
-
-}  // namespace
+#include "test_folder.h"
 
 class TestTextFile : public QObject {
   Q_OBJECT
@@ -34,7 +17,8 @@ class TestTextFile : public QObject {
     check("\xEF\xBB\xBF\xC3\x98", u"Ø"_s);
     check("\xEF\xBB\xBF\xEF\xBB\xBFx", u"\uFEFFx"_s);
     check("\xEF\xBB\xBF", QString());
-    // What is no valid UTF-8 is of the code page: cut ones, surrogates, bytes that the page leaves undefined.
+    // Bytes that are not valid UTF-8 are text of the code page: cut sequences, surrogates, bytes that the page leaves
+    // undefined.
     check("\xD8 \x80 \x93", u"Ø € “"_s);
     check("a\xC3", u"aÃ"_s);
     check("\xED\xA0\x80", u"í\u00A0€"_s);
@@ -46,7 +30,7 @@ class TestTextFile : public QObject {
     check("\xD0\x9F", u"П"_s, CodePage::Cyrillic1251);
   }
 
-  // What is written must be read back as the same text, whatever it is.
+  // Any text that is written must be read back as the same text.
   void EncodesWithoutLoss() {
     const auto check = [](const QString& text, bool utf8) {
       const QByteArray bytes = EncodeText(text);
@@ -78,37 +62,35 @@ class TestTextFile : public QObject {
   }
 
   void WritesWholeFilesOrNone() {
-    const QTemporaryDir dir;
+    const TestFolder dir;
     const QString path = dir.filePath(u"list.txt"_s);
-    QVERIFY(WriteTextLines(path, {u"Ø1"_s, QString(), u"x"_s}));
-    QCOMPARE(ReadFileBytes(path),
-             "\xD8"
-             "1\r\n\r\nx\r\n"_ba);
-    QVERIFY(WriteTextLines(path, {}));
-    QCOMPARE(ReadFileBytes(path), QByteArray());
-    QVERIFY(WriteTextLines(path, {u"日"_s}));
+    const auto check = [&](const QStringList& lines, const QByteArray& bytes) {
+      QVERIFY(WriteTextLines(path, lines));
+      QCOMPARE(dir.Bytes(u"list.txt"_s), bytes);
+    };
+    check({u"Ø-1"_s, QString(), u"x"_s}, "\xD8-1\r\n\r\nx\r\n");
+    check({}, QByteArray());
+    check({u"日"_s}, "\xEF\xBB\xBF\xE6\x97\xA5\r\n");
     QCOMPARE(ReadTextFile(path), u"日\r\n"_s);
 
-    // Targets that cannot be written, for any user: no folder, a folder, no room.
+    // Targets that no user can write: in a missing folder, a folder itself, on a full disk.
+    dir.PutFolder(u"folder"_s);
     QVERIFY(!WriteTextLines(dir.filePath(u"missing/list.txt"_s), {u"x"_s}));
-    QVERIFY(QDir(dir.path()).mkdir(u"folder"_s));
     QVERIFY(!WriteTextLines(dir.filePath(u"folder"_s), {u"x"_s}));
     for (const int length : {5'000, 100'000}) {  // within the writer's buffer and beyond it
-      const bool written = WithoutRoom([&]() { return WriteTextLines(path, {QString(length, u'x')}); });
-      QVERIFY(!written);
+      QVERIFY(!WithoutRoom([&]() { return WriteTextLines(path, {QString(length, u'x')}); }));
       QCOMPARE(ReadTextFile(path), u"日\r\n"_s);
     }
-    QCOMPARE(QDir(dir.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
-             (QStringList{u"folder"_s, u"list.txt"_s}));
+    QCOMPARE(dir.Files(), QStringList{u"list.txt"_s});
     QVERIFY(!ReadFileBytes(dir.filePath(u"folder"_s)));
     QVERIFY(!ReadTextFile(dir.filePath(u"none"_s)));
   }
 
   void ResolvesNamesWithoutCase() {
-    const QTemporaryDir dir;
-    QVERIFY(QDir(dir.path()).mkpath(u"Images/DSSTV"_s));
-    for (const char* name : {"Nicknames.txt", "Images/B", "Images/b", "Images/DSSTV/1-1.jpg", "été"})
-      MakeFile(dir.filePath(QString::fromUtf8(name)), "x");
+    const TestFolder dir;
+    dir.PutFolder(u"Images/DSSTV"_s);
+    for (const QString& name : {u"Nicknames.txt"_s, u"Images/B"_s, u"Images/b"_s, u"Images/DSSTV/1-1.jpg"_s, u"été"_s})
+      dir.Put(name, "x");
     const auto check = [&dir](const QString& asked, const QString& found) {
       QCOMPARE(ResolvePath(dir.path(), asked), dir.filePath(found));
     };
