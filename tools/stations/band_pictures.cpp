@@ -101,7 +101,7 @@ QByteArray AnimatedGifOf(const QImage& image) {
   for (const int step : kSteps) {
     frames << image.copy((image.width() - wide) * step / 4, (image.height() - high) * step / 8, wide, high);
   }
-  return WriteGif(frames, 15);
+  return WriteGif(frames, QList<int>(frames.size(), 15));
 }
 
 // The head of a film and bytes behind it that spell no word.
@@ -120,9 +120,9 @@ QByteArray Encoded(const QImage& painted, const PictureRecipe& settled) {
   if (settled.type == PictureType::Jpeg || settled.type == PictureType::Jp2) Grain(image, 5, settled.seed);
   switch (settled.type) {
     case PictureType::Jp2:
-      return WriteJp2(image, false, 38);
+      return WriteJp2(image);
     case PictureType::J2kCodestream:
-      return WriteJp2(image, true, 38);
+      return WriteJp2(image, {.codestreamOnly = true});
     case PictureType::Png:
       return Saved(image, "PNG", -1);
     case PictureType::Gif:

@@ -107,7 +107,7 @@ void PutFrame(QByteArray& out, const QImage& frame, int hundredths) {
 
 }  // namespace
 
-QByteArray WriteGif(const QList<QImage>& frames, int hundredths) {
+QByteArray WriteGif(const QList<QImage>& frames, const QList<int>& hundredths) {
   if (frames.isEmpty()) return {};
   QByteArray out = "GIF89a";
   Put16(out, frames.first().width());
@@ -116,7 +116,9 @@ QByteArray WriteGif(const QList<QImage>& frames, int hundredths) {
   if (frames.size() > 1) {  // for ever
     out += QByteArrayView("\x21\xff\x0bNETSCAPE2.0\x03\x01\0\0\0", 19);
   }
-  for (const QImage& frame : frames) PutFrame(out, frame.scaled(frames.first().size()), hundredths);
+  for (qsizetype i = 0; i < frames.size(); ++i) {
+    PutFrame(out, frames.at(i).scaled(frames.first().size()), hundredths.value(i));
+  }
   out += '\x3b';
   return out;
 }

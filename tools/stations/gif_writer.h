@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Writes GIF files, still or animated, which Qt can only read. band_pictures calls it.
+// Writes GIF files, still or animated, which Qt can only read. band_pictures and the tests of decoding call it.
 #pragma once
 
 #include <QByteArray>
@@ -7,4 +7,4 @@
 #include <QList>
 
 // All frames at the size of the first; hundredths: time of each frame in 1/100 s. One frame gives a still picture.
-QByteArray WriteGif(const QList<QImage>& frames, int hundredths = 12);
+QByteArray WriteGif(const QList<QImage>& frames, const QList<int>& hundredths = {});

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Stands in for the decoder in tests of its sandbox.
-//   hostile_helper FOLDER user|ordinary   tries all that a decoder that has been taken over could try, with the file
-//   FOLDER/cookies
-//                                  as its prey; ends with 0 where everything was refused
-//   hostile_helper ROLE            the decoder itself on a system that cannot filter system calls
+//   hostile_helper FOLDER user|ordinary   behaves like a decoder that an attacker has taken over, with the file
+//                                         FOLDER/cookies as its prey; ends with 0 where the kernel refused everything
+//   hostile_helper ROLE                   runs the decoder as on a system that cannot filter system calls
 #include <fcntl.h>
 #include <grp.h>
 #include <seccomp.h>
@@ -31,12 +30,12 @@ namespace {
 constexpr quint64 kAddressSpace = 1ULL << 30;
 constexpr uid_t kOrdinaryUser = 65534;
 
-// What a decoder that has been taken over could try. Its files and its victim are made before the sandbox is entered.
+// The files and the process that the attack aims at; all of them exist before the sandbox is entered.
 struct Prey {
   QByteArray secret;    // a file of the user's
   QByteArray unmade;    // a name in a folder of the user's
   pid_t neighbour = 0;  // another process of the same user
-  int inherited = -1;   // a descriptor that came along
+  int inherited = -1;   // an open file, inherited from the process that started this one
 };
 
 bool CanRead(const Prey& prey) {
@@ -122,7 +121,7 @@ int Attack(const QString& home, bool ordinary) {
   }
   prey.inherited = open(prey.secret.constData(), O_WRONLY | O_APPEND);
   if (prey.inherited < 0) return kNotTried;
-  // The neighbour is to end with this process, so the attack begins only when it has said so to the kernel.
+  // The neighbour asks the kernel to end it together with this process; the attack begins when it has asked.
   int ready[2];
   if (pipe(ready) != 0) return kNotTried;
   sigset_t nothingBlocked;
@@ -155,7 +154,7 @@ int RunWithoutFilters(char* role) {
 
 int main(int argc, char** argv) {
   if (argc == 2) return RunWithoutFilters(argv[1]);
-  // At once: a sanitizer's look for leaks at the end of main needs calls that the sandbox refuses.
+  // _exit, because a sanitizer looks for leaks at the end of main and needs calls for it that the sandbox refuses.
   if (argc == 3) _exit(Attack(QFile::decodeName(argv[1]), QByteArray(argv[2]) == "ordinary"));
   return kNotTried;
 }

@@ -1,14 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sample_pictures.h"
 
-#include <openjpeg.h>
+#include <zlib.h>
 
 #include <QBuffer>
-#include <QFile>
 #include <QImageWriter>
-#include <QTemporaryDir>
 #include <QtEndian>
-#include <array>
+
+#include "gif_writer.h"
+#include "jp2_writer.h"
 
 using namespace Qt::StringLiterals;
 
@@ -50,90 +50,6 @@ QByteArray CmykJpeg(QSize size) {
   return file + QByteArray(blocks, '\0') + "\xFF\xD9";
 }
 
-struct PlaneLayout {
-  int components = 3;
-  int precision = 8;
-  int colourStep = 1;  // 2: colour components at half the size
-  OPJ_CODEC_FORMAT codec = OPJ_CODEC_JP2;
-};
-
-int PlaneValue(QRgb pixel, int component, const PlaneLayout& layout) {
-  const std::array<int, 3> rgb{qRed(pixel), qGreen(pixel), qBlue(pixel)};
-  if (layout.colourStep == 1) {
-    return layout.components == 1 ? qGray(pixel) : rgb.at(static_cast<size_t>(component)) << (layout.precision - 8);
-  }
-  const double luminance = 0.299 * rgb[0] + 0.587 * rgb[1] + 0.114 * rgb[2];
-  if (component == 0) return qRound(luminance);
-  return component == 1 ? qBound(0, qRound((rgb[2] - luminance) / 1.772 + 128), 255)
-                        : qBound(0, qRound((rgb[0] - luminance) / 1.402 + 128), 255);
-}
-
-QByteArray Jpeg2000(const QImage& picture, const PlaneLayout& layout) {
-  std::array<opj_image_cmptparm_t, 3> planes = {};
-  for (size_t i = 0; i < planes.size(); ++i) {
-    const auto step = static_cast<OPJ_UINT32>(i == 0 ? 1 : layout.colourStep);
-    planes[i].dx = planes[i].dy = step;
-    planes[i].w = static_cast<OPJ_UINT32>(picture.width()) / step;
-    planes[i].h = static_cast<OPJ_UINT32>(picture.height()) / step;
-    planes[i].prec = static_cast<OPJ_UINT32>(layout.precision);
-  }
-  opj_image_t* image = opj_image_create(static_cast<OPJ_UINT32>(layout.components), planes.data(),
-                                        layout.components == 1   ? OPJ_CLRSPC_GRAY
-                                        : layout.colourStep == 1 ? OPJ_CLRSPC_SRGB
-                                                                 : OPJ_CLRSPC_SYCC);
-  image->x1 = static_cast<OPJ_UINT32>(picture.width());
-  image->y1 = static_cast<OPJ_UINT32>(picture.height());
-  for (int c = 0; c < layout.components; ++c) {
-    const opj_image_comp_t& plane = image->comps[c];
-    for (OPJ_UINT32 i = 0; i < plane.w * plane.h; ++i) {
-      const auto x = static_cast<int>(i % plane.w * plane.dx);
-      const auto y = static_cast<int>(i / plane.w * plane.dy);
-      plane.data[i] = PlaneValue(picture.pixel(x, y), c, layout);
-    }
-  }
-  opj_cparameters_t parameters;
-  opj_set_default_encoder_parameters(&parameters);
-  parameters.tcp_numlayers = 1;
-  parameters.cp_disto_alloc = 1;
-  parameters.tcp_rates[0] = 4;
-  parameters.tcp_mct = layout.components == 3 && layout.colourStep == 1 ? 1 : 0;
-  opj_codec_t* codec = opj_create_compress(layout.codec);
-  opj_setup_encoder(codec, &parameters, image);
-  const QTemporaryDir folder;
-  const QString path = folder.filePath(u"picture"_s);
-  opj_stream_t* stream = opj_stream_create_default_file_stream(QFile::encodeName(path).constData(), OPJ_FALSE);
-  const bool ok =
-      opj_start_compress(codec, image, stream) && opj_encode(codec, stream) && opj_end_compress(codec, stream);
-  opj_stream_destroy(stream);
-  opj_destroy_codec(codec);
-  opj_image_destroy(image);
-  QFile file(path);
-  return ok && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-// Codes of 9 bits with the table cleared so often that they never grow: GIF data without any compression.
-QByteArray GifData(qsizetype pixels, quint8 colour) {
-  QByteArray packed;
-  quint32 bits = 0;
-  int count = 0;
-  const auto put = [&](quint32 code) {
-    bits |= code << count;
-    for (count += 9; count >= 8; count -= 8, bits >>= 8) packed += static_cast<char>(bits & 0xFF);
-  };
-  for (qsizetype i = 0; i < pixels; ++i) {
-    if (i % 200 == 0) put(256);
-    put(colour);
-  }
-  put(257);
-  if (count > 0) packed += static_cast<char>(bits & 0xFF);
-  QByteArray blocks(1, '\x08');
-  for (qsizetype at = 0; at < packed.size(); at += 255) {
-    const QByteArray block = packed.mid(at, 255);
-    blocks += static_cast<char>(block.size()) + block;
-  }
-  return blocks + '\0';
-}
-
 QByteArray Segment(quint16 marker, const QByteArray& content) {
   return Big(marker) + Big(static_cast<quint16>(content.size() + 2)) + content;
 }
@@ -141,15 +57,12 @@ QByteArray Segment(quint16 marker, const QByteArray& content) {
 }  // namespace
 
 QImage Quarters(QSize size) {
-  QImage image(size, QImage::Format_RGB32);
-  for (int y = 0; y < size.height(); ++y) {
-    for (int x = 0; x < size.width(); ++x) {
-      const bool right = x >= size.width() / 2;
-      const bool low = y >= size.height() / 2;
-      image.setPixel(x, y, low ? (right ? 0xFFFFFFFF : 0xFF0000FF) : (right ? 0xFF00FF00 : 0xFFFF0000));
-    }
-  }
-  return image;
+  QImage image(2, 2, QImage::Format_RGB32);
+  image.setPixel(0, 0, 0xFFFF0000);
+  image.setPixel(1, 0, 0xFF00FF00);
+  image.setPixel(0, 1, 0xFF0000FF);
+  image.setPixel(1, 1, 0xFFFFFFFF);
+  return image.scaled(size);
 }
 
 QByteArray SamplePicture(const QString& kind, QSize size) {
@@ -170,27 +83,24 @@ QByteArray SamplePicture(const QString& kind, QSize size) {
     clear.fill(Qt::transparent);
     return Written(clear, "png");
   }
-  if (kind == "jp2"_L1) return Jpeg2000(picture, {});
-  if (kind == "j2k"_L1) return Jpeg2000(picture, {.codec = OPJ_CODEC_J2K});
-  if (kind == "grey.jp2"_L1) return Jpeg2000(picture, {.components = 1});
-  if (kind == "deep.jp2"_L1) return Jpeg2000(picture, {.precision = 12});
-  if (kind == "ycc.jp2"_L1) return Jpeg2000(picture, {.colourStep = 2});
+  if (kind == "jp2"_L1) return WriteJp2(picture, {.ratio = 4});
+  if (kind == "j2k"_L1) return WriteJp2(picture, {.ratio = 4, .codestreamOnly = true});
+  if (kind == "grey.jp2"_L1) return WriteJp2(picture, {.ratio = 4, .components = 1});
+  if (kind == "deep.jp2"_L1) return WriteJp2(picture, {.ratio = 4, .precision = 12});
+  if (kind == "ycc.jp2"_L1) return WriteJp2(picture, {.ratio = 4, .colourStep = 2});
   return {};
 }
 
 QByteArray AnimatedGif(QSize size, const QList<QPair<QRgb, int>>& frames) {
-  const QByteArray sides = Little(static_cast<quint16>(size.width())) + Little(static_cast<quint16>(size.height()));
-  QByteArray file = "GIF89a" + sides + QByteArray::fromHex("f70000");
-  for (int i = 0; i < 256; ++i) {
-    const QRgb colour = i < frames.size() ? frames.at(i).first : 0;
-    for (const int part : {qRed(colour), qGreen(colour), qBlue(colour)}) file += static_cast<char>(part);
+  QList<QImage> images;
+  QList<int> delays;
+  for (const auto& [colour, delay] : frames) {
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(colour);
+    images += image;
+    delays += delay;
   }
-  for (qsizetype i = 0; i < frames.size(); ++i) {
-    file += QByteArray::fromHex("21f90400") + Little(static_cast<quint16>(frames.at(i).second)) + QByteArray(2, '\0');
-    file += ',' + QByteArray(4, '\0') + sides + '\0';
-    file += GifData(qsizetype{size.width()} * size.height(), static_cast<quint8>(i));
-  }
-  return file + ';';
+  return WriteGif(images, delays);
 }
 
 QByteArray Claim(const QString& kind, quint32 width, quint32 height, quint32 tileSide) {
@@ -217,18 +127,13 @@ QByteArray Claim(const QString& kind, quint32 width, quint32 height, quint32 til
   } else if (kind == "png"_L1) {
     file.replace(16, 8, Big(width) + Big(height));
     // The checksum has to be right, or the claim would not be believed.
-    quint32 sum = 0xFFFFFFFF;
-    for (const char byte : file.mid(12, 17)) {
-      sum ^= static_cast<quint8>(byte);
-      for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
-    }
-    file.replace(29, 4, Big(~sum));
+    file.replace(29, 4, Big(static_cast<quint32>(crc32(0, reinterpret_cast<const Bytef*>(file.constData()) + 12, 17))));
   } else if (kind == "bmp"_L1) {
     file.replace(18, 8, Little(width) + Little(height));
   } else if (kind == "gif"_L1) {
     const QByteArray sides = Little(static_cast<quint16>(width)) + Little(static_cast<quint16>(height));
     file.replace(6, 4, sides);
-    file.replace(file.lastIndexOf(',', 13 + 768 + 20) + 5, 4, sides);
+    file.replace(file.indexOf(',') + 5, 4, sides);  // of the first frame
   }
   return file;
 }
