@@ -177,8 +177,8 @@ class TestPollAnswers : public QObject {
       QVERIFY(failed);
       QVERIFY(!f.logic->poll.Busy());
       const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
-      QCOMPARE(pictures.entryList(QDir::Files), QStringList(u"ckNewHeight.txt"_s));
-      QCOMPARE(QDir(pictures.filePath(u"thumbs"_s)).entryList(QDir::Files), QStringList());
+      QCOMPARE(pictures.entryList(QDir::Files | QDir::Hidden), QStringList(u"ckNewHeight.txt"_s));
+      QCOMPARE(QDir(pictures.filePath(u"thumbs"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
       // The height has been recorded, and the missing file has the picture fetched all the same.
       QCOMPARE(f.logic->heights.Height(1, 0), former ? 301 : 300);
       f.logic->poll.PageChange(1);
