@@ -62,7 +62,7 @@ class TestMainWindow : public QObject {
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblPages"_s)->text(), u"  Page 1 "_s);
     QCOMPARE(f.form->findChild<QToolButton*>(u"lblRefresh"_s)->text(), u"Refresh (auto 2 min) "_s);
 
-    // What the poll has changed does not wait for the closing.
+    // The heights and dates that the poll has changed are written after it, not first at the closing.
     const QByteArray height = "1-1-" + QByteArray::number(one.Marker().height());
     QTRY_COMPARE(f.Read("images/dsstv/ckNewHeight.txt").split('\n').value(1).trimmed(), height);
     QVERIFY(f.Read("Omni-Perch.lst").contains("2026"));

@@ -117,7 +117,7 @@ class TestMenuStrip : public QObject {
     QVERIFY(!bar.pic->MoreEntries().at(1).enabled);
     bar.pic->PressMoved(bar.pic->MoreEntries().at(0).index);
     QCOMPARE(cams.size(), 1);
-    // What the program takes off the bar is not in the menu, and comes back to where it was.
+    // A label that the program takes off the bar is not in the menu either, and comes back to its place on the bar.
     bar.pic->lblCam->hide();
     QCOMPARE(bar.More().size(), 2);
     bar.Resize(2000);

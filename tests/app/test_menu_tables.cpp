@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The entries of all menus: their texts, checks and sub-menus, and when they are greyed.
 
 #include "app/menu_tables.h"
 #include "test_suite.h"

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Every text of a window that a user reads or hears, by the control and what of it.
+// Every text of a window that a user reads or hears, by the name of its control and the kind of text.
 QHash<QString, QString> TextsOf(const QWidget& window) {
   QHash<QString, QString> texts;
   QList<const QWidget*> parts{&window};
@@ -43,7 +43,7 @@ class TestWindows : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  // Russian shares no letter with English: what keeps a word of it has missed the change.
+  // Russian shares no letter with English: a text with an English word in it has missed the change.
   void EveryTextFollowsTheLanguage() {
     WindowFixture f;
     QDir(f.folder.path()).mkpath(u"Maps"_s);

@@ -19,7 +19,7 @@ QByteArray Padded(const QByteArray& text, qsizetype width) {
   return text.leftJustified(width, ' ', true);
 }
 
-// A whole record; the name tells it from others of the same call.
+// A whole record; by its name a test knows it among others of the same call.
 QByteArray Stored(const QByteArray& call, const QByteArray& name = "") {
   return Padded(call, 6) + Padded(name, kRecordSize - 6);
 }

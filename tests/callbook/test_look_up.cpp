@@ -21,7 +21,7 @@ QByteArray CallookPage(const QByteArray& name) {
          "</div><div>1 Mill Lane</div><div>Mill &amp; Town</div><div>x</div><div>y</div></body></html>";
 }
 
-// A control, and what it has said: one text an event, "GotPage ZZ9QX +" for a user who is logged in.
+// A control and its events, one text each: "GotPage ZZ9QX +" for a user who is logged in.
 struct Fixture {
   explicit Fixture(const UrlLimits& limits = {.stall = 500ms, .deadline = 20s})
       : server(QHostAddress(QHostAddress::LocalHost), 0, nullptr), network(limits) {
@@ -321,7 +321,7 @@ class TestLookUp : public QObject {
     QCOMPARE(f.said, (QStringList{u"GotPage  -"_s, u"PageNotFound "_s, u"GotPage  -"_s, u"CallNotFound "_s}));
   }
 
-  // A stopped process stands for a page that holds or kills its parser.
+  // A process that is stopped or killed behaves as one whose parser a page holds or kills.
   void OutlivesAPageThatHoldsItsProcess() {
     Fixture f;
     f.server.SetPage({}, []() { return CallookPage("Zoe"); });

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a user's sign-in to a callbook service, and its end, change in a lookup; against the simulated services.
+// A user signs in to a callbook service and out again: the login state, the cookies and the record of a lookup, against
+// the simulated services.
 
 #include "lookup_fixture.h"
 #include "test_suite.h"
@@ -80,7 +81,7 @@ class TestLookupSignIn : public QObject {
     // A cookie that the browser window gets later counts again.
     give("the user's");
     QTRY_COMPARE(host.TotalRequests(), 5);
-    // Nobody waits any more once the user has signed out.
+    // Signing out ends the waiting for a login: closing the browser window then reads nothing.
     QTRY_VERIFY(!f.view.busy);
     f.session.SignOut();
     QTRY_VERIFY(!f.view.busy);

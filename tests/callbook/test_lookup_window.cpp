@@ -277,7 +277,7 @@ class TestLookupWindow : public QObject {
     QCOMPARE(f.Part<QPushButton>(u"cmdUpdate"_s)->text(), u"Update from Callook.info"_s);
   }
 
-  // Whatever a page holds, a field is one line of plain text, in the tip too.
+  // A field is one line of plain text, in its tip too, though the page has line ends and tags in it.
   void ShowsFieldsAsOneLine() {
     QWidget window;
     FieldLabel label(u"lblName"_s, &window);
@@ -311,7 +311,8 @@ class TestLookupWindow : public QObject {
              (QStringList{u"lblCall"_s, u"lblName"_s, u"lblAdd1"_s, u"lblAdd2"_s, u"lblCtry"_s, u"lblDxAz"_s}));
   }
 
-  // An open window says everything in the new language, whatever it shows at the moment.
+  // An open window shows all its texts in the new language: with a record of the database, one of the service, and
+  // none.
   void FollowsTheLanguage() {
     FormFixture f;
     Translations translations;

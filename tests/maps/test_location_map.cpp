@@ -315,7 +315,8 @@ class TestLocationMap : public QObject {
         picked.Build();
       }
     }
-    // A map of the user's own has no formula: nothing is drawn upon it, the distance is told all the same.
+    // A map of the user's own has no formula: nothing is drawn upon it, and the information line has the distance all
+    // the same.
     Picked own(u"Moon Map.jpg"_s);
     const MapDrawing map = own.Build();
     QVERIFY(map.overlay.circles.isEmpty() && map.overlay.labels.isEmpty() && !map.keep);

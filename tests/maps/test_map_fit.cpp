@@ -57,7 +57,7 @@ class TestMapFit : public QObject {
     check("bottom right", kWorld, kScreen, {2790, 1400}, 25, {-1200, -437});
     check("bottom, no room", kWorld, kScreen, {2790, 1400}, 0, {-1200, -412});
     check("far off", kWorld, kScreen, {-2147483648.0, 2147483647.0}, 25, {0, -437});
-    // A picture as large as its frame still gives way to what the bar takes.
+    // A picture as large as its frame still moves up by the rows that the bar covers.
     check("all in view", kUk, kUk, {500, 1200}, 25, {0, -25});
     check("smaller", {100, 80}, {360, 220}, {50, 40}, 25, {130, 70});
     // Centred by its width although the point would ask for another height.

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// Places on the maps in pixels: by worked figures, at the seams of the formulas, and on the installed pictures.
 #include <QColor>
 #include <QImage>
 #include <QPoint>

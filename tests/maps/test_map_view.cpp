@@ -159,7 +159,7 @@ class TestMapView : public QObject {
     QTest::keyClick(shown.view, Qt::Key_Tab);
     QTest::keyClick(shown.view, Qt::Key_Space);
     QCOMPARE(shown.Clicked(), u"first true, far true"_s);
-    // The far one has come into view, above what lies below the window's edge.
+    // The far label has come into view, above the 25 rows of the frame that lie below the window's edge.
     QVERIFY(QRect(0, 0, 400, 275).contains(shown.view->LabelRect(2)));
     QTest::keyClick(shown.view, Qt::Key_Backtab);
     QCOMPARE(shown.view->FocusedLabel(), 0);
@@ -222,7 +222,7 @@ class TestMapView : public QObject {
     QVERIFY(first->rect().isEmpty());
   }
 
-  // After a walk in all directions the frame is what a fresh painting of the same place gives.
+  // Panned in all directions, the frame has the same pixels as one that is painted anew at the same place.
   void PannedPixels() {
     const auto check = [](const char* what, double ratio, QSize picture, QSize pixels) {
       const TableRow row(what);
@@ -253,7 +253,7 @@ class TestMapView : public QObject {
         for (int y = 0; y < frame.height(); ++y) {
           const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
           const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
-          // Rounding may differ by a shade where a line or a ring begins at the edge of what was drawn.
+          // Rounding may differ by a shade where a line or a ring begins at the edge of the part that was drawn anew.
           for (int x = 0; x < frame.width(); ++x) {
             unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
                       std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;

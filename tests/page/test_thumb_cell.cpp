@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What a screen reader gets of a cell.
+// Name and description of a cell, as a screen reader says them, and its press.
 #include <QAccessible>
 
 #include "page/thumb_cell.h"

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The tail of a picture: where it begins, and the sender, mode and time in it.
 #include <QRandomGenerator>
 #include <algorithm>
 
@@ -119,7 +120,7 @@ class TestCaption : public QObject {
       check(none, u" 15:30"_s);
   }
 
-  // Real words of each month as stations write them, and what must fall to the first month.
+  // Real words of each month as stations write them; any other word counts as January.
   void KnowsMonths() {
     const auto check = [](const QString& words) {
       const QStringList months = words.split(u' ');

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The file of heights: read in all its spellings, written back, and missing.
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -42,7 +43,7 @@ class TestHeightTable : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
-  // None, nothing, the former format in two forms, garbage.
+  // No file, an empty one, two forms of the former format, and garbage.
   void WipesPicturesWithoutHeights() {
     for (const QByteArray& heights : {QByteArray(), ""_ba, "412,1-1-7\r\n1-2-8\r\n"_ba, "412\r\n1-1-7\r\n"_ba,
                                       QByteArray("\0\xFF\0\n1-1-7\n", 10)}) {

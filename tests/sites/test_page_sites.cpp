@@ -75,7 +75,7 @@ class TestPageSites : public QObject {
     f.StartAndPoll();
     QTRY_VERIFY(f.HasPicture(0) && f.HasPicture(4));
     QTRY_VERIFY(!f.logic->poll.Busy());
-    // ZZ2BB takes the slot of ZZ1AA, which then stands nowhere on the page.
+    // ZZ2BB takes the slot of ZZ1AA, which then has no slot on the page.
     f.program.page.SelectedSlot = 0;
     f.logic->sites.AddSiteToSlot(f.program.sites.FindCall(u"ZZ2BB"_s));
     QCOMPARE(f.program.page.Field(0, SlotCall), u"ZZ2BB"_s);

@@ -32,12 +32,13 @@ class TableRow {
  public:
   explicit TableRow(const char* name) : name_(name), failedBefore_(QTest::currentTestFailed()) {}
   ~TableRow() {
-    if (QTest::currentTestFailed()) qWarning("%s row \"%s\"", failedBefore_ ? "After a failure," : "Failed in", name_);
+    if (QTest::currentTestFailed())
+      qWarning("%s row \"%s\"", failedBefore_ ? "After a failure," : "Failed in", name_.constData());
   }
   Q_DISABLE_COPY_MOVE(TableRow)
 
  private:
-  const char* name_;
+  QByteArray name_;  // a copy: rows that a loop makes name themselves by a temporary text
   bool failedBefore_;
 };
 

@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// The menu window by keyboard, mouse and screen reader, with its sub-menus and its place on the monitor.
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
