@@ -14,7 +14,7 @@
 
 // State colour of Shape1.
 enum class CellColour { Window, OnAir, Stale };
-// Light of a site's cam.
+// Status light of a site's cam.
 enum class CamLight { Hidden, Yellow, Green, Red };
 
 inline constexpr QColor kOnAirColour(242, 242, 214);
@@ -23,7 +23,7 @@ inline constexpr QColor kConnectColour(150, 180, 255);
 inline constexpr QColor kFlashColour(0, 0, 255);
 inline constexpr QColor kErrorColour(50, 50, 50);
 
-// A line of the error box: the role of a text of the language file, and what stands behind it in every language.
+// A line of the error box: a text of the language file, by its role, and `rest`, which follows it in every language.
 struct BoxLine {
   std::optional<TextLine> role;
   QString rest;
@@ -37,7 +37,7 @@ struct BoxLines {
   BoxLine caption;
   BoxLine first;
   BoxLine second;
-  bool noSandbox = false;  // it stands because this system can decode no picture at all, which the lines do not say
+  bool noSandbox = false;  // shown because this system can decode no picture at all, which the lines do not say
   bool operator==(const BoxLines&) const = default;
 };
 
@@ -48,26 +48,26 @@ struct Cell {
   QString lblCall;         // caption
   QString onAirTip;        // tip of lblCall: "On air", "Off air" or empty
   QString lblFrom;         // caption
-  bool fromSender = true;  // lblFrom names somebody; false: nothing of it is painted
+  bool fromSender = true;  // false: lblFrom names no sender, and the view leaves it unpainted
   bool fromVisible = true;
-  bool lblConnect = false;  // visible
-  bool picProg = false;     // visible
+  bool lblConnect = false;  // the label "connecting" is visible
+  bool picProg = false;     // the progress bar is visible
   int progress = 0;         // percent of picProg
   QString lblMode;          // tag; empty hides it
   QColor modeColour;
-  QString lblDisk;          // Tag of lblDisk
+  QString lblDisk;          // the site's call with plain zeros (Tag of lblDisk)
   bool reloadMark = false;  // Tag of img: "1" after a forced reload, else "0"
   CamLight imgCam = CamLight::Hidden;
 
   // The picture, or the error box in its place.
-  QRectF img;                  // frame of the thumb within the cell
+  QRectF img;                  // frame of the picture within the cell
   QList<PictureFrame> frames;  // empty: no picture
   bool animated = false;
   bool errorBox = false;
   BoxLines box;
-  // The box's lines in the language that is shown; the view writes them into its copy just before it is painted.
+  // The box's lines in the present language. PageView writes them into its copy of the cell just before it is painted.
   QString lblError;
   QString lblInfo;
   QString lblInfo2;
-  QString boxReason;  // what the box's tip says besides; empty: nothing
+  QString boxReason;  // text of the box's tip; empty: none
 };

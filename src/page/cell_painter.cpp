@@ -8,7 +8,7 @@
 
 namespace {
 
-// What stands for the given colours on a dark palette: cream and pink would glare there.
+// Used on a dark palette instead of cream and pink, which would glare there.
 constexpr QColor kDarkOnAir(84, 79, 38);
 constexpr QColor kDarkStale(116, 45, 49);
 constexpr QColor kTagOutline(60, 60, 60);
@@ -104,7 +104,7 @@ class CellBrush {
   }
 
  private:
-  // One line of text, its font factor times that of the caption, made smaller where it would be cut.
+  // Draws one line of text in a font `factor` times that of the caption, made smaller where the text would be cut.
   void Line(const QString& text, const QRectF& units, double factor, bool bold) const {
     if (text.isEmpty()) return;
     const QRectF place = Scaled(units);
@@ -122,7 +122,7 @@ class CellBrush {
     painter_.drawText(place, static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, shown);
   }
 
-  // Centred where the cell's design has it, moved aside where it would run into the mode's badge.
+  // Draws lblFrom centred in its given frame, or beside the mode tag where the text would run into the tag.
   void FromLine() const {
     QFont font = theme_.font;
     font.setPixelSize(static_cast<int>(std::lround(theme_.fontPixels)));

@@ -20,8 +20,8 @@ struct CellTheme {
   bool hovered = false;
 };
 
-// Colour behind a cell's state: the given colour, and on a dark palette one of the same hue that is as dark as the
-// page.
+// The background for a cell's state: the given colour, on a dark palette a dark one of the same hue.
 QColor CellBackground(CellColour colour, const QPalette& palette);
-// picture: the frame to show, scaled to the cell already or not; may be null.
+// Paints a cell at the painter's origin. picture: the frame of the cell's picture to show now; its size does not
+// matter, and it may be null.
 void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, const QPixmap& picture);

@@ -1,15 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How much memory the pictures of a page may take. Animations beyond it lose frames, never their length: the delay of a
-// frame that is left out is added to the one before. The cells ask it whenever a picture comes.
+// How much memory the pictures of a page may take. An animation beyond it loses frames but keeps its length: the delay
+// of a dropped frame is added to the frame before it. PictureCells calls this whenever a picture comes.
 #pragma once
 
 #include <QList>
 
 #include "platform/picture/picture_tool.h"
 
-// Decoded bytes of all cells of one page.
+// The budget: decoded bytes of all cells of one page together.
 inline constexpr qint64 kPageFrameBytes = 128LL * 1024 * 1024;
 
+// Decoded bytes of one picture.
 qint64 FrameBytes(const QList<PictureFrame>& frames);
-// Every second frame; of two the first alone.
+// Drops every second frame. Of two frames the first remains, as a still.
 QList<PictureFrame> HalveFrames(const QList<PictureFrame>& frames);

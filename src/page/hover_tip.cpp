@@ -20,7 +20,7 @@ constexpr auto kTipDelay = 3000ms;
 constexpr qsizetype kTimeLength = 5;  // "hh:mm" at the end of a sent time
 constexpr auto kLineEnd = "\r\n"_L1;
 
-// What the tip says of a station.
+// The station that a tip is about.
 struct Operator {
   bool inDatabase = false;
   QString name;
@@ -30,7 +30,8 @@ struct Operator {
   double lon = 0;
 };
 
-// The sender as a call, or empty where the cell shows none: no picture, or one of those that the site itself sent.
+// The sender's call. Empty if there is no picture, or if the picture is one that the site itself has transmitted (its
+// caller is the name of the file, "TX...").
 QString SenderOf(const Program& program, int slot) {
   const QString& caller = program.page.Field(slot, Caller);
   if (caller.startsWith("TX"_L1) || caller == "Not found"_L1) return {};
@@ -41,7 +42,7 @@ QString FirstWord(const QString& name) {
   return name.left(name.indexOf(u' '));
 }
 
-// The database knows best. A site that it does not place is where the list of sites says.
+// The place comes from the call database, and from the site list for a call that the database does not place.
 Operator LookUp(const Program& program, CallDatabase& database, const QString& sender) {
   const QString call = CutAtFirstOther(sender);
   const TargetLocation target = PlaceOf(program, database, call);
@@ -74,7 +75,7 @@ QString OperatorLines(const Operator& station) {
 }
 
 QString SentText(const QString& sentTime, const QLocale& locale) {
-  // A tail may hold what is no date; that is shown as it came.
+  // A sent time that is no date is shown as the picture's tail had it.
   const QDateTime when = ReadDate(sentTime);
   const QString date = when.isValid() ? ShownDate(when.date(), locale) : sentTime.section(u' ', 0, 0);
   return u' ' + date + u"  "_s + sentTime.right(kTimeLength) + (sentTime.isEmpty() ? u" "_s : u" UTC  "_s);
@@ -157,7 +158,7 @@ void HoverTip::Enter(int slot, TipPart part) {
   // The cell's description has the reason already, and keeps it when the pointer has left.
   Q_EMIT Built(slot, reason.isEmpty() ? texts_.Shown() : QString());
   if (texts_.Shown().isEmpty()) return;
-  // No tip rises while a poll runs.
+  // No tip opens while a poll runs.
   if (program_.page.SitesDone >= program_.page.SitesOnPage) Timer7.start();
 }
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Hover tips: who sent a cell's picture and where that is, and when the tip comes and goes. The page's view tells where
-// the pointer and the focus are, and shows what the signals say.
+// Hover tips: who sent a cell's picture and where that station is, and when the tip comes and goes. PageView reports
+// where pointer and focus are; the main window opens and closes picToolTip on the signals.
 #pragma once
 
 #include <QObject>
@@ -14,12 +14,13 @@
 // Parts of a cell that have a tip: img, lblFrom, lblCall.
 enum class TipPart { Picture, From, Call };
 
+// The texts of one tip.
 struct TipTexts {
-  QString call;       // whose tip it is, plain zeros; empty: there is none
-  QString HoverText;  // lines ended by CR LF; plain text, as callbooks and captions gave it
-  QString imgTip;     // what the picture's own tip says instead or besides: a location that is missing
+  QString call;       // the call that the tip is about, with plain zeros; empty: no tip
+  QString HoverText;  // plain text in lines ended by CR LF; callbooks and captions may have put anything into it
+  QString imgTip;     // the notice that a location is missing, instead of HoverText or below it
 
-  // All of it, to be shown or read aloud; empty: no tip.
+  // HoverText and imgTip as one text, to be shown or read aloud; empty: no tip.
   QString Shown() const;
 };
 
@@ -28,16 +29,17 @@ TipTexts PictureTip(const Program& program, CallDatabase& database, int slot);
 // Tip of a caption: the sender (where there is none, the site) for lblFrom, the site for lblCall. None on the WX page.
 TipTexts CaptionTip(const Program& program, CallDatabase& database, int slot, TipPart part);
 
+// Decides when a tip opens and closes, and composes its text.
 class HoverTip : public QObject {
   Q_OBJECT
 
  public:
   HoverTip(const Program& program, CallDatabase& database, QObject* parent = nullptr);
 
-  QTimer Timer7;                     // from the pointer's arrival to the tip
-  QTimer Timer8;                     // from its leaving until the tip goes
-  std::function<bool()> MenuIsOpen;  // no tip rises over an open menu
-  // What the tip of a cell's error box says, as the cell knows it; empty: it has none.
+  QTimer Timer7;                     // from the pointer's arrival to the opening of the tip
+  QTimer Timer8;                     // from the pointer's leaving to the closing of the tip
+  std::function<bool()> MenuIsOpen;  // asked before a tip opens: none may open over a menu
+  // Gives the text that a cell has for the tip of its error box; empty: none.
   std::function<QString(int slot)> BoxReason;
 
   // The pointer is over this part of a cell, or over none.
@@ -45,17 +47,20 @@ class HoverTip : public QObject {
   void Leave();
   // The keyboard's focus is on a cell, as if the pointer were on its picture; -1: on none.
   void Focus(int slot);
-  // The tip goes and forgets where the pointer was: for presses, menus, another page, Escape. False: there was no tip.
+  // Closes the tip and forgets where the pointer was. Called at presses, opening menus, a change of page, and Escape.
+  // Returns false if no tip was open.
   bool Close();
 
  Q_SIGNALS:
-  // The tip of a cell has been made, to be read out as its description. Empty: it has none.
+  // The text of a cell's tip has been composed; PageView makes it part of the cell's description for screen readers.
+  // Empty: the cell has no tip.
   void Built(int slot, const QString& text);
   // picToolTip opens; picturePath is the operator's picture, empty where none is stored.
   void Show(int slot, const QString& text, const QString& picturePath);
   void Hide();
 
  private:
+  // A part of a cell.
   struct Place {
     int slot = -1;
     TipPart part = TipPart::Picture;
@@ -69,7 +74,7 @@ class HoverTip : public QObject {
 
   const Program& program_;
   CallDatabase& database_;
-  Place under_;  // the pointer
-  Place shown_;  // slot -1: no tip stands
+  Place under_;  // where the pointer is
+  Place shown_;  // cell of the open tip; slot -1: none is open
   TipTexts texts_;
 };

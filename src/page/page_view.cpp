@@ -72,7 +72,7 @@ void PageView::UpdateCell(int slot) {
   if (shown.errorBox && shown.box.noSandbox) {
     shown.boxReason = tr("Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)");
   }
-  if (!shown.fromSender) shown.lblFrom.clear();  // "From" and no call
+  if (!shown.fromSender) shown.lblFrom.clear();  // otherwise the bare word "From" would be painted
   cell->SetCell(shown);
   cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,
                    program_.language[TextLine::kEmptyCellName]);
@@ -86,7 +86,7 @@ void PageView::Place() {
   CellTheme theme;
   theme.scale = scale;
   theme.font = font();
-  // The font grows and shrinks with the cells when the window is not of its layout's own size.
+  // fontPoints_ belongs to the layout's own window size; in a larger or smaller window the font scales with the cells.
   theme.fontPixels = fontPoints_ * 96 / 72 * (nominalScale_ > 0 ? scale / nominalScale_ : 1);
   fontPixels_ = theme.fontPixels;
   theme.connectingText = program_.language[TextLine::kConnectingText];

@@ -10,18 +10,20 @@
 #include "page/thumb_cell.h"
 #include "page/thumb_grid.h"
 
+// The widget picAll: one ThumbCell for each slot of the layout.
 class PageView : public QWidget {
   Q_OBJECT
 
  public:
   PageView(Program& program, ThumbGrid& grid, QWidget* parent);
 
-  // Units and fonts of the layout; nominal is the size that the layout's arithmetic gives this view.
+  // Takes the units and fonts of the present layout. nominal: the view's size in pixels by the layout's arithmetic,
+  // which fontPoints belongs to.
   void Arrange(int menuBarHeight, QSize nominal, double fontPoints);
   // Texts and names again after another language has been read.
   void TakeLanguage();
   ThumbCell* CellAt(int slot) const;
-  // Where the sender's caption of a cell stands on the screen; empty without such a cell.
+  // Frame of the sender's caption of a cell, on the screen; empty without such a cell.
   QRect SenderPlace(int slot) const;
   // Height of the cells' text in pixels as it is painted now.
   double FontPixels() const { return fontPixels_; }

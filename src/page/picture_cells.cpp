@@ -14,10 +14,10 @@ namespace {
 
 constexpr auto kBlink = std::chrono::milliseconds(150);
 constexpr int kBlinks = 20;
-constexpr auto kQuiet = std::chrono::milliseconds(150);  // without a new picture before any is sharpened
-constexpr int kDeepest = 24;                             // bits a pixel that are worth a repair
+constexpr auto kQuiet = std::chrono::milliseconds(150);  // pause after the last new picture before thumbs are sharpened
+constexpr int kDeepest = 24;                             // bits a pixel; a deeper file is not repaired
 
-// Why nothing came of a picture.
+// Why a picture could not be shown.
 CellResult FailureOf(const PictureAnswer& answer) {
   return answer.noSandbox ? CellResult::NoSandbox : CellResult::Unreadable;
 }
@@ -146,7 +146,7 @@ void PictureCells::Loaded(const Reading& reading, const PictureAnswer& answer) {
   } else if (answer.depth >= 1 && answer.depth <= kDeepest) {
     Repair(reading);
   } else {
-    // What is deeper, or no picture at all, is not worth a repair.
+    // A deeper file, or one that is no picture, is not repaired.
     reading.done(FailureOf(answer));
   }
 }
@@ -158,7 +158,7 @@ void PictureCells::ShowVideo(const Reading& reading) {
   film.size = imgMp4().size();
   Place(reading.slot, film);
   enlarged_.remove(reading.slot);
-  // The still takes the video's place on the disk too: a cell's file is always a picture.
+  // The film strip replaces the video on the disk too, so that a cell's file is always a picture.
   const QString part = PartPath(reading.picture.path);
   background_.Run<bool>(
       this, [part]() { return WriteStill(imgMp4(), part); },
@@ -174,7 +174,7 @@ void PictureCells::ShowVideo(const Reading& reading) {
 }
 
 void PictureCells::Repair(const Reading& reading) {
-  // Into a file of its own: the place may belong to another picture by the time that this one is repaired.
+  // Convert into a hidden file: by the time the repair ends another picture may lie at this path.
   const QString part = PartPath(reading.picture.path);
   const auto repaired = [this, reading, part](const PictureAnswer& converted) {
     if (!converted.ok || !reading.token.StillWanted()) QFile::remove(part);
@@ -214,7 +214,7 @@ void PictureCells::KeepWithinBudget() {
     all += bytes.last();
   }
   while (all > budget_) {
-    // The animation that takes most gives way first; a still cannot.
+    // Halve the largest animation; stills have no frame to give up.
     int largest = -1;
     for (int slot = 0; slot < cells_.size(); ++slot) {
       const bool larger = largest < 0 || bytes.at(slot) > bytes.at(largest);

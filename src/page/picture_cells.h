@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Cells as such: reads pictures beside the event loop and places them, repairs what a cell cannot load, shows error
-// boxes, blinks, and sharpens thumbs that are enlarged on the screen. Knows neither the program's state nor the poll;
-// the rules of a window (which file, which texts, what is counted) stand in its owner, for the page in ThumbGrid.
+// Cells without the page's rules: reads pictures beside the event loop and places them, repairs files that a cell
+// cannot load, shows error boxes, blinks, and sharpens thumbs that are enlarged on the screen. Knows neither the
+// program's state nor the poll; which file, which texts and what is counted is decided by its owner, for the page by
+// ThumbGrid.
 #pragma once
 
 #include <QHash>
@@ -22,9 +23,10 @@
 // A picture that a cell is to show.
 struct CellPicture {
   QString path;
-  QString sharpPath;  // larger picture of the same, read once nothing else waits; empty: none
-  QString host;       // where the picture comes from; empty: its file stands for it
-  bool anew = false;  // read it even where the very file stands in the cell already
+  QString sharpPath;  // a larger version of the picture, read when nothing else is waiting; empty: none
+  QString
+      host;  // the station's host, by which the picture tool holds back hosts whose pictures hang; empty: path is used
+  bool anew = false;  // read the file even if the cell shows this very file already
 };
 
 // How the showing of a picture ended.
@@ -35,6 +37,7 @@ enum class CellResult {
   Overtaken    // something else was put into the cell meanwhile
 };
 
+// The cells of one window.
 class PictureCells : public QObject {
   Q_OBJECT
 
@@ -57,10 +60,11 @@ class PictureCells : public QObject {
 
   PictureCells(PictureTool& tool, Background& background, QObject* parent = nullptr);
 
-  // So many cells, all empty.
+  // Changes the number of cells; new ones are empty, the others stay as they are.
   void MakeCells(int count);
   const QList<Cell>& Cells() const { return cells_; }
   bool HasSlot(int slot) const { return slot >= 0 && slot < cells_.size(); }
+  // Empties a cell and voids all that is under way for it.
   void Clear(int slot);
 
   // Size in device pixels of a cell's picture on the screen; pictures are read no larger than that.
@@ -68,14 +72,14 @@ class PictureCells : public QObject {
   // Decoded bytes that all cells may hold together.
   void SetFrameBudget(qint64 bytes) { budget_ = bytes; }
 
-  // Reads and shows a file; one that the cell cannot take is repaired to 24 bits a pixel first. done is called once.
-  // False, and done never: the very file stands in the cell, or is on its way into it.
+  // Reads and shows a file. A file that the cell cannot load is first repaired to 24 bits a pixel. Calls done once; but
+  // returns false, and never calls done, if the cell already shows or is loading this file in its present state.
   bool Show(int slot, const CellPicture& picture, const Done& done);
-  // A picture of the program itself.
+  // Shows a picture that the program itself has drawn; frame in page units within the cell.
   void ShowStill(int slot, const QImage& still, const QRectF& frame);
   // The error box in the picture's place.
   void ShowBox(int slot, const BoxLines& box);
-  // No picture and no box; whatever is under way for the cell is no longer wanted.
+  // Removes picture and error box, and voids all that is under way for the cell.
   void HidePicture(int slot);
   // Lets a cell blink in blue for three seconds, so that the eye finds it.
   void Flash(int slot);
@@ -91,7 +95,8 @@ class PictureCells : public QObject {
     Done done;
     Wanted::Token token;
   };
-  // What stands in a cell, or is on its way into it.
+  // The file that a cell shows or is loading. A file with another time (ms since 1970, UTC) or size counts as another
+  // one.
   struct Standing {
     QString path;
     QString sharpPath;
@@ -99,14 +104,14 @@ class PictureCells : public QObject {
     qint64 size = 0;
     bool operator==(const Standing&) const = default;
   };
-  // A read for a cell is dropped once something else has been put there.
+  // Has the picture tool drop the read once something else has been put into the cell.
   static PictureOptions OptionsOf(const Reading& reading);
   static Standing StandingOf(const CellPicture& picture);
 
   void EndEdit(int slot);
-  // Nothing is under way for the cell any more.
+  // Voids all that is under way for the cell and forgets its file.
   void Empty(int slot);
-  // False, and the reading has ended: it is no longer wanted.
+  // True if the reading is still wanted; otherwise calls its done with Overtaken.
   bool GoesOn(const Reading& reading) const;
   void Loaded(const Reading& reading, const PictureAnswer& answer);
   void ShowVideo(const Reading& reading);
@@ -119,15 +124,15 @@ class PictureCells : public QObject {
   PictureTool& tool_;
   Background& background_;
   QList<Cell> cells_;
-  std::vector<Wanted> wanted_;  // by slot; it outlives its cell, so that old answers stay old
+  std::vector<Wanted> wanted_;  // by slot; never shortened, so that an answer for a cell of a larger layout stays void
   QList<Standing> standing_;
-  QSet<int> enlarged_;  // cells whose thumb is smaller than their picture on the screen
+  QSet<int> enlarged_;  // slots whose thumb is smaller than its frame on the screen
   QTimer sharpenTimer_;
   QTimer Timer2_;  // 150 ms while a cell blinks
   int flashSlot_ = -1;
   int flashTicks_ = 0;
   QSize box_{232, 172};
   qint64 budget_ = kPageFrameBytes;
-  int edits_ = 0;  // Edits that are open
+  int edits_ = 0;  // number of open Edits
   QSet<int> changed_;
 };

@@ -8,5 +8,5 @@
 
 const QImage& imgMp4();
 const QImage& imgCamOnly();
-// Writes a still as JPEG whatever the name's end; whole or not at all.
+// Writes a still as JPEG, whatever the end of the name is; the whole file or none.
 bool WriteStill(const QImage& picture, const QString& path);

@@ -52,16 +52,16 @@ void ThumbCell::SetTipText(const QString& text) {
   Describe();
 }
 
-// What the caption says behind the site's call: how old the picture or the error is; empty while it is young.
+// The age of the picture or of the error, as the caption gives it behind the site's call; empty without one.
 QString ThumbCell::Age() const {
   if (cell_.lblDisk.isEmpty() || cell_.lblCall.size() <= cell_.lblDisk.size()) return {};
-  // The caption may show the call's zeros as another letter, so its length is what the two have in common.
+  // The caption may show the call's zeros as "Ø", so the call is skipped by its length.
   QStringView age = QStringView(cell_.lblCall).sliced(cell_.lblDisk.size());
   while (!age.isEmpty() && !age.front().isLetterOrNumber()) age = age.sliced(1);
   return age.toString();
 }
 
-// Says what a glance at the cell tells: all its texts, and what its colour stands for.
+// Writes the accessible name and description: all texts of the cell, and the meaning of its colour.
 void ThumbCell::Describe() {
   const QString name = cell_.lblDisk.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.lblDisk;
   QStringList details = {Age()};
@@ -92,7 +92,7 @@ void ThumbCell::MakePixmap() {
   const QSize target(static_cast<int>(std::lround(cell_.img.width() * theme_.scale * ratio)),
                      static_cast<int>(std::lround(cell_.img.height() * theme_.scale * ratio)));
   if (target.isEmpty()) return;
-  // Scaled once here, not at every repaint.
+  // Scale once here instead of at every repaint.
   pixmap_ = QPixmap::fromImage(
       image.size() == target ? image : image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }

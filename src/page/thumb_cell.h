@@ -11,6 +11,7 @@
 #include "page/cell_painter.h"
 #include "page/hover_tip.h"
 
+// The widget of one cell.
 class ThumbCell : public QWidget {
   Q_OBJECT
 
@@ -22,11 +23,12 @@ class ThumbCell : public QWidget {
   void SetTheme(const CellTheme& theme);
   int Slot() const { return slot_; }
   const Cell& Shown() const { return cell_; }
-  // What the tip of the picture says, as part of the description; empty: none.
+  // The picture's tip, which becomes part of the description for screen readers; empty: none.
   void SetTipText(const QString& text);
   // The caption that names the sender, in pixels of the cell.
   QRect SenderPlace() const;
-  // Parts of the description that the cell itself does not hold, and the name of a cell without a site.
+  // Adds to the description the details that Cell does not hold. emptyName: the accessible name of a cell without a
+  // site.
   void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
 
  Q_SIGNALS:
@@ -76,12 +78,12 @@ class ThumbCell : public QWidget {
   QTimer frameTimer_;
 };
 
-// A cell is a button with a press action, whatever assistive technology asks.
+// Presents a ThumbCell to assistive technology as a button with a press action.
 class AccessibleCell : public QAccessibleWidget {
  public:
   explicit AccessibleCell(ThumbCell* cell);
   QStringList actionNames() const override;
   void doAction(const QString& actionName) override;
-  // Makes these for ThumbCells; to be called once before the first window.
+  // Has Qt make an AccessibleCell for each ThumbCell. To be called once, before the first window.
   static void Install();
 };

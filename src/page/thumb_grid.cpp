@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kStaleDays = 30;  // a site is stale above this
 
-// Colour of a mode tag; an empty tag has one too, though nothing shows it.
+// Colour of a mode tag; the colour of an empty tag is never shown.
 QColor ModeColour(const QString& tag) {
   if (tag.contains("EP"_L1)) return {192, 192, 0};
   if (tag.contains("QK"_L1)) return {0, 192, 192};
@@ -227,7 +227,7 @@ void ThumbGrid::HidePictures() {
 }
 
 QDateTime ThumbGrid::UtcNow() const {
-  // The clock's fields moved by whole hours, as the dates of pictures are fields without a zone.
+  // Shift the local time's fields by whole hours: dates of pictures are fields without a time zone too.
   const QDateTime now = clock_.Now();
   return QDateTime(now.date(), now.time(), Qt::UTC).addSecs(program_.UtcOffsetHours * 3600LL);
 }

@@ -13,6 +13,7 @@
 #include "page/picture_cells.h"
 #include "platform/clock.h"
 
+// The cells of the page on the screen.
 class ThumbGrid : public QObject {
   Q_OBJECT
 
@@ -29,41 +30,42 @@ class ThumbGrid : public QObject {
   void ClearCell(int slot) { cells_.Clear(slot); }
   const QList<Cell>& Cells() const { return cells_.Cells(); }
   bool HasSlot(int slot) const { return cells_.HasSlot(slot); }
-  // To hold back the signals of several changes; slot has to be one of the page.
-  PictureCells& Parts() { return cells_; }
+  // Opens an Edit of a cell; slot must be one of the page.
+  [[nodiscard]] Edit EditCell(int slot) { return Edit(cells_, slot); }
 
   void SetPictureBox(QSize pixels) { cells_.SetPictureBox(pixels); }
   void Flash(int slot) { cells_.Flash(slot); }
 
-  // Shows a thumb or a WX picture. What cannot be shown at all ends in the error box, before done is told so. anew:
-  // even where the very file stands in the cell; else done may never be called.
+  // Shows a thumb or a WX picture. One that cannot be shown at all is replaced by the error box before done is called.
+  // anew: read the file even if the cell shows it already; without anew done is not called in that case.
   void ShowThumb(const QString& path, int slot, int site, bool anew, const Done& done);
-  // Error box; corrupt chooses its second line. Whoever shows it has to tell the poll if it answers a request.
+  // Shows the error box; corrupt chooses its second line. Counts nothing: if the box answers a request, the caller has
+  // to report that to the poll.
   void ShowNotFound(int slot, int site, bool corrupt);
-  // The same box for a picture that may well be good: no picture is decoded on this system. Its tip says so.
+  // Shows the error box with a tip that no picture can be decoded on this system; the picture itself may be good.
   void ShowNoSandbox(int slot, int site);
-  // Blanks a picture: 1 for a blocked call, 2 for one that may not be shown. Not over an error box: false.
+  // Blanks a picture; reason 1: a blocked call, 2: a bad call. Leaves an error box as it is and returns false.
   bool ShowBlockedCall(int slot, int reason);
   void ShowCamOnly(int slot);
-  // Age suffix and state colour from the picture's date.
+  // Sets age suffix and state colour by the date of the cell's picture.
   void ColourByAge(int slot);
-  // Ages again after another language has been read. Error boxes keep roles and need nothing.
+  // Writes the ages again after a change of language. Error boxes hold roles instead of texts and need nothing.
   void TakeLanguage();
 
-  // Answer of the marker: tip and colour.
+  // Shows by the caption's tip and the cell's colour whether the station is on the air.
   void SetOnAir(int slot, bool onAir);
   void SetConnecting(int slot, bool visible);
   void SetProgress(int slot, int percent);
   void HideProgress(int slot);
   void SetFromVisible(int slot);
-  // Ties a cell to a site: the call is its caption until an age suffix comes.
+  // Names the cell's site. Its call is the caption until an age suffix comes.
   void SetSite(int slot, const QString& call);
-  // A fresh caption of a WX site: its title and the connecting text.
+  // Captions of a WX site: its title, and the connecting text in lblFrom.
   void SetWxSite(int slot, const QString& title);
   void ClearFrom(int slot);
-  // Caption back to the bare call, no on-air tip: the check failed.
+  // The marker could not be read: puts the bare call back into the caption and removes the on-air tip.
   void ForgetOnAir(int slot);
-  // Mode tag with its colour (empty hides it) and, where the tail told one, the sender's call.
+  // Shows the mode tag in its colour (an empty one is hidden) and, if fromCall has a value, the sender's call.
   void ShowCaption(int slot, const QString& modeTag, const std::optional<QString>& fromCall);
   void SetReloadMark(int slot);
   void ShowCamLight(int slot, CamLight light);
@@ -77,7 +79,7 @@ class ThumbGrid : public QObject {
  private:
   void AgeOfNotFound(int slot, int site);
   QString Aged(const QString& call, qint64 days, qint64 from) const;
-  // Present time as UTC.
+  // The present time as UTC fields.
   QDateTime UtcNow() const;
 
   Program& program_;

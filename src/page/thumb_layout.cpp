@@ -9,8 +9,8 @@ namespace {
 
 constexpr double kPitchX = 132;
 constexpr double kPitchY = 119;
-constexpr int kTwips = 15;        // twips a pixel that the told constants of the heights rest on
-constexpr int kToldMenuBar = 20;  // pixels of menu bar inside the constants of layouts 1 to 3
+constexpr int kTwips = 15;         // twips a pixel in the constants of the window's height
+constexpr int kGivenMenuBar = 20;  // pixels of menu bar that these constants include for layouts 1 to 3
 
 bool IsLayout(int thumbLayout) {
   return thumbLayout >= 1 && thumbLayout <= 6;
@@ -48,7 +48,8 @@ QSizeF PageUnits(int thumbLayout, int menuBarHeight) {
       {{0, 0}, {670, 147}, {670, 265}, {670, 387}, {802, 478}, {934, 595}, {802, 715}}};
   if (!IsLayout(thumbLayout)) return {};
   QSizeF size = sizes[static_cast<std::size_t>(thumbLayout)];
-  // The lower layouts hold the menu bar within their height; the others had it added first, and keep 3 units of it.
+  // The heights of layouts 1 to 3 include the menu bar; of what was added for it to the others, 3 units remain on the
+  // page.
   size.rheight() += thumbLayout <= 3 ? -menuBarHeight : 3;
   const QRectF last = CellRect(thumbLayout, LayoutOf(thumbLayout).count - 1);
   return {size.width(), std::max(size.height(), last.bottom() + 2)};
@@ -69,9 +70,9 @@ QSize ClientSize(int thumbLayout, int guiMode, long screenHTwips, int menuBarHei
   const double width = static_cast<double>(screenHTwips) * WidthFactor(thumbLayout, guiMode);
   const double grid = width * shares[static_cast<std::size_t>(thumbLayout)];
   const double menu = static_cast<double>(menuBarHeight) * twips;
-  // 390 and 360 twips hold a menu bar of 20 pixels already; a taller one must not take the page's room.
-  const double rest = thumbLayout == 1   ? 390 + menu - kToldMenuBar * kTwips
-                      : thumbLayout <= 3 ? 360 + menu - kToldMenuBar * kTwips
+  // 390 and 360 twips include a menu bar of 20 pixels; a taller one must not take its height from the page.
+  const double rest = thumbLayout == 1   ? 390 + menu - kGivenMenuBar * kTwips
+                      : thumbLayout <= 3 ? 360 + menu - kGivenMenuBar * kTwips
                                          : menu + 60;
   return {static_cast<int>(std::lround(width / twips)), static_cast<int>(std::lround((grid + rest) / twips))};
 }

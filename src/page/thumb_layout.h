@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The arithmetic of the page: six layouts, four window sizes, and where the parts of a cell stand. The grid and the
-// main window ask it; nothing here draws.
+// The arithmetic of the page: six layouts, four window sizes, and the frames of a cell's parts. The grid and the main
+// window call it; nothing is drawn here.
 #pragma once
 
 #include <QRectF>
 #include <QSize>
 #include <QSizeF>
 
+// Number of cells of a layout.
 struct ThumbLayoutInfo {
   int count = 0;
   int rows = 0;
   int columns = 0;
 };
 
-// 1 to 6; anything else has no cells, and the window then stays without a layout.
+// thumbLayout is 1 to 6. Any other number gives no cells, and the window then stays without a layout.
 ThumbLayoutInfo LayoutOf(int thumbLayout);
 
 // Parts of a cell relative to its upper left corner, in page units.
@@ -30,7 +31,7 @@ inline constexpr QRectF kCam(2, 98, 17, 17);
 inline constexpr QRectF kCamOnlyImg(18, 3, 94, 88);
 }  // namespace cell_part
 
-// Where the cell of a 0-based slot stands on the page.
+// Frame of a cell on the page, in page units; slot from 0. Empty for a slot outside the layout.
 QRectF CellRect(int thumbLayout, int slot);
 // Inner size of the page (picAll) in units; menuBarHeight in pixels. Never smaller than the cells need.
 QSizeF PageUnits(int thumbLayout, int menuBarHeight);

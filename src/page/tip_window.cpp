@@ -20,7 +20,7 @@ TipWindow::TipWindow(QWidget* parent) : QFrame(parent), lblToolTip_(this), imgQr
   setBackgroundRole(QPalette::ToolTipBase);
   setAutoFillBackground(true);
   setFrameShape(QFrame::Box);
-  // The pointer looks through it: a tip never takes a click from a cell.
+  // Mouse events pass through the tip, so that it never takes a click from a cell.
   setAttribute(Qt::WA_TransparentForMouseEvents);
   lblToolTip_.setTextFormat(Qt::PlainText);
   lblToolTip_.setForegroundRole(QPalette::ToolTipText);
@@ -75,7 +75,7 @@ void TipWindow::Place() {
   layout()->activate();
   const QRect room = parentWidget()->rect();
   const QSize size = sizeHint().boundedTo(room.size());
-  // Below the cell, above it where there is no room below; always inside the window.
+  // Below the cell, or above it if there is no space below; always inside the window.
   int top = cell_.bottom() + kGap;
   if (top + size.height() > room.bottom()) top = cell_.top() - kGap - size.height();
   const int left = cell_.center().x() - size.width() / 2;

@@ -6,6 +6,7 @@
 #include <QFrame>
 #include <QLabel>
 
+// The frame with the tip's text and the operator's picture.
 class TipWindow : public QFrame {
   Q_OBJECT
 
@@ -16,7 +17,7 @@ class TipWindow : public QFrame {
   void ShowTip(const QString& text, const QRect& cell, double fontPixels);
   // The operator's picture, already at its size.
   void ShowPicture(const QImage& picture);
-  // Room for a picture, in device pixels.
+  // Largest size of the operator's picture, in device pixels.
   QSize PictureBox() const;
 
  private:

@@ -16,8 +16,8 @@ namespace {
 constexpr qsizetype kDownloadTail = 60;
 constexpr qsizetype kClock = 5;  // "hh:mm"
 
-// What tells a fresh download and a stored file apart. The differences look like slips, yet pictures have been labelled
-// this way for years: a tail with "JT9" is no JT65 on arrival and becomes one when it is read from the disk.
+// The differences between reading a fresh download and a stored file. They look like slips, yet pictures have been
+// labelled this way for years: a tail with "JT9" is no JT65 on arrival and becomes one when it is read from the disk.
 struct Manner {
   QLatin1StringView jt65Word;
   bool fromDisk;
@@ -26,7 +26,7 @@ struct Manner {
 constexpr Manner kDownload{"JT65"_L1, false};
 constexpr Manner kFile{"JT"_L1, true};
 
-// Every hit overwrites the one before, so that "snr -" in an FT8 tail gives FT8.
+// A later hit overwrites an earlier one, so that "snr -" in an FT8 tail gives FT8.
 QString ModeTagOf(const QString& tail, const Manner& manner) {
   QString tag;
   if (tail.contains("snr -"_L1)) tag = tail.contains("HYBRID"_L1) ? u"EPH"_s : u"EP"_s;
@@ -39,8 +39,8 @@ QString ModeTagOf(const QString& tail, const Manner& manner) {
   return tag;
 }
 
-// A number behind a blank belongs to a call with a stroke. CleanCall ends a call at the first blank, so that this bites
-// only should it ever let one through.
+// Turns the blank before a number into the stroke of a call ("K7ABC 4" into "K7ABC/4"). CleanCall ends a call at the
+// first blank, so that this has an effect only should CleanCall ever let a blank through.
 QString StrokeForBlank(QString call) {
   const qsizetype blank = call.indexOf(u' ');
   bool numeric = false;
@@ -59,7 +59,7 @@ QString CallerOf(QString field, const Manner& manner, QChar zeroGlyph) {
   return manner.fromDisk ? StrokeForBlank(call) : call;
 }
 
-// The third field has ":" for "/" in its date.
+// The date in the third field has ":" in place of "/".
 QString SentTimeOf(const QString& field) {
   const qsizetype clock = std::max<qsizetype>(0, field.size() - kClock);
   const QString sent = NormaliseDate(field.first(clock).replace(u':', u'/') + field.sliced(clock));
@@ -82,8 +82,8 @@ Caption ParseTail(const QString& tail, const Manner& manner, QChar zeroGlyph) {
   if (snr >= 0) caption.ModeText = caption.ModeTag + u' ' + WithoutControls(parts[1].sliced(snr));
   if (parts.size() == 2) return caption;
 
-  // A new picture without a readable time was sent just now, as far as anyone can tell: its empty time lets the intake
-  // put the present one. A picture from the disk keeps the time that it was given then.
+  // A fresh picture without a readable time was sent just now, as far as anyone can tell: an empty SentTime lets the
+  // intake put the present time. A picture from the disk keeps the time that it was given then.
   const QString sent = SentTimeOf(parts[2]);
   if (!sent.isEmpty() || !manner.fromDisk) caption.SentTime = sent;
   return caption;
@@ -98,7 +98,7 @@ QString TailOfDownload(const QByteArray& body) {
 }
 
 FileTail TailOfFile(const QByteArray& last100) {
-  // The last byte is always text: a run that reaches it ends one place before.
+  // The last byte is always taken for text: a run of NULs that reaches it ends one place before it.
   const qsizetype run = last100.chopped(std::min<qsizetype>(1, last100.size())).lastIndexOf(QByteArray(3, '\0'));
   const qsizetype start = std::min<qsizetype>(std::max<qsizetype>(run, 0) + 3, last100.size());
   return {QString::fromLatin1(last100.sliced(start)), run >= 0};

@@ -10,24 +10,27 @@
 #include "station/date_text.h"
 #include "station/picture_date.h"
 
+// What the text at a picture's end tells.
 struct Caption {
   QString ModeTag;                  // empty: none
-  std::optional<QString> Caller;    // normalised call; nothing where the tail did not tell it
+  std::optional<QString> Caller;    // call as CleanCall leaves it; nothing: the tail names no caller
   std::optional<QString> ModeText;  // tag, blank and the text from "snr" on
-  std::optional<QString> SentTime;  // month/day/year hh:mm, UTC as sent; empty: a new picture's is no date
+  std::optional<QString> SentTime;  // month/day/year hh:mm, UTC as sent; empty: a fresh download has no readable time
   std::optional<QString> FromCall;  // call for lblFrom, zeros as the glyph; nothing: lblFrom stays
   bool TimeFound = false;           // the tail had a ":" and its fields were read
 };
 
-// The tail of a fresh download: the last 60 characters, of these what stands behind the last "***".
+// The tail of a fresh download: its last 60 characters, or what follows the last "***" among them.
 QString TailOfDownload(const QByteArray& body);
-// The tail of a stored file, from its last 100 bytes: behind the last run of three NULs, else found is false and the
-// tail holds what was walked over.
+// The tail of a stored file: the text behind the last run of three NULs. Without such a run found is false, and tail
+// holds all but the first three bytes.
 struct FileTail {
   QString tail;
   bool found = false;
 };
 FileTail TailOfFile(const QByteArray& last100);
 
+// zeroGlyph: the character that the user sees for a zero in a call.
 Caption ParseTailFromDownload(const QString& tail, QChar zeroGlyph);
+// Reads nothing but the mode tag where the tail was not found.
 Caption ParseTailFromFile(const FileTail& tail, QChar zeroGlyph);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The hidden download controls of the main window: UserControl1 delivers bytes (ucDnLoad), ucCkNew a marker picture's
-// size (ucCkNew1). A new read under a pending key takes the old one's place.
+// The hidden download controls of the main window: UserControl1 (ucDnLoad) delivers bytes, ucCkNew (ucCkNew1) the size
+// of a marker picture. A new read under a pending key replaces the pending one. The poll, the check and the intake use
+// them.
 #pragma once
 
 #include <QByteArray>
@@ -20,11 +21,11 @@ class UserControl1 : public QObject {
  public:
   explicit UserControl1(UrlNetwork& network, QObject* parent = nullptr);
 
-  // Always a fresh copy, past any cache. Answers later.
+  // Begins to read a picture past any cache; one of the signals answers later under the key.
   void DownloadFile(const QString& url, const QString& key);
 
  Q_SIGNALS:
-  // The whole body, whatever the server's status: an error page has to be told by its content.
+  // The whole body, whatever the server's status: error pages are recognised by their content.
   void PictureReady(const QString& key, const QByteArray& body);
   void NoImage(const QString& key);
   void Progress(const QString& key, qint64 max, qint64 read);
@@ -33,7 +34,7 @@ class UserControl1 : public QObject {
   UrlReader reader_;
 };
 
-// Reads markers, and measures them.
+// Reads marker pictures and has them measured.
 class ucCkNew : public QObject {
   Q_OBJECT
 
@@ -52,7 +53,7 @@ class ucCkNew : public QObject {
 
   UrlReader reader_;
   PictureTool& tool_;
-  // What was asked last under a key: a measure that was overtaken says nothing.
+  // The latest read under a key; the measure of an earlier one is dropped.
   struct Read {
     Wanted wanted;
     QString host;

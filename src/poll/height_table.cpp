@@ -30,7 +30,8 @@ bool IsInTable(int page, int slot) {
   return page >= 1 && page <= kPages && slot >= 0 && slot < kSlots;
 }
 
-// Pictures without heights cannot be told from new ones, so they go and are fetched again. Folders stay.
+// A picture whose height is not known cannot be told from a new one, so all are removed and fetched again. Folders
+// stay.
 void WipePictures(const QString& appDataDir) {
   QDir folder(ResolvePath(appDataDir, u"images/dsstv"_s));
   if (!folder.exists()) return;
@@ -38,7 +39,7 @@ void WipePictures(const QString& appDataDir) {
   for (const QString& name : names) folder.remove(name);
 }
 
-// An entry as the table holds it: "x" stands for a height that is not known, a bare height gets its place.
+// Brings an entry of the file into the table's form: "x" for an unknown height, page and slot before a bare height.
 QString Entry(const QString& text, int page, int slot) {
   QString field = text.section(u',', 0, 0);  // a quoted comma would make two entries of one in the next file
   if (field.isEmpty()) field = u"x"_s;

@@ -7,15 +7,16 @@
 #include <QStringList>
 #include <array>
 
+// The heights of 20 pages of 36 slots.
 class HeightTable {
  public:
-  HeightTable();  // of unknown heights
+  HeightTable();  // all heights unknown
 
   // Reads images/dsstv/ckNewHeight.txt below the data folder. A missing file, or one of the former format, wipes that
   // folder's pictures (the thumbs' folder stays) and gives a table of unknown heights. A file that is there but cannot
   // be read leaves the pictures alone.
   void Read(const QString& appDataDir);
-  // Writes all 720 entries, or leaves the old file as it was and returns false.
+  // Writes all 720 entries. On a failure the old file stays as it was and false is returned.
   bool Write(const QString& appDataDir) const;
 
   // All 720 entries, as the file has them.

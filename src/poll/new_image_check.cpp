@@ -32,7 +32,7 @@ QString NewImageCheck::MarkerUrl(const QString& url, const QString& unique) {
 
 int NewImageCheck::StoredHeight(int slot) const {
   const PageState& page = program_.page;
-  // Without its file a picture has to be fetched whatever was seen of it.
+  // A picture whose file is missing has to be fetched, whatever height was recorded for it.
   if (!QFileInfo::exists(PicturePath(program_.AppDataDir, page.CurrentPage, slot))) return 0;
   return heights_.Height(page.CurrentPage, slot);
 }
@@ -53,14 +53,14 @@ void NewImageCheck::PictureReady(const QString& key, QSize marker) {
     Q_EMIT Checked(slot, CheckOutcome::NoSite);
     return;
   }
-  // A height that does not fit 16 bits is no height.
+  // A height that does not fit 16 bits counts as none.
   const int height = marker.height() > std::numeric_limits<qint16>::max() ? 0 : marker.height();
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   grid_.SetOnAir(slot, marker.width() == 1);
   cell->lblConnect = false;
   cell->fromVisible = true;
   const CheckOutcome outcome = Judge(slot, height);
-  // Recorded as seen in every case, before the picture has arrived: a failed download is not asked for again by itself.
+  // Record the height in every case, before the picture has arrived: a failed download is not repeated by itself.
   PageState& page = program_.page;
   page.Field(slot, LastHeight) = QString::number(height);
   heights_.SetHeight(page.CurrentPage, slot, height);
@@ -73,7 +73,7 @@ CheckOutcome NewImageCheck::Judge(int slot, int height) {
   const bool reload = grid_.Cells().at(slot).reloadMark;
   if (!reload && StoredHeight(slot) == height) return CheckOutcome::Unchanged;
   if (old == 0 || old != height) return Fetch(slot);
-  // Page 20 is left out: its cells are coloured when a walk or a new picture does it.
+  // Page 20 is left out; its cells are coloured by the next walk or new picture.
   if (page.CurrentPage < PageState::WxPage - 1) grid_.ColourByAge(slot);
   return CheckOutcome::Unchanged;
 }
@@ -85,14 +85,14 @@ void NewImageCheck::NoImage(const QString& key) {
     Q_EMIT Checked(slot, CheckOutcome::NoSite);
     return;
   }
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   grid_.ForgetOnAir(slot);
   program_.page.Field(slot, LastHeight) = u"0"_s;
   cell->lblConnect = false;
   if (Fetch(slot) == CheckOutcome::NoSite) Q_EMIT Checked(slot, CheckOutcome::NoSite);
 }
 
-// Earlier versions stored a picture under the name that it has at its station; such a file is of no use any more.
+// Removes the pictures that earlier versions stored under their name at the station ("image1.*"); nothing reads them.
 void NewImageCheck::RemoveFormerPictures() const {
   QDir pictures(program_.AppDataDir + u"/images/dsstv"_s);
   const QStringList former = pictures.entryList({kImageName + u".*"_s}, QDir::Files);
@@ -101,12 +101,12 @@ void NewImageCheck::RemoveFormerPictures() const {
 
 CheckOutcome NewImageCheck::Fetch(int slot) {
   const PageState& page = program_.page;
-  // On the WX page the slot's site is whatever stands in its field, the first DSSTV site where nothing does: a WX
-  // marker has no site of its own, and its picture is asked for by the WX walk at the same time.
+  // A WX marker belongs to no DSSTV site: on the WX page SlotSite may be left over, or empty, which reads as site 0.
+  // The WX walk itself asks for the WX picture at the same time.
   const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
   if (site < 0 || site >= program_.sites.Sites.size()) return CheckOutcome::NoSite;
   RemoveFormerPictures();
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   grid_.SetProgress(slot, 0);
   cell->fromVisible = true;
   download_.DownloadFile(PlainUrl(program_.sites.Sites.at(site).Url), PictureKey{page.CurrentPage, slot, site}.Text());

@@ -14,11 +14,12 @@
 
 // What a marker's answer led to.
 enum class CheckOutcome {
-  Unchanged,  // its picture is known
-  Fetching,   // its picture is asked for, and answers in its turn
-  NoSite      // nobody stands in the slot any more
+  Unchanged,  // the site's picture is known
+  Fetching,   // a picture is being fetched; its answer comes later
+  NoSite      // there is no site in the slot any more
 };
 
+// Takes the marker answers for the page on the screen.
 class NewImageCheck : public QObject {
   Q_OBJECT
 
@@ -26,21 +27,22 @@ class NewImageCheck : public QObject {
   NewImageCheck(Program& program, HeightTable& heights, ThumbGrid& grid, ucCkNew& check, UserControl1& download,
                 QObject* parent = nullptr);
 
-  // Only addresses that end in "image1" have a marker beside their picture.
+  // Only a site whose address ends in "image1" has a marker beside its picture.
   static bool HasMarker(const QString& url);
-  // Address of the marker; unique, where not empty, makes the request one of its kind.
+  // Address of the marker. unique: a text that no earlier request had, so that no cache can answer; empty: left out.
   static QString MarkerUrl(const QString& url, const QString& unique);
 
  Q_SIGNALS:
-  // A marker has been judged; not raised where the check failed, as only the picture's answer says something then.
+  // A marker has been judged. Not raised where the marker could not be read and a picture is fetched instead: then that
+  // picture's answer counts.
   void Checked(int slot, CheckOutcome outcome);
 
  private:
   void PictureReady(const QString& key, QSize marker);
   void NoImage(const QString& key);
-  // The slot of a key on the page, -1 outside it.
+  // The slot that a key names; -1 if the page has no such slot.
   int SlotOf(const QString& key) const;
-  // True where no site stands in a slot of a DSSTV page: its site was removed while the marker was asked for.
+  // True if a slot of a DSSTV page has no site: it was removed while the marker was being read.
   bool IsVacant(int slot) const;
   CheckOutcome Judge(int slot, int height);
   void RemoveFormerPictures() const;

@@ -11,12 +11,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kUnknownLength = 30000;  // scale of the bar where the server tells no length
-constexpr qint64 kBeyond = 5000;          // and how far it moves ahead of a body that is longer than told
+constexpr qint64 kUnknownLength = 30000;  // bytes that fill the bar if the server announces no length
+constexpr qint64 kBeyond = 5000;  // bytes by which the bar's end moves ahead of a body that is longer than announced
 constexpr qint64 kFileTail = 100;
 constexpr qsizetype kLongestTail = 60;
 
-// The last bytes of a weather picture are seldom a caption: only a whole one names a sender there.
+// The last bytes of a weather picture are seldom a caption: only a complete one names a sender there.
 bool IsWholeCaption(const QString& tail) {
   return tail.count(u'*') >= 2 && tail.contains(u':');
 }
@@ -56,7 +56,8 @@ void PictureIntake::ClearFields(int slot) {
 
 void PictureIntake::DropOfVacantSlot(const PictureKey& key) {
   const bool dsstv = key.page < PageState::WxPage;
-  // The height has been recorded as seen: should the site come back, the missing file has its picture fetched again.
+  // The marker's height stays recorded. Should the site come back, its picture is fetched again because the file is
+  // missing.
   if (dsstv && program_.sites.FindThumbPos(key.page, key.slot + 1).isEmpty()) files_.Remove(key.page, key.slot);
 }
 
@@ -71,8 +72,9 @@ void PictureIntake::PictureReady(const QString& text, const QByteArray& body) {
   }
   ClearFields(key->slot);
   {
-    const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
-    // A small picture may come whole before its progress was ever told, and no check stands before one of the WX page.
+    const ThumbGrid::Edit cell = grid_.EditCell(key->slot);
+    // The connecting label may still be there: a small picture may come whole without a progress signal, and no marker
+    // check precedes the picture of a WX site.
     cell->lblConnect = false;
     cell->lblFrom.clear();
   }
@@ -82,8 +84,8 @@ void PictureIntake::PictureReady(const QString& text, const QByteArray& body) {
 void PictureIntake::Stored(const Answer& answer, FilesVerdict verdict, const QString& tail) {
   const PictureKey& key = answer.key;
   if (verdict == FilesVerdict::GivenUp) return End(answer, AnswerOutcome::GivenUp);
-  if (!OnScreen(key)) return;  // the files are in place; the page shows them when it comes back
-  const ThumbGrid::Edit cell(grid_.Parts(), key.slot);
+  if (!OnScreen(key)) return;  // the page shows the stored files when the user comes back to it
+  const ThumbGrid::Edit cell = grid_.EditCell(key.slot);
   if (verdict == FilesVerdict::Unusable) {
     grid_.ShowNotFound(key.slot, DsstvSite(key), false);
     return End(answer, AnswerOutcome::Unusable);
@@ -156,7 +158,7 @@ void PictureIntake::NoImage(const QString& text) {
     DropOfVacantSlot(*key);
     return End(answer, AnswerOutcome::GivenUp);
   }
-  const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(key->slot);
   cell->lblConnect = false;
   ClearFields(key->slot);
   files_.Remove(key->page, key->slot);
@@ -169,7 +171,7 @@ void PictureIntake::Progress(const QString& text, qint64 max, qint64 read) {
   if (!key || !files_.Stands(*key)) return;
   if (max <= 0) max = kUnknownLength;
   if (read > max) max = read + kBeyond;
-  const ThumbGrid::Edit cell(grid_.Parts(), key->slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(key->slot);
   if (read >= max) return grid_.HideProgress(key->slot);
   grid_.SetConnecting(key->slot, false);
   grid_.SetProgress(key->slot, static_cast<int>(read * 100 / max));
@@ -177,7 +179,7 @@ void PictureIntake::Progress(const QString& text, qint64 max, qint64 read) {
 
 StoredCaption PictureIntake::ReadCaptionFromFile(int page, int slot, int site) {
   if (!grid_.HasSlot(slot)) return StoredCaption::Read;
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   cell->lblConnect = false;
   cell->fromVisible = true;
   QFile file(PicturePath(program_.AppDataDir, page, slot));
@@ -199,7 +201,7 @@ StoredCaption PictureIntake::ReadCaptionFromFile(int page, int slot, int site) {
   }
   const FileTail tail = TailOfFile(last);
   TakeCaption(slot, site, ParseTailFromFile(tail, program_.ZeroGlyph), tail.tail);
-  // What may not be shown stays blanked when it comes from the disk; nothing is counted, since nothing was asked.
+  // A blocked picture is blanked again when it comes from the disk. Nothing is counted, since nothing was asked.
   const int reason = BlockReason(slot);
   return reason != 0 && grid_.ShowBlockedCall(slot, reason) ? StoredCaption::Blanked : StoredCaption::Read;
 }
@@ -217,7 +219,7 @@ void PictureIntake::ShowStored(int page, int slot, int site) {
   if (QFile::exists(thumb)) return show();
   if (!QFile::exists(files_.Picture(page, slot))) return;
   files_.MakeMissingThumb(key, [this, key, show, fail](FilesVerdict verdict) {
-    // Its page may have been left, or its sender blocked, while the thumb was made.
+    // The user may have left the page, or blocked the sender, while the thumb was made.
     if (verdict == FilesVerdict::GivenUp || !OnScreen(key) || BlockReason(key.slot) != 0) return;
     if (verdict == FilesVerdict::NoThumb) return fail();
     if (verdict == FilesVerdict::NoSandbox) return grid_.ShowNoSandbox(key.slot, key.site);

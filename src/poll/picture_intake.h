@@ -25,14 +25,15 @@ enum class AnswerOutcome {
   GivenUp    // overtaken by a newer answer, or its site has left the slot: nothing is stored or shown
 };
 
-// What the file of a stored picture told.
+// How reading the caption of a stored picture ended.
 enum class StoredCaption {
   Read,
-  AskedAnew,  // the file cannot be read
-  ErrorPage,  // the error box stands in the cell
+  AskedAnew,  // the file cannot be read, and the picture is fetched again
+  ErrorPage,  // the file is an error page, and the cell shows the error box
   Blanked     // its caller is blocked or bad, and the cell blanked
 };
 
+// Takes the answers for the page on the screen.
 class PictureIntake : public QObject {
   Q_OBJECT
 
@@ -40,10 +41,10 @@ class PictureIntake : public QObject {
   PictureIntake(Program& program, ThumbGrid& grid, SlotPictures& files, const Clock& clock, UserControl1& download,
                 QObject* parent = nullptr);
 
-  // The caption of a picture that lies on the disk. A file that cannot be read is asked for anew.
+  // Reads and shows the caption of a picture on the disk. If the file cannot be read, the picture is fetched again.
   StoredCaption ReadCaptionFromFile(int page, int slot, int site);
-  // Shows what the disk has of a slot's picture without asking or counting: its thumb, which is made where it is
-  // missing, or the error box where it could not be shown before.
+  // Shows a slot's picture from the disk without asking the site or counting: its thumb, which is made if it is
+  // missing, or the error box if the picture could not be shown before.
   void ShowStored(int page, int slot, int site);
 
  Q_SIGNALS:
@@ -51,20 +52,20 @@ class PictureIntake : public QObject {
   void Answered(int slot, AnswerOutcome outcome);
 
  private:
-  // An answer between its arrival and its end.
+  // An answer that is being dealt with.
   struct Answer {
     PictureKey key;
-    Wanted::Token visit;  // of the page on which it arrived: counted only while that lasts
+    Wanted::Token visit;  // the visit of the page in which the answer came; it counts only while that lasts
   };
 
   void PictureReady(const QString& text, const QByteArray& body);
   void NoImage(const QString& text);
   void Progress(const QString& text, qint64 max, qint64 read);
 
-  // The key of an answer for the page on the screen.
+  // The key in a text; nothing if it is not one of the page on the screen.
   std::optional<PictureKey> KeyOf(const QString& text) const;
   bool OnScreen(const PictureKey& key) const;
-  // Index into Sites; -1 for a site of the WX page, which has no place there.
+  // The key's index into Sites; -1 for a WX site, which is not in that table.
   static int DsstvSite(const PictureKey& key);
   void End(const Answer& answer, AnswerOutcome outcome);
   void DropOfVacantSlot(const PictureKey& key);

@@ -22,7 +22,7 @@ StoredBody StoreBody(const QByteArray& body, const QString& picture, const QStri
   stored.written = WriteWhole(picture, body);
   if (!stored.written || thumb.isEmpty()) return stored;
   if (stored.type == "gif"_L1) {
-    // As it is, though the name ends in ".jpg": it plays in its cell.
+    // The thumb is the GIF itself, although its name ends in ".jpg", so that the animation plays in the cell.
     stored.thumbWritten = WriteWhole(thumb, body);
   } else if (IsVideoType(stored.type)) {
     stored.thumbWritten = WriteStill(imgMp4(), thumb);

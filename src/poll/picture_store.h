@@ -1,19 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Judges and stores the body of a picture's answer: one operation for every download control. Runs beside the event
-// loop; whoever calls it puts the files in place afterwards, if they are still wanted.
+// Judges and stores the body of a picture's answer. Runs beside the event loop; SlotPictures calls it, and puts the
+// files in place afterwards if they are still wanted.
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-// What has come of a body.
+// What StoreBody has done with a body.
 struct StoredBody {
-  bool usable = false;        // long enough, and no error page
-  bool written = false;       // false: no room on the disk, and no file is left
-  QString type;               // by content, as GetFileType says
-  QString tail;               // for ParseTailFromDownload
-  bool thumbWritten = false;  // a GIF's copy or a video's film strip; a thumb of any other picture has to be made
+  bool usable = false;   // long enough, and no error page
+  bool written = false;  // false: the disk is full, and no file is left
+  QString type;          // by content, as GetFileType says
+  QString tail;          // for ParseTailFromDownload
+  // A GIF's copy or a video's film strip; for any other type the decoder has to make a thumb.
+  bool thumbWritten = false;
 };
 
-// Writes a usable body to picture; with a thumb's name, also a thumb that needs no decoder.
+// Writes a usable body to the file `picture` and, unless `thumb` is empty, also a thumb that needs no decoder.
 StoredBody StoreBody(const QByteArray& body, const QString& picture, const QString& thumb);

@@ -14,7 +14,7 @@ namespace {
 constexpr int kWxMinutes = 3;   // the WX page refreshes every three minutes whatever the chosen rate
 constexpr int kCamMinutes = 5;  // a cam round falls due every fifth minute
 
-// A timer that runs goes on as it is: its minute is not begun anew.
+// Starts a timer; one that is running already is not restarted, so that its minute goes on.
 void TurnOn(QTimer& timer) {
   if (!timer.isActive()) timer.start();
 }
@@ -93,7 +93,7 @@ void PollCycle::FirstPoll() {
   page.SitesDone = 0;
   page.CamPollDue = true;
   page.UpdateCheckDue = true;
-  // The page on the screen may have been changed while the connection was tested.
+  // The user may have changed the page while the connection was being tested, so Walk takes the page of now.
   if (page.Online) Walk(false);
 }
 
@@ -185,7 +185,7 @@ void PollCycle::Timer10Tick() {
   PageState& page = program_.page;
   if (++page.CamMinuteCount != kCamMinutes) return;
   page.CamPollDue = true;
-  // Without the repeat the count runs on past five and never fires again.
+  // Without automatic cam rounds the count is not reset, and this is the only time that it reaches five.
   if (program_.config.AutoPollCams != 0) page.CamMinuteCount = 0;
 }
 
@@ -204,10 +204,10 @@ void PollCycle::StartPoll(bool clearGrid) {
   for (int slot = 0; slot < page.ThumbCount; ++slot) {
     const std::optional<SlotPlace> place = PlaceAt(program_.sites, page.CurrentPage, slot);
     if (!place) continue;
-    // Sites that are not asked are counted too, so that a page with one of them never comes to its end: the busy sign
-    // stays up, and the next minute polls regardless.
+    // Sites that are not asked count too, so that the poll of a page with such a site never ends: the busy sign stays,
+    // and the next minute polls regardless.
     ++page.SitesOnPage;
-    const ThumbGrid::Edit cell(grid_.Parts(), slot);
+    const ThumbGrid::Edit cell = grid_.EditCell(slot);
     const FilledSlot filled = stored_.FillSlot(slot, place->site, place->call);
     if (filled.errorPage) ++errorPages;
     cell->lblConnect = true;
@@ -221,7 +221,8 @@ void PollCycle::StartPoll(bool clearGrid) {
       allAsked_ = false;
     }
   }
-  // Boxes of stored error pages count as they come; with the whole page counted they cannot end its poll half-way.
+  // The error box of each stored error page counts. The counts are added only now that SitesOnPage is complete; before,
+  // they could end the poll half-way.
   page.SitesDone += errorPages;
   if (errorPages > 0) EndIfReached();
   if (page.SitesOnPage == 0) SetBusy(false);
@@ -254,7 +255,7 @@ void PollCycle::StartWxPoll() {
     grid_.ClearFrom(slot);
     QString ScratchUrl = PlainUrl(site.Url);
     if (NewImageCheck::HasMarker(ScratchUrl)) {
-      // The address is not put back: the marker itself comes as the picture of such a site.
+      // ScratchUrl stays the marker's address, so that the picture of such a site is the marker itself.
       ScratchUrl = NewImageCheck::MarkerUrl(ScratchUrl, QString());
       check_.DownloadFile(ScratchUrl, QString::number(slot));
     }
@@ -271,13 +272,13 @@ QString PollCycle::UniqueTime() const {
 }
 
 void PollCycle::AfterCheck(int slot, CheckOutcome outcome) {
-  // A WX site's picture is asked for whatever its marker says, so the slot waits for that.
+  // A WX site is asked for its picture whatever its marker says, so a WX slot waits for the picture.
   const bool dsstv = program_.page.OnDsstvPage();
   if (outcome == CheckOutcome::Unchanged) {
     ++program_.page.SitesDone;
     if (dsstv) waiting_.remove(slot);
   } else if (outcome == CheckOutcome::NoSite && dsstv) {
-    // A late answer for a site that was removed counts, once.
+    // The late answer for a removed site counts, once.
     if (!waiting_.remove(slot)) return;
     ++program_.page.SitesDone;
   }
@@ -300,7 +301,7 @@ void PollCycle::AfterPicture(int slot, AnswerOutcome outcome) {
       break;
     case AnswerOutcome::Unusable:
     case AnswerOutcome::Corrupt:
-      // Its arrival has counted, and its error box counts once more: the double counts are the design's.
+      // The arrival has counted above, and the error box counts once more. These double counts are intended.
       ++done;
       EndIfReached();
       break;
@@ -314,7 +315,8 @@ void PollCycle::AfterPicture(int slot, AnswerOutcome outcome) {
 }
 
 void PollCycle::EndIfExact() {
-  // Equality, not more: double counts may step over it, and a later answer's >= then ends the poll.
+  // Equal, not at least: a double count may step over SitesOnPage, and then a later answer that tests for "at least"
+  // ends the poll.
   if (program_.page.SitesDone == program_.page.SitesOnPage) PollFinished();
 }
 
@@ -322,13 +324,14 @@ void PollCycle::EndIfReached() {
   const PageState& page = program_.page;
   if (page.SitesDone < page.SitesOnPage) return;
   SetBusy(false);
-  // CamPollDue stays set, so that the settling tick runs the round again.
+  // CamPollDue stays set, so that tmrIfAllDone runs the cam round once more.
   if (page.CamPollDue) EarlyPostPoll();
   PollFinished();
 }
 
 void PollCycle::EndIfAllAnswered() {
-  // What moved or left within the page may have made the count miss its goal: nothing is awaited any more all the same.
+  // Sites that were moved or removed during the poll can keep the count from reaching SitesOnPage. The poll ends all
+  // the same once no slot is awaited.
   if (busy_ && allAsked_ && waiting_.isEmpty()) PollFinished();
 }
 

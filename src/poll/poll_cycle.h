@@ -16,6 +16,7 @@
 #include "poll/picture_intake.h"
 #include "poll/stored_page.h"
 
+// The poll of the page on the screen.
 class PollCycle : public QObject {
   Q_OBJECT
 
@@ -23,24 +24,24 @@ class PollCycle : public QObject {
   PollCycle(Program& program, ThumbGrid& grid, SlotPictures& files, PictureIntake& intake, ucCkNew& check,
             UserControl1& download, const Clock& clock, QObject* parent = nullptr);
 
-  // Walks the DSSTV page: thumbs from the disk first, then a check for each site.
+  // Walks the DSSTV page: shows the thumbs on the disk, then asks each site for its marker.
   void StartPoll(bool clearGrid);
   void StartWxPoll();
-  // Shows what the disk has of the page, and asks nobody.
+  // Shows the page from the disk and asks no site.
   void ShowStoredPage() { stored_.Show(); }
 
-  // The starters. Each does nothing beyond its counters where there is no connection.
+  // What starts a walk. Without a connection no site is asked.
   void FirstPoll();
   void RefreshClick();
   void ReloadPage();
   void PageChange(int page);
-  // After the grid has been made for another layout.
+  // To be called after the grid has been made for another layout.
   void LayoutChange();
   void LanguageChange();
   // A site window has closed: polls again a moment later.
   void StartTimer5() { Timer5.start(); }
 
-  // What the second pass does for a slot without asking.
+  // Shows caption and picture of one slot from the disk, as the walk does before it asks the site.
   FilledSlot FillSlot(int slot, int site, const QString& call) { return stored_.FillSlot(slot, site, call); }
 
   void MnuRateClick(int index);
@@ -51,12 +52,12 @@ class PollCycle : public QObject {
   // True while imgRefresh shows: a walk is under way or answers are awaited.
   bool Busy() const { return busy_; }
 
-  // The poll alone counts: each answer in one step with the comparison that may end the poll.
+  // Counts an answer and, in the same step, ends the poll if that was the last. Nobody else counts.
   void AfterCheck(int slot, CheckOutcome outcome);
   void AfterPicture(int slot, AnswerOutcome outcome);
-  // A site that moves within the page is asked twice, and counts once.
+  // Takes one count back: a site that moves within the page is asked twice and must count once.
   void TakeBackOne() { --program_.page.SitesDone; }
-  // Shows the page as its places stand now and asks it, as a click on the refresh label does.
+  // Sites have changed their slots: shows the page as it is now and polls it, as a click on lblRefresh does.
   void PlacesChanged();
 
   QTimer Timer4;        // 60 s, minutes of the WX page
@@ -76,13 +77,13 @@ class PollCycle : public QObject {
   void BusyChanged(bool busy);
   void RefreshCaptionChanged();
   void PageChanged();
-  // A walk begins: no tip may stay open over cells that change.
+  // A walk begins; a tip over cells that change now has to close.
   void HoverForgotten();
   // Once a run, at the end of the first poll.
   void UpdateCheckWanted();
-  // Status lights of the cam window back to yellow.
+  // The cam window sets its status lights back to yellow.
   void CamLightsReset();
-  // 1: all sites with a cam; 2: those of the page.
+  // A cam round is due; 1: all sites with a cam, 2: those of the page.
   void CamRoundWanted(int round);
 
  private:
@@ -95,7 +96,7 @@ class PollCycle : public QObject {
   void EndIfReached();
   void EndIfAllAnswered();
   void AfterBlocked();
-  // Update check and first cam round, from the places where the count may be reached out of turn.
+  // Runs update check and cam round before tmrIfAllDone does: an error box or a blocked picture has reached the count.
   void EarlyPostPoll();
   QString UniqueTime() const;
 
@@ -107,6 +108,7 @@ class PollCycle : public QObject {
   UserControl1& download_;
   const Clock& clock_;
   bool busy_ = false;
-  QSet<int> waiting_;      // slots of this poll that were asked and have not answered
-  bool allAsked_ = false;  // false: some of the counted slots are never asked, and this poll does not end by answers
+  QSet<int> waiting_;  // slots that this poll has asked and that have not answered
+  // False: some counted slots are never asked, so the poll does not end when all asked ones have answered.
+  bool allAsked_ = false;
 };

@@ -53,7 +53,7 @@ SlotPictures::Chain SlotPictures::Begin(const PictureKey& key) {
 }
 
 void SlotPictures::End(const Chain& chain) {
-  // A chain that was overtaken leaves the mark to the one that overtook it.
+  // The entry of an overtaken chain now belongs to the chain that has overtaken it.
   if (chain.token.StillWanted()) underWay_.remove(PlaceOf(chain.key.page, chain.key.slot));
 }
 
@@ -64,7 +64,7 @@ void SlotPictures::Withdraw(int page, int slot) {
 
 void SlotPictures::Take(const PictureKey& key, const QByteArray& body, const Taken& taken) {
   const Chain chain = Begin(key);
-  // The former picture goes before the new bytes are judged.
+  // The former picture is removed before the new bytes are judged, so an error page leaves no picture.
   QFile::remove(Picture(key.page, key.slot));
   const QString picture = PartPath(Picture(key.page, key.slot));
   const bool hasThumb = key.page < PageState::WxPage;
@@ -90,7 +90,7 @@ void SlotPictures::PutStored(const Chain& chain, const StoredBody& stored, const
   if (!wanted) return end(FilesVerdict::GivenUp);
   if (!stored.usable) return end(FilesVerdict::Unusable);
   if (key.page == PageState::WxPage) return end(placed ? FilesVerdict::Ready : FilesVerdict::NoThumb);
-  // A thumb that cannot be made must not leave the former picture's thumb to be shown in its place.
+  // Otherwise the former picture's thumb would be shown if no new one can be made.
   QFile::remove(Thumb(key.page, key.slot));
   ForgetFailure(key.page, key.slot);
   if (!placed) return end(FilesVerdict::NoThumb);
@@ -113,11 +113,12 @@ QString SlotPictures::HostOf(const PictureKey& key) const {
 
 void SlotPictures::MakeThumb(const Chain& chain, const Made& made) {
   const PictureKey& key = chain.key;
-  // Under a name of its own until it is known to be wanted: the place may have changed hands by then.
+  // Make it under a hidden name: by the time it is ready the place may belong to another site.
   const QString part = PartPath(Thumb(key.page, key.slot));
   PictureOptions options;
   options.host = HostOf(key);
-  // The thumb of a page that was left is made when nothing on the screen waits.
+  // For a job that writes a file "unwanted" means last: the thumb of a page that was left is made when nothing on the
+  // screen waits.
   options.wanted = [this, chain]() { return chain.key.page == program_.page.CurrentPage && GoesOn(chain); };
   tool_.MakeThumb(
       Picture(key.page, key.slot), part, kThumbBox, this,
@@ -168,7 +169,7 @@ void SlotPictures::ForgetFailure(int page, int slot) {
 void SlotPictures::Move(int page, const QList<QPair<int, int>>& moves) {
   using PathOf = QString (*)(const QString&, int, int);
   constexpr std::array<PathOf, 3> kKinds{&PicturePath, &ThumbPath, &FailurePath};
-  // All are taken away first: one site's new place is another one's old place.
+  // Move all files away first: the new place of one site is the old place of another.
   QList<std::array<QString, kKinds.size()>> parts;
   QList<int> heights;
   for (const auto& [from, to] : moves) {

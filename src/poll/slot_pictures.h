@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The files of the slots: puts a picture that came in at its place, has its thumb made, remembers what could not be
-// shown, and moves all of it with its site. Goes on whatever page is shown. The intake, the poll and the changes of
-// places call it.
+// The files of the slots: puts a new picture at its place, has its thumb made, remembers which pictures could not be
+// shown, and moves all of it with a site. Goes on whatever page is shown. The intake, the poll and the module that
+// moves sites call it.
 #pragma once
 
 #include <QList>
@@ -20,43 +20,45 @@
 #include "poll/height_table.h"
 #include "poll/picture_store.h"
 
-// What has come of a picture's files.
+// How the work on a picture's files ended.
 enum class FilesVerdict {
-  Ready,      // picture and thumb lie at their place
-  NoThumb,    // it cannot be shown: no room on the disk, or nothing that decodes
-  NoSandbox,  // the picture lies at its place, but nothing is decoded on this system
+  Ready,      // picture and thumb are in place
+  NoThumb,    // there is no thumb to show: the disk is full, or the picture cannot be decoded
+  NoSandbox,  // the picture is in place, but nothing is decoded on this system
   Unusable,   // too short a body, or an error page
   GivenUp     // a newer answer has come, or its site has left the slot
 };
 
+// The files of all pages.
 class SlotPictures : public QObject {
   Q_OBJECT
 
  public:
-  // tail: of the body, for its caption.
+  // tail: the last characters of the body, for ParseTailFromDownload.
   using Taken = std::function<void(FilesVerdict verdict, const QString& tail)>;
   using Made = std::function<void(FilesVerdict verdict)>;
 
   SlotPictures(Program& program, HeightTable& heights, PictureTool& tool, Background& background,
                QObject* parent = nullptr);
 
-  // True while the key's site stands in the key's slot.
+  // True while the key's site is placed in the key's slot.
   bool Stands(const PictureKey& key) const;
-  // Picture of a slot on the disk; WX pictures are their own thumbs.
+  // Path of a slot's picture. A WX picture is its own thumb.
   QString Picture(int page, int slot) const;
   QString Thumb(int page, int slot) const;
 
-  // An answer's body: the former picture goes, the new one and its thumb are put in place. taken is called once.
+  // Takes the body of an answer: removes the former picture, and puts the new one and its thumb in place. Calls taken
+  // once.
   void Take(const PictureKey& key, const QByteArray& body, const Taken& taken);
-  // Makes the thumb of a picture that lies on the disk without one. made is never called where one is under way
+  // Makes the missing thumb of a picture on the disk. made is never called if a thumb for the slot is being made
   // already.
   void MakeMissingThumb(const PictureKey& key, const Made& made);
-  // The slot's picture is not to be had: its files go.
+  // The slot's picture cannot be had: removes picture, thumb and remembered failure, and voids what is under way.
   void Remove(int page, int slot);
-  // Nothing that is under way for the slot is put in place any more.
+  // Voids what is under way for the slot: no file of it is put in place any more.
   void Withdraw(int page, int slot);
 
-  // The slot's picture could not be shown when it was last tried, and is still the same file.
+  // True if the slot's picture could not be shown when that was last tried, and its file has not changed since.
   bool HasFailed(int page, int slot) const;
   void RememberFailure(int page, int slot);
   void ForgetFailure(int page, int slot);
@@ -65,7 +67,7 @@ class SlotPictures : public QObject {
   void Move(int page, const QList<QPair<int, int>>& moves);
 
  private:
-  // One slot's chain from the body to the thumb.
+  // The steps for one slot from the body to the thumb.
   struct Chain {
     PictureKey key;
     Wanted::Token token;
@@ -73,21 +75,22 @@ class SlotPictures : public QObject {
   };
 
   Chain Begin(const PictureKey& key);
-  // False where nobody wants its result any more, and the chain has ended.
+  // True while no newer answer has come and the site is still in its slot.
   bool GoesOn(const Chain& chain) const { return chain.token.StillWanted() && Stands(chain.key); }
   void End(const Chain& chain);
   void PutStored(const Chain& chain, const StoredBody& stored, const QString& picture, const QString& thumb,
                  const Taken& taken);
   void MakeThumb(const Chain& chain, const Made& made);
+  // Size and time of the picture's file, by which a remembered failure knows it; empty without a file.
   QString FailureMark(int page, int slot) const;
-  // Whose picture it is; empty for a site of the WX page, which its file stands for.
+  // The station's host, by which the picture tool holds back hosts whose pictures hang; empty for a WX site.
   QString HostOf(const PictureKey& key) const;
 
   Program& program_;
   HeightTable& heights_;
   PictureTool& tool_;
   Background& background_;
-  // By place, page * 100 + slot.
+  // Both by page * 100 + slot.
   std::map<int, Wanted> wanted_;
   QSet<int> underWay_;
 };

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// List1 is kept in order, as the list of a page's calls is read by people; a slot stands in it once.
+// Keeps List1 sorted, as users read it, and each slot in it once.
 void AddToList1(QStringList& list, const QString& entry) {
   if (!list.contains(entry)) list.insert(std::lower_bound(list.begin(), list.end(), entry), entry);
 }
@@ -41,7 +41,7 @@ void StoredPage::ShowThumbs() {
 
 FilledSlot StoredPage::FillSlot(int slot, int site, const QString& call) {
   PageState& page = program_.page;
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   FilledSlot filled;
   filled.url = PlainUrl(program_.sites.Sites.at(site).Url);
   grid_.SetSite(slot, call);
@@ -52,7 +52,7 @@ FilledSlot StoredPage::FillSlot(int slot, int site, const QString& call) {
     const StoredCaption caption = intake_.ReadCaptionFromFile(page.CurrentPage, slot, site);
     grid_.ColourByAge(slot);
     filled.errorPage = caption == StoredCaption::ErrorPage;
-    // Shown once more where the first pass could not: the box of a picture that failed, a thumb that is missing.
+    // For what ShowThumbs could not show: the error box of a picture that failed, and a thumb that is missing.
     if (caption == StoredCaption::Read) intake_.ShowStored(page.CurrentPage, slot, site);
   }
   const SiteRec& record = program_.sites.Sites.at(site);
@@ -79,7 +79,7 @@ void StoredPage::ShowWx() {
   for (const SiteRec& site : std::as_const(program_.sites.WxSites)) {
     const int slot = static_cast<int>(Val(site.PageSlots[static_cast<std::size_t>(layout)])) - 1;
     if (!grid_.HasSlot(slot)) continue;
-    const ThumbGrid::Edit cell(grid_.Parts(), slot);
+    const ThumbGrid::Edit cell = grid_.EditCell(slot);
     grid_.SetWxSite(slot, site.Call);
     grid_.ClearFrom(slot);
     const QString picture = WxPath(program_.AppDataDir, slot);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the disk has of the page on the screen: thumbs, captions and the boxes of pictures that failed, shown without
-// asking anybody. The poll's walk begins with it, and a page without a connection is nothing else.
+// Shows the page on the screen from the disk without asking any site: thumbs, captions, and error boxes of pictures
+// that failed. The poll's walk begins with it; without a connection it is all that is shown.
 #pragma once
 
 #include <QString>
@@ -10,30 +10,31 @@
 #include "page/thumb_grid.h"
 #include "poll/picture_intake.h"
 
-// Who stands in a slot.
+// The site in a slot.
 struct SlotPlace {
   int site = 0;  // index into Sites
   QString call;
 };
 
-// Who stands in a 0-based slot of a page, if anybody does.
+// The site in a slot (from 0) of a page; nothing for an empty slot.
 std::optional<SlotPlace> PlaceAt(const SiteTable& sites, int page, int slot);
 
-// What filling a slot has told.
+// What FillSlot has found.
 struct FilledSlot {
   QString url;             // the site's plain address
-  bool errorPage = false;  // the stored picture is an error page, and the box stands in the cell
+  bool errorPage = false;  // the stored picture is an error page, and the cell shows the error box
 };
 
+// The page on the screen, as the disk has it.
 class StoredPage {
  public:
   StoredPage(Program& program, ThumbGrid& grid, PictureIntake& intake);
 
   // The whole page.
   void Show();
-  // The thumbs alone; a thumb whose picture is gone goes too.
+  // The thumbs alone; a thumb whose picture is gone is removed.
   void ShowThumbs();
-  // One slot of a DSSTV page: captions, list and fields, and its picture.
+  // One slot of a DSSTV page: its captions, List1, its fields, and its picture.
   FilledSlot FillSlot(int slot, int site, const QString& call);
 
  private:

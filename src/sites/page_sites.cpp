@@ -11,9 +11,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The slot, from 1, that compacting gives to the site in a 0-based place of the list. From the 27th place on it is one
-// further than the place itself, as it has always been; a site that this would put outside the layout takes the slot 27
-// that is left free.
+// The slot, from 1, that compacting gives to the site at a place, from 0, of the list. From the 27th place on it is one
+// further than the place, as in all earlier versions; the site that this would put outside the layout takes slot 27,
+// which stays free.
 int CompactSlot(int place, int thumbCount) {
   constexpr int kLastLetter = 26;
   const int slot = place < kLastLetter ? place + 1 : place + 2;
@@ -25,7 +25,7 @@ int CompactSlot(int place, int thumbCount) {
 PageSites::PageSites(Program& program, ThumbGrid& grid, SlotPictures& files, PollCycle& poll, ucCkNew& check,
                      UserControl1& download, QObject* parent)
     : QObject(parent), program_(program), grid_(grid), files_(files), poll_(poll), check_(check), download_(download) {
-  // Another layout has places of its own.
+  // The slots of another layout are independent.
   connect(&grid_, &ThumbGrid::GridMade, this, &PageSites::ForgetUndo);
 }
 
@@ -43,7 +43,7 @@ void PageSites::AddSiteToSlot(int site) {
   const int slot = page.SelectedSlot;
   if (!grid_.HasSlot(slot)) return;
   ForgetUndo();
-  const ThumbGrid::Edit cell(grid_.Parts(), slot);
+  const ThumbGrid::Edit cell = grid_.EditCell(slot);
   EmptySlot(slot);
   if (OnWxPage()) {
     AddWxSite(slot, site);
@@ -72,7 +72,7 @@ void PageSites::TakeDsstvSlot(int slot, int site) {
     sites.RemoveThumbPos(page, before, site);
     files_.Move(page, {{before - 1, slot}});
   } else if (before == 0) {
-    // What lies in the slot is the picture of the site that stood there.
+    // The files of the slot are those of its former site.
     files_.Remove(page, slot);
   }
   for (int other = 0; other < sites.Sites.size(); ++other) {
@@ -109,7 +109,8 @@ void PageSites::ReloadSlot() {
   for (qsizetype site = 0; site < sites.size(); ++site) {
     const QString& name = sites.at(site).Call;
     if (name.isEmpty()) continue;
-    // The first site whose call contains the slot's; on the WX page the first whose title stands in the caption.
+    // On a DSSTV page the first site whose call contains that of the slot; on the WX page the first whose title is in
+    // the caption.
     const bool found = OnWxPage() ? caption.contains(name) : !call.isEmpty() && name.contains(call);
     if (!found) continue;
     grid_.SetConnecting(slot, true);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Changes which sites stand where on the page: adding, reloading and removing a single one, closing the gaps, and
-// taking the last of these changes back. The menu handlers of the main window and the site windows call it.
+// Changes which sites are in which slots of the page: adds, reloads and removes a single site, closes the gaps, and
+// undoes the last of these changes. The menu handlers of the main window and the site windows call it.
 #pragma once
 
 #include <QList>
@@ -15,14 +15,15 @@
 #include "poll/poll_cycle.h"
 #include "poll/slot_pictures.h"
 
-// A change of places that can be taken back.
+// A change of places that can be undone.
 struct PlacesChange {
   enum class Kind { SiteRemoved, AllRemoved, Compacted };
 
   Kind kind = Kind::SiteRemoved;
-  QString call;  // of the one site that was removed; on the WX page its title
+  QString call;  // call of the removed site; on the WX page its title
 };
 
+// The changes of the page on the screen.
 class PageSites : public QObject {
   Q_OBJECT
 
@@ -30,28 +31,29 @@ class PageSites : public QObject {
   PageSites(Program& program, ThumbGrid& grid, SlotPictures& files, PollCycle& poll, ucCkNew& check,
             UserControl1& download, QObject* parent = nullptr);
 
-  // Puts a site (index into Sites, on the WX page into WxSites) into SelectedSlot and asks it at once.
+  // Puts a site (index into Sites, on the WX page into WxSites) into SelectedSlot and asks it for its picture at once.
   void AddSiteToSlot(int site);
-  // Asks the picture of SelectedSlot anew, without a check.
+  // Fetches the picture of SelectedSlot again, without asking for the marker.
   void ReloadSlot();
-  // The page's sites in the order of List1 without gaps; their files move with them, and the page is then reloaded.
+  // Moves the page's sites, in the order of List1, together without gaps; their files move with them. Then reloads the
+  // page.
   void CompactPage();
   // Takes the site of SelectedSlot, or every site, off the page.
   void RemoveSite();
   void RemoveAllSites();
 
-  // The last change, as long as no other change of places has followed it; nothing: there is none to take back.
+  // The last change, unless another change of places has followed it; nothing: there is none to undo.
   std::optional<PlacesChange> Undoable() const;
-  // Takes it back: the sites stand where they stood, on whichever page that was.
+  // Undoes the last change: its sites return to their slots, even if another page is shown by now.
   void Undo();
-  // For whoever changes places by other ways, as the site windows do.
+  // To be called by whoever else changes places, for instance the site windows.
   void ForgetUndo();
 
  Q_SIGNALS:
   void UndoableChanged();
 
  private:
-  // Where the sites of one page stood before a change. WX sites are told by address, the others by call.
+  // The slots of one page's sites before a change. WX sites are identified by address, the others by call.
   struct Places {
     PlacesChange change;
     int page = 0;
@@ -65,11 +67,11 @@ class PageSites : public QObject {
   void RemoveFrom(int slot);
   QString NameAt(int slot) const;
   Places PlacesNow(PlacesChange::Kind kind, const QString& call) const;
-  // The change has been made: it can be taken back, and no earlier one.
+  // Keeps the places before a change that has just been made, for Undo.
   void Remember(const Places& before);
   void UndoDsstv(const Places& places);
   void UndoWx(const Places& places);
-  // The masks into the records, and the records into the lists of slots.
+  // Stores the masks in the records, and builds the lists of slots from the records.
   void RebuildSlots();
   QString& WxSlot(SiteRec& site) const;
 
