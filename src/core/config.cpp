@@ -14,7 +14,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The lines of the file in their order. The empty ones stand for those that are not one plain value.
+// The lines of the file in their order. Empty fields are lines that do not hold one plain value; they are read and
+// written separately.
 using Field = std::variant<std::monostate, int Config::*, double Config::*, QString Config::*>;
 constexpr std::array<Field, 20> kFields = {
     &Config::GuiMode,     &Config::ThumbLayout,   &Config::AutoRefreshOn, &Config::AutoRefreshMinutes,
@@ -22,7 +23,7 @@ constexpr std::array<Field, 20> kFields = {
     &Config::DistUnit,    &Config::CamMode,       &Config::AutoPollCams,  &Config::MyCall,
     &Config::MapIndex,    std::monostate(),       std::monostate(),       &Config::CamView,
     &Config::MyCallTyped, &Config::CallbookIndex, std::monostate(),       &Config::MenuStyle};
-// Written for readers of old; this program takes the offsets from the stored settings.
+// Written for earlier versions; this program reads the offsets from the stored settings.
 constexpr int kMapLeftLine = 14;
 constexpr int kMapTopLine = 15;
 constexpr int kReportLine = 19;
@@ -32,8 +33,8 @@ struct Language {
   QLatin1String onAirCode;
 };
 
-// In the order of the digits that older files hold in place of a name. Japanese has a block of its own in the built-in
-// texts and yet gets the English one; users know it so.
+// In the order of the digits that older files hold in place of a name. Japanese gets the code of English although the
+// built-in texts have a block for Japanese; users know it so.
 constexpr std::array<Language, 8> kLanguages = {{{"English"_L1, "0"_L1},
                                                  {"Spanish"_L1, "8"_L1},
                                                  {"German"_L1, "2"_L1},
@@ -68,7 +69,7 @@ QString ConfigPath(const QString& appDataDir) {
   return ResolvePath(appDataDir, u"Omni-Perch.cfg"_s);
 }
 
-// A text of one line: a line end inside it would shift every line behind.
+// Removes line ends, which would shift every line behind.
 QString OneLine(QString text) {
   return text.remove(u'\r').remove(u'\n');
 }

@@ -8,6 +8,7 @@
 
 #include "platform/text/numbers.h"
 
+// The values of the file, in the order of its lines, and two that follow from them.
 struct Config {
   int GuiMode = 0;             // window size class 0 to 3
   int ThumbLayout = 0;         // 1 to 6: 5, 10, 15, 24, 35, 36 thumbnails
@@ -29,19 +30,20 @@ struct Config {
   QDateTime LastRxOkTime;
   int MenuStyle = 0;  // carried through
 
-  // Derived.
+  // Follow from CallbookIndex and LanguageName.
   QString CallbookName;  // empty above 5
   QString OnAirCode;     // language block of the on-air windows' built-in texts
 
-  // Takes the lines of the file: short files leave the rest as it was, then the fixes and clamps.
+  // Takes the lines of the file and corrects values out of range. A file with fewer lines leaves the other values as
+  // they were.
   void Read(const QStringList& lines);
-  // The 20 lines. mapLeft and mapTop: offsets of the map MapIndex, written only.
+  // The 20 lines of the file. mapLeft and mapTop are the offsets of the map MapIndex; they are written but never read.
   QStringList Lines(int mapLeft, int mapTop) const;
 
-  // Reads Omni-Perch.cfg in the data folder; false where there is none. One that is there and cannot be read leaves
-  // everything as it was, and SaveConfig then leaves that file alone.
+  // Reads Omni-Perch.cfg in the data folder; false if there is no such file. A file that is there but cannot be read
+  // changes nothing, and SaveConfig then leaves that file alone.
   bool ReadConfig(const QString& appDataDir);
-  // False where the file was not written; the old one is whole then.
+  // False if the file could not be written; the old file is intact then.
   bool SaveConfig(const QString& appDataDir, int mapLeft, int mapTop) const;
 
  private:
@@ -50,7 +52,7 @@ struct Config {
   bool unreadable_ = false;
 };
 
-// Name of a callbook service as it is at the start and in messages; empty outside 1 to 5.
+// The name of a callbook service that CallbookName has after the start; empty outside 1 to 5.
 QString CallbookNameOf(int index);
-// The on-air language code of a language name; fallback for a name that is not known.
+// The on-air language code for a language name; `fallback` for an unknown name.
 QString OnAirLanguageCode(const QString& languageName, const QString& fallback);

@@ -17,7 +17,7 @@ struct HostRow {
   QLatin1String builtIn;
 };
 
-// Neutral names: which servers a user asks is a matter of configuration.
+// The built-in names are neutral; which servers are asked is set in hosts.ini.
 constexpr std::array<HostRow, 12> kHosts = {{
     {"Connectivity"_L1, &Hosts::Connectivity, "https://www.example.org"_L1},
     {"Author"_L1, &Hosts::Author, "https://author.example.org"_L1},

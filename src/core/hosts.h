@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The servers of the outside world. main reads them once; whoever asks one of them gets its address from here.
+// The addresses of all servers that the program asks. main reads them once at start.
 #pragma once
 
 #include <QString>
 
-// Each is scheme and authority without a trailing "/", or empty: there is none, and every request to it fails at once.
+// Each address is scheme and authority without a trailing "/"; empty: there is no such server, and every request to it
+// fails at once.
 struct Hosts {
   QString Connectivity;  // its root page is the start-up test
   QString Author;        // version page, updates, bad calls
@@ -16,10 +17,10 @@ struct Hosts {
   QString QRZCQ;
   QString Callook;
   QString HamCall;
-  QString Pictures;  // pictures of stations
+  QString Pictures;  // pictures of operators
   QString Maps;
 
-  // The built-in ones, with what hosts.ini in the data folder sets in their place. A value that is no http or https
-  // address counts as none.
+  // The built-in addresses, overridden by those in hosts.ini in the data folder. A value that is no http or https
+  // address counts as empty.
   static Hosts Read(const QString& appDataDir);
 };

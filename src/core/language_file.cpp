@@ -14,8 +14,8 @@ namespace {
 using enum TextLine;
 
 constexpr qsizetype kMostBytes = 1 << 20;  // the eight files have about 15 kB each
-constexpr qsizetype kLongestText = 1000;   // characters; a window with more could not be used
-constexpr qsizetype kNamePlace = 11;       // of the language in "Omni-Perch_English.Language"
+constexpr qsizetype kLongestText = 1000;   // characters; a longer text would make a window unusable
+constexpr qsizetype kNamePlace = 11;       // place of the language in "Omni-Perch_English.Language"
 constexpr QLatin1StringView kName("Omni-Perch");
 
 struct KnownLanguage {
@@ -43,7 +43,7 @@ constexpr std::array<KnownLanguage, kLanguageNames> kKnown = {{
     {"Spanish"_L1, "es"_L1, QLocale::Spanish, CodePage::Western1252, kWrongVersion, kNotFound},
 }};
 
-constexpr std::size_t kEnglish = 1;  // its place in kKnown
+constexpr std::size_t kEnglish = 1;  // index of English in kKnown
 
 const KnownLanguage* FindKnown(const QString& name) {
   const auto found = std::find_if(kKnown.begin(), kKnown.end(), [&](const KnownLanguage& k) { return k.name == name; });
@@ -55,7 +55,7 @@ const KnownLanguage& KnownOrEnglish(const QString& name) {
   return known != nullptr ? *known : kKnown[kEnglish];
 }
 
-// Blanks that a text gets because its window puts it straight beside another text or at a label's edge.
+// Blanks that are added to a text because its window shows it directly beside another text or at the edge of a label.
 struct Blanks {
   TextLine line;
   int before;
@@ -71,7 +71,7 @@ constexpr std::array kBlanks = {
     Blanks{kMapHelp, 2, 2},          Blanks{kRxInfo, 2, 2},
 };
 
-// Lines that go on the text of an earlier one, on a line of their own.
+// Lines that continue the text of an earlier line, after a line break.
 struct Continued {
   TextLine line;
   TextLine first;
@@ -91,12 +91,12 @@ QString WithBlanks(TextLine line, const QString& text) {
   return text;
 }
 
-// Everything behind the first "="; a line without one is a text as it stands.
+// The text behind the first "=", or the whole line if it has none.
 QString TextOf(const QString& line) {
   return line.sliced(line.indexOf(u'=') + 1).left(kLongestText);
 }
 
-// What stands from the last "Omni-Perch" to the end must be the version text, neither more nor less.
+// The line from its last "Omni-Perch" to its end must equal the version text.
 bool IsVersionLine(const QString& line, const QString& progVersion) {
   const qsizetype place = line.lastIndexOf(kName);
   return place >= 0 && QStringView(line).sliced(place) == progVersion;
@@ -105,11 +105,11 @@ bool IsVersionLine(const QString& line, const QString& progVersion) {
 QStringList LinesOf(const QByteArray& bytes, CodePage codePage) {
   QByteArray head = bytes.left(kMostBytes);
   if (head.size() < bytes.size()) {
-    // Cut at a line's end, so that a torn character does not make the whole file one of the code page.
+    // Cut at the end of a line: half a UTF-8 character would have the whole file read in the code page.
     const qsizetype end = std::max(head.lastIndexOf('\n'), head.lastIndexOf('\r'));
     if (end >= 0) head.truncate(end);
   }
-  // A NUL is never text; a file saved in two bytes a character reads as far as its letters are Latin.
+  // Drop NULs, which are never text; a file saved as UTF-16 is then readable as far as its letters are Latin.
   head.removeIf([](char c) { return c == '\0'; });
   return SplitLines(DecodeText(head, codePage));
 }
@@ -131,8 +131,8 @@ LanguageResult ReadLanguage(const QByteArray& bytes, CodePage codePage, qsizetyp
   result.read = true;
   result.versionOk = IsVersionLine(lines.first(), progVersion);
 
-  // The table of language names has as many places as languages are listed: with fewer than eight, the first name
-  // without a place is an error that ends the read. The languages beyond eight have no name.
+  // The table of language names has as many places as languages are listed. With fewer than eight, the first name
+  // without a place is an error that ends the reading; languages beyond eight have no name.
   const qsizetype places = listed < kLanguageNames ? listed + 1 : kTextLines;
   const qsizetype end = std::min<qsizetype>({lines.size(), places, kTextLines});
   for (qsizetype i = 1; i < end; ++i) TakeText(texts, static_cast<TextLine>(i), TextOf(lines[i]));
@@ -150,7 +150,7 @@ LanguageResult LoadLanguage(const QString& folder, const QString& languageName, 
   const QString path = ResolvePath(folder, kName + u'_' + languageName + u".Language"_s);
   QFile file(path);
   if (QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly)) {
-    // One byte more than is used tells that the file goes on.
+    // One byte more than is used shows that the file is longer.
     result = ReadLanguage(file.read(kMostBytes + 1), known->codePage, listed, progVersion, texts);
   }
   result.wrongVersion = known->wrongVersion.toString();
@@ -175,13 +175,13 @@ QStringList ListLanguages(const QStringList& fileNames) {
   }
   names.sort();
   names.removeDuplicates();
-  // The languages that line 1 to 8 name come first, English third among them.
+  // The languages of lines 1 to 8 come first, English third among them.
   std::stable_partition(names.begin(), names.end(), [](const QString& name) { return FindKnown(name) != nullptr; });
   const QString english = u"English"_s;
   if (names.removeOne(english)) names.insert(std::min<qsizetype>(2, names.size()), english);
 
-  // The third entry goes and English comes last, whatever stands there: with English third it moves behind the others.
-  // Where a language file is missing, the menu shows what this pair of steps makes of the rest.
+  // The third entry is removed and English appended. Normally the third is English, which thus moves to the end. If
+  // language files are missing, another language may be lost from the menu this way, or English be there twice.
   if (names.size() > 2) names.removeAt(2);
   names += english;
   return names;
@@ -198,7 +198,7 @@ void TranslatePageLabels(QStringList& labels, const LanguageTexts& before, const
 }
 
 QString BuiltInText(const QString& languageCode, OnAirText text) {
-  // The panels' captions are the same words in every block.
+  // The captions of the panels are the same in all languages.
   switch (text) {
     case OnAirText::kBandPanel:
       return u"Select bands to monitor"_s;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The lines of a language file by their role, and the lists of lines that the menus are drawn from. Whoever shows a
-// text of the language takes its line from here; the files in data/Languages hold the same lines in the same order.
+// The lines of a language file by their role, and the lists of lines that make up the menus. Whoever shows a text takes
+// its line from here; the files in data/Languages hold these lines in this order.
 #pragma once
 
 #include <array>
@@ -8,8 +8,8 @@
 inline constexpr int kTextLines = 222;    // the version line and 221 texts
 inline constexpr int kLanguageNames = 8;  // lines 1 to 8, by the index of lstLanguages
 
-// The marks ??, ???, **, *** and xxx are replaced by whoever shows the text; the blanks that some texts get on reading
-// stand in language_file.cpp.
+// The line of each text. Whoever shows a text replaces its marks ??, ???, **, *** and xxx; the blanks that some texts
+// get on reading are listed in language_file.cpp.
 enum class TextLine : int {
   kVersion = 0,                // Version of this file, leave as it is
   kLanguageDutch = 1,          // Setup menu, Language, Dutch
@@ -235,7 +235,7 @@ enum class TextLine : int {
   kHoursWord = 221,           // Propagation map, period, behind 2, 4, 6 or 12
 };
 
-// Menus, by the index that their handlers get.
+// The texts of the menus; the index of a text is the index that the entry's handler gets.
 namespace MenuLines {
 
 using enum TextLine;
@@ -245,31 +245,31 @@ inline constexpr std::array kSetup = {kSetupRxOkMap,  kSetupLocation,   kSetupDa
                                       kSetupRate,     kSetupWindowSize, kSetupThumbs,   kSetupLanguage,  kSetupBackup,
                                       kSetupHelp,     kSetupAbout};
 
-// Entries 2 and 3 are one text with different marks; entry 4 stands behind the site's call; entry 5 is kPopupUnblock
-// for a sender who is blocked.
+// Entries 2 and 3 have the same text with different marks; entry 4 follows the site's call; entry 5 is kPopupUnblock
+// for a blocked sender.
 inline constexpr std::array kPicture = {
     kPopupReload,   kPopupReloadPage, kPopupHistory, kPopupHistory, kPopupCam,     kPopupBlock,     kPopupMap,
     kPopupStations, kPopupViews,      kPopupLookup,  kPopupCopy,    kPopupDesktop, kPopupMail,      kPopupPaste,
     kPopupSaveAs,   kPopupPrint,      kPopupInfo,    kPopupCompact, kPopupRemove,  kPopupRemoveAll, kPopupIndex};
 
-// The history window's menu: what makes sense there of the picture menu.
+// The history window's menu: those entries of the picture menu that make sense there.
 inline constexpr std::array kHistory = {kPopupReload, kPopupMap,     kPopupViews, kPopupLookup,
                                         kPopupCopy,   kPopupDesktop, kPopupMail,  kPopupPaste,
                                         kPopupSaveAs, kPopupPrint,   kPopupInfo};
 
-// A callsign on any of the map windows.
+// The menu of a callsign on a map.
 inline constexpr std::array kMapCall = {kPopupLookup, kViewByAddress, kViewByCoordinates};
 
-// The lookup window: its maps, and the operator's picture.
+// The lookup window's menus: maps, and the operator's picture.
 inline constexpr std::array kLookupMaps = {kPopupMap, kViewByCoordinates, kViewByAddress};
 inline constexpr std::array kLookupPicture = {kPopupCopy, kPopupDesktop, kPopupPaste, kPopupSaveAs, kPopupPrint};
 
-// Sub-menus. The entries that are numbers, and "List" and "Map", are the same in all languages and stand in no file.
+// Sub-menus. Entries that are numbers, and "List" and "Map", are the same in all languages and are not in the files.
 inline constexpr std::array kCamView = {kCamViewSeparate, kCamViewShared};
 inline constexpr std::array kCamMode = {kCamModeAll, kCamModePage, kOff, kCamModeOnce};
 inline constexpr TextLine kRateOff = kOff;
 inline constexpr std::array kWindowSize = {kWindowSmall, kWindowMedium, kWindowLarge, kWindowLargest};
-// Behind the calls of site and sender, in the sub-menus of maps and of lookups.
+// The words behind the calls of site and sender, in the sub-menus of maps and of lookups.
 inline constexpr std::array kSiteOrSender = {kSiteWord, kSenderWord};
 // Entries 0 and 1 are about the site, 2 and 3 about the sender.
 inline constexpr std::array kViews = {kViewByAddress, kViewByCoordinates, kViewByAddress, kViewByCoordinates};

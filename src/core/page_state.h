@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is known of the page on the screen and of the poll that runs over it. The poll's modules change it, the page's
-// cells and the hover tips read it.
+// The state of the page on the screen and of the poll that runs over it. The poll's modules change it; the page's cells
+// and the hover tips read it.
 #pragma once
 
 #include <QString>
@@ -12,7 +12,8 @@
 inline constexpr int kWxPage = 21;
 inline constexpr int kMaxSlots = 36;
 
-// Fields of a row of ThumbFields. 4 to 6 belong to the window of a site's last pictures.
+// Fields of a slot in ThumbFields; the numbers are the given ones. 4 to 6 belong to the window of a site's last
+// pictures.
 enum ThumbField : std::size_t {
   Caller = 1,      // call of the station whose picture this is, or "Not found"
   ModeText = 2,    // mode tag, a blank and the "snr ..." text
@@ -30,7 +31,7 @@ struct PageState {
   int CurrentPage = 1;    // 1 to 20, or WxPage
   int ThumbCount = 0;     // slots of the layout
   int SelectedSlot = -1;  // 0-based slot of the last click; -1: none
-  Wanted visit;           // asked anew by every change of page or layout: older answers do not count
+  Wanted visit;           // renewed by every change of page or layout; answers for an earlier visit do not count
 
   bool Online = false;
   bool CamPollDue = true;
@@ -41,7 +42,7 @@ struct PageState {
   int SitesDone = 0;
   int AutoRefreshCounter = 0;  // minutes
   int WxRefreshCounter = 0;    // minutes
-  int CamMinuteCount = 0;      // minutes; at 6 it never reaches 5
+  int CamMinuteCount = 0;      // minutes until a cam round is due at 5; a count of 6 or more never gets there
   QString txtActive;           // "START" lets the cams be polled
   QStringList List1;           // calls of the page: call, four blanks, slot + 1
 
@@ -49,7 +50,7 @@ struct PageState {
 
   QString& Field(int slot, ThumbField field) { return ThumbFields[static_cast<std::size_t>(slot)][field]; }
   const QString& Field(int slot, ThumbField field) const { return ThumbFields[static_cast<std::size_t>(slot)][field]; }
-  // Forgets the heights of this run with all else, so that every slot counts as changed.
+  // Erases all fields; as that includes LastHeight, every slot then counts as changed.
   void EraseThumbFields() { ThumbFields = {}; }
   bool OnDsstvPage() const { return CurrentPage < WxPage; }
 };

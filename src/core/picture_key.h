@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The key of a picture's request, by which its answer finds its page, slot and site again. Everyone who asks for a
-// picture writes it, the intake reads it.
+// The key of a picture's request, by which its answer finds page, slot and site again. Whoever asks for a picture
+// writes a key; the intake reads it.
 #pragma once
 
 #include <QString>
 #include <optional>
 
-// "<page*100+slot>-<site>", or "<page*100+slot>" for the walk over the WX page.
+// As a text "<page*100+slot>-<site>", or "<page*100+slot>" for the walk over the WX page.
 struct PictureKey {
   static constexpr int kNoSite = -1;
 
@@ -15,6 +15,6 @@ struct PictureKey {
   int site = kNoSite;  // index into Sites, on the WX page into WxSites
 
   QString Text() const;
-  // Nothing where the text is no key.
+  // Nothing if the text is no key.
   static std::optional<PictureKey> Read(const QString& text);
 };

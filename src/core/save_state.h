@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Writes back what the program must remember: the configuration, the site lists and the stored settings. The closing
-// sequence runs it, and whoever changes what the tables are built from.
+// sequence calls it, and so do those who change the source of the site tables (the layout, the lists).
 #pragma once
 
 #include <QString>
@@ -11,9 +11,9 @@
 #include "core/site_list_file.h"
 #include "core/stored_settings.h"
 
-// Does not depend on the program being about to end. placement is missing while the main window is not visible, and the
-// stored one stays then; showMessage shows a duplicate message, titled "Omni-Perch", and comes between the lists and
-// the settings. Files that cannot be written stay as they were, without a word.
+// placement is missing while the main window is not visible; the stored placement stays then. showMessage shows a
+// message about a duplicate site; it is called after the lists and before the settings are written. A file that cannot
+// be written stays as it was, without a message.
 void SaveAllState(const Program& program, SiteListFile& lists, SettingsStore& store,
                   const std::optional<WindowPlacement>& placement,
                   const std::function<void(const QString&)>& showMessage);

@@ -15,11 +15,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kOldLayouts = 4;
-constexpr int kShortWxFields = 5;     // fewer: a list from before the fourth layout
-constexpr int kRecordStars = 4;       // the shortest record of today's lists has more
-constexpr int kShortestLastSeen = 8;  // less is a time without a date
+constexpr int kShortWxFields = 5;     // a line with fewer fields is from before the fourth layout
+constexpr int kRecordStars = 4;       // a line with this many "*" is the first line of a record
+constexpr int kShortestLastSeen = 8;  // characters; a shorter text is a time without a date
 
-// Field numbers of a line 1.
+// Numbers of the fields in the first line of a record.
 struct DsstvFields {
   int lastLayout = kLayouts;
   int lat = 7;
@@ -34,7 +34,7 @@ bool IsRecordLine(const QString& line) {
   return line.count(u'*') >= kRecordStars && !line.section(u'*', 0, 0).contains("://"_L1);
 }
 
-// An address where the first line of a record should stand: its own first line is lost.
+// True for an address in the place of a record's first line, which means that that first line is lost.
 bool IsStrayAddress(const QString& line) {
   return !line.contains(u'*') && (line.contains("://"_L1) || line.contains("NoDelete"_L1));
 }
@@ -43,7 +43,7 @@ bool IsBlankCall(QString call) {
   return call.remove(QChar(u'\0')).trimmed().isEmpty();
 }
 
-// The seconds go, by the first ":". A date without a time has nothing to cut.
+// Cuts off the seconds, by the place of the first ":". A date without a time stays as it is.
 QString CutLastSeen(const QString& text) {
   const qsizetype colon = text.indexOf(u':');
   const QString cut = colon < 0 ? text : text.left(colon + 3);
@@ -58,7 +58,7 @@ QString MoreFields(const QStringList& fields, int known) {
   return fields.size() > known ? u'*' + fields.mid(known).join(u'*') : QString();
 }
 
-// The old lists packed runs of zeros: "a" is one, "t" are twenty.
+// Expands the runs of zeros that old lists packed into a letter: "a" is one zero, "t" are twenty.
 QString Unpacked(const QString& packed) {
   QString unpacked;
   for (const QChar character : packed) {
@@ -68,7 +68,7 @@ QString Unpacked(const QString& packed) {
   return unpacked;
 }
 
-// One character a page; digits and capitals are the slot.
+// Page and slot tokens from an old list, which had one character a page: a digit or capital letter for the slot.
 QString TokensOfOldLayout(const QString& packed) {
   const QString slotChars = Unpacked(packed).left(kDsstvPages);
   const auto lastTwoDigits = [](int value) { return QString::number(100 + value).right(2); };
@@ -124,17 +124,17 @@ SiteRec WxRecord(QStringList fields) {
   return site;
 }
 
-// A coordinate that was no number goes back as it stood, as long as nobody has given a new value.
+// A coordinate that was no number is written back as it was read, unless it has been given a new value.
 QString CoordinateText(double value, const QString& asRead) {
   return !asRead.isEmpty() && Val(asRead) == value ? asRead : NumberText(value);
 }
 
-// A line end inside a field would tear the pair of lines apart.
+// Removes line ends: one inside a field would split the line of a record.
 QString OneLine(QString text) {
   return text.remove(u'\r').remove(u'\n');
 }
 
-// A title that a user typed may hold the separator.
+// Removes the separator, which a title that a user has typed may contain.
 QString WithoutStars(QString text) {
   return text.remove(u'*');
 }
@@ -194,8 +194,8 @@ QStringList DropDsstvDuplicates(QList<SiteRec>& sites) {
   return messages;
 }
 
-// Compares an address with the titles in front of it, deliberately across the fields: two WX records with one address
-// are both wanted, and only a title that equals a later record's address drops that record.
+// Compares each record's address with the titles of the records before it, deliberately not with their addresses: two
+// WX records with one address are both wanted, and only a title that equals a later record's address drops that record.
 QStringList DropWxDuplicates(QList<SiteRec>& sites) {
   QHash<QString, QList<qsizetype>> placesOfUrl;
   for (qsizetype i = 0; i < sites.size(); ++i) {
@@ -230,8 +230,8 @@ bool SiteListFile::Source::MayWrite() const {
   return !unreadable || !Exists();
 }
 
-// Pairs of lines. A lost or an additional line costs its own record only: a reader that counted blindly would take
-// every address behind it for a callsign.
+// Reads pairs of lines. A lost or an additional line costs only its own record; a reader that merely counted lines
+// would take every later address for a callsign.
 QList<SiteRec> SiteListFile::Source::Read(Shape shape) {
   unusedLines.clear();
   const std::optional<QString> text = ReadTextFile(path);
@@ -252,7 +252,8 @@ QList<SiteRec> SiteListFile::Source::Read(Shape shape) {
     const QString url = hasUrl ? lines.at(++i) : QString();
     const QStringList fields = line.split(u'*');
     if (IsBlankCall(fields.at(0))) {
-      // Always a pair: a line alone would take the next one for its address in the next run.
+      // Keep a pair even without an address: in the next run a single line would take the line after it for its
+      // address.
       unusedLines.append(line);
       unusedLines.append(url);
       continue;
@@ -309,7 +310,7 @@ void SiteListFile::ReadWxSiteList() {
 QStringList SiteListFile::SaveSiteLists(int layout) {
   QStringList messages = DropDsstvDuplicates(sites_.Sites);
   sites_.StorePageSlots(layout);
-  // An old list that could not be converted would never be tried again if a new one stood beside it.
+  // Write no new list while an old one waits to be converted: once a new one exists, the old one is never tried again.
   if (dsstv_.MayWrite() && !older_.unreadable) {
     WriteSites();
   }

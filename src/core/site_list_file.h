@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The files of the site tables: Omni-Perch.lst, WXsites.lst and the older OmniPerch.lst. Start-up reads them; every
-// save of the state writes the first two. What the program cannot use in them is carried along and written back.
+// save of the state writes the first two. Lines that the program cannot use are kept and written back.
 #pragma once
 
 #include <QString>
@@ -9,6 +9,7 @@
 
 #include "core/site_table.h"
 
+// The three files, and the tables that they fill.
 class SiteListFile {
  public:
   SiteListFile(SiteTable& sites, const QString& appDataDir);
@@ -16,27 +17,29 @@ class SiteListFile {
   bool HasSiteList() const;
   bool HasWxSiteList() const;
 
-  // Turns OmniPerch.lst into Omni-Perch.lst and leaves the old file in place; nothing where there is none. The cams go
-  // into lstCams here and once more when the new file is read: for this run they stand there twice.
+  // Converts OmniPerch.lst into Omni-Perch.lst and leaves the old file in place; does nothing without an old file. The
+  // cams are added to lstCams here and again when the new file is read, so that for this run they are there twice.
   void ConvertOldSiteList();
-  // Omni-Perch.lst into Sites, sorted, with the slots of the layout. A missing file leaves Sites as they are.
+  // Reads Omni-Perch.lst into Sites, sorts them and builds the slots of the layout. Without the file Sites stay as they
+  // are.
   void ReadSiteList(int layout);
-  // WXsites.lst into WxSites, sorted.
+  // Reads WXsites.lst into WxSites and sorts them.
   void ReadWxSiteList();
 
-  // Drops duplicates, takes the masks of the layout back into the records and writes both files. Gives a text for each
-  // record dropped, in the order of their finding. A file that is there and could not be read is left alone.
+  // Drops duplicates, stores the masks of the layout in the records and writes both files. Returns a message for each
+  // record dropped, in the order in which they were found. A file that exists but could not be read is left alone.
   QStringList SaveSiteLists(int layout);
 
-  // What SaveSiteLists writes, from copies of the present tables: for a thread beside the event loop. Duplicates are
-  // left out of the files and stay in the tables, until SaveSiteLists tells of them.
+  // A function that writes the same as SaveSiteLists from copies of the present tables, to be called on another thread.
+  // It leaves duplicates out of the files; they stay in the tables until SaveSiteLists reports them.
   std::function<void()> SaveLater(int layout) const;
 
  private:
   enum class Shape { Dsstv, Wx, Older };
+  // One of the files.
   struct Source {
     QString path;
-    QStringList unusedLines;  // lines that make no record, in their order
+    QStringList unusedLines;  // lines that are not part of a record, in their order
     bool unreadable = false;
 
     bool Exists() const;

@@ -50,14 +50,15 @@ QString ThumbPosEntry(const QString& page, const QString& slot, int siteIndex, c
   return page + u'-' + slot + u'-' + QString::number(siteIndex).rightJustified(3, u'0') + u'-' + call;
 }
 
-// A place PPSS of PageSlots. The digits stay as they stand, since a list entry carries them like that.
+// A token PPSS (page and slot) of PageSlots. Its digits are kept as texts too, because entries of lstThumbPos repeat
+// them.
 struct Place {
   explicit Place(const QString& token)
       : pageText(token.left(2)),
         slotText(token.right(2)),
         page(WholeNumber(Val(pageText))),
         slot(WholeNumber(Val(slotText))) {}
-  // A mask has room for it; other tokens only travel from file to file.
+  // True if a mask can hold it; other tokens are only kept for the file.
   bool Fits() const { return IsDsstvPage(page) && IsSlot(slot); }
 
   QString pageText;
@@ -74,8 +75,8 @@ char16_t Folded(QChar character) {
   return character.toCaseFolded().unicode();
 }
 
-// The order of a list box: letter case does not count, and equal entries stand in character order so that it is total.
-// QString's own comparison is several times slower, which tells in a list of 100,000.
+// The order of a sorted list box: letter case does not count; texts that are equal so are ordered by character.
+// QString's own comparison is several times slower, which shows in a list of 100,000.
 bool ListBoxLess(const QString& a, const QString& b) {
   const qsizetype common = std::min(a.size(), b.size());
   for (qsizetype i = 0; i < common; ++i) {
@@ -88,7 +89,7 @@ bool ListBoxLess(const QString& a, const QString& b) {
   return a.size() != b.size() ? a.size() < b.size() : a < b;
 }
 
-// Ranks of the calls in character order, equal calls with equal ranks, so that the sort compares numbers.
+// Ranks of the calls in character order (equal calls have equal ranks), so that the sort compares numbers.
 std::vector<int> RanksOf(const QList<SiteRec>& records) {
   const auto count = static_cast<std::size_t>(records.size());
   std::vector<int> byCall(count);
@@ -105,9 +106,9 @@ std::vector<int> RanksOf(const QList<SiteRec>& records) {
   return ranks;
 }
 
-// Comb sort with shrink factor 0.65. It is not stable, and the places that it gives to equal calls decide which of two
-// duplicates survives a save: hence this very sort, run over ranks. Its last passes, with a gap of one, are a bubble
-// sort; they would take seconds for a large table, and a stable sort gives the same order.
+// Comb sort with shrink factor 0.65. It is not stable, and the order that it gives equal calls decides which of two
+// duplicates survives a save; so exactly this sort is run over the ranks. Its last passes, with a gap of one, are a
+// bubble sort; they would take seconds for a large table, and a stable sort gives the same order.
 std::vector<int> CombOrder(const QList<SiteRec>& records) {
   const std::vector<int> ranks = RanksOf(records);
   std::vector<int> order(ranks.size());

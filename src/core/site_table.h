@@ -13,8 +13,9 @@ inline constexpr int kDsstvPages = 20;
 inline constexpr int kLayouts = 6;
 inline constexpr int kLastSlot = 36;
 
+// A site of either table; on the WX page Call is its title.
 struct SiteRec {
-  QString Call;                                 // plain zeros; empty: removed, a hole until the next load
+  QString Call;                                 // plain zeros; empty: removed, but in the table until the next load
   QString Url;                                  // may hold "NoDelete"
   std::array<QString, kLayouts + 1> PageSlots;  // by ThumbLayout; index 0 is never used
   double Lat = 0;                               // degrees
@@ -22,12 +23,13 @@ struct SiteRec {
   QString LastSeen;  // date and time of the newest picture, without seconds
   QString CamUrl;
 
-  // What the file held beyond that and goes back into it.
-  QString LatText;  // the field as it stood, where it was no number; empty otherwise
+  // What the file holds beyond that, to be written back.
+  QString LatText;  // the field as read, if it is no number; otherwise empty
   QString LonText;
-  QString MoreFields;  // fields behind those known, each with its "*" in front
+  QString MoreFields;  // fields behind the known ones, each with its "*" in front
 };
 
+// Both tables and the lists that are derived from them.
 class SiteTable {
  public:
   QList<SiteRec> Sites;
@@ -37,17 +39,18 @@ class SiteTable {
   QStringList lstThumbPos;  // sorted; one place of a site on a page each: "PP-SS-NNN-CALL"
   QStringList lstCams;      // sorted; call and state mark "*Y", "*G" or "*R"
 
-  // Comb sort of Sites with their masks by Call in character order; rebuilds lstCalls.
+  // Sorts Sites and their masks by Call in character order, equal calls as comb sort leaves them; rebuilds lstCalls.
   void SortSites();
   void SortWxSites();
   // Fills lstThumbPos and SitePosMask from PageSlots[layout].
   void BuildPageSlots(int layout);
-  // The masks back into PageSlots[layout], pages in rising order, behind them the tokens that no mask can hold.
+  // Writes the masks back into PageSlots[layout], pages in rising order, followed by the tokens that do not fit into a
+  // mask.
   void StorePageSlots(int layout);
 
   // 1-based slot of a site on a page 1 to 20; 0 for none and for the WX page.
   int GetSiteSlot(int siteIndex, int page) const;
-  // Changes the mask only; lstThumbPos has AddThumbPos and RemoveThumbPos.
+  // Changes the mask only; lstThumbPos is changed by AddThumbPos and RemoveThumbPos.
   void SetSiteSlot(int siteIndex, int page, int slot);
   // Removed sites do not count.
   bool PageIsEmpty(int page) const;
@@ -57,18 +60,19 @@ class SiteTable {
   void AddThumbPos(int page, int slot, int siteIndex);
   void RemoveThumbPos(int page, int slot, int siteIndex);
 
-  // Index of an exact call in lstCalls without regard to letter case, or -1; the first of several.
+  // Index in lstCalls of a call, compared as a whole without regard to letter case; the first of several, or -1.
   int FindCall(const QString& call) const;
   // Adds each call with "*Y" (not yet polled) to lstCams.
   void AddCams(const QStringList& calls);
 
  private:
-  // Index of folded call, and the list that it was made from: as long as that shares its data with lstCalls, it holds.
+  // Index by case-folded call, and the lstCalls that it was made from. The index is valid while the two lists share
+  // their data.
   mutable QHash<QString, int> callIndex_;
   mutable QStringList indexedCalls_;
 };
 
-// Url with "NoDelete" taken out, wherever it stands.
+// The address without "NoDelete", which may be anywhere in it.
 QString PlainUrl(const QString& url);
-// Index into Sites of an entry of lstThumbPos; -1 where it is none.
+// The index into Sites in an entry of lstThumbPos; -1 if it has none.
 int SiteOfThumbPos(const QString& entry);

@@ -58,12 +58,12 @@ QString KeyOf(const Row& row, int index) {
   return row.keys == Keys::Indexed ? row.key + QString::number(index) : QString(row.key);
 }
 
-// The section of the vertical offsets has this spelling when it is written; the store does not tell letter cases apart.
+// The section of the vertical offsets is written as "Maptop"; the store ignores letter case when it reads.
 QString WrittenSection(const Row& row) {
   return row.setting == Setting::MapTop ? u"Maptop"_s : QString(row.section);
 }
 
-// Where the nine maps that come with the program lie in their windows until they are dragged, in the order of lstMap.
+// Offsets of the nine maps that come with the program, in the order of lstMap, until the user drags them.
 constexpr std::array<int, StoredSettings::kMaps> kFirstLeft = {0, 0, 0, 0, 0, 0, 0, 0, -303};
 constexpr std::array<int, StoredSettings::kMaps> kFirstTop = {0, -1, -294, -109, -140, 0, -103, -267, -78};
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The one table of what is kept by key: window placement, map offsets, page names, blocked calls and the choices of
-// single windows. Start-up, the saving of the state and those windows read and write the keyed store through it.
+// The one table of the settings in the keyed store: window placement, map offsets, page names, blocked calls and the
+// choices of single windows. Start-up, the saving of the state and those windows read and write the store through it.
 #pragma once
 
 #include <QList>
@@ -12,7 +12,7 @@
 
 #include "platform/settings_store.h"
 
-// Where the main window stood, in pixels.
+// Place of the main window, in pixels of the screen.
 struct WindowPlacement {
   static constexpr int kNormal = 1;
   static constexpr int kMaximized = 3;
@@ -26,6 +26,7 @@ struct WindowPlacement {
   bool IsMaximized() const { return showCmd == kMaximized; }
 };
 
+// The settings.
 enum class Setting {
   PlacementFlags,
   PlacementShowCmd,
@@ -50,6 +51,7 @@ enum class Setting {
   MapModeCheck
 };
 
+// Reads and writes the settings by name.
 class StoredSettings {
  public:
   static constexpr int kMaps = 9;
@@ -65,7 +67,7 @@ class StoredSettings {
   QString Text(Setting setting, int index, const QString& fallback) const;
   void SetText(Setting setting, int index, const QString& value);
 
-  // Nothing where no placement was ever stored.
+  // Nothing if no placement has ever been stored.
   std::optional<WindowPlacement> ReadPlacement() const;
   // A minimized window is stored as a normal one, so that the program never comes back minimized.
   void StorePlacement(const WindowPlacement& placement);
@@ -79,10 +81,10 @@ class StoredSettings {
   void StorePageLabels(const QStringList& labels);
 
   QStringList ReadBlockList() const;
-  // The first ten; the keys behind a shorter list are emptied.
+  // Stores the first ten calls; the other keys are emptied.
   void StoreBlockList(const QStringList& calls);
 
-  // False where the store was not written.
+  // False if the store could not be written.
   bool Save() { return store_.Save(); }
 
  private:

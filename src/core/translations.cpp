@@ -31,7 +31,7 @@ void Translations::Take(const QString& languageName) {
   catalogue_ = std::move(next);
 }
 
-// Empty until the first language, so that Qt tells no window of the installation.
+// Empty until the first language is loaded, so that Qt sends no LanguageChange at the installation.
 bool Translations::isEmpty() const {
   const QReadLocker locker(&lock_);
   return catalogue_ == nullptr;

@@ -1,20 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The words that no language file has a line for, and the texts of Qt's own dialogs, in the language that the user has
-// chosen. The load sequence makes one and hands it each language; all code asks it through tr().
+// The words that the language files do not have, and the texts of Qt's own dialogs, in the user's language. Services
+// makes one and the load sequence hands it each language; all code asks it through tr().
 #pragma once
 
 #include <QReadWriteLock>
 #include <QTranslator>
 #include <memory>
 
-// Installs itself once and for good: installing a translator for each language would send a LanguageChange to all
-// windows for every one that comes and goes. Whoever calls Take tells the windows afterwards, by SendLanguageChange.
+// One translator that is installed for the whole run: installing and removing one for each language would send a
+// LanguageChange to all windows each time. Whoever calls Take informs the windows afterwards by SendLanguageChange.
 class Translations : public QTranslator {
  public:
   Translations();
   ~Translations() override;
 
-  // languageName as in Config; a name that is not one of the eight known ones takes English. No window is told.
+  // Loads a language; languageName as in Config, an unknown one takes English. The windows are not informed.
   void Take(const QString& languageName);
 
   bool isEmpty() const override;

@@ -7,10 +7,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kLongestCall = 7;           // of a clean call
-constexpr qsizetype kShortestReported = 4;      // of a call that may be reported, a mode word included
-constexpr qsizetype kLongestReported = 9;       // the same without the mode word; not the limit of a clean call
-constexpr qsizetype kLongestDroppedPrefix = 3;  // "VE3/" goes, "ABCD/" stays
+constexpr qsizetype kLongestCall = 7;           // characters of a clean call
+constexpr qsizetype kShortestReported = 4;      // characters of a call that may be reported, including a mode word
+constexpr qsizetype kLongestReported = 9;       // the same without the mode word
+constexpr qsizetype kLongestDroppedPrefix = 3;  // characters: "VE3/" is dropped, "ABCD/" stays
 
 // Characters of the Western code page beyond Latin-1 that are letters there.
 constexpr QStringView kCodePageLetters = u"\u0160\u0161\u0152\u0153\u017D\u017E\u0178\u0192\u02C6";
@@ -19,8 +19,8 @@ bool InCodePage(QChar c) {
   return c.unicode() <= 0xFF || kCodePageLetters.contains(c);
 }
 
-// Lists and tails come in the Western code page, so its accented letters are part of a word; a letter of any other
-// alphabet separates, as it would have arrived as a "?".
+// Lists and tails come in the Western code page, so its accented letters are part of a word. A letter of any other
+// alphabet ends a word, as the "?" does as which it would have arrived.
 bool IsAlphaNumeric(QChar c) {
   return InCodePage(c) && c.isLetterOrNumber();
 }
@@ -29,7 +29,8 @@ bool IsDigit(QChar c) {
   return c >= u'0' && c <= u'9';
 }
 
-// One character stays one character, and none leaves the code page (the micro sign would).
+// Upper case character by character, so that the length stays; a character whose upper case is not in the code page
+// (the micro sign) stays.
 QString UpperCased(QString text) {
   for (QChar& c : text) {
     const QChar upper = c.toUpper();
@@ -54,8 +55,8 @@ QString CleanCall(QString& text) {
   if (text.isEmpty() || text == "SWL"_L1) return text;
   text = BlanksTrimmed(UpperCased(text)).replace(u'Ø', u'0');
 
-  // A short first word is a country's prefix or a "DE". A short text without any separator goes the same way, with
-  // nothing behind it: calls of three characters are none.
+  // Drop a short first word, which is a country's prefix or "DE". A short text without any separator is dropped as a
+  // whole: calls of three characters do not exist.
   const qsizetype prefix = LeadingWord(text);
   if (prefix <= kLongestDroppedPrefix) text = BlanksTrimmed(QStringView(text).mid(prefix + 1));
   text.truncate(LeadingWord(text));

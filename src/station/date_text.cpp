@@ -14,8 +14,8 @@ struct DateFields {
   int day = 0;
 };
 
-// Only the first field and its separator tell an order apart: the program's own form is month first, points and dashes
-// come from day-first locales, and a year can only stand in front with four digits.
+// The order of the fields is known only from the first field and the separator: the program's own form is month first,
+// points and dashes come from day-first locales, and a year in front has four digits.
 QDate DateOf(const QString& first, QChar separator, const QString& second, const QString& third) {
   const int a = first.toInt();
   const int b = second.toInt();
@@ -74,7 +74,7 @@ QString DateText(const QDateTime& when) {
 }
 
 QString ShownDate(QDate date, const QLocale& locale) {
-  // "26" behind a day and a month could be any of the three.
+  // A year of two digits could be taken for a day.
   QString format = locale.dateFormat(QLocale::ShortFormat);
   if (!format.contains("yyyy"_L1)) format.replace("yy"_L1, "yyyy"_L1);
   return locale.toString(date, format);

@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// These figures are part of the format: users compare distances with each other's, so a better pi or a better earth
-// would only make them disagree.
+// These constants are part of the format: users compare their distances with each other's, so a better pi or a better
+// earth would only make them disagree.
 constexpr double kPi = 3.14159265;
 constexpr double kRad = kPi / 180;
 constexpr double kEquatorRadius = 6378;  // km
@@ -35,13 +35,13 @@ double Scale(double angle, double factor) {
   return Angle(std::sin(angle) * factor, std::cos(angle));
 }
 
-// 0 where there is no root: between points that are all but one, rounding pushes the cosine above 1.
+// The angle of a cosine. 0 if rounding has pushed the cosine of two almost equal points above 1.
 double CentralAngle(double cosine) {
   const double square = 1 - cosine * cosine;
   return square < 0 ? 0 : Angle(std::sqrt(square), cosine);
 }
 
-// Kilometres along the ellipse between two arcs s and c + s from the great circle's crossing of the equator.
+// Kilometres along the ellipse between the arcs s and c + s, counted from where the great circle crosses the equator.
 double EllipseLength(double g1, double g2, double c) {
   const double s = Angle(std::sin(c) * std::sin(g1), std::sin(g2) - std::cos(c) * std::sin(g1));
   const double t1 = std::sin(s);
@@ -58,11 +58,12 @@ double EllipseLength(double g1, double g2, double c) {
   const double f = 1 / std::sqrt(1 - e);
   const double u1 = Scale(s, f);
   const double u2 = Scale(c + s, f);
-  // A small divisor belongs under the second term; all figures of the program have always been made with the radius.
+  // The exact formula has a small divisor under the second term; all versions of the program have divided by the
+  // radius.
   return kEquatorRadius * ((1 - e / 4) * (u2 - u1) - e * (std::sin(2 * u2) - std::sin(2 * u1)) / kPoleRadius);
 }
 
-// Halves to the even neighbour; 0 for what a 16-bit number cannot hold.
+// Rounds halves to the even neighbour; 0 if the result does not fit into 16 bits.
 double Rounded(double kilometres) {
   const double rounded = std::nearbyint(kilometres);
   return std::abs(rounded) <= std::numeric_limits<qint16>::max() ? rounded : 0;
@@ -88,7 +89,7 @@ DistAz GetDistAz(double lat1, double lon1, double lat2, double lon2, int unit) {
   DistAz result;
   result.distance = Rounded(EllipseLength(g1, g2, c));
   if (unit == kUnitMiles) result.distance = std::floor(result.distance / kKilometresPerMile);
-  // A hair west of north rounds up to the full circle.
+  // An azimuth just west of north may round up to 360.
   if (result.distance != 0) result.azimuth = std::fmod(std::floor(azimuth / kRad), 360);
   return result;
 }
@@ -103,7 +104,7 @@ QString DistAzText(const DistAz& result, int unit, const QLocale& locale) {
 }
 
 QString DistAzText(double myLat, double myLon, double lat, double lon, int unit, const QLocale& locale) {
-  // Without a blank before the direction, as users know it.
+  // There is no blank before the direction here; users know it so.
   if (myLat == lat && myLon == lon) return u"0 "_s + DistUnitText(unit) + u"0° "_s;
   return DistAzText(GetDistAz(myLat, myLon, lat, lon, unit), unit, locale);
 }

@@ -5,8 +5,8 @@
 
 namespace {
 
-// Keeps positions on a border in the field that they begin, whatever their binary form. It is added to whole degrees
-// and minutes before the sign, so that a border south or west of 0 falls into the field beyond it.
+// Degrees and minutes. Keeps a position on a border in the field that begins there, in spite of binary rounding. It is
+// added before the sign, so that a border south or west of 0 belongs to the field beyond it.
 constexpr double kNudge = 0.0001;
 constexpr double kSubSquareLat = 2.5;  // minutes
 constexpr double kSubSquareLon = 5;    // minutes

@@ -7,16 +7,18 @@
 #include <QStringList>
 #include <optional>
 
+// The rows of the file.
 struct NicknameList {
   QStringList lstNicknames;
-  bool Unreadable = false;  // the file is there but could not be read; it is not written over
+  bool Unreadable = false;  // the file exists but could not be read, and is not overwritten
 };
 
-// Rows of nicknames.txt in the data folder; none where the file is missing.
+// The rows of nicknames.txt in the data folder; empty without the file.
 NicknameList ReadNicknames(const QString& appDataDir);
-// Writes every row, also where there was no file before. False: the old file stands, by choice or by failure.
+// Writes every row, also if there was no file before. False: the old file is unchanged, because it was unreadable or
+// the writing failed.
 bool WriteNicknames(const QString& appDataDir, const NicknameList& nicknames);
 
-// Nickname in the first row that begins with the call, without regard to letter case; nothing where there is no such
-// row, or where it holds no nickname. A call that begins a longer one finds that one's row.
+// The nickname in the first row that begins with the call, without regard to letter case; nothing if there is no such
+// row or it has no nickname. A call that is the beginning of a longer one finds the row of that one.
 std::optional<QString> Nickname(const QStringList& lstNicknames, const QString& call);

@@ -37,12 +37,12 @@ int Number(const QString& text) {
   return static_cast<int>(std::clamp(Val(text), -1.0, 1e6));
 }
 
-// Two digits mean this century.
+// Years below 2000 are offsets to 2000.
 int FullYear(int year) {
   return year < 2000 ? year + 2000 : year;
 }
 
-// "24/Mär/24": the day stands in the first two characters, the year behind the last letter.
+// Reads a date such as "24/Mär/24": the day is in the first two characters, the year behind the last letter.
 DateNumbers WordDate(const QString& date) {
   const auto first = std::find_if(date.cbegin(), date.cend(), IsAboveAt);
   const auto last = std::find_if(date.crbegin(), date.crend(), IsAboveAt).base();
@@ -60,7 +60,7 @@ DateNumbers NumericDate(const QString& date) {
 }
 
 QString ShortDate(const DateNumbers& date) {
-  constexpr int kLastYear = 9999;  // five digits are no year, but a time glued to one
+  constexpr int kLastYear = 9999;  // a larger number is a year with the digits of a time behind it
   if (date.year > kLastYear || !QDate::isValid(date.year, date.month, date.day)) return {};
   return u"%1/%2/%3"_s.arg(date.month).arg(date.day).arg(date.year);
 }
@@ -70,8 +70,8 @@ struct MonthRow {
   QStringView words;
 };
 
-// Words of the languages that stations write. Only three letters are compared, so that the rows of four never match;
-// they stay, as the list is kept in step with the one that stations use.
+// Month words of the languages that stations use. Only three letters are compared, so that words of four never match;
+// they stay because the list is kept equal to the one that stations use.
 constexpr std::array<MonthRow, 12> kMonths{{{1, u"Jan janv Jän Ian gen sty ian ene sic"},
                                             {2, u"Feb fév Phe lut fev liu"},
                                             {3, u"Mar maa Mär ber"},
@@ -100,7 +100,7 @@ QString NormaliseDate(const QString& text) {
   QString clock;
   const qsizetype colon = date.indexOf(u':');
   if (colon >= 2) clock = date.mid(colon - 2, kClock);
-  // The clock may follow the date without a blank, once a line end between them is gone.
+  // The time may follow the date without a blank, once a line end between them has been removed.
   if (colon >= 0) date.truncate(std::max<qsizetype>(0, colon - 2));
   date.remove(0, std::find_if(date.cbegin(), date.cend(), IsDigit) - date.cbegin());
   date = date.section(u' ', 0, 0);

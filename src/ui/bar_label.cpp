@@ -7,7 +7,7 @@
 #include <utility>
 
 namespace {
-constexpr int kLeastLetters = 6;  // of an elided caption, before its dots
+constexpr int kLeastLetters = 6;  // letters of an elided caption before its dots
 constexpr int kElidedMargin = 3;  // pixels at each side of an elided caption
 }  // namespace
 
@@ -49,7 +49,7 @@ void BarLabel::SetMoved(bool moved) {
 void BarLabel::setVisible(bool visible) {
   const bool changed = std::exchange(wanted_, visible) != visible;
   QToolButton::setVisible(wanted_ && !moved_);
-  // The toolkit sees no change in a label that is off the bar.
+  // While the label is off the bar, the toolkit sees no change and asks for no new layout.
   if (changed && moved_ && parentWidget() != nullptr) {
     QCoreApplication::postEvent(parentWidget(), new QEvent(QEvent::LayoutRequest));
   }
@@ -69,7 +69,7 @@ QString BarLabel::ShownCaption() const {
   const QFontMetrics metrics(font());
   if (width() >= WholeWidth()) return text().trimmed();
   const QString caption = (brief_.isEmpty() ? text() : brief_).trimmed();
-  // Elided, a text may be found a fraction of a pixel wider than it was measured.
+  // Not through elidedText, which may find a text that just fits a fraction of a pixel too wide.
   if (width() >= BriefWidth()) return caption;
   return metrics.elidedText(caption, Qt::ElideRight, width() - 2 * kElidedMargin);
 }
@@ -88,7 +88,7 @@ void BarLabel::resizeEvent(QResizeEvent* event) {
 }
 
 void BarLabel::keyPressEvent(QKeyEvent* event) {
-  // Only some desktops let Return press a button; here it does what Space does everywhere.
+  // Return presses the label, as Space does; only some desktops' styles do that by themselves.
   if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {
     QToolButton::keyPressEvent(event);
   } else if (!event->isAutoRepeat()) {

@@ -35,7 +35,7 @@ void BaseWindow::keyPressEvent(QKeyEvent* event) {
       return;
     case Qt::Key_Return:
     case Qt::Key_Enter: {
-      // Not every desktop's style lets Return press the button in focus.
+      // Press the focused button too: not every desktop's style lets Return do that.
       auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
       QAbstractButton* button = focused != nullptr ? focused : defaultButton_;
       if (button != nullptr && button->isEnabled()) button->click();

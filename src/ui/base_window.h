@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What every window of the program but Form1 has in common: Escape closes it, Return presses a button, F1 asks for
-// help, its texts follow the language, and it stands whole on the screen of the window that opened it. All such windows
-// derive from it.
+// The base of every window but Form1: Escape closes it, Return presses a button, F1 asks for help, its texts follow the
+// language, and it opens whole on the screen of its opener.
 #pragma once
 
 #include <QWidget>
 
-// A top-level window that deletes itself when it is closed; whoever keeps a pointer to one keeps a QPointer.
+// A top-level window that deletes itself when it is closed; whoever keeps a pointer to it keeps a QPointer.
 class BaseWindow : public QWidget {
   Q_OBJECT
 
@@ -18,7 +17,8 @@ class BaseWindow : public QWidget {
   // Shows every text of the window in the present language. Called when the window is about to show for the first time,
   // and whenever the language changes.
   virtual void ShowTexts() = 0;
-  // Before the first showing come the texts and the place, so that nothing of it is seen to happen.
+  // Before it shows the window for the first time it calls ShowTexts and PlaceWindow, so that the user does not see
+  // them work.
   void setVisible(bool visible) override;
   // The button that Return presses while no other button has the focus.
   void SetDefaultButton(class QAbstractButton* button);
@@ -33,8 +33,8 @@ class BaseWindow : public QWidget {
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  // Where the window goes when it first shows: centred over its opener, whole on that screen. A window whose place is
-  // given puts itself there.
+  // Places the window before it first shows: centred over its opener, whole on that screen. Windows with another given
+  // place override it.
   virtual void PlaceWindow();
 
  private:

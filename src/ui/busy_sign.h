@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// imgRefresh: the turning sign that a poll is under way.
+// imgRefresh: the turning sign in the main window's bar while a poll is under way.
 #pragma once
 
 #include <QTimer>
 #include <QWidget>
 
+// Turns while it is visible.
 class BusySign : public QWidget {
   Q_OBJECT
 

@@ -5,14 +5,14 @@
 
 namespace {
 
-// A validator may rewrite a text before anybody is told of it, and leaves undo and the caret alone.
+// A validator may rewrite a text before textChanged is emitted, and keeps undo and the caret as they are.
 class CallWriter : public QValidator {
  public:
   CallWriter(QChar zeroGlyph, QObject* parent) : QValidator(parent), zeroGlyph_(zeroGlyph) {}
 
   State validate(QString& input, int& caret) const override {
     Q_UNUSED(caret)
-    // Character by character: the upper case of a whole text may have another length.
+    // Character by character, because the upper case of a whole text may have another length.
     for (QChar& c : input) c = c == u'0' ? zeroGlyph_ : c.toUpper();
     return Acceptable;
   }

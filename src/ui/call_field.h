@@ -12,7 +12,7 @@ class CallField : public QLineEdit {
  public:
   CallField(const QString& name, QChar zeroGlyph, QWidget* parent);
 
-  // What the box holds, for screen readers: a label's text, whose colon is left out.
+  // Names the box for screen readers by its label's text, whose colon is left out.
   void SetRole(const QString& label);
   // The text with plain zeros, as it is stored.
   QString Call() const;

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The menus and what their entries do, by name, and the registry of who does it. A folder registers the handlers of its
-// commands; a menu greys the entries that nobody handles. The menus are filled and shown in app/.
+// Names of the menus and of what their entries do, and the registry of handlers. Each folder registers the handlers of
+// its commands; a menu greys the entries whose command nobody handles. The menus are filled and shown in app/.
 #pragma once
 
 #include <QHash>
@@ -10,19 +10,19 @@
 #include <QString>
 #include <functional>
 
-// A menu of the first level by its given number, a sub-menu by its given number and 100.
+// The menus: those of the first level by their given numbers, sub-menus by their given numbers plus 100.
 enum class MenuId : int {
   None = 0,
   Pages = 1,
   Find = 2,
   Alphabet = 3,
   Setup = 4,
-  Picture = 5,   // of a cell: the page's and, cut down, the history's
+  Picture = 5,   // of a cell; the history window has a shorter one
   MapCall = 10,  // of a call on any map
   LookupMaps = 11,
   LookupPicture = 12,
   SignIn = 16,
-  More = 17,  // what the main window's bar has no room for
+  More = 17,  // labels for which the main window's bar has no room
   CamView = 108,
   CamMode = 109,
   RefreshRate = 110,
@@ -34,7 +34,7 @@ enum class MenuId : int {
   Lookups = 132,
 };
 
-// What a menu's entry does. The comment names the menu where the name does not.
+// The commands. A comment names the menu where the command's name does not.
 enum class Command : int {
   None,  // a heading, a text
   ShowPage,
@@ -82,7 +82,7 @@ enum class Command : int {
   ShowCallOnMap,
   ShowCallByCoordinates,
   ShowCallByAddress,
-  // Map windows: who the call is.
+  // Map windows: looks a call up.
   LookUpMapCall,
   CopyOperatorPicture,
   SaveOperatorPictureToDesktop,
@@ -90,16 +90,16 @@ enum class Command : int {
   SaveOperatorPictureAs,
   PrintOperatorPicture,
   SignInOrOut,
-  // Menu of the bar's labels that have no room.
+  // Menu of the labels for which the bar has no room.
   PressBarLabel,
 };
 
-// Which picture a choice is about. The window whose menu or button started the action decides, never another one that
-// happens to be open.
+// The picture that a choice is about: that of the window whose menu or button started the action, never of another
+// window that happens to be open.
 struct PictureSource {
   enum class Window { None, Page, History };
   Window window = Window::None;
-  int slot = -1;  // of that window, from 0
+  int slot = -1;  // slot in that window, from 0
 };
 
 // What a menu is about: the picture in a cell, or the call that a window shows.
@@ -107,12 +107,12 @@ struct MenuSubject {
   PictureSource source;
   QString site;         // call of the site that the picture came from
   QString caller;       // its sender as the cell's fields have it, or the window's call
-  bool empty = true;    // no site stands in the cell
+  bool empty = true;    // there is no site in the cell
   bool hasCam = false;  // the cell shows a cam light
   bool camOnly = false;
   bool weather = false;  // a cell of the weather page
   bool placed = false;   // the call's position is known
-  QString offer;         // what can be done about the login at the callbook service, in words
+  QString offer;         // text of the SignInOffer of the lookup window
 };
 
 // One choice from a menu. index is the entry's place in its menu, from 0; text the entry as it was shown.
@@ -124,15 +124,15 @@ struct MenuChoice {
   QPointer<QObject> owner;  // window whose menu it was
 };
 
-// Who does what. One for the program.
+// The registry of handlers. There is one for the program.
 class Commands {
  public:
   using Handler = std::function<void(const MenuChoice&)>;
 
-  // The handler is gone with its context; a later one for the same command takes its place.
+  // The handler is removed with its context; a later handler of the same command replaces it.
   void Register(Command command, QObject* context, Handler handler);
   bool Handles(Command command) const;
-  // Nothing for a command without a handler.
+  // Calls the handler of the choice's command; does nothing without one.
   void Do(const MenuChoice& choice) const;
 
  private:

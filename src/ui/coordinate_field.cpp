@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Pages and maps write their minus as a sign of its own, and blanks come with whatever is pasted.
+// Accepts the minus sign (U+2212) that pages and maps use, and drops blanks of a pasted text.
 class CoordinateWriter : public QValidator {
  public:
   using QValidator::QValidator;
@@ -53,7 +53,7 @@ QString CoordinateField::Stored() const {
 }
 
 void CoordinateField::keyPressEvent(QKeyEvent* event) {
-  // Only the program may say where a coordinate comes from.
+  // Only the program may write the mark.
   if (event->text() == "*"_L1) return;
   QLineEdit::keyPressEvent(event);
 }

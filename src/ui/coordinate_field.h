@@ -6,19 +6,19 @@
 #include <QLabel>
 #include <QLineEdit>
 
-// Decimal degrees. Takes digits, "-", "." and ","; a comma counts as a point. A "*" at the end, which only the program
-// writes, marks a coordinate that does not come from the service.
+// A box for decimal degrees. Takes digits, "-", "." and ","; a comma counts as a point. A "*" at the end, which only
+// the program writes, marks a coordinate that does not come from the service.
 class CoordinateField : public QLineEdit {
   Q_OBJECT
 
  public:
   CoordinateField(const QString& name, QWidget* parent);
 
-  // What the box holds, for screen readers: a label's text, whose colon is left out.
+  // Names the box for screen readers by its label's text, whose colon is left out.
   void SetRole(const QString& label);
-  // Degrees, north and east positive; 0 is written as "0".
+  // Writes degrees, north and east positive; 0 as "0". derived: adds the "*".
   void SetCoordinate(double degrees, bool derived = false);
-  // The leading number of the text; 0 without one.
+  // The number that the text begins with, in degrees; 0 without one.
   double Degrees() const;
   // The text with points for commas, as the call database stores it.
   QString Stored() const;
@@ -28,7 +28,7 @@ class CoordinateField : public QLineEdit {
   void keyPressEvent(QKeyEvent* event) override;
 };
 
-// Visible while one of the two boxes holds a coordinate with the mark. Its text is up to the window.
+// The note, visible while one of the two boxes holds a marked coordinate. The window sets its text.
 class CoordinateNote : public QLabel {
   Q_OBJECT
 

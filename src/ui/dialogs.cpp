@@ -24,7 +24,7 @@ bool Dialogs::AskRetry(QWidget* parent, const QString& text) {
 
 QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter) {
   QFileDialog dialog(parent, Program::Title(), folder, filter);
-  // The desktop's own speaks the language of the desktop.
+  // The desktop's own dialog would be in the language of the desktop.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setDefaultSuffix(filter.section("(*."_L1, 1).section(u')', 0, 0).section(u' ', 0, 0));

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QWidget>
 
+// Shows the boxes; a test overrides it.
 class Dialogs {
  public:
   Dialogs() = default;
@@ -12,12 +13,12 @@ class Dialogs {
   Dialogs& operator=(const Dialogs&) = delete;
   virtual ~Dialogs() = default;
 
-  // A message with the title "Omni-Perch"; returns when it has been read.
+  // Shows a message titled "Omni-Perch"; returns when the user has closed it.
   virtual void Inform(QWidget* parent, const QString& text, bool exclamation);
-  // A question with Retry and Cancel; true for Retry.
+  // Asks a question with the buttons Retry and Cancel; true for Retry.
   virtual bool AskRetry(QWidget* parent, const QString& text);
-  // Path of a file to be written, in folder and called name unless the user wants it otherwise; the user has agreed to
-  // replace one that is there. filter as in "bmp files (*.bmp)": its first ending is added to a name without one. Empty
-  // when cancelled.
+  // Asks for the path of a file to be written; folder and name are the suggestion. The user has agreed to replace an
+  // existing file. filter as in "bmp files (*.bmp)": its first ending is added to a name without one. Empty if
+  // cancelled.
   virtual QString AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter);
 };

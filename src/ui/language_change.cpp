@@ -6,14 +6,14 @@
 #include <QWidget>
 
 void SendLanguageChange() {
-  // A window passes the event to its children, windows among them. An event to the application would go to every
-  // window besides, so that one with an owner would write its texts twice.
+  // Send it only to windows without an owner, which pass it to their children, other windows among them. An event to
+  // the application would go to every window as well, so that one with an owner would write its texts twice.
   QList<QPointer<QWidget>> withoutOwner;
   for (QWidget* window : QApplication::topLevelWidgets()) {
     if (window->parentWidget() == nullptr) withoutOwner += window;
   }
   for (const QPointer<QWidget>& window : withoutOwner) {
-    // A window may have been closed by the texts of one before it.
+    // A window may have been closed while an earlier one wrote its texts.
     if (!window) continue;
     QEvent change(QEvent::LanguageChange);
     QApplication::sendEvent(window, &change);

@@ -40,8 +40,8 @@ int AccessibleMenuOwner::indexOfChild(const QAccessibleInterface* child) const {
 
 void AccessibleMenuOwner::Install() {
   QAccessible::installFactory([](const QString& className, QObject* object) -> QAccessibleInterface* {
-    // Asked for its last class, it is a window that no other interface claims. One may be asked for before it has made
-    // its menu, and keeps the interface that it gets then.
+    // Qt asks for each class of an object up to QWidget, so at "QWidget" no other interface has claimed the window.
+    // Take windows without a menu too: an interface may be asked for before the window has made its menu, and is kept.
     if (className != "QWidget"_L1) return nullptr;
     auto* widget = qobject_cast<QWidget*>(object);
     return widget != nullptr && widget->isWindow() ? new AccessibleMenuOwner(widget) : nullptr;

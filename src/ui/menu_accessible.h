@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Puts a window's open menu into the accessible tree, below the window that it belongs to; Qt leaves pop-ups out by
-// itself. main installs it once.
+// Puts a window's open menu into the accessible tree, below its window; Qt leaves pop-up menus out. main installs it
+// once.
 #pragma once
 
 #include <QAccessibleWidget>
 
+// The accessible interface of a window with a menu.
 class AccessibleMenuOwner : public QAccessibleWidget {
  public:
   explicit AccessibleMenuOwner(QWidget* window);
@@ -14,7 +15,7 @@ class AccessibleMenuOwner : public QAccessibleWidget {
   QAccessibleInterface* child(int index) const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
 
-  // Serves every window that is a plain QWidget; to be called before the first window.
+  // Has Qt use this interface for every window that is a plain QWidget; to be called before the first window.
   static void Install();
 
  private:

@@ -10,9 +10,9 @@
 // An entry and its place in the menu.
 struct MenuEntry {
   QString text;                     // as shown, outer blanks included
-  Command command = Command::None;  // of one that opens a sub-menu: what the sub-menu's entries do
+  Command command = Command::None;  // of an entry with a sub-menu: the command of the sub-menu's entries
   int index = 0;                    // place in its menu, from 0, which the handlers get
-  MenuId subMenu = MenuId::None;    // that it opens
+  MenuId subMenu = MenuId::None;    // the sub-menu that the entry opens
   bool separatorBefore = false;
   bool separatorAfter = false;
   bool hasCheck = false;  // can carry a check mark

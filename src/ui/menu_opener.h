@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// How a window opens one of its menus without knowing what stands in it. app/ fills and shows them.
+// The interface by which a window opens one of its menus without knowing its entries. WindowMenus in app/ fills and
+// shows them.
 #pragma once
 
 #include <QPoint>
@@ -8,16 +9,17 @@
 
 #include "ui/commands.h"
 
-// A menu that is wanted.
+// The menu to be opened.
 struct MenuRequest {
   MenuId menu = MenuId::None;
   MenuSubject subject;
   QWidget* owner = nullptr;  // window that the menu belongs to
-  QString name;              // for screen readers: what was clicked
-  QPoint at;                 // on the screen
-  bool byKeyboard = false;   // its first entry is selected
+  QString name;              // accessible name of the menu: what was clicked
+  QPoint at;                 // its corner, on the screen
+  bool byKeyboard = false;   // true: the first entry is to be selected
 };
 
+// Opens the menus of all windows.
 class MenuOpener {
  public:
   virtual ~MenuOpener() = default;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kSubMenuOverlap = 30;    // pixels
 constexpr int kMonitorMargin = 4;      // pixels
-constexpr double kCheckStroke = 0.14;  // of the check mark's side
+constexpr double kCheckStroke = 0.14;  // line width as a part of the check mark's side
 constexpr std::chrono::milliseconds kTick = 500ms;
 constexpr std::chrono::milliseconds kTypingPause = 1s;
 
@@ -40,7 +40,7 @@ class PopupStyle : public QProxyStyle {
                    const QWidget* widget) const override {
     const auto* row = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (element == CE_MenuItem && row != nullptr && !row->checked) {
-      // A mark where a setting is on, and no empty box where it is not.
+      // Draw a check mark for a setting that is on, but no empty box for one that is off.
       QStyleOptionMenuItem plain(*row);
       plain.checkType = QStyleOptionMenuItem::NotCheckable;
       QProxyStyle::drawControl(element, &plain, painter, widget);
@@ -67,7 +67,7 @@ class PopupStyle : public QProxyStyle {
   }
 };
 
-// Text as a menu row takes it: "&" and tabs have a meaning there that no text of ours has.
+// A text as a menu row needs it: without the special meaning of "&" and tabs, which our texts do not use.
 QString RowText(const QString& text, const QFontMetrics& metrics, int widest) {
   QString shown = metrics.elidedText(text, Qt::ElideRight, widest);
   for (QChar& c : shown) {
@@ -88,7 +88,7 @@ MenuWindow::MenuWindow(QWidget* parent) : QMenu(parent) {
 }
 
 QAction* MenuWindow::MakeRow(const MenuEntry& entry) {
-  // A name longer than the monitor is wide would push the sub-menus off it.
+  // A row wider than half the monitor would leave no space for the sub-menus.
   auto* row = new QAction(RowText(entry.text, fontMetrics(), screen()->availableGeometry().width() / 2), this);
   row->setCheckable(entry.hasCheck);
   row->setChecked(entry.checked);
@@ -97,7 +97,7 @@ QAction* MenuWindow::MakeRow(const MenuEntry& entry) {
 }
 
 void MenuWindow::MakeRows(const QList<MenuEntry>& entries) {
-  // The row that has just been chosen may be among those of the last time, and is still in use then.
+  // Delete former rows later: the row that was just chosen may be among them and still in use.
   const QList<QAction*> old = actions();
   for (QAction* row : old) {
     removeAction(row);
@@ -127,14 +127,14 @@ void MenuWindow::keyPressEvent(QKeyEvent* event) {
     return;
   }
   QMenu::keyPressEvent(event);
-  // Stepping up from the first row of a long menu selects the last without scrolling to it.
+  // QMenu does not scroll to the last row when the user steps up to it from the first row of a long menu.
   QAction* row = activeAction();
   if (isVisible() && row != nullptr && row->menu() == nullptr && !rect().contains(actionGeometry(row))) {
     setActiveAction(row);
   }
 }
 
-// Selects the next row that begins with what has been typed; the same letter again goes on to the one behind.
+// Selects the next row that begins with the typed text; the same letter again selects the next such row.
 void MenuWindow::FindTyped(const QString& text) {
   typedTimer_.start();
   if (typed_.compare(text, Qt::CaseInsensitive) != 0) typed_ += text;
@@ -150,7 +150,8 @@ void MenuWindow::FindTyped(const QString& text) {
   }
 }
 
-// As arrow keys select: to set the active row would open its sub-menu at once, and the next key would be lost in there.
+// Selects by simulated arrow keys, because setActiveAction would open the row's sub-menu at once, and the sub-menu
+// would take the next key.
 void MenuWindow::SelectByKeys(const QAction* row) {
   for (qsizetype step = 0; step < rows_.size() && activeAction() != row; ++step) {
     QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
@@ -198,7 +199,7 @@ void frmMenu::OpenAt(const QPoint& globalPoint, Opener opener) {
   if (Rows().isEmpty()) return;
   const QScreen* monitor = QGuiApplication::screenAt(globalPoint);
   if (monitor == nullptr) monitor = screen();
-  // A menu that fills the monitor would come out a pixel too long.
+  // A menu exactly as high as the monitor would come out a pixel too high.
   setMaximumHeight(monitor->geometry().height() - kMonitorMargin);
   popup(globalPoint);
   KeepPointer();
@@ -213,8 +214,8 @@ void frmMenu::OpenAt(const QPoint& globalPoint, Opener opener) {
   }
 }
 
-// A pointer that has not moved since the menu opened or since the last key has left nothing: whoever works by keyboard
-// would lose the menu at the next tick otherwise.
+// Remembers the pointer's place. MenusTick ignores a pointer that has not moved since the menu opened or since the last
+// key; otherwise somebody who works by keyboard would lose the menu at the next tick.
 void frmMenu::KeepPointer() {
   restingPointer_ = QCursor::pos();
 }
@@ -238,8 +239,9 @@ void frmMenu::MenusTick() {
 }
 
 void frmMenu::Dispatch(QAction* action) {
-  // A mouse or a key has closed the menus by now; a press from a screen reader or a switch has not, and the window
-  // that the choice opens would be without keyboard behind them. Such a press may be on a row with a sub-menu, too.
+  // A mouse click or a key has closed the menus by now; a press by a screen reader or a switch has not, and then the
+  // menu would keep the keyboard from the window that the choice opens. Such a press may also be on a row with a
+  // sub-menu.
   if (action->menu() != nullptr) {
     setActiveAction(action);
     return;
@@ -250,7 +252,7 @@ void frmMenu::Dispatch(QAction* action) {
     if (entry == nullptr) entry = menu->EntryOf(action);
   }
   if (entry == nullptr) return;
-  // A copy: the handler may make this menu anew.
+  // Copy it: the handler may rebuild this menu.
   const MenuEntry chosen = *entry;
   Q_EMIT Chosen(chosen);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// frmMenu and frmSubMenu, the pop-up menus of all windows: built from plain entries, native in look and keys, closed
-// when the pointer leaves them. A window makes one frmMenu in its constructor and opens it again and again.
+// frmMenu and frmSubMenu, the pop-up menus of all windows: built from plain entries, with the desktop's appearance and
+// keys, closed when the pointer leaves them. WindowMenus makes one frmMenu for each window and opens it again and
+// again.
 #pragma once
 
 #include <QMenu>
@@ -9,7 +10,7 @@
 
 #include "ui/menu_entry.h"
 
-// What both levels share.
+// The base of menus of both levels.
 class MenuWindow : public QMenu {
   Q_OBJECT
 
@@ -24,7 +25,7 @@ class MenuWindow : public QMenu {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
-  // Rows in the order of entries; those of the last time go.
+  // Makes the rows in the order of entries; former rows are removed.
   void MakeRows(const QList<MenuEntry>& entries);
   const QList<QAction*>& Rows() const { return rows_; }
 
@@ -39,6 +40,7 @@ class MenuWindow : public QMenu {
   QTimer typedTimer_;
 };
 
+// A menu of the second level.
 class frmSubMenu : public MenuWindow {
   Q_OBJECT
 
@@ -47,29 +49,30 @@ class frmSubMenu : public MenuWindow {
   void MakeMenu(const QList<MenuEntry>& entries) { MakeRows(entries); }
 };
 
+// A menu of the first level.
 class frmMenu : public MenuWindow {
   Q_OBJECT
 
  public:
-  // Entries of a sub-menu.
+  // Gives the entries of a sub-menu.
   using SubMenuTable = std::function<QList<MenuEntry>(MenuId)>;
   enum class Opener { Pointer, Keyboard };
 
   explicit frmMenu(QWidget* parent);
 
-  // Closes an open menu and builds the rows of a new one, sub-menus included. Its accessible name is up to the caller.
+  // Closes an open menu and builds the rows of a new one, sub-menus included. The caller sets its accessible name.
   void MakeMenu(const QList<MenuEntry>& entries, const SubMenuTable& subMenus = {});
-  // Shows the menu with its corner at a point of the screen, moved as far as its monitor asks for; closes any other
-  // one. A menu without entries stays shut. One opened by keyboard has its checked or first entry selected.
+  // Shows the menu with its corner at a point of the screen, moved so that it fits on the monitor; closes any other
+  // menu. A menu without entries stays closed. Opener::Keyboard selects the checked entry, or else the first.
   void OpenAt(const QPoint& globalPoint, Opener opener = Opener::Pointer);
 
-  // What tmrMenus does every 500 ms: closes the menus when the pointer is in neither and no button is held.
+  // The tick of tmrMenus, every 500 ms: closes the menus if the pointer is in none of them and no button is held.
   void MenusTick();
 
   QTimer tmrMenus;
 
  Q_SIGNALS:
-  // An entry of this menu or of a sub-menu; both menus are closed by then.
+  // An entry of this menu or of a sub-menu was chosen; the menus are closed by then.
   void Chosen(const MenuEntry& entry);
   void AboutToClose();
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A stranger's text as a tool tip. Every window that shows in a tip what a page, a caption or a user wrote asks here.
+// A stranger's text as a tool tip. Every window uses it for tips with texts from a page, a caption or a user.
 #pragma once
 
 #include <QString>
 
-// The text for setToolTip: shown as it stands, whatever it looks like. A tip takes a text with tags for rich text and
-// any other as plain, so that escaping each text would show "&amp;".
+// The argument for setToolTip that shows a text as it is. A tip takes a text with tags for rich text and any other for
+// plain text, so that escaping every text would show "&amp;".
 QString PlainTip(const QString& text);

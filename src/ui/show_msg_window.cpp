@@ -24,12 +24,12 @@ frmShowMsg::frmShowMsg(int guiMode, QWidget* over)
 }
 
 void frmShowMsg::ShowMsg(const QString& text, const QColor& colour) {
-  QPalette look = palette();
-  look.setColor(QPalette::Window, colour);
-  look.setColor(QPalette::WindowText, qGray(colour.rgb()) > 110 ? Qt::black : Qt::white);
-  setPalette(look);
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, colour);
+  colours.setColor(QPalette::WindowText, qGray(colour.rgb()) > 110 ? Qt::black : Qt::white);
+  setPalette(colours);
   setAutoFillBackground(true);
-  lblMsg_.setPalette(look);
+  lblMsg_.setPalette(colours);
   lblMsg_.setText(text);
   lblMsg_.setAccessibleName(text.trimmed());
   setAccessibleName(text.trimmed());

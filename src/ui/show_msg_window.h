@@ -6,14 +6,15 @@
 #include <QLabel>
 #include <QWidget>
 
+// The message window.
 class frmShowMsg : public QWidget {
   Q_OBJECT
 
  public:
-  // guiMode: 0 to 3, gives the font's size.
+  // guiMode: 0 to 3, determines the font's size. over: the main window.
   frmShowMsg(int guiMode, QWidget* over);
 
-  // Shows the text on the colour, centred over the main window, until hidden.
+  // Shows the text on a background of this colour, centred over the main window, until the window is hidden or deleted.
   void ShowMsg(const QString& text, const QColor& colour);
 
  private:

@@ -8,7 +8,7 @@
 
 namespace {
 constexpr int kGap = 4;
-constexpr int kSides = 8;  // of a frame, left and right together
+constexpr int kSides = 8;  // pixels of a frame, left and right together
 }  // namespace
 
 QRect MonitorAt(const QPoint& at) {
@@ -18,8 +18,8 @@ QRect MonitorAt(const QPoint& at) {
 }
 
 QSize FrameOf(const QWidget* window) {
-  const QSize told = window->frameSize() - window->size();
-  if (!told.isEmpty()) return told;
+  const QSize known = window->frameSize() - window->size();
+  if (!known.isEmpty()) return known;
   return {kSides, window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window) + kSides};
 }
 

@@ -1,17 +1,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Where small windows stand: beside what was clicked or over the pointer, always whole on one monitor. The lookup
-// window and the picture window ask before they show themselves.
+// The place of small windows: beside the clicked rectangle or over the pointer, always whole on one monitor. The lookup
+// window, the picture window and BaseWindow use it before they show.
 #pragma once
 
 #include <QRect>
 #include <QSize>
 #include <QWidget>
 
-// Free part of the monitor at a point of the screen; of the first monitor for a point outside all.
+// The part of the monitor at a point of the screen that is free of panels; of the first monitor if the point is outside
+// all.
 QRect MonitorAt(const QPoint& at);
-// What the desktop puts around a window; a fair guess until it has been shown once.
+// Width and height that the desktop's frame adds to a window; an estimate until the window has been shown.
 QSize FrameOf(const QWidget* window);
-// A place, frame included, moved as far as the monitor at a point asks for.
+// A rectangle, frame included, moved so that it is whole on the monitor at a point.
 QRect KeptOnMonitor(const QRect& place, const QPoint& at);
-// Top left corner for a frame of that size: below what was clicked, above it where there is no room below.
+// Top left corner for a window of this size (frame included): below the clicked rectangle, or above it if there is no
+// space below.
 QPoint PlaceBeside(const QSize& frame, const QRect& clicked);
