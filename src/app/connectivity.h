@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Asks once whether the Internet can be reached: the root page of a well-known server. The main window runs it as it
-// loads, and again when the user says so.
+// Tests whether the Internet can be reached by reading the root page of a well-known server. The main window runs the
+// test as it loads, and again when the user asks for it.
 #pragma once
 
 #include <QObject>
@@ -9,11 +9,13 @@
 
 #include "platform/net/url_reader.h"
 
+// One test at a time.
 class ConnectivityTest : public QObject {
   Q_OBJECT
 
  public:
-  // host: scheme and authority; empty means that there is none, and every test fails.
+  // host: scheme and authority; empty: there is none, and every test fails. patience: without an answer by then the
+  // test fails.
   ConnectivityTest(UrlNetwork& network, const QString& host,
                    std::chrono::milliseconds patience = std::chrono::seconds(15), QObject* parent = nullptr);
 

@@ -13,9 +13,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNoCamMinutes = 6;  // a minute count from here on never comes to five
+constexpr int kNoCamMinutes = 6;  // CamMinuteCount from here on never reaches five, so no cam round falls due
 
-// In alphabetical order, which the stored offsets of the maps follow; "uk map.jpg" stands where "UK Map.jpg" would.
+// In alphabetical order, because the stored offsets of the maps are in that order; letter case is ignored, so that "uk
+// map.jpg" takes the place of "UK Map.jpg".
 QStringList FilesOf(const QString& folder) {
   return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name | QDir::IgnoreCase);
 }
@@ -84,7 +85,7 @@ LoadStop LoadSequence::ReadLists() {
 
 void LoadSequence::MakeFolders() {
   const QDir data(program_.AppDataDir);
-  // Without its thumbs what the heights remember is worthless.
+  // Heights without thumbs are useless: they would keep the pictures from being fetched again.
   if (!data.exists(u"images/dsstv/thumbs"_s)) {
     QFile::remove(ResolvePath(program_.AppDataDir, u"images/dsstv/ckNewHeight.txt"_s));
   }
@@ -97,7 +98,8 @@ void LoadSequence::MakeFolders() {
 void LoadSequence::FindMaps() {
   program_.lstMap.clear();
   for (const QString& name : FilesOf(ResolvePath(program_.AppDataDir, u"Maps"_s))) {
-    // Entries keep their extension; a folder from a system that does not tell cases apart may spell them in any.
+    // lstMap keeps the extension. The case of letters is ignored, as a folder copied from another system may spell
+    // names in any.
     const QString map = name.chopped(std::min<qsizetype>(4, name.size()));
     if (map.endsWith("Map"_L1, Qt::CaseInsensitive)) program_.lstMap.append(name);
   }

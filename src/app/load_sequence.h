@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What is read between the making of the main window and its first poll, in one fixed order, and what is written when
-// it closes. The main window runs the steps and shows what they ask to be shown.
+// Reads the stored state in one fixed order between the making of the main window and its first poll, and writes it
+// when that window closes. The main window runs the steps and shows the messages that they return.
 #pragma once
 
 #include <QMutex>
@@ -24,42 +24,43 @@ struct LoadStop {
   explicit operator bool() const { return !message.isEmpty(); }
 };
 
+// The steps of loading and of writing back.
 class LoadSequence {
  public:
   LoadSequence(Program& program, Translations& translations, HeightTable& heights, SettingsStore& store,
                const Clock& clock);
 
-  // Folders, heights, maps, languages, configuration, page labels. anotherRuns: nothing is made, deleted or written,
-  // and the stop is the already-running message at its place.
+  // Makes folders; reads heights, maps, languages, configuration, page labels. anotherRuns: makes, deletes and writes
+  // nothing, and stops with the already-running message once a language is loaded.
   LoadStop ReadSettings(bool anotherRuns);
-  // Site lists, save folder, blocked calls, nicknames.
+  // Reads site lists, save folder, blocked calls, nicknames.
   LoadStop ReadLists();
 
-  // Everything back, in the order of the closing sequence; placement is missing while the window is not visible.
-  // sendClosed tells the companion program, inform shows a duplicate message.
+  // Writes everything back in the order of the closing sequence. placement: nothing while the window is not visible.
+  // sendClosed informs the companion program, inform shows a message about duplicate sites.
   void WriteState(const std::optional<WindowPlacement>& placement, const std::function<void()>& sendClosed,
                   const std::function<void(const QString&)>& inform);
-  // Removes what a picture tool that was killed has left half-written beside its pictures.
+  // Removes half-written pictures that a decoder job has left when it was cut short.
   void CleanTemporaryFiles() const;
-  // Writes what a poll changes, the dates of the sites' pictures and the heights, beside the event loop: a machine that
-  // goes down loses one poll at most. Nothing is written where nothing has changed since.
+  // Writes what a poll has changed (the dates of the sites' pictures, the heights) beside the event loop, so that a
+  // crash of the machine loses one poll at most. Writes nothing if nothing has changed since the last time.
   void SaveAfterPoll(Background& background, QObject* context);
-  // State, heights and nicknames at once and without a word.
+  // Writes state, heights and nicknames at once and shows no message.
   void WriteNow(const std::optional<WindowPlacement>& placement);
-  // SaveAllState alone, for callers that rebuild the tables.
+  // SaveAllState alone, for a caller that will rebuild the site tables.
   void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
 
-  // Takes another language: its file, then its translations, and the default page labels in it. The windows are still
-  // to be told. A message to be shown, or nothing.
+  // Changes the language: reads its file, loads its translations, and renames the default page labels. The caller has
+  // to inform the windows. Returns a message to be shown, or an empty text.
   QString ChangeLanguage(const QString& name);
-  // What the language file of the start had to be warned of; empty where it was right or missing.
+  // The warning about the language file that was read at start; empty if the file was right or missing.
   QString LanguageMessage() const { return languageMessage_; }
 
   std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
 
  private:
-  // Jobs of SaveAfterPoll write under the mutex, and not at all once the state has been written by somebody else: what
-  // they hold is older.
+  // Shared with the jobs of SaveAfterPoll. A job writes under the mutex, and only while its number is the newest: once
+  // somebody else has written the state, the job's copy is out of date.
   struct Writing {
     QMutex mutex;
     int newest = 0;
@@ -80,10 +81,10 @@ class LoadSequence {
   std::optional<WindowPlacement> placement_;
   QString languageMessage_;
   std::shared_ptr<Writing> writing_ = std::make_shared<Writing>();
-  QStringList written_;  // what SaveAfterPoll wrote last
+  QStringList written_;  // heights and dates that SaveAfterPoll wrote last
 };
 
-// Twips a pixel: below 10 or above 20 no screen reports the truth, and 15 is taken.
+// A plausible number of twips a pixel: 15 for values below 10 or above 20, which no real screen has.
 int ClampTwips(int twips);
-// UTC hour less local hour of one instant, not wrapped at midnight: -20 can stand for +4.
+// UTC hour minus local hour, not wrapped at midnight: -20 may mean +4.
 int UtcOffset(const QDateTime& local);

@@ -18,11 +18,12 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr std::chrono::milliseconds kShowAtLast = 250ms;  // the window waits no longer for the connection's answer
-constexpr QSize kFrameGuess(2, 32);                       // the decoration is not known before the first show
+// Show the window at the latest now, with or without the answer of the connection test.
+constexpr std::chrono::milliseconds kShowAtLast = 250ms;
+constexpr QSize kFrameGuess(2, 32);  // pixels; the real decoration is unknown before the first show
 constexpr QColor kClosingGreen(0, 255, 0);
 
-// Twips a pixel as the screen reports it; what no screen has becomes 15.
+// Twips a pixel as the screen reports it; 15 for implausible values.
 int TwipsPerPixel(double dotsPerInch) {
   const int twips = dotsPerInch > 0 ? static_cast<int>(std::lround(1440 / dotsPerInch)) : 0;
   return ClampTwips(twips);
@@ -51,14 +52,14 @@ Form1::Form1(Services& services)
   showTimer_.setSingleShot(true);
   showTimer_.setInterval(kShowAtLast);
   services_.tool.WarmUp();
-  ConnectParts();
+  ConnectSignals();
   RegisterCommands();
   ConnectHover();
 }
 
 Form1::~Form1() = default;
 
-void Form1::ConnectParts() {
+void Form1::ConnectSignals() {
   connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
@@ -66,10 +67,11 @@ void Form1::ConnectParts() {
   connect(undoLine_, &UndoLine::Pressed, &logic_.sites, &PageSites::Undo);
   connect(&logic_.sites, &PageSites::UndoableChanged, this, [this]() {
     undoLine_->SetChange(logic_.sites.Undoable());
-    PlaceParts();
+    PlaceChildren();
   });
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
+  connect(windows_.get(), &Windows::LookupStatusChanged, menus_, &WindowMenus::SetLookupStatus);
 }
 
 void Form1::RegisterCommands() {
@@ -117,13 +119,14 @@ void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
   if (cell == nullptr) return;
   const QRect place(cell->mapTo(this, QPoint(0, 0)), cell->size());
   picToolTip_->ShowTip(text, place, picAll_->FontPixels());
-  const int tip = ++tips_;
+  const Wanted::Token token = tipPicture_.Ask();
   if (picturePath.isEmpty()) return;
   PictureOptions options;
-  options.wanted = [this, tip]() { return tip == tips_; };
-  const auto viewed = [this, tip](const PictureAnswer& answer) {
-    const bool current = tip == tips_;  // another tip may have opened meanwhile
-    if (current && answer.ok && !answer.frames.isEmpty()) picToolTip_->ShowPicture(answer.frames.first().image);
+  options.wanted = [token]() { return token.StillWanted(); };
+  const auto viewed = [this, token](const PictureAnswer& answer) {
+    // Another tip may have opened meanwhile.
+    if (token.StillWanted() && answer.ok && !answer.frames.isEmpty())
+      picToolTip_->ShowPicture(answer.frames.first().image);
   };
   services_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, viewed, options);
 }
@@ -148,7 +151,7 @@ bool Form1::Load(bool anotherRuns) {
   ShowTexts();
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
-  // Their windows are not built yet; each is enabled when its window comes.
+  // These labels open windows that do not exist yet; each is enabled when its window is added.
   for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblOnAirNow, pic_->lblPropagation}) {
     part->setEnabled(false);
   }
@@ -159,7 +162,7 @@ bool Form1::Load(bool anotherRuns) {
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
   ApplyPlacement();
-  // The page stands from the disk at once, whatever the connection says.
+  // Show the page from the disk at once, without waiting for the connection test.
   logic_.poll.ShowStoredPage();
   connectivity_.Run();
   showTimer_.start();
@@ -183,7 +186,8 @@ void Form1::ShowWindow() {
 void Form1::ConnectionAnswered(bool reached) {
   if (closing_ != Closing::No) return;
   if (!reached) {
-    // A network that says no at once is asked about before the window shows; the window does not wait for a silent one.
+    // If the test fails at once, the question comes before the window shows; a test that takes long does not hold the
+    // window back.
     repaint();
     if (dialogs_.AskRetry(isVisible() ? this : nullptr, program_.language[TextLine::kConnectivityQuestion])) {
       connectivity_.Run();
@@ -198,7 +202,7 @@ void Form1::ConnectionAnswered(bool reached) {
 }
 
 void Form1::AskTime() {
-  // Asked whether or not the connection stands; an answer under key "20" tells the time.
+  // Asked with or without a connection; the answer comes under the key "20".
   if (!services_.run.hosts.Time.isEmpty())
     logic_.ucUpdates.DownloadFile(services_.run.hosts.Time + u"/cgi-bin/timer.pl"_s, u"20"_s);
 }
@@ -220,8 +224,8 @@ void Form1::ApplyPlacement() {
   if (!placement) return;
   const QPoint corner = placement->normal.topLeft();
   const QScreen* monitor = QGuiApplication::screenAt(corner + QPoint(40, 10));
-  if (monitor == nullptr) return;  // a place on a monitor that is gone is no place
-  // A window that was made for a larger screen is moved until all of it can be seen.
+  if (monitor == nullptr) return;  // the monitor of the stored place is gone
+  // A window that was placed on a larger screen is moved until all of it can be seen.
   const QRect room = monitor->availableGeometry();
   const QSize whole = size() + kFrameGuess;
   move(std::max(room.left(), std::min(corner.x(), room.right() + 1 - whole.width())),
@@ -231,7 +235,7 @@ void Form1::ApplyPlacement() {
 void Form1::ApplyLayout() {
   const int bar = pic_->BarHeight();
   const QSize wanted = ClientSize(program_.config.ThumbLayout, program_.config.GuiMode, screenHTwips_, bar, twipsX_);
-  if (wanted.isEmpty()) return;  // an unknown layout leaves the window without one
+  if (wanted.isEmpty()) return;  // an unknown layout leaves the window as it is
   const QScreen* monitor = screen() != nullptr ? screen() : QGuiApplication::primaryScreen();
   QSize room = wanted;
   if (monitor != nullptr) {
@@ -245,10 +249,10 @@ void Form1::ApplyLayout() {
 
 void Form1::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  PlaceParts();
+  PlaceChildren();
 }
 
-void Form1::PlaceParts() {
+void Form1::PlaceChildren() {
   const int bar = pic_->BarHeight();
   const int line = logic_.sites.Undoable() ? undoLine_->sizeHint().height() : 0;
   pic_->setGeometry(0, 0, width(), bar);
@@ -334,7 +338,7 @@ void Form1::ShowTexts() {
 void Form1::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
-  // A tip that stands was made in the former language.
+  // An open tip is in the former language.
   hover_.Close();
   ShowTexts();
 }
@@ -349,7 +353,7 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageUp) return StepPage(-1);
   if (event->matches(QKeySequence::Refresh)) return logic_.poll.RefreshClick();
   if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
-  // In a text box the same keys take back what was typed there.
+  // In a text box the same keys undo the typing.
   const bool typing = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
   if (event->matches(QKeySequence::Undo) && !typing) return logic_.sites.Undo();
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
@@ -393,7 +397,7 @@ void Form1::SecondClosingStep() {
 
 void Form1::ThirdClosingStep() {
   load_.CleanTemporaryFiles();
-  // Half a second for what is still under way.
+  // Half a second for work that is still under way.
   QTimer::singleShot(services_.run.closingPause / 2, this, &Form1::LastClosingStep);
 }
 

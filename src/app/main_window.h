@@ -19,8 +19,10 @@
 #include "page/hover_tip.h"
 #include "page/page_view.h"
 #include "page/tip_window.h"
+#include "platform/wanted.h"
 #include "ui/show_msg_window.h"
 
+// The main window.
 class Form1 : public QWidget {
   Q_OBJECT
 
@@ -28,8 +30,8 @@ class Form1 : public QWidget {
   explicit Form1(Services& services);
   ~Form1() override;
 
-  // The load sequence: false where it has stopped with a message and the program has to end. The window shows itself,
-  // once the connection has been asked for.
+  // Runs the load sequence. False if it has stopped with a message and the program has to end. The window shows itself
+  // after the connection test has been started.
   bool Load(bool anotherRuns);
   // Starts the closing sequence.
   void CloseMe() { close(); }
@@ -48,7 +50,7 @@ class Form1 : public QWidget {
   Windows& AllWindows() { return *windows_; }
 
  Q_SIGNALS:
-  // The first page load has been started, or there is none to start.
+  // The first poll has been started, or there is no connection for one.
   void Loaded();
   // The closing sequence is over.
   void Closed();
@@ -60,11 +62,11 @@ class Form1 : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void ConnectParts();
+  void ConnectSignals();
   void RegisterCommands();
   void ConnectHover();
   void ShowTip(int slot, const QString& text, const QString& picturePath);
-  // Every text of the bar and the page in the present language.
+  // Shows every text of the bar and the page in the present language.
   void ShowTexts();
   void ReadScreen();
   // Sizes the window for the layout and the window size, within the screen.
@@ -74,10 +76,10 @@ class Form1 : public QWidget {
   void ConnectionAnswered(bool reached);
   void StartWork();
   void AskTime();
-  // Bar, page, and the line with Undo while there is something to take back.
-  void PlaceParts();
+  // Places bar, page, and UndoLine, the last only while there is a change to undo.
+  void PlaceChildren();
   void ShowBusy(bool busy);
-  // The desktop's session is about to end and may end the program without another word: writes the state back.
+  // The desktop's session is ending and may kill the program without further notice: writes the state back.
   void SessionEnds();
   void ShowPageLabel();
   void RefreshCaptions();
@@ -101,12 +103,12 @@ class Form1 : public QWidget {
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   TipWindow* picToolTip_;
-  int tips_ = 0;  // opened so far
+  Wanted tipPicture_;  // the operator's picture of the open tip
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;
   int twipsY_ = 15;
   long screenHTwips_ = 0;
-  std::unique_ptr<Windows> windows_;  // goes first: open windows refer to what stands above
+  std::unique_ptr<Windows> windows_;  // destroyed first, because open windows refer to the members above
   enum class Closing { No, Running, Done } closing_ = Closing::No;
 };

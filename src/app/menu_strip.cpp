@@ -12,13 +12,13 @@ namespace {
 
 constexpr int kLeastHeight = 26;
 constexpr int kCallLetters = 9;
-constexpr int kLeastCallLetters = 4;  // where the bar is too narrow even for its least captions
+constexpr int kLeastCallLetters = 4;  // letters in the call field of a bar that is too narrow for its least captions
 constexpr int kLeastSign = 22;
 constexpr int kMargin = 4;
 constexpr int kSpacing = 3;
 
-// The greatest width for each of some labels at which all of them fit into room; each label takes no more than it
-// needs, and keeps at least its own least width.
+// The greatest limit on the width of labels at which all of them fit into room; a label takes no more than it wants,
+// and at least its own least width.
 int WidestThatFits(const QList<int>& wanted, const QList<int>& least, int room) {
   int widest = *std::max_element(wanted.begin(), wanted.end());
   const auto sum = [&](int limit) {
@@ -72,7 +72,7 @@ int MenuStrip::BarHeight() const {
 }
 
 void MenuStrip::SetTexts(const LanguageTexts& texts) {
-  // The rate behind the word is the first that goes where the bar is narrow.
+  // In a narrow bar the refresh rate behind the word is dropped first.
   lblRefresh->SetBriefCaption(texts[TextLine::kRefreshWord]);
   lblFind->SetCaption(texts[TextLine::kFindCaption]);
   lblCam->SetCaption(texts[TextLine::kCamsWord]);
@@ -89,7 +89,7 @@ void MenuStrip::SetTexts(const LanguageTexts& texts) {
 QList<MenuEntry> MenuStrip::MoreEntries() const {
   QList<MenuEntry> entries;
   const QList<BarLabel*> movable = Movable();
-  // The last to come into the menu stands first in the bar.
+  // The label that moves last comes first in the bar, so it comes first here.
   for (qsizetype i = movable.size(); i-- > 0;) {
     const BarLabel* label = movable.at(i);
     if (!label->Wanted() || !label->Moved()) continue;
@@ -119,7 +119,7 @@ int MenuStrip::ButtonWidth() const {
   return fontMetrics().horizontalAdvance(cmdGo->text()) + fontMetrics().height() * 2;
 }
 
-// The labels that need room while the first so many of those that can go are in the menu.
+// The visible labels of the bar while those of `moved` are in the menu; lblMore is among them if there is a menu.
 QList<BarLabel*> MenuStrip::LabelsBeside(const QList<BarLabel*>& moved) const {
   QList<BarLabel*> labels = {lblPages, lblRefresh, lblFind, lblCam, lblMap, lblOnAirNow, lblPropagation, lblSetup};
   labels.removeIf([&moved](const BarLabel* label) { return !label->Wanted() || moved.contains(label); });
@@ -128,7 +128,7 @@ QList<BarLabel*> MenuStrip::LabelsBeside(const QList<BarLabel*>& moved) const {
 }
 
 int MenuStrip::RoomFor(qsizetype labels, int field) const {
-  // A gap stands behind each label, behind the busy sign, the call field and the button.
+  // There is a gap behind each label, the busy sign, the call field and the button.
   const auto gaps = static_cast<int>(labels + 3) * kSpacing;
   return width() - 2 * kMargin - gaps - SignWidth() - field - ButtonWidth();
 }
@@ -144,13 +144,13 @@ MenuStrip::Fit MenuStrip::FitLabels() const {
     const QList<int> brief = Widths(labels, &BarLabel::BriefWidth);
     const QList<int> least = Widths(labels, &BarLabel::LeastWidth);
     const int room = RoomFor(labels.size(), fit.field);
-    // The rate stays away once labels are in the menu.
+    // The refresh rate is left out as long as labels are in the menu.
     fit.brief = !fit.moved.isEmpty() || Sum(whole) > room;
     fit.widest = WidestThatFits(fit.brief ? brief : whole, least, room);
     const int lacking = Sum(least) - room;
     if (lacking <= 0) return fit;
     if (fit.moved.size() == movable.size()) {
-      // A bar too narrow even for this: the call field gives way, and at last the captions as far as they must.
+      // The bar is too narrow even so: shorten the call field, and then the captions below their least width.
       fit.field = std::max(FieldWidth(kLeastCallLetters), fit.field - lacking);
       fit.least = false;
       fit.widest = WidestThatFits(brief, QList<int>(labels.size()), RoomFor(labels.size(), fit.field));

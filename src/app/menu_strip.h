@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Pic: the bar of the main window with its labels, the call field and cmdGo. The main window connects its parts; what
-// has no room in the bar is offered by the menu of lblMore.
+// Pic: the bar of the main window with its labels, the call field and cmdGo. The main window connects its controls;
+// labels for which the bar is too narrow move into the menu of lblMore.
 #pragma once
 
 #include <QLineEdit>
@@ -12,7 +12,8 @@
 #include "ui/busy_sign.h"
 #include "ui/menu_entry.h"
 
-// Lays its parts out by itself: a layout of the toolkit would cut captions instead of letting them give way in order.
+// The bar. It places its controls itself, because a layout of the toolkit would cut captions instead of moving or
+// shortening labels in the given order.
 class MenuStrip : public QWidget {
   Q_OBJECT
 
@@ -48,18 +49,18 @@ class MenuStrip : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  // How far the labels have to give way.
+  // How the labels are shortened and moved to fit into the bar.
   struct Fit {
     QList<BarLabel*> moved;  // in the menu of lblMore
     bool brief = false;      // the brief captions are shown
-    bool least = true;       // no label is narrower than its least width
-    int widest = 0;          // nor wider than this, unless its least width is
+    bool least = true;       // every label has at least its least width
+    int widest = 0;          // greatest width of a label, in pixels, unless its least width is larger
     int field = 0;           // width of txtCall
 
     int WidthOf(const BarLabel* label) const;
   };
 
-  // Labels that can go into the menu, the first to go first; wanted or not.
+  // The labels that can move into the menu of lblMore, in the order in which they do; hidden ones too.
   QList<BarLabel*> Movable() const { return {lblPropagation, lblOnAirNow, lblCam}; }
   QList<BarLabel*> LabelsBeside(const QList<BarLabel*>& moved) const;
   int RoomFor(qsizetype labels, int field) const;
@@ -68,6 +69,6 @@ class MenuStrip : public QWidget {
   int ButtonWidth() const;
   Fit FitLabels() const;
   void Arrange();
-  // Puts a part at its place, in the middle of the bar's height; returns its right edge.
+  // Places a control in the middle of the bar's height; returns its right edge.
   int Place(QWidget* part, int left, int partWidth);
 };

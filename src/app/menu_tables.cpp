@@ -11,22 +11,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Entries of the pop-up menu that its rules name.
+// Indices of entries of the picture menu that are treated specially.
 constexpr int kHistory = 2;
 constexpr int kTxHistory = 3;
 constexpr int kCam = 4;
 constexpr int kBlock = 5;
-constexpr int kHeading = 7;  // stands above the views and lookups and does nothing
+constexpr int kHeading = 7;  // a heading above the views and lookups, without a command
 constexpr int kLookup = 9;
 
-// What an entry is beyond its text, in the marks of its own menu; entries without a mark are plain.
+// Separators and sub-menus of an entry, in the given notation; entries without a mark have neither.
 struct Mark {
   int entry;
   const char* marks;
   MenuId subMenu = MenuId::None;
 };
 
-// "=" is a line above the entry, ">" a sub-menu.
+// Here "=" is a line above the entry, ">" a sub-menu.
 constexpr std::array kSetupMarks = {
     Mark{1, "="},
     Mark{4, "="},
@@ -39,7 +39,7 @@ constexpr std::array kSetupMarks = {
     Mark{14, "="},
 };
 
-// "=" is a line under the entry, ">" a sub-menu, "<" greys.
+// Here "=" is a line below the entry, ">" a sub-menu, "<" greys the entry.
 constexpr std::array kPictureMarks = {
     Mark{1, "="},
     Mark{4, "="},
@@ -52,11 +52,11 @@ constexpr std::array kPictureMarks = {
     Mark{19, "="},
 };
 
-// "=" as in the setup menu that they belong to.
+// "=" is a line above the entry, as in the setup menu to which these belong.
 constexpr std::array kCamModeMarks = {Mark{3, "="}};
 constexpr std::array kRateMarks = {Mark{3, "="}};
 
-// What the entries do, by their place.
+// Commands of the entries, in the order of the menu.
 constexpr std::array kSetupCommands = {Command::ShowReceivedOkMap, Command::SetLocation,    Command::EditDatabase,
                                        Command::EditPageNames,     Command::AddSite,        Command::EditSite,
                                        Command::DeleteSite,        Command::BlockCalls,     Command::SetCamView,
@@ -82,7 +82,7 @@ constexpr std::array kLookupPictureCommands = {Command::CopyOperatorPicture, Com
 constexpr std::array kRates = {1, 2, 5};                 // minutes
 constexpr std::array kThumbs = {5, 10, 15, 24, 35, 36};  // by ThumbLayout
 
-// Entries that all do the same, told apart by their place.
+// Entries with the same command; their index distinguishes them.
 QList<MenuEntry> Plain(const QStringList& texts, Command command, bool hasCheck = false) {
   QList<MenuEntry> entries;
   for (const QString& text : texts) {
@@ -103,6 +103,7 @@ QStringList TextsOf(const LanguageTexts& texts, const Lines& lines) {
   return found;
 }
 
+// Entries with a command each.
 template <typename Lines, typename Doings>
 QList<MenuEntry> Different(const LanguageTexts& texts, const Lines& lines, const Doings& commands) {
   static_assert(std::tuple_size_v<Lines> == std::tuple_size_v<Doings>);
@@ -126,7 +127,7 @@ void Grey(QList<MenuEntry>& entries, int first, int last) {
   for (int i = first; i <= last; ++i) entries[i].enabled = false;
 }
 
-// An index that the menu does not have checks nothing.
+// Checks an entry; an index outside the menu checks nothing.
 void Check(QList<MenuEntry>& entries, qsizetype index) {
   if (index < 0 || index >= entries.size()) return;
   entries[index].hasCheck = true;
@@ -228,7 +229,7 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
   }
 }
 
-// The setup menu and those of its sub-menus that show which setting is on.
+// The setup menu, and its sub-menus with a check at the present setting.
 QList<MenuEntry> MenuTables::SetupChoices(MenuId menu) const {
   const Config& config = program_.config;
   QList<MenuEntry> entries = menus_.value(menu);
@@ -237,7 +238,7 @@ QList<MenuEntry> MenuTables::SetupChoices(MenuId menu) const {
       Check(entries, config.CamView);
       break;
     case MenuId::CamMode:
-      // The last entry is no mode: it stands for the repeat, and has its check beside that of the mode.
+      // The last entry is no mode but the repeat of cam rounds; its check is independent of the mode's.
       if (config.CamMode < 3) Check(entries, config.CamMode);
       if (config.AutoPollCams == 0) Check(entries, 3);
       break;
@@ -267,7 +268,7 @@ QList<MenuEntry> MenuTables::PagesMenu() const {
   return entries;
 }
 
-// The weather page has its places in another table than the pages of the masks.
+// The slots of the WX page are in WxSites, not in the masks of the other pages.
 bool MenuTables::WxPageIsEmpty() const {
   const int layout = program_.config.ThumbLayout;
   if (layout < 1 || layout > kLayouts) return true;
@@ -288,11 +289,11 @@ QList<MenuEntry> MenuTables::FindMenu() const {
 
 QList<MenuEntry> MenuTables::LanguageMenu() const {
   QList<MenuEntry> entries = menus_.value(MenuId::Language);
-  // The names go by the index of the list, whatever languages stand there; languages behind them have no name of
-  // theirs.
+  // The names are in the order of the list, whichever languages it holds; languages behind the last name have none of
+  // their own.
   entries.resize(std::min<qsizetype>(entries.size(), program_.lstLanguages.size()));
   for (MenuEntry& entry : entries) {
-    // Without a language file this menu is the way back to one.
+    // If no language could be read, this menu is the only way to choose one that can, so show the plain names.
     if (entry.text.isEmpty()) entry.text = program_.lstLanguages.at(entry.index);
   }
   for (qsizetype i = entries.size(); i < program_.lstLanguages.size(); ++i) {
@@ -333,7 +334,7 @@ QList<MenuEntry> MenuTables::PictureMenu(const MenuSubject& subject) const {
   }
   if (subject.weather) Grey(entries, 2, 10);
   if (subject.empty) Grey(entries, 1, 19);
-  // Style 0 is none; any other has its check at the entry of its number.
+  // Style 0 has no entry; any other style has its check at the entry of its number.
   if (program_.config.MenuStyle > 0) Check(entries, program_.config.MenuStyle);
   return entries;
 }
@@ -346,19 +347,19 @@ QList<MenuEntry> MenuTables::SiteOrSender(MenuId menu, const MenuSubject& subjec
   return entries;
 }
 
-// Below the calls stands whether the last lookup found the user logged in: a text, not a choice.
+// Adds below the calls the login state that the last lookup found, as a text that cannot be chosen.
 QList<MenuEntry> MenuTables::LookupMenu(const MenuSubject& subject) const {
   QList<MenuEntry> entries = SiteOrSender(MenuId::Lookups, subject);
-  if (program_.LookupStatus.isEmpty()) return entries;
+  if (LookupStatus.isEmpty()) return entries;
   MenuEntry status;
-  status.text = program_.LookupStatus;
+  status.text = LookupStatus;
   status.index = static_cast<int>(entries.size());
   status.enabled = false;
   status.separatorBefore = true;
   return entries << status;
 }
 
-// A call without a position has no place on any map.
+// Without a position a call cannot be shown on a map or a page about its place.
 QList<MenuEntry> MenuTables::CallMenu(MenuId menu, const MenuSubject& subject) const {
   QList<MenuEntry> entries = menus_.value(menu);
   for (MenuEntry& entry : entries) {

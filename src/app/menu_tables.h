@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The main window's menus as tables of entries: texts of the language, marks translated, checks and greying by the
-// program's state. Form1 builds them after each load of a language and asks for one whenever a menu opens.
+// All menus as tables of entries: texts of the language, separators and sub-menus, checks and greying by the program's
+// state. WindowMenus builds them after each load of a language and asks for one whenever a menu opens.
 #pragma once
 
 #include <QHash>
@@ -10,15 +10,18 @@
 #include "ui/commands.h"
 #include "ui/menu_entry.h"
 
+// The tables.
 class MenuTables {
  public:
   MenuTables(const Program& program, const Commands& commands) : program_(program), commands_(commands) {}
 
-  // Copies the texts of a language into the tables. Until the first call all menus are empty.
+  QString LookupStatus;  // login state that the lookup window showed last; empty: none yet
+
+  // Copies the texts of a language into the tables. Before the first call all menus are empty.
   void BuildMenuTables(const LanguageTexts& texts);
 
-  // Entries of a menu or sub-menu for the state of this moment, greyed where nobody handles them; empty for one without
-  // a table.
+  // Entries of a menu or sub-menu for the present state, greyed if nobody handles their command; empty for a menu
+  // without a table.
   QList<MenuEntry> Menu(MenuId menu, const MenuSubject& subject = {}) const;
 
  private:

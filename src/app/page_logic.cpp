@@ -13,6 +13,6 @@ PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, 
       poll(program, grid, files, intake, ucCkNew1, ucDnLoad, clock),
       sites(program, grid, files, poll, ucCkNew1, ucDnLoad) {
   QObject::connect(&check, &NewImageCheck::Checked, &poll, &PollCycle::AfterCheck);
-  // A test makes this logic anew over the same network and tool.
+  // Unique, because a test makes several PageLogic over the same network and tool.
   QObject::connect(&network, &UrlNetwork::HostFlooded, &tool, &PictureTool::Suspect, Qt::UniqueConnection);
 }

@@ -17,6 +17,7 @@
 #include "poll/slot_pictures.h"
 #include "sites/page_sites.h"
 
+// Each object may use those above it.
 struct PageLogic {
   PageLogic(Program& program, const Clock& clock, UrlNetwork& network, PictureTool& tool, Background& background);
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What lives as long as the program and is used by many windows, in one plain struct. main makes the only one, before
-// the main window, so that it outlives every window. Nobody below app/ includes it: a class takes the references that
-// it uses.
+// All objects that live as long as the program and are used by many windows, in one plain struct. main makes the only
+// one, before the main window, so that it outlives every window. Nobody below app/ includes it: a class takes in its
+// constructor the references that it uses.
 #pragma once
 
 #include <QString>
@@ -23,21 +23,21 @@
 #include "ui/commands.h"
 #include "ui/dialogs.h"
 
-// Where a run has its files, whom it asks and how long it waits: the user's in the program, others in a test.
+// Folders, hosts and waiting times of a run: the user's in the program, others in a test.
 struct RunSettings {
   QString appDataDir;
-  QString programDir;  // where the executable lies
-  QString decoder;     // path of the program that decodes pictures
-  QString socketDir;   // where the companion program listens
+  QString programDir;  // folder of the executable
+  QString decoder;     // path of omni-perch-decoder
+  QString socketDir;   // folder of the companion program's socket
   Hosts hosts;
   UrlLimits limits;
   std::chrono::milliseconds closingPause = std::chrono::seconds(1);  // one second of the closing sequence
 
-  // Those of the user who runs the program.
+  // The settings of the user who runs the program.
   static RunSettings OfUser();
 };
 
-// Made in the order of the members, each of which may use those above it.
+// The services, made in the order of the members; each may use those above it.
 struct Services {
   Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& theClock);
 

@@ -34,7 +34,7 @@ QRect StationCalls::CallFieldPlace() const {
 }
 
 bool StationCalls::eventFilter(QObject* watched, QEvent* event) {
-  // It watches txtCall alone, also while the bar is being taken down.
+  // Only txtCall is watched. Do not compare watched with it: events still come while the bar is being destroyed.
   if (event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
   const int key = static_cast<QKeyEvent*>(event)->key();
   if (key == Qt::Key_F8) {

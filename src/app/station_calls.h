@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The ways that lead from the main window to a station: the call field, the sender's caption and the cell's menu to the
-// lookup, the cell's menu to the map. Form1 owns the only one; Windows opens what is wanted.
+// Opens a lookup or a map from the main window: from the call field, a sender's caption, or a cell's menu. Form1 owns
+// the only one; Windows opens the windows.
 #pragma once
 
 #include <QObject>
@@ -12,11 +12,12 @@
 #include "app/windows.h"
 #include "page/page_view.h"
 
+// Handlers of those controls and menu entries.
 class StationCalls : public QObject {
   Q_OBJECT
 
  public:
-  // What the ways begin at, and what they lead to.
+  // The main window's parts that are used here; all outlive this object.
   struct MainWindow {
     Services& services;
     PageLogic& logic;
@@ -34,9 +35,9 @@ class StationCalls : public QObject {
   void GoClick();
   // A click on the caption that names a sender.
   void SenderClick(int slot);
-  // The text of a menu's entry begins with the call.
+  // An entry of the lookup menu was chosen; its text begins with the call.
   void MnuQrzFromClick(const QString& text);
-  // 0: the site of the selected cell; any other: its sender.
+  // Shows a station on the map; 0: the site of the selected cell, any other index: its sender.
   void MnuMapLocCallClick(int index);
 
  protected:

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The line below the page that tells the last change of places and offers to take it back. The main window owns the
-// only one, and shows it while there is such a change.
+// The line below the page that names the last change of places and offers to undo it. The main window owns the only
+// one, and shows it while there is such a change.
 #pragma once
 
 #include <QFrame>
@@ -10,14 +10,14 @@
 
 #include "sites/page_sites.h"
 
-// What was changed, and a button.
+// The text of the change and the button "Undo".
 class UndoLine : public QFrame {
   Q_OBJECT
 
  public:
   explicit UndoLine(QWidget* parent);
 
-  // Hidden without a change.
+  // Shows a change; without one the line is hidden.
   void SetChange(const std::optional<PlacesChange>& change);
 
  Q_SIGNALS:

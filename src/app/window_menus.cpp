@@ -31,7 +31,7 @@ void WindowMenus::CloseMenus() {
 void WindowMenus::OpenAtLabel(BarLabel* label, MenuId menu) {
   openLabel_ = label;
   label->setDown(true);
-  // A click leaves the pointer on the label; Return and Space do not need it there.
+  // With a click the pointer is on the label; with Return or Space it may be elsewhere.
   OpenMenu({.menu = menu,
             .subject = {},
             .owner = window_,
@@ -69,7 +69,7 @@ void WindowMenus::OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard) {
 
 void WindowMenus::OpenMenu(const MenuRequest& request) {
   Q_EMIT AboutToOpen();
-  // One menu a window, kept with it: a screen reader finds it below the window that it belongs to.
+  // Each window has a menu of its own as a child, so that a screen reader finds the menu below its window.
   menu_ = request.owner->findChild<frmMenu*>(QStringLiteral("frmMenu"), Qt::FindDirectChildrenOnly);
   if (menu_ == nullptr) {
     menu_ = new frmMenu(request.owner);

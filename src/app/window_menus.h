@@ -12,6 +12,7 @@
 #include "ui/menu_opener.h"
 #include "ui/menu_window.h"
 
+// Owner of the menu tables; opens one menu at a time.
 class WindowMenus : public QObject, public MenuOpener {
   Q_OBJECT
 
@@ -19,16 +20,18 @@ class WindowMenus : public QObject, public MenuOpener {
   WindowMenus(Program& program, const Commands& commands, PageLogic& logic, MenuStrip& pic, PageView& picAll,
               QWidget* window);
 
-  // The tables again after a language has been read.
+  // Fills the tables after a language has been read.
   void BuildMenuTables() { tables_.BuildMenuTables(program_.language); }
+  // Text of the login state for the lookup menu.
+  void SetLookupStatus(const QString& status) { tables_.LookupStatus = status; }
   bool IsOpen() const;
 
   void OpenMenu(const MenuRequest& request) override;
   void CloseMenus() override;
 
-  // The thumbnail menu of a cell, at a point of the screen.
+  // Opens the menu of a cell at a point of the screen.
   void OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard);
-  // What the thumbnail menu of a cell is about.
+  // The site and the sender that the menu of a cell is about.
   MenuSubject SubjectOf(int slot) const;
 
  Q_SIGNALS:
@@ -44,6 +47,6 @@ class WindowMenus : public QObject, public MenuOpener {
   MenuStrip& pic_;
   QWidget* window_;
   MenuTables tables_;
-  QPointer<frmMenu> menu_;  // opened last
+  QPointer<frmMenu> menu_;  // the menu opened last
   BarLabel* openLabel_ = nullptr;
 };

@@ -5,7 +5,7 @@
 
 #include "station/callsign.h"
 
-// Where a kind of window comes from, and whether it is one of the setup windows.
+// A row of the table: how a kind of window is made, and whether it is a setup window.
 struct Windows::Registration {
   WindowKind kind;
   BaseWindow* (Windows::*make)();
@@ -41,7 +41,7 @@ BaseWindow& Windows::Get(WindowKind kind) {
   if (BaseWindow* window = Find(kind)) return *window;
   const auto registered = [kind](const Registration& registration) { return registration.kind == kind; };
   BaseWindow* window = (this->*std::find_if(Registrations().begin(), Registrations().end(), registered)->make)();
-  // One that is being closed is deleted when the event loop turns, and is not opened again.
+  // A closed window is deleted when the event loop turns, and must not be opened again until then.
   connect(window, &BaseWindow::Closed, this, [this, kind]() { open_.remove(kind); });
   open_.insert(kind, window);
   return *window;
@@ -49,11 +49,12 @@ BaseWindow& Windows::Get(WindowKind kind) {
 
 BaseWindow* Windows::MakeLookup() {
   Services& s = services_;
-  const LookupSession::Parts session{s.program,    s.network,   s.tool,    s.pageText,
-                                     s.background, s.run.hosts, s.cookies, s.database};
+  const LookupSession::Dependencies session{s.program,    s.network,   s.tool,    s.pageText,
+                                            s.background, s.run.hosts, s.cookies, s.database};
   const auto browser = [&s]() { return s.web.Windows(); };
   const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
-  auto* window = new Form12(Form12::Parts{session, browser, forget, s.dialogs, s.commands, menus_}, mainWindow_);
+  auto* window = new Form12(Form12::Dependencies{session, browser, forget, s.dialogs, s.commands, menus_}, mainWindow_);
+  connect(window, &Form12::LookupStatusChanged, this, &Windows::LookupStatusChanged);
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
@@ -72,13 +73,13 @@ Form12& Windows::LookUp(const QString& call, const QRect& beside) {
   return window;
 }
 
-// Where a lookup has one coordinate only, the map is drawn with the other at 0: a station on the meridian has none.
+// Also called with one coordinate 0: a station on the equator or on the prime meridian is drawn there.
 void Windows::ShowOnMap(const QString& call, double lat, double lon) {
   const QString shown = ShownCall(call, services_.program.ZeroGlyph);
   static_cast<frmMapLoc&>(Get(WindowKind::LocationMap)).PickMapForTarget(shown, lat, lon);
 }
 
-// The lookup has covered them.
+// The lookup window has covered the map.
 void Windows::RaiseMaps() {
   BaseWindow* map = Find(WindowKind::LocationMap);
   if (map != nullptr && map->isVisible()) map->raise();

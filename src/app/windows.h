@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The only module that knows all windows beside Form1: makes one when it is first wanted, finds it while it is open,
-// connects the wishes that lead from one to another, and closes them. Form1 owns the only one. A new window is a kind,
-// a maker and a row of the table in windows.cpp.
+// The only module that knows all windows beside Form1: makes a window when it is first wanted, finds it while it is
+// open, connects the signals that lead from one window to another, and closes them. Form1 owns the only Windows. A new
+// window needs a kind, a maker and a row of the table in windows.cpp.
 #pragma once
 
 #include <QHash>
@@ -15,35 +15,39 @@
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
 
-// One for each window class.
+// The kinds of windows, one for each class.
 enum class WindowKind { Lookup, LocationMap };
 
+// All windows beside Form1.
 class Windows : public QObject {
   Q_OBJECT
 
  public:
-  // menus: of all windows. mainWindow: above which the others stay.
+  // menus opens the menus of all windows. The windows stay above mainWindow.
   Windows(Services& services, MenuOpener& menus, QWidget* mainWindow);
-  // Windows that are still open go before what they refer to.
+  // Deletes the windows that are still open, before the objects that they refer to.
   ~Windows() override;
 
-  // Every kind that there is.
+  // All kinds.
   static QList<WindowKind> Kinds();
   // The open window of a kind; nullptr where none is.
   BaseWindow* Find(WindowKind kind) const { return open_.value(kind); }
-  // The open window of a kind, made now where there was none. It is not shown yet.
+  // The open window of a kind; makes one if none is open, without showing it.
   BaseWindow& Get(WindowKind kind);
 
-  // The wishes of Form1 and of the windows among each other.
-  // Shows who a call is, beside what was clicked (pixels of the screen).
+  // What Form1 and the windows want of another window.
   Form12& LookUp(const QString& call, const QRect& beside);
   // Shows a place, in degrees, on the map that suits it best.
   void ShowOnMap(const QString& call, double lat, double lon);
 
-  // Before a setup window opens, and before the tables that it shows are changed by others.
+  // Closes setup windows: before another one opens, and before others change the tables that they show.
   void CloseSetupWindows();
-  // Before the program ends: browser windows need the event loop for it.
+  // Closes all windows before the program ends; browser windows need a running event loop for that.
   void CloseAll();
+
+ Q_SIGNALS:
+  // The login state that a lookup has shown, for the menus.
+  void LookupStatusChanged(const QString& status);
 
  private:
   struct Registration;

@@ -23,10 +23,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
-constexpr std::size_t kBeginning = 4096;             // records kept of where searches begin: the first twelve steps
-constexpr qint64 kBlock = 31;                        // records that the last five steps of a search read at once
-constexpr time_t kRest = 2;                          // seconds
-constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // of a file that is read from front to end
+constexpr std::size_t kBeginning = 4096;             // remembered records: the first twelve steps of a search
+constexpr qint64 kBlock = 31;                        // records read at once for the last five steps of a search
+constexpr time_t kRest = 2;                          // seconds without a change before a file's times are trusted
+constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // when a file is read from front to end
 
 QString FileName() {
   return u"Omni-Perch-DB.db"_s;
@@ -41,7 +41,7 @@ std::optional<QByteArray> WholeFile(const QString& path) {
   return bytes;
 }
 
-// In pieces that stay in the processor's cache; false where the old file no longer has them all.
+// Copies in pieces that fit into the processor's cache; false if the old file is shorter by now.
 bool Copy(QFile& from, qint64 start, qint64 size, QSaveFile& to) {
   if (!from.seek(start)) return false;
   while (size > 0) {
@@ -52,7 +52,7 @@ bool Copy(QFile& from, qint64 start, qint64 size, QSaveFile& to) {
   return true;
 }
 
-// The keys of all whole records, in the file's order; nothing where they cannot be read.
+// The sort keys of all whole records in the file's order; nothing if the file cannot be read.
 std::optional<std::vector<quint64>> ReadKeys(const QString& path) {
   QFile file(path);
   if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
@@ -77,7 +77,8 @@ qint64 RoundedCount(qint64 size) {
 
 }  // namespace
 
-// The file as FindRecord reads it: a few small reads, which a buffered file would make larger and slower.
+// Reads single records for FindRecord, unbuffered: a buffered file would turn a few small reads into larger, slower
+// ones.
 class RecordReader {
  public:
   explicit RecordReader(const QByteArray& path) : file_(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
@@ -96,15 +97,15 @@ class RecordReader {
   bool IsReadable() const { return readable_; }
   qint64 Count() const { return count_; }
   const struct stat& Status() const { return status_; }
-  // The records from one number on, as many as the block holds; what lies beyond the end is NULs.
+  // Fills block with the records from number `first` on; beyond the end of the file with NULs.
   void ReadBlock(qint64 first, std::span<DbRec> block) const {
     std::memset(static_cast<void*>(block.data()), 0, block.size_bytes());
     const ssize_t got = ::pread(file_, block.data(), block.size_bytes(), (first - 1) * kRecordSize);
-    // A record that is there in part is none.
+    // A record that the file ends in the middle of does not count.
     const auto whole = static_cast<std::size_t>(std::max<ssize_t>(got, 0) / kRecordSize);
     std::memset(static_cast<void*>(block.data() + whole), 0, (block.size() - whole) * sizeof(DbRec));
   }
-  // A record beyond the end is one of NULs, which no call equals.
+  // Beyond the end of the file gives a record of NULs, which equals no call.
   DbRec Read(qint64 number) const {
     DbRec record;
     if (::pread(file_, &record, sizeof record, (number - 1) * kRecordSize) != kRecordSize) {
@@ -143,7 +144,8 @@ CallDatabase::Beginning* CallDatabase::BeginningOf(const RecordReader& file) {
   const struct stat& status = file.Status();
   timespec now{};
   ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-  // Two changes within one tick of the system's clock leave the same time: a file that young is read as it stands.
+  // Two changes within one tick of the system's clock leave the same time, so what was read from a file that young is
+  // not remembered.
   if (now.tv_sec - status.st_ctim.tv_sec < kRest) return nullptr;
   const std::array<qint64, 6> present{static_cast<qint64>(status.st_dev),
                                       static_cast<qint64>(status.st_ino),
@@ -191,7 +193,8 @@ int CallDatabase::FindRecord(const QString& call) {
     }
     const QByteArrayView found = DbCurrent.Call.Bytes();
     if (BlanksTrimmed(found) == wanted) return static_cast<int>(middle);
-    // Both with their blanks: a call that the caller did not trim is found where it stands or not at all.
+    // Compare with the blanks of both: a call that the caller did not trim sorts elsewhere and is found only where its
+    // path happens to meet the record.
     const bool above = CompareBytes(bytes, found) > 0;
     place = std::min(place * 2 + (above ? 1 : 0), kBeginning);
     if (above) {
@@ -212,7 +215,7 @@ bool CallDatabase::AddRecord() {
   if (const qint64 rest = size % kRecordSize; rest != 0) {
     return Save({{{}, 0, size - rest}, {record}, {{}, size - rest, rest}});
   }
-  // Only adds to the file, so that there is nothing to lose; a record that got in by half is taken out again.
+  // Appending cannot damage other records; a record that was written in part is cut off again.
   if (!file.open(QIODevice::Append | QIODevice::ExistingOnly | QIODevice::Unbuffered)) return false;
   if (file.write(record.data(), record.size()) == record.size()) return true;
   file.resize(size);
@@ -231,7 +234,8 @@ bool CallDatabase::SortDatabase() {
   const std::optional<std::vector<quint64>> keys = ReadKeys(Path());
   if (!keys) return false;
   if (std::is_sorted(keys->begin(), keys->end())) return true;
-  // The usual case, one call added behind a sorted file, goes to its place without touching the order of the others.
+  // The usual case is one call appended to a sorted file: move that record to its place and keep the order of the
+  // others.
   if (const std::optional<qsizetype> place = PlaceOfLast(*keys)) {
     const qint64 at = *place * kRecordSize;
     const qint64 end = static_cast<qint64>(keys->size()) * kRecordSize;
@@ -241,7 +245,7 @@ bool CallDatabase::SortDatabase() {
   const std::optional<QByteArray> old = WholeFile(Path());
   const auto size = static_cast<qsizetype>(keys->size()) * kRecordSize;
   if (!old || old->size() < size) return false;
-  const QByteArray sorted = InCombOrder(QByteArrayView(*old).first(size), *keys);
+  const QByteArray sorted = SortRecords(QByteArrayView(*old).first(size), *keys);
   return Save({{sorted}, {QByteArrayView(*old).sliced(size)}});
 }
 
@@ -261,8 +265,8 @@ bool CallDatabase::DeleteRecord(const QString& call) {
     DbCurrent = record;
     if (BlanksTrimmed(record.Call.Bytes()) != unwanted) kept += RecordBytes(record);
   }
-  // The records go through temp.db in the data folder. One that an earlier failure left behind is longer than what is
-  // written over its front, and its other records come into the database: they may be all that is left of them.
+  // Records pass through temp.db in the data folder. If an earlier failure has left a longer one there, the records
+  // behind the present ones are taken into the database: they may be all that is left of them.
   const QString temporary = ResolvePath(appDataDir_, u"temp.db"_s);
   const QByteArray left = WholeFile(temporary).value_or(QByteArray());
   const QByteArray rest = old->mid(count * kRecordSize);
@@ -299,7 +303,7 @@ std::optional<FoundRecord> CallDatabase::Find(const QString& call) {
 }
 
 bool CallDatabase::SaveStation(const QString& call, const DbRec& record) const {
-  // The work record and the remembered beginning of the file belong to the event loop's thread: this has its own.
+  // DbCurrent and the remembered records belong to the event loop's thread, so use a database object of this thread.
   CallDatabase database(appDataDir_);
   const int number = database.FindRecord(call);
   database.DbCurrent = record;

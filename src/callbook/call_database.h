@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The local call database: one flat file of records sorted by call, searched on the disk. Whoever places or greets a
-// station reads here first; the lookup, the editor and the site windows write.
+// The local call database: one flat file of records sorted by call, searched on the disk. Tips, maps and the lookup
+// look a station up here first; the lookup, the database editor and the site windows write to it.
 #pragma once
 
 #include <QByteArray>
@@ -12,7 +12,7 @@
 
 #include "callbook/db_rec.h"
 
-// Where a station is, as far as the database knows; all empty where it does not.
+// Place, name and address of a station as the database has them; all empty if it does not have the call.
 struct TargetLocation {
   bool InDatabase = false;
   double TargetLat = 0;  // degrees; exactly 0 is unknown
@@ -23,18 +23,18 @@ struct TargetLocation {
   QString Ctry;
 };
 
-// A record of the file as a search has found it.
+// A record that a search has found.
 struct FoundRecord {
   int number = 0;  // from 1
   DbRec record;
 };
 
-// Each operation opens the file, does its work and closes it, so that the file may be copied or replaced in between.
-// One that cannot read or write is passed over and leaves DbCurrent as it stands. Bytes behind the last whole record
-// are nobody's; they stay where they are, behind all records. A file above 512 MiB can be searched and added to, but
-// nothing is deleted there, and one that is unsorted beyond its last record stays so.
 class RecordReader;
 
+// The database file. Each operation opens the file, does its work and closes it, so that the file may be copied or
+// replaced in between. An operation that cannot read or write does nothing and leaves DbCurrent as it is. Bytes behind
+// the last whole record belong to no record; they are kept at the end of the file. A file above 512 MiB can be searched
+// and added to, but nothing is deleted from it, and it stays unsorted unless only its last record is out of order.
 class CallDatabase {
  public:
   explicit CallDatabase(QString appDataDir);
@@ -42,33 +42,36 @@ class CallDatabase {
   // Work record of all operations: what FindRecord found, what AddRecord and UpdateRecord write.
   DbRec DbCurrent;
 
-  // Record number from 1, the record in DbCurrent; 0 where there is none, DbCurrent cleared. Makes an empty file where
-  // there was none. A call of more than six characters is never found, as its record holds six.
+  // Returns the record's number, from 1, and puts the record into DbCurrent; without a record returns 0 and clears
+  // DbCurrent. Makes an empty file if there is none. A call of more than six characters is never found, because a
+  // record holds six.
   int FindRecord(const QString& call);
   void ClearRecord() { DbCurrent = DbRec(); }
-  // The writers answer whether the file now is as they want it. To save a station there is SaveStation.
+  // The writers return true if the file now is as they were asked to make it. To save a station use SaveStation.
   bool AddRecord();
   bool UpdateRecord(int number);
   bool SortDatabase();
-  // Removes every record of the call; DbCurrent holds the last record of the old file.
+  // Removes every record of the call. Afterwards DbCurrent holds the last record of the old file.
   bool DeleteRecord(const QString& call);
-  // Of the file's length, rounded to the nearest: half a record at the end counts, as DeleteRecord counts it.
+  // The file's length divided by that of a record, rounded to the nearest integer: half a record at the end counts, as
+  // DeleteRecord counts it.
   int RecordCount() const;
-  // Trimmed calls in the file's order; without a file the list stays as it is. Leaves the last record in DbCurrent.
+  // Fills a list with the trimmed calls in the file's order; without a file leaves the list alone and returns false.
+  // Leaves the last record in DbCurrent.
   bool FillCallList(QStringList& list);
 
   // The record of a call and its number, by FindRecord.
   std::optional<FoundRecord> Find(const QString& call);
-  // The usual sequence of all who save a station: the record takes the place of the call's, or is sorted in. A call
-  // that is too long for its field is never found, and gets a further record each time. May be called beside the event
-  // loop; DbCurrent stays as it is.
+  // Saves a station: the record replaces the call's record, or is added and sorted in. A call that is too long for its
+  // field is never found, and gets a further record each time. May be called from another thread; DbCurrent stays as it
+  // is.
   bool SaveStation(const QString& call, const DbRec& record) const;
 
-  // By FindRecord; a zero may be slashed.
+  // The place of a call, whose zeros may be slashed. Uses FindRecord.
   TargetLocation LookupTargetLocation(const QString& call);
 
  private:
-  // A part of a new file: bytes at hand, and behind them a stretch of the old file.
+  // A part of a new file: some bytes, followed by a stretch of the old file.
   struct Piece {
     QByteArrayView bytes;
     qint64 start = 0;
@@ -76,20 +79,21 @@ class CallDatabase {
   };
 
   QString Path() const;
-  // Writes the pieces one behind the other: the new file or the old one, never a torn one.
+  // Replaces the file by the pieces, one after the other; on a failure the old file stays whole.
   bool Save(const QList<Piece>& pieces) const;
 
-  // The records that every search begins with, as long as the file is the one that they were read from: a file that has
-  // its inode, size and times, and has rested long enough for its times to tell.
+  // The records in the upper levels of the binary search, which every search passes. Valid while the file has the same
+  // inode, size and times, and was last changed long enough ago for its times to show a later change.
   struct Beginning {
-    std::array<qint64, 6> file{};  // device, inode, size, seconds and nanoseconds of its change, records
-    std::vector<DbRec> records;    // by place in the tree of halves: 1, then 2 and 3, ...
-    std::vector<bool> known;       // whether that record has been read
+    std::array<qint64, 6> file{};  // device, inode, size, seconds and nanoseconds of the last change, number of records
+    std::vector<DbRec>
+        records;  // by place in the tree of halves: 1 is the middle record, 2 and 3 the middles of the halves, ...
+    std::vector<bool> known;  // whether that record has been read
   };
-  // The beginning of the tree for the file open here; nullptr where it may not be trusted.
+  // The remembered records of the file that is open here; nullptr if its times cannot be trusted yet.
   Beginning* BeginningOf(const RecordReader& file);
 
   QString appDataDir_;
   Beginning beginning_;
-  QByteArray exactPath_;  // of the usual spelling, as the system takes it
+  QByteArray exactPath_;  // the file's path in its usual spelling, encoded for the system calls
 };

@@ -10,8 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Bounds of the characters that a pasted call is made of. They let ":" to "@" and "[" to "`" pass, which no cleaned
-// call holds; that is how users know it.
+// Bounds of the character codes that a pasted call is made of. They also admit ":" to "@" and "[" to "`"; that does no
+// harm, as no cleaned call contains them, and users know the rule so.
 constexpr int kFirstPasted = 48;   // "0"
 constexpr int kLastPasted = 122;   // "z"
 constexpr int kSlashedZero = 216;  // "Ø"
@@ -37,14 +37,14 @@ QString CallOfClipboard(const QString& text) {
 
 QString CallOfField(const QString& text) {
   QString copy = text;
-  // The raw text goes on, so that the lookup cuts it in its own way.
+  // Hand on the text as typed; the lookup cuts it by its own rule.
   return CleanCall(copy).isEmpty() ? QString() : text;
 }
 
 QString CallOfCaption(const QString& text, const QStringList& lstBadCalls) {
   QString call = CutAtFirstOther(text);
   if (IsBadCall(call, lstBadCalls)) return {};
-  // A menu may show slashed zeros; the list of refused calls has plain ones.
+  // The text may have slashed zeros, but the list of refused calls has plain ones.
   QString plain = QString(call).replace(u'Ø', u'0');
   return IsBadCall(plain, lstBadCalls) ? QString() : call;
 }

@@ -29,7 +29,8 @@ constexpr std::array<CallbookService, kCallbookServices> kServices = {{
      .loginText = "Logout"_L1,
      .loginPath = "/login"_L1,
      .needsLogin = true},
-    // The choosers spell this one with its domain, the next one only that of the lookup; the program's start neither.
+    // Both choosers spell this name with its domain, only the lookup's chooser does so with the next; the spelling that
+    // CallbookName gets at start has no domain.
     {.index = 3,
      .comboName = "QRZCQ.com"_L1,
      .setupName = "QRZCQ.com"_L1,

@@ -11,7 +11,7 @@
 
 #include "platform/text/ansi_text.h"
 
-// Without the blanks at both ends; other white space and NULs stay.
+// Removes blanks at both ends; other white space and NULs stay.
 QByteArrayView BlanksTrimmed(QByteArrayView bytes);
 
 // A text of Width bytes, padded with blanks.
@@ -33,6 +33,7 @@ class FixedText {
   std::array<char, Width> bytes_;
 };
 
+// A record, byte for byte as in the file.
 struct DbRec {
   FixedText<6> Call;  // plain zeros; longer calls are kept by their first six characters
   FixedText<25> Name;
@@ -48,7 +49,7 @@ struct DbRec {
 inline constexpr qint64 kRecordSize = 167;
 static_assert(sizeof(DbRec) == kRecordSize && std::is_trivially_copyable_v<DbRec>);
 
-// Degrees as a record keeps them, always with a point.
+// Degrees as the text of a record, always with a decimal point.
 QString CoordinateText(double degrees);
-// Degrees of a record's or a box's text, with a point or a comma; 0 where it begins with no number.
+// Degrees in the text of a record or a text box, with a point or a comma; 0 if it does not begin with a number.
 double Coordinate(const QString& text);

@@ -7,7 +7,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Of the read that asks for the version; no call is spelled like it.
+// Key of the read that asks for the version; no call is spelled like it.
 QString UpdatesKey() {
   return u"CheckUpdates"_s;
 }
@@ -17,8 +17,8 @@ QString WithPlainZeros(QString call) {
   return call.replace(u'Ø', u'0');
 }
 
-// An ordinary call goes into an address as it is, with its "/". Whatever would end the path, begin a query or add to
-// one is escaped, so that a call is never more than a call.
+// Escapes whatever would end the path, begin a query or add to one, so that a call can only ever name a page; an
+// ordinary call stays as it is, with its "/".
 QByteArray InAddress(const QString& call) {
   return call.toUtf8().toPercentEncoding("/");
 }
@@ -28,7 +28,7 @@ bool HasDotSegment(const QUrl& url) {
   return segments.contains(u"."_s) || segments.contains(u".."_s);
 }
 
-// Invalid where there is no host, and where a call such as "../x" would lead out of the page's folder.
+// Invalid without a host, and for a call such as "../x" that would lead out of the folder of the pages.
 QUrl AddressOf(const QString& host, const QByteArray& path) {
   if (host.isEmpty()) return {};
   const QUrl url = QUrl::fromEncoded(host.toUtf8() + path);
@@ -58,7 +58,7 @@ void ucLookUp::GetPage(const QString& call) {
 
 void ucLookUp::GetPicture(const QString& call) {
   currentOp_ = CurrentOp::GetPicture;
-  // The folder is named by the call as it was written: a slashed zero at its end stays one there, in lower case.
+  // The folder is the last letter of the call as written, in lower case: a slashed zero at the end stays slashed here.
   const QByteArray folder = InAddress(call.right(1).toLower());
   const QByteArray plain = InAddress(WithPlainZeros(call).toLower());
   const QUrl address = AddressOf(hosts_.Pictures, '/' + folder + '/' + plain + '/' + plain + ".jpg");
@@ -83,12 +83,13 @@ bool ucLookUp::Start(const QString& key, const QUrl& address) {
   pageText_.Cancel(decodes_.take(key).read);
   if (!CanBeRead(address)) return false;
   reads_.Start(key, address, UrlPriority::User);
-  // The process starts while the page is on its way.
+  // Start the process that turns pages into text while the page is on its way.
   if (currentOp_ != CurrentOp::GetPicture) pageText_.WarmUp();
   return true;
 }
 
-// One operation stands for all reads of the instance: a page that arrives after a picture was asked for is a picture.
+// currentOp_ stands for all reads of this object: a page that arrives after a picture was asked for is taken for a
+// picture.
 void ucLookUp::TakeBody(const QString& key, const QByteArray& body) {
   LookupBytes = body;
   if (currentOp_ == CurrentOp::GetPicture) {
@@ -121,7 +122,7 @@ void ucLookUp::Fail(CurrentOp op, const QString& key) {
   }
 }
 
-// In a process of its own, as a stranger's page may be of any size and shape.
+// Turns a page into text in a process of its own, because a stranger's page may be of any size and shape.
 void ucLookUp::BeginDecode(const QString& key, const QByteArray& body) {
   const quint64 read =
       pageText_.Read(body, this, [this, key](const std::optional<QString>& text) { TakeText(key, text); });
@@ -135,7 +136,7 @@ void ucLookUp::TakeText(const QString& key, const std::optional<QString>& text) 
     return;
   }
   page_.PageText = *text;
-  // The signals come last: who hears them may read again, or close the window that owns this.
+  // Emit the signals last: a receiver may read again, or close the window that owns this object.
   switch (decode.op) {
     case CurrentOp::GetPage:
       Q_EMIT GotPage(key, page_.LoggedIn(Database));

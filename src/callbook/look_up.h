@@ -21,21 +21,21 @@ class ucLookUp : public QObject {
  public:
   ucLookUp(UrlNetwork& network, const Hosts& hosts, PageTextTool& pageText, QObject* parent = nullptr);
 
-  // Index of the service, 1 to 5; set before every read. Any other keeps the address of the page read before, and all
-  // fields empty.
+  // Index of the service, 1 to 5; to be set before every read. With any other index the address of the page read before
+  // is kept, and all fields are empty.
   int Database = 0;
-  // Body of the read completed last; within GotPic the picture.
+  // Body of the read that completed last; within GotPic it is the picture.
   QByteArray LookupBytes;
 
-  // Begin a read under the call, spelled as given, as its key; one pending under the same key is cancelled. Nothing is
-  // answered before they return, but for a read that cannot be started.
+  // Each begins a read whose key is the call as given; a pending read under the same key is cancelled. The answer comes
+  // after the routine has returned, except when the read cannot be started.
   void GetPage(const QString& call);
   void GetPicture(const QString& call);
   void IsLoggedIn(const QString& key);
   void CheckUpdates();
 
-  // Fields of the page, to be read within GotPage and in this order; empty or 0 where the page does not have them.
-  // cName may raise CallNotFound or LoginRequired before it returns.
+  // Fields of the page, to be read within GotPage and in this order; empty or 0 if the page does not have them. cName
+  // may raise CallNotFound or LoginRequired before it returns.
   QString cName(const QString& call);
   QString Add1();
   QString Add2();
@@ -59,14 +59,14 @@ class ucLookUp : public QObject {
   void LoginRequired(const QString& call);
   void UpdateFound(const QString& text);
   void UpdatesNotFound();
-  // A page read could not be started: the pointer is to be set back to normal.
+  // A page could not be read: the window has to set the pointer back to normal.
   void PointerNormal();
 
  private:
   enum class CurrentOp { None, CheckUpdates, IsLoggedIn, GetPage, GetPicture };
-  // A page whose text is being made, and what it was read for.
+  // A page that is being turned into text, and the operation that it was read for.
   struct Decode {
-    quint64 read = 0;  // of the page text tool
+    quint64 read = 0;  // number of the job at the page text tool
     CurrentOp op = CurrentOp::None;
   };
 
@@ -80,9 +80,10 @@ class ucLookUp : public QObject {
   const Hosts hosts_;
   PageTextTool& pageText_;
   PageReader page_;
-  CurrentOp currentOp_ = CurrentOp::None;  // of the operation begun last; what completes is taken for one of its kind
+  CurrentOp currentOp_ = CurrentOp::None;  // operation begun last; a body that arrives is taken for an answer to it,
+                                           // whatever it was asked for
   QUrl pageAddress_;
-  // PendingReads are the keys of the two: those on the network, and those that have come and are not text yet.
+  // Reads on the network, and pages that have arrived and are being turned into text; both by key.
   UrlReader reads_;
   QHash<QString, Decode> decodes_;
 };

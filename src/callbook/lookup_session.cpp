@@ -16,12 +16,14 @@ namespace {
 
 constexpr double kUnitsWide = 57;
 constexpr double kUnitsHigh = 39;
-constexpr double kFlatShape = 0.75;  // height to width, below which the width decides
+// Height divided by width; flatter pictures are scaled by their width, others by their height.
+constexpr double kFlatShape = 0.75;
 
-// A sign-in page sets several cookies, and a page that is read between two of them would know nothing of it yet.
+// Wait this long after a change of cookies: a sign-in page sets several, and a page read between two of them would not
+// be that of a signed-in user yet.
 constexpr std::chrono::milliseconds kCookiePause = 400ms;
-// A cookie that comes during a read may belong to the sign-in, or be one that the service gives with every page. It is
-// worth one more read; a read after each of them would never end.
+// Reads after cookies that came during a read. Such a cookie may belong to the sign-in, but some services set one with
+// every page, so reading after each of them would never end.
 constexpr int kReadsForCookies = 2;
 
 bool WritePicture(const QString& path, const QByteArray& bytes) {
@@ -35,25 +37,25 @@ bool WritePicture(const QString& path, const QByteArray& bytes) {
 QSizeF PictureUnits(QSize pixels) {
   if (pixels.isEmpty()) return {};
   const QSizeF size(pixels);
-  // Between the two shapes a picture comes out a little higher than the others.
+  // A picture between the two shapes (0.68 to 0.75) comes out a little higher than 39 units.
   const bool flat = size.height() / size.width() < kFlatShape;
   return size / (flat ? size.width() / kUnitsWide : size.height() / kUnitsHigh);
 }
 
-LookupSession::LookupSession(const Parts& parts, QObject* parent) : QObject(parent), parts_(parts) {
+LookupSession::LookupSession(const Dependencies& dependencies, QObject* parent) : QObject(parent), deps_(dependencies) {
   cookieTimer_.setSingleShot(true);
   cookieTimer_.setInterval(kCookiePause);
   connect(&cookieTimer_, &QTimer::timeout, this, &LookupSession::CookiesSettled);
-  connect(&parts_.cookies, &CookieStore::Changed, this, &LookupSession::CookiesChanged);
+  connect(&deps_.cookies, &CookieStore::Changed, this, &LookupSession::CookiesChanged);
 }
 
 LookupSession::~LookupSession() = default;
 
-// Each call gets a control of its own, as each window had: what the former one still reads is lost with it, and so is
-// the place in its last page.
+// Makes a new ucLookUp for each call, so that reads for the former call are dropped with the former control, and the
+// position in its last page too.
 void LookupSession::MakeLookUp() {
   DropLookUp();
-  lookUp_ = std::make_unique<ucLookUp>(parts_.network, parts_.hosts, parts_.pageText);
+  lookUp_ = std::make_unique<ucLookUp>(deps_.network, deps_.hosts, deps_.pageText);
   connect(lookUp_.get(), &ucLookUp::GotPage, this, &LookupSession::GotPage);
   connect(lookUp_.get(), &ucLookUp::PageNotFound, this, &LookupSession::NotFound);
   connect(lookUp_.get(), &ucLookUp::CallNotFound, this, &LookupSession::NotFound);
@@ -65,7 +67,7 @@ void LookupSession::MakeLookUp() {
 void LookupSession::DropLookUp() {
   if (!lookUp_) return;
   lookUp_->disconnect(this);
-  // It may be one of its own signals that brought us here.
+  // A signal of this very control may have led here, so it must not be deleted before the event loop turns.
   lookUp_.release()->deleteLater();
 }
 
@@ -79,11 +81,11 @@ void LookupSession::StartLookup(const QString& lookupCall) {
   statusLine_.reset();
   placeLine_ = PlaceLine::Blank;
   ShowCallLine(CallLine::Progress);
-  TellTexts();
+  WriteTexts();
   Q_EMIT Changed();
 
   LookupCall = CutAtFirstOther(LookupCall.replace(u'Ø', u'0'));
-  // Nothing to look up: the window is left with the progress text.
+  // Without a call the window keeps the progress text.
   if (LookupCall.isEmpty()) return;
   call_ = LookupCall;
   call_ = CleanCall(call_);
@@ -93,7 +95,7 @@ void LookupSession::StartLookup(const QString& lookupCall) {
     return;
   }
   view_.busy = true;
-  const std::optional<FoundRecord> found = parts_.database.Find(call_);
+  const std::optional<FoundRecord> found = deps_.database.Find(call_);
   if (found && !found->record.Name.Text().isEmpty() && found->record.Lat.Text() != "0"_L1) {
     ShowDbRecord(found->record);
   } else {
@@ -103,26 +105,26 @@ void LookupSession::StartLookup(const QString& lookupCall) {
 
 void LookupSession::EndLookup() {
   DropLookUp();
-  ++generation_;
+  shown_.Withdraw();
   if (view_.busy) PointerNormal();
 }
 
 void LookupSession::BeginRead() {
   if (!lookUp_ || call_.isEmpty()) return;
   view_.busy = true;
-  serviceName_ = parts_.program.config.CallbookName;
-  lookUp_->Database = parts_.program.config.CallbookIndex;
+  serviceName_ = deps_.program.config.CallbookName;
+  lookUp_->Database = deps_.program.config.CallbookIndex;
   Q_EMIT Changed();
   lookUp_->GetPage(call_);
 }
 
 void LookupSession::ChooseService(int listIndex) {
-  if (!ChooseCallbook(parts_.program.config, listIndex + 1, ServiceSpelling::Lookup)) return;
+  if (!ChooseCallbook(deps_.program.config, listIndex + 1, ServiceSpelling::Lookup)) return;
   awaitingSignIn_ = false;
   statusLine_.reset();
-  TellTexts();
+  WriteTexts();
   view_.picture = QImage();
-  ++generation_;
+  shown_.Withdraw();
   Q_EMIT Changed();
   BeginRead();
 }
@@ -131,12 +133,12 @@ void LookupSession::Update() {
   if (!lookUp_ || call_.isEmpty()) return;
   BlankFields();
   ShowCallLine(CallLine::Progress);
-  ++generation_;
+  shown_.Withdraw();
   BeginRead();
 }
 
 void LookupSession::ShowDbRecord(const DbRec& record) {
-  const Program& program = parts_.program;
+  const Program& program = deps_.program;
   ShowCallLine(CallLine::FromDatabase, call_);
   view_.name = NameWithNickname(record.Name.Text(), call_);
   view_.add1 = record.Add1.Text();
@@ -145,7 +147,7 @@ void LookupSession::ShowDbRecord(const DbRec& record) {
   const double lat = Coordinate(record.Lat.Text());
   const double lon = Coordinate(record.Lon.Text());
   ShowPlace(IsKnownPosition(lat, lon) ? PlaceLine::Known : PlaceLine::NotInRecord, lat, lon);
-  // A picture that came empty counts as none.
+  // An empty file counts as no picture.
   if (QFileInfo(PicturePath()).size() > 0) {
     ShowPicture();
   } else {
@@ -159,8 +161,8 @@ void LookupSession::ShowDbRecord(const DbRec& record) {
 
 void LookupSession::ShowPicture() {
   if (!QFileInfo::exists(PicturePath())) return;
-  parts_.tool.View(PicturePath(), pictureBox_, this, [this, generation = generation_](const PictureAnswer& answer) {
-    if (generation != generation_ || !answer.ok || answer.frames.isEmpty()) return;
+  deps_.tool.View(PicturePath(), pictureBox_, this, [this, token = shown_.Present()](const PictureAnswer& answer) {
+    if (!token.StillWanted() || !answer.ok || answer.frames.isEmpty()) return;
     view_.picture = answer.frames.first().image;
     view_.pictureUnits = PictureUnits(answer.size);
     Q_EMIT Changed();
@@ -170,7 +172,7 @@ void LookupSession::ShowPicture() {
 void LookupSession::GotPage(const QString& call, bool loggedIn) {
   if (call != call_) return;
   loggedIn_ = loggedIn;
-  toldBy_ = lookUp_->Database;
+  loginService_ = lookUp_->Database;
   if (loggedIn) awaitingSignIn_ = false;
   ShowStatus(loggedIn);
   const CallbookService* service = FindCallbookService(lookUp_->Database);
@@ -185,36 +187,35 @@ void LookupSession::GotPage(const QString& call, bool loggedIn) {
 
 void LookupSession::ShowStatus(bool loggedIn) {
   statusLine_ = LoginLine(lookUp_->Database, loggedIn);
-  TellTexts();
+  WriteTexts();
 }
 
 void LookupSession::ShowTexts() {
-  TellTexts();
+  WriteTexts();
   Q_EMIT Changed();
 }
 
-// All of the view that is said in the user's language.
-void LookupSession::TellTexts() {
-  Program& program = parts_.program;
+// Writes all texts of the view that are in the user's language.
+void LookupSession::WriteTexts() {
+  const Program& program = deps_.program;
   view_.title = QString(program.language[TextLine::kLookupTitle]).replace("??"_L1, titleCall_);
   view_.updateCaption =
       QString(program.language[TextLine::kLookupUpdate]).replace("***"_L1, program.config.CallbookName);
   view_.call = CallText();
   view_.dxAz = PlaceText();
   view_.status = statusLine_ ? program.language[*statusLine_] : QString();
-  // The menus of the main window go on showing it when this window has been closed.
-  if (statusLine_) program.LookupStatus = view_.status;
+  if (statusLine_) Q_EMIT LookupStatusChanged(view_.status);
 }
 
 void LookupSession::ShowCallLine(CallLine line, const QString& call) {
   callLine_ = line;
   lineCall_ = call;
-  lineService_ = line == CallLine::Progress ? parts_.program.config.CallbookName : serviceName_;
+  lineService_ = line == CallLine::Progress ? deps_.program.config.CallbookName : serviceName_;
   view_.call = CallText();
 }
 
 QString LookupSession::CallText() const {
-  const LanguageTexts& texts = parts_.program.language;
+  const LanguageTexts& texts = deps_.program.language;
   switch (callLine_) {
     case CallLine::Blank:
       break;
@@ -238,7 +239,7 @@ void LookupSession::ShowPlace(PlaceLine line, double lat, double lon) {
 }
 
 QString LookupSession::PlaceText() const {
-  const LanguageTexts& texts = parts_.program.language;
+  const LanguageTexts& texts = deps_.program.language;
   switch (placeLine_) {
     case PlaceLine::Blank:
       break;
@@ -253,14 +254,14 @@ QString LookupSession::PlaceText() const {
 }
 
 void LookupSession::ReadPage(const QString& call) {
-  const Program& program = parts_.program;
+  const Program& program = deps_.program;
   ShowCallLine(CallLine::FromService, call);
   unknownCall_ = false;
   const QString name = lookUp_->cName(call);
   view_.busy = false;
   view_.name.clear();
-  // One service's reader gives a name even for a call that it has just called unknown. That is no name to show, and
-  // still less one to keep.
+  // For one service cName returns a name even if the page says that the call is unknown; that name is neither shown nor
+  // stored.
   if (name.isEmpty() || unknownCall_) return;
   view_.name = NameWithNickname(name, call);
   view_.add1 = lookUp_->Add1();
@@ -288,26 +289,26 @@ void LookupSession::ReadPage(const QString& call) {
   lookUp_->GetPicture(call);
 }
 
-// The database may hold 100,000 stations: sorting a new one in takes longer than a window may stand still.
+// Saves on the background thread: sorting a new record into 100,000 others would hold the event loop for too long.
 void LookupSession::SaveRecord(const QString& call, const DbRec& record) {
-  parts_.background.Run<bool>(
-      this, [&database = parts_.database, call, record]() { return database.SaveStation(call, record); },
+  deps_.background.Run<bool>(
+      this, [&database = deps_.database, call, record]() { return database.SaveStation(call, record); },
       [this, call](bool written) {
         if (written) Q_EMIT Stored(call);
       });
 }
 
-// What comes may be an error page: only a picture takes the place of the one that is there.
+// The body may be an error page, so it is measured first: only a picture replaces the stored one.
 void LookupSession::GotPic(const QString& call) {
   if (call != call_) return;
   const QByteArray bytes = lookUp_->LookupBytes;
   const QString path = PicturePath();
-  parts_.tool.Measure(bytes, this, [this, bytes, path, generation = generation_](const PictureAnswer& answer) {
-    const auto show = [this, generation](bool) {
-      if (generation == generation_) ShowPicture();
+  deps_.tool.Measure(bytes, this, [this, bytes, path, token = shown_.Present()](const PictureAnswer& answer) {
+    const auto show = [this, token](bool) {
+      if (token.StillWanted()) ShowPicture();
     };
     if (!answer.ok) return show(false);
-    parts_.background.Run<bool>(
+    deps_.background.Run<bool>(
         this, [path, bytes]() { return WritePicture(path, bytes); }, show);
   });
 }
@@ -320,7 +321,7 @@ void LookupSession::NotFound(const QString& call) {
 
 void LookupSession::LoginRequired(const QString& call) {
   Q_UNUSED(call)
-  // Whatever else the page says, signing in is what is to be offered now.
+  // From now on the window offers to sign in, whatever the page says about the login.
   loggedIn_ = false;
   PointerNormal();
   Q_EMIT Beep();
@@ -339,32 +340,32 @@ void LookupSession::BlankFields() {
 }
 
 QString LookupSession::NameWithNickname(const QString& name, const QString& call) const {
-  const QString nickname = Nickname(parts_.program.nicknames.lstNicknames, call).value_or(QString());
+  const QString nickname = Nickname(deps_.program.nicknames.lstNicknames, call).value_or(QString());
   return nickname.isEmpty() ? name : nickname + "  ("_L1 + name + u')';
 }
 
 QString LookupSession::DistanceText(double lat, double lon) const {
-  const Config& config = parts_.program.config;
+  const Config& config = deps_.program.config;
   if (!IsKnownPosition(config.MyLat, config.MyLon)) {
-    return parts_.program.language[TextLine::kSetLocation].trimmed();
+    return deps_.program.language[TextLine::kSetLocation].trimmed();
   }
   return DistAzText(config.MyLat, config.MyLon, lat, lon, config.DistUnit);
 }
 
 SignInOffer LookupSession::Offer() const {
-  const QString signIn = tr("Sign in to %1").arg(parts_.program.config.CallbookName);
+  const QString signIn = tr("Sign in to %1").arg(deps_.program.config.CallbookName);
   const QUrl url = SignInUrl();
   if (!url.isValid()) return {SignInOffer::Kind::None, signIn};
-  // Until a page has told, cookies of the service stand for a sign-in.
-  const bool told = loggedIn_.has_value() && toldBy_ == parts_.program.config.CallbookIndex;
-  const bool in = told ? *loggedIn_ : !ServiceCookies().isEmpty();
+  // Until a page of this service has been read, having cookies of the service counts as signed in.
+  const bool known = loggedIn_.has_value() && loginService_ == deps_.program.config.CallbookIndex;
+  const bool in = known ? *loggedIn_ : !ServiceCookies().isEmpty();
   if (!in) return {SignInOffer::Kind::SignIn, signIn};
-  return {SignInOffer::Kind::SignOut, tr("Sign out of %1").arg(parts_.program.config.CallbookName)};
+  return {SignInOffer::Kind::SignOut, tr("Sign out of %1").arg(deps_.program.config.CallbookName)};
 }
 
 QUrl LookupSession::SignInUrl() const {
   const CallbookService* service = Service();
-  return service == nullptr ? QUrl() : LoginUrl(*service, parts_.hosts);
+  return service == nullptr ? QUrl() : LoginUrl(*service, deps_.hosts);
 }
 
 void LookupSession::AwaitSignIn() {
@@ -402,9 +403,9 @@ void LookupSession::SignOut() {
   const QUrl url = SignInUrl();
   if (!url.isValid()) return;
   awaitingSignIn_ = false;
-  parts_.cookies.RemoveOf(url);
+  deps_.cookies.RemoveOf(url);
   loggedIn_.reset();
-  // There may be no call to read again.
+  // Update() does nothing without a call, but the offer has changed in any case.
   Q_EMIT Changed();
   Update();
 }

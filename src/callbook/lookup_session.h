@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the lookup window decides: which call is shown, from the local database or from a callbook service, what is
-// written back, whose picture is shown, and what the user's sign-in changes. Form12 shows its LookupView.
+// The logic of the lookup window: which call is shown, from the local database or a callbook service, what is written
+// to the database, whose picture is shown, and what the user's sign-in changes. Form12 owns it and shows its
+// LookupView.
 #pragma once
 
 #include <QImage>
@@ -25,31 +26,34 @@
 #include "platform/net/url_reader.h"
 #include "platform/picture/page_text_tool.h"
 #include "platform/picture/picture_tool.h"
+#include "platform/wanted.h"
 
 // All that the window shows.
 struct LookupView {
   QString title;
-  QString call;  // lblCall: call and source, or what goes on
+  QString call;  // lblCall: the call and its source, or the progress text
   QString name;
   QString add1;
   QString add2;
   QString ctry;
   QString dxAz;
   QString status;         // login state at the service
-  QString updateCaption;  // of cmdUpdate
+  QString updateCaption;  // caption of cmdUpdate
   QImage picture;         // Image1; null: empty
-  QSizeF pictureUnits;    // its size: 57 by 39 units, or a little higher
+  QSizeF pictureUnits;    // size of Image1: 57 by 39 units, or a little higher
   bool busy = false;      // the busy pointer
 };
 
-// Size of a picture in the lookup window, in its units, enlarged too; empty for an empty one.
+// Size of a picture in the lookup window, in that window's units; small pictures are enlarged. Empty for an empty size.
 QSizeF PictureUnits(QSize pixels);
 
+// The lookups of one Form12.
 class LookupSession : public QObject {
   Q_OBJECT
 
  public:
-  struct Parts {
+  // What a session uses; all of it outlives the session.
+  struct Dependencies {
     Program& program;
     UrlNetwork& network;
     PictureTool& tool;
@@ -60,45 +64,48 @@ class LookupSession : public QObject {
     CallDatabase& database;
   };
 
-  explicit LookupSession(const Parts& parts, QObject* parent = nullptr);
+  explicit LookupSession(const Dependencies& dependencies, QObject* parent = nullptr);
   ~LookupSession() override;
 
-  // Begins with a call as its caller spells it; whatever was under way for another call is dropped.
+  // Looks a call up, as its caller spells it; what is under way for another call is dropped.
   void StartLookup(const QString& lookupCall);
   // The window closes: reads in flight are dropped.
   void EndLookup();
 
-  // cboDB, from 0: always reads again. A place outside the list is passed over.
+  // A row of cboDB, from 0, was chosen: reads from that service. A row outside the list changes nothing.
   void ChooseService(int listIndex);
-  // cmdUpdate.
+  // cmdUpdate was pressed: reads again from the service.
   void Update();
-  // The language has changed: the view says the same in the present one.
+  // Writes the view's texts anew after a change of language.
   void ShowTexts();
 
   const LookupView& View() const { return view_; }
-  // The call that is shown, cleaned; empty where there was none.
+  // The call that is shown, as CleanCall leaves it; empty if the window was given no call.
   QString Call() const { return call_; }
-  QString PicturePath() const { return OperatorPicturePath(parts_.program.AppDataDir, call_); }
+  QString PicturePath() const { return OperatorPicturePath(deps_.program.AppDataDir, call_); }
   // Pixels that a picture of 57 by 43 units takes on the screen; pictures are scaled to it beside the event loop.
   void SetPictureBox(QSize pixels) { pictureBox_ = pixels; }
-  // Where the database has the call; both coordinates 0 where it does not.
-  TargetLocation Target() { return parts_.database.LookupTargetLocation(call_); }
+  // The call's place in the database; both coordinates 0 if the database does not have it.
+  TargetLocation Target() { return deps_.database.LookupTargetLocation(call_); }
 
-  // What can be done about the login at the chosen service.
+  // Whether the window offers to sign in to or out of the chosen service.
   SignInOffer Offer() const;
   // The service's own login page; invalid without one.
   QUrl SignInUrl() const;
-  // Its page is open now: as soon as it has left other cookies, and once when it is closed, the call that is shown then
-  // is read again.
+  // The login page has been opened: the shown call is read again whenever that page has changed the service's cookies,
+  // and once when the page is closed.
   void AwaitSignIn();
   void SignInClosed();
-  // The browser has forgotten the service already.
+  // Removes the service's cookies and reads the call again. The browser window's own cookies have to be removed before.
   void SignOut();
 
  Q_SIGNALS:
   void Changed();
+  // The window is to be raised.
   void FrontWanted();
   void Beep();
+  // The login state is shown; LookupStatus of the main window's menus, which outlives the lookup window.
+  void LookupStatusChanged(const QString& status);
   // The local database has a new or changed record of the call.
   void Stored(const QString& call);
 
@@ -117,13 +124,13 @@ class LookupSession : public QObject {
   void CookiesChanged();
   void CookiesSettled();
 
-  // What lblCall says, so that it can be said in another language.
+  // Which text lblCall shows; kept so that it can be written in another language.
   enum class CallLine { Blank, Progress, FromDatabase, FromService, NotFound };
-  // What lblDxAz says.
+  // Which text lblDxAz shows.
   enum class PlaceLine { Blank, Known, NotInRecord, NotAtService };
 
   void BlankFields();
-  void TellTexts();
+  void WriteTexts();
   void ShowStatus(bool loggedIn);
   void ShowCallLine(CallLine line, const QString& call = {});
   void ShowPlace(PlaceLine line, double lat = 0, double lon = 0);
@@ -132,30 +139,30 @@ class LookupSession : public QObject {
   QString NameWithNickname(const QString& name, const QString& call) const;
   QString DistanceText(double lat, double lon) const;
   void SaveRecord(const QString& call, const DbRec& record);
-  const CallbookService* Service() const { return FindCallbookService(parts_.program.config.CallbookIndex); }
-  QList<QNetworkCookie> ServiceCookies() const { return parts_.cookies.CookiesFor(SignInUrl()); }
+  const CallbookService* Service() const { return FindCallbookService(deps_.program.config.CallbookIndex); }
+  QList<QNetworkCookie> ServiceCookies() const { return deps_.cookies.CookiesFor(SignInUrl()); }
 
-  Parts parts_;
+  Dependencies deps_;
   LookupView view_;
-  QString LookupCall;  // as the caller spelled it, then cut
-  QString call_;       // cleaned
+  QString LookupCall;  // as the caller spelled it, then cut at the first character that belongs to no call
+  QString call_;       // as CleanCall leaves it
   QString titleCall_;
   CallLine callLine_ = CallLine::Blank;
-  QString lineCall_;     // in lblCall
-  QString lineService_;  // in lblCall and lblDxAz
+  QString lineCall_;     // call in lblCall
+  QString lineService_;  // service in lblCall and lblDxAz
   PlaceLine placeLine_ = PlaceLine::Blank;
   double lat_ = 0;
   double lon_ = 0;
   std::optional<TextLine> statusLine_;
   std::unique_ptr<ucLookUp> lookUp_;
-  QString serviceName_;           // of the read under way
+  QString serviceName_;           // service of the read under way
   bool unknownCall_ = false;      // CallNotFound was raised for the page that is being read
-  std::optional<bool> loggedIn_;  // as the last page told
-  int toldBy_ = 0;                // the service of that page
-  int generation_ = 0;            // of the call shown; answers of a former one are dropped
+  std::optional<bool> loggedIn_;  // as the last page showed
+  int loginService_ = 0;          // service of that page
+  Wanted shown_;                  // the call shown; answers for a former one are dropped
   QSize pictureBox_{142, 108};
   bool awaitingSignIn_ = false;
-  int readsForCookies_ = 0;  // since the browser has last changed one
+  int readsForCookies_ = 0;  // reads since the browser window last changed a cookie
   QList<QNetworkCookie> cookiesSeen_;
   QTimer cookieTimer_;
 };

@@ -16,9 +16,9 @@ namespace {
 constexpr int kFocusRing = 2;
 constexpr int kLeastLetters = 8;
 constexpr int kSignSide = 16;
-constexpr int kSmallest = 85;  // percent of the letters' size that can still be read well
+constexpr int kSmallest = 85;  // percent of the usual letter size, below which letters are hard to read
 
-// A page's text may hold what no line of a window can show.
+// Replaces control characters, which a callbook page may contain, by blanks.
 QString OneLine(QString text) {
   for (QChar& c : text) {
     if (c.category() == QChar::Other_Control) c = u' ';
@@ -33,7 +33,7 @@ FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLineEdit(parent)
   setReadOnly(true);
   setFrame(false);
   setFocusPolicy(Qt::NoFocus);
-  // A text on the window, not a box to be filled in.
+  // No background: the field is to be seen as a text on the window, not as a box to be filled in.
   QPalette onWindow;
   onWindow.setColor(QPalette::Base, Qt::transparent);
   setPalette(onWindow);
@@ -42,7 +42,7 @@ FieldLabel::FieldLabel(const QString& name, QWidget* parent) : QLineEdit(parent)
 
 void FieldLabel::SetField(const QString& text, const QString& role) {
   const QString line = OneLine(text);
-  // Screen readers are told of each setting, of the same text too.
+  // Setting the same text again would have screen readers announce it again.
   if (role != accessibleName()) setAccessibleName(role);
   if (line == this->text()) return;
   setText(line);
@@ -71,7 +71,7 @@ void FieldLabel::paintEvent(QPaintEvent* event) {
   if (hasFocus()) QLineEdit::paintEvent(event);
   QPainter painter(this);
   if (hasFocus()) {
-    // A line that cannot be written has no caret that would show where the focus is.
+    // A read-only line has no caret that shows where the focus is.
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 1.5));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
@@ -95,13 +95,14 @@ void FieldLabel::changeEvent(QEvent* event) {
 
 void FieldLabel::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
-  // What is selected stays so while the menu of the field is open.
+  // Keep the selection while the field's own menu is open.
   if (event->reason() != Qt::PopupFocusReason) setCursorPosition(0);
 }
 
 namespace {
 
-// The desktop's colour for links. Some dark desktops leave it at a dark blue, which nobody could read there.
+// The desktop's colour for links, or that of the text where it cannot be read on the background (some dark desktops
+// leave it dark blue).
 QColor LinkColour(const QPalette& palette) {
   constexpr int kReadable = 90;  // of 255, between grey values
   const QColor link = palette.color(QPalette::Active, QPalette::Link);
@@ -129,9 +130,9 @@ void StatusLink::SetStatus(const QString& text, const QString& action) {
   setCursor(isLink_ ? Qt::PointingHandCursor : Qt::ArrowCursor);
   setAccessibleName(text);
   setAccessibleDescription(isLink_ ? action : QString());
-  // The text may be cut.
+  // The tip repeats the text, because the text may be cut.
   setToolTip(PlainTip(isLink_ ? text + u'\n' + action : text));
-  // A screen reader would call it a button without a name.
+  // Hide it without a text: a screen reader would announce a button without a name.
   setVisible(!text.isEmpty());
   updateGeometry();
   update();
@@ -153,7 +154,7 @@ QFont StatusLink::ShownFont() const {
   QFont smaller = font();
   for (int percent = 95; percent >= kSmallest && QFontMetrics(smaller).horizontalAdvance(text()) > Room();
        percent -= 5) {
-    // As resolved: a font may have been asked for in pixels.
+    // Take the size from QFontInfo: a font that was set in pixels has no point size of its own.
     smaller.setPointSizeF(QFontInfo(font()).pointSizeF() * percent / 100);
   }
   return smaller;
@@ -174,7 +175,7 @@ void StatusLink::paintEvent(QPaintEvent* event) {
   QFont shown = ShownFont();
   shown.setUnderline(isLink_);
   painter.setFont(shown);
-  // A state that cannot be clicked is still a text to be read: not greyed.
+  // The active colour even if disabled: a state that cannot be clicked is still a text to be read.
   painter.setPen(isLink_ ? LinkColour(palette()) : palette().color(QPalette::Active, QPalette::WindowText));
   const QRect room = rect().adjusted(kFocusRing, 0, -kFocusRing, 0);
   painter.drawText(room, static_cast<int>(Qt::AlignVCenter) | static_cast<int>(Qt::AlignLeft) | Qt::TextSingleLine,

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the lookup window is made of besides the usual: a line of text that is cut where it does not fit, the login
-// state that can be clicked, and the operator's picture as a button. Form12 makes them.
+// Controls of the lookup window: a text field that is cut where it does not fit, the login state that can be clicked,
+// and the operator's picture as a button. Form12 and ServiceChooser make them.
 #pragma once
 
 #include <QAbstractButton>
@@ -9,8 +9,9 @@
 #include <QSizeF>
 #include <QToolButton>
 
-// One line to be read: reached by Tab, selected and copied by pointer and keyboard. A text that is too long ends in
-// dots until the field has the focus, and stands whole in the tip and for screen readers. An empty one is passed over.
+// One line of read-only text, reached by Tab, selected and copied by pointer and keyboard. A text that is too long ends
+// in dots until the field has the focus, and is whole in the tip and for screen readers. Tab passes over an empty
+// field.
 class FieldLabel : public QLineEdit {
   Q_OBJECT
 
@@ -19,7 +20,7 @@ class FieldLabel : public QLineEdit {
 
   // role: what the field is, for screen readers.
   void SetField(const QString& text, const QString& role);
-  // What stands in the window, with the dots.
+  // The text as it is painted, with the dots.
   QString ShownText() const;
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;
@@ -34,17 +35,17 @@ class FieldLabel : public QLineEdit {
   void ShowTip();
 };
 
-// Plain text, or a link where there is something to be done about it. A text that is a little too long is written in
-// smaller letters, a longer one ends in dots; without a text it is hidden and keeps its room.
+// The login state: plain text, or a link if a click does something. A text that is a little too long is written in
+// smaller letters, a longer one ends in dots; without a text the control is hidden but keeps its place.
 class StatusLink : public QToolButton {
   Q_OBJECT
 
  public:
   StatusLink(const QString& name, QWidget* parent);
 
-  // action: what a click does; empty: nothing.
+  // action: what a click does, in words; empty: the text is no link.
   void SetStatus(const QString& text, const QString& action);
-  // What stands in the window, with the dots.
+  // The text as it is painted, with the dots.
   QString ShownText() const;
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
@@ -59,7 +60,7 @@ class StatusLink : public QToolButton {
   bool isLink_ = false;
 };
 
-// A picture of the size that it is told; pressed by click or key, its menu opened by the right button or the menu key.
+// A picture that is a button: pressed by click or key, its menu opened by the right button or the menu key.
 class PictureButton : public QAbstractButton {
   Q_OBJECT
 
@@ -81,5 +82,5 @@ class PictureButton : public QAbstractButton {
   QImage picture_;
 };
 
-// A key, drawn in the colour of the text.
+// The icon of a key (for signing in), drawn in the colour of the text.
 QIcon KeySign(const QPalette& palette, double pixelRatio);

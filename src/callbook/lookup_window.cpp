@@ -19,11 +19,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr QSize kClient(350, 200);
-constexpr double kUnit = 2.5;            // pixels of a unit of the picture's size
-constexpr QSizeF kLargestUnits(57, 43);  // with the band between the two shapes
+constexpr double kUnit = 2.5;            // pixels a unit in which the picture's size is given
+constexpr QSizeF kLargestUnits(57, 43);  // the highest picture, see PictureUnits
 constexpr QSize kWholePicture(16000, 16000);
 constexpr int kGap = 4;
-constexpr double kCallFont = 1.25;  // of the font of the other lines
+constexpr double kCallFont = 1.25;  // times the font of the other lines
 
 QSize PixelsOf(const QSizeF& units) {
   return (units * kUnit).toSize();
@@ -31,10 +31,10 @@ QSize PixelsOf(const QSizeF& units) {
 
 }  // namespace
 
-Form12::Form12(const Parts& parts, QWidget* owner)
+Form12::Form12(const Dependencies& dependencies, QWidget* owner)
     : BaseWindow(owner),
-      parts_(parts),
-      session_(parts),
+      deps_(dependencies),
+      session_(dependencies),
       lblCall(new FieldLabel(u"lblCall"_s, this)),
       lblName(new FieldLabel(u"lblName"_s, this)),
       lblAdd1(new FieldLabel(u"lblAdd1"_s, this)),
@@ -47,7 +47,7 @@ Form12::Form12(const Parts& parts, QWidget* owner)
   setObjectName(u"Form12"_s);
   SetDefaultButton(service_->FetchButton());
   MakeLayout();
-  ConnectParts();
+  ConnectSignals();
 }
 
 void Form12::MakeLayout() {
@@ -84,11 +84,12 @@ void Form12::MakeLayout() {
   for (qsizetype i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
 }
 
-void Form12::ConnectParts() {
+void Form12::ConnectSignals() {
   connect(&session_, &LookupSession::Changed, this, &Form12::ShowView);
   connect(&session_, &LookupSession::FrontWanted, this, &Form12::raise);
-  // The desktop's own: how high and how long it sounds is the user's choice.
+  // The desktop's own beep, whose pitch and length the user has chosen.
   connect(&session_, &LookupSession::Beep, this, &QApplication::beep);
+  connect(&session_, &LookupSession::LookupStatusChanged, this, &Form12::LookupStatusChanged);
   connect(&session_, &LookupSession::Stored, this, &Form12::Stored);
   connect(service_, &ServiceChooser::Chosen, &session_, &LookupSession::ChooseService);
   connect(service_, &ServiceChooser::FetchWanted, &session_, &LookupSession::Update);
@@ -98,7 +99,7 @@ void Form12::ConnectParts() {
   connect(Image1, &PictureButton::clicked, this, &Form12::OpenPicture);
   connect(Image1, &PictureButton::MenuWanted, this, &Form12::OpenPictureMenu);
   const auto does = [this](Command command, auto handler) {
-    parts_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
+    deps_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
   };
   does(Command::ShowCallOnMap, [](Form12& form, const MenuChoice& choice) { form.MnuMapsClick(choice.index); });
   does(Command::CopyOperatorPicture, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
@@ -107,10 +108,10 @@ void Form12::ConnectParts() {
 }
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
-  parts_.menus.CloseMenus();
+  deps_.menus.CloseMenus();
   if (picture_) picture_->close();
   beside_ = besideGlobal;
-  service_->SetService(parts_.program.config.CallbookIndex);
+  service_->SetService(deps_.program.config.CallbookIndex);
   session_.SetPictureBox(PixelsOf(kLargestUnits) * devicePixelRatioF());
   session_.StartLookup(lookupCall);
   if (isVisible()) PositionMe(besideGlobal);
@@ -122,7 +123,7 @@ void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
 
 void Form12::PositionMe(const QRect& besideGlobal) {
   layout()->activate();
-  // Larger fonts and longer words get the room that they need.
+  // Large fonts and long words need more than the usual size.
   if (!isVisible()) resize(kClient.expandedTo(layout()->minimumSize()));
   move(PlaceBeside(size() + FrameOf(this), besideGlobal));
 }
@@ -138,9 +139,9 @@ void Form12::CentrePointer() {
 }
 
 void Form12::ShowTexts() {
-  const LanguageTexts& texts = parts_.program.language;
-  // Its entries are in the former language.
-  parts_.menus.CloseMenus();
+  const LanguageTexts& texts = deps_.program.language;
+  // An open menu still has its entries in the former language.
+  deps_.menus.CloseMenus();
   service_->ShowTexts(texts[TextLine::kSelectDatabase]);
   lblMaps->SetCaption(texts[TextLine::kMapsWord]);
   session_.ShowTexts();
@@ -148,7 +149,7 @@ void Form12::ShowTexts() {
 
 void Form12::ShowView() {
   const LookupView& view = session_.View();
-  const LanguageTexts& texts = parts_.program.language;
+  const LanguageTexts& texts = deps_.program.language;
   const auto role = [&texts](TextLine line) { return RoleOf(texts[line]); };
   setWindowTitle(view.title);
   setAccessibleName(view.title);
@@ -167,17 +168,18 @@ void Form12::ShowView() {
   } else {
     unsetCursor();
   }
-  TellView();
+  DescribeView();
 }
 
-// Nobody hears a label that has changed. What the window shows is therefore the description of the two controls by
-// which it is read: of the one in focus a screen reader says it when the window opens and whenever it is another.
-void Form12::TellView() {
-  QStringList told;
-  for (const FieldLabel* label : {lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz}) told += label->text();
-  told += session_.View().status.trimmed();
-  told.removeAll(QString());
-  service_->Describe(told.join(", "_L1));
+// Screen readers do not announce a label that has changed. So the texts of the window become the description of the
+// fetch button and of the chooser: a screen reader reads that of the focused control when the window opens and whenever
+// it changes.
+void Form12::DescribeView() {
+  QStringList shown;
+  for (const FieldLabel* label : {lblCall, lblName, lblAdd1, lblAdd2, lblCtry, lblDxAz}) shown += label->text();
+  shown += session_.View().status.trimmed();
+  shown.removeAll(QString());
+  service_->Describe(shown.join(", "_L1));
 }
 
 MenuRequest Form12::Request(MenuId menu, const QString& name, const QPoint& at) {
@@ -196,20 +198,20 @@ void Form12::OpenMapsMenu() {
       Request(MenuId::LookupMaps, lblMaps->text(), lblMaps->mapToGlobal(QPoint(0, lblMaps->height())));
   request.subject.placed = target.TargetLat != 0 || target.TargetLon != 0;
   request.byKeyboard = !lblMaps->underMouse();
-  parts_.menus.OpenMenu(request);
+  deps_.menus.OpenMenu(request);
 }
 
 void Form12::OpenPictureMenu(const QPoint& at, bool byKeyboard) {
   MenuRequest request = Request(MenuId::LookupPicture, Image1->accessibleName(), at);
   request.byKeyboard = byKeyboard;
-  parts_.menus.OpenMenu(request);
+  deps_.menus.OpenMenu(request);
 }
 
 void Form12::OpenPicture() {
   const QPoint over = Image1->underMouse() ? QCursor::pos() : Image1->mapToGlobal(Image1->rect().center());
   if (!picture_) {
-    picture_ = new Form13(parts_.tool, this);
-    // A window that is being closed is not to be used again.
+    picture_ = new Form13(deps_.tool, this);
+    // A closed window is deleted later, and must not be shown again meanwhile.
     connect(picture_, &BaseWindow::Closed, this, [this]() { picture_.clear(); });
   }
   picture_->ShowPicture(session_.PicturePath(), session_.Call(), over);
@@ -222,8 +224,8 @@ void Form12::MnuMapsClick(int index) {
     Q_EMIT MapWanted(session_.Call(), target.TargetLat, target.TargetLon);
     return;
   }
-  // By coordinates or by address: both entries open the same, the place decides.
-  Q_EMIT PageViewWanted(SatelliteViewUrl(parts_.hosts, target, session_.Call()));
+  // Both other entries open the same page; SatelliteViewUrl decides between coordinates and address.
+  Q_EMIT PageViewWanted(SatelliteViewUrl(deps_.hosts, target, session_.Call()));
   close();
 }
 
@@ -233,7 +235,7 @@ void Form12::MnuPicClick(int index) {
 }
 
 void Form12::WithWholePicture(const std::function<void(const QImage&)>& then) {
-  parts_.tool.View(session_.PicturePath(), kWholePicture, this, [then](const PictureAnswer& answer) {
+  deps_.tool.View(session_.PicturePath(), kWholePicture, this, [then](const PictureAnswer& answer) {
     if (answer.ok && !answer.frames.isEmpty()) then(answer.frames.first().image);
   });
 }
@@ -246,16 +248,16 @@ void Form12::CopyPicture() {
 }
 
 void Form12::SavePicture() {
-  // The dialog lists bitmaps by its filter; a name of "*.bmp" in its field would be taken for one to save under.
+  // The filter makes the dialog list bitmaps; a "*.bmp" in its field would be taken for the file's name.
   const QString path =
-      parts_.dialogs.AskSaveFile(this, parts_.program.SaveDir, session_.Call() + u".bmp"_s, u"bmp files (*.bmp)"_s);
+      deps_.dialogs.AskSaveFile(this, deps_.program.SaveDir, session_.Call() + u".bmp"_s, u"bmp files (*.bmp)"_s);
   if (path.isEmpty()) return;
   WithWholePicture([this, path](const QImage& picture) {
     const auto write = [path, picture]() {
       QSaveFile file(path);
       return file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.commit();
     };
-    parts_.background.Run<bool>(this, write, [](bool) {});
+    deps_.background.Run<bool>(this, write, [](bool) {});
   });
 }
 
@@ -266,7 +268,7 @@ void Form12::StatusClicked() {
   MenuRequest request = Request(MenuId::SignIn, status->text(), status->mapToGlobal(QPoint(0, status->height())));
   request.subject.offer = offer.text;
   request.byKeyboard = !status->underMouse();
-  parts_.menus.OpenMenu(request);
+  deps_.menus.OpenMenu(request);
 }
 
 void Form12::SignInOrOut() {
@@ -283,13 +285,13 @@ void Form12::SignInOrOut() {
 }
 
 void Form12::SignIn() {
-  BrowserWindows* browser = parts_.browser();
+  BrowserWindows* browser = deps_.browser();
   if (browser == nullptr) {
-    parts_.dialogs.Inform(this, tr("The window for web pages could not be opened."), true);
+    deps_.dialogs.Inform(this, tr("The window for web pages could not be opened."), true);
     return;
   }
   connect(browser, &BrowserWindows::Closed, this, &Form12::BrowserClosed, Qt::UniqueConnection);
-  signInTitle_ = parts_.program.config.CallbookName;
+  signInTitle_ = deps_.program.config.CallbookName;
   session_.AwaitSignIn();
   browser->OpenPage(signInTitle_, session_.SignInUrl());
 }
@@ -299,13 +301,13 @@ void Form12::BrowserClosed(const QString& title) {
 }
 
 void Form12::SignOut() {
-  // The browser keeps cookies of its own: they go first, so that none of them comes back.
-  parts_.forget(session_.SignInUrl());
+  // The browser windows keep cookies of their own, which must be removed first, or they would come back from there.
+  deps_.forget(session_.SignInUrl());
   session_.SignOut();
 }
 
 void Form12::closeEvent(QCloseEvent* event) {
-  parts_.menus.CloseMenus();
+  deps_.menus.CloseMenus();
   if (picture_) picture_->close();
   session_.EndLookup();
   BaseWindow::closeEvent(event);
@@ -323,6 +325,6 @@ void Form12::keyPressEvent(QKeyEvent* event) {
 
 void Form12::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  // A monitor of another scale may have become known only now.
+  // Only now is it certain on which monitor, and at which scale, the window is.
   session_.SetPictureBox(PixelsOf(kLargestUnits) * devicePixelRatioF());
 }

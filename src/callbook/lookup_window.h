@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Form12 tells who a callsign is. The main window, the maps and the lists open it beside the call that was clicked;
-// while it is open, it serves them all, one call after the other. LookupSession decides, this shows.
+// Form12, the lookup window, tells who a callsign is. The main window, the maps and the lists open it beside the call
+// that was clicked; while it is open it serves them all, one call after the other. LookupSession decides, this window
+// shows.
 #pragma once
 
 #include <QPointer>
@@ -17,12 +18,15 @@
 #include "ui/dialogs.h"
 #include "ui/menu_opener.h"
 
+// The lookup window.
 class Form12 : public BaseWindow {
   Q_OBJECT
 
  public:
-  struct Parts : LookupSession::Parts {
-    // Of the web library: its windows, asked for when a page is to be opened, and the end of a sign-in.
+  // What the window uses; all of it outlives the window.
+  struct Dependencies : LookupSession::Dependencies {
+    // The web library's browser windows (loads the library; nullptr if it cannot be loaded), and its removal of a
+    // service's cookies at the end of a sign-in.
     std::function<BrowserWindows*()> browser;
     std::function<void(const QUrl&)> forget;
     Dialogs& dialogs;
@@ -31,15 +35,16 @@ class Form12 : public BaseWindow {
   };
 
   // owner: the main window, above which this one stays.
-  Form12(const Parts& parts, QWidget* owner);
+  Form12(const Dependencies& dependencies, QWidget* owner);
 
-  // Looks a call up, as its caller spells it, and shows the window beside what was clicked (pixels of the screen).
+  // Looks a call up, as its caller spells it, and shows the window beside besideGlobal, the rectangle that was clicked
+  // (pixels of the screen).
   void Open(const QString& lookupCall, const QRect& besideGlobal);
-  // Places the window below what was clicked, or above it, whole on its monitor. The second form takes the control of
-  // that name on the calling window.
+  // Places the window below the rectangle that was clicked, or above it, whole on its monitor. The second form takes
+  // the rectangle of the control of that name on the calling window.
   void PositionMe(const QRect& besideGlobal);
   void PositionMe(const QWidget* caller, const QString& controlName);
-  // What callers do with the pointer when the call came by menu or key.
+  // Puts the pointer into the window; for callers whose call came from a menu or a key.
   void CentrePointer();
   void ShowTexts() override;
 
@@ -52,6 +57,8 @@ class Form12 : public BaseWindow {
   void MapWanted(const QString& call, double TargetLat, double TargetLon);
   // A page about the call's place is wanted: its address, "*" and the call.
   void PageViewWanted(const QString& PageViewUrl);
+  // The login state is shown; it outlives the window in the main window's menus.
+  void LookupStatusChanged(const QString& status);
   // The database has a new or changed record of the call.
   void Stored(const QString& call);
 
@@ -63,9 +70,9 @@ class Form12 : public BaseWindow {
 
  private:
   void MakeLayout();
-  void ConnectParts();
+  void ConnectSignals();
   void ShowView();
-  void TellView();
+  void DescribeView();
   MenuRequest Request(MenuId menu, const QString& name, const QPoint& at);
   void OpenMapsMenu();
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);
@@ -79,7 +86,7 @@ class Form12 : public BaseWindow {
   void CopyPicture();
   void SavePicture();
 
-  Parts parts_;
+  Dependencies deps_;
   LookupSession session_;
   FieldLabel* lblCall;
   FieldLabel* lblName;
@@ -91,6 +98,6 @@ class Form12 : public BaseWindow {
   ServiceChooser* service_;  // cboDB, cmdUpdate, lblStatus
   BarLabel* lblMaps;
   QPointer<Form13> picture_;
-  QRect beside_;         // what was clicked, on the screen
-  QString signInTitle_;  // of the browser window that is open for it
+  QRect beside_;         // the rectangle that was clicked, in pixels of the screen
+  QString signInTitle_;  // title of the browser window with the login page
 };

@@ -4,5 +4,5 @@
 
 #include <QString>
 
-// File of a call's picture. Of the call only letters and digits get into the name, 20 at the most; empty without any.
+// Path of a call's picture. The name has the call's letters and digits, at most 20; empty if the call has none.
 QString OperatorPicturePath(const QString& appDataDir, const QString& call);

@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kBorder = 20;  // in each direction, both sides together; 300 twips
+constexpr int kBorder = 20;  // pixels (300 twips) in each direction, both sides together
 }  // namespace
 
 Form13::Form13(PictureTool& tool, QWidget* owner) : BaseWindow(owner), tool_(tool), Image1(new QLabel(this)) {
@@ -29,8 +29,8 @@ QString Form13::PictureName(const QString& call) {
 
 void Form13::ShowPicture(const QString& path, const QString& call, const QPoint& over) {
   const QSize box = MonitorAt(over).size() - FrameOf(this) - QSize(kBorder, kBorder);
-  tool_.View(path, box, this, [this, call, over, asked = ++asked_](const PictureAnswer& answer) {
-    if (asked != asked_ || !answer.ok || answer.frames.isEmpty()) return;
+  tool_.View(path, box, this, [this, call, over, token = wanted_.Ask()](const PictureAnswer& answer) {
+    if (!token.StillWanted() || !answer.ok || answer.frames.isEmpty()) return;
     call_ = call;
     over_ = over;
     Image1->setPixmap(QPixmap::fromImage(answer.frames.first().image));
@@ -60,7 +60,7 @@ void Form13::PlaceWindow() {
 
 // A picture that is still being decoded must not open the window again.
 void Form13::closeEvent(QCloseEvent* event) {
-  ++asked_;
+  wanted_.Withdraw();
   BaseWindow::closeEvent(event);
 }
 

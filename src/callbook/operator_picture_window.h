@@ -7,18 +7,20 @@
 #include <QPoint>
 
 #include "platform/picture/picture_tool.h"
+#include "platform/wanted.h"
 #include "ui/base_window.h"
 
+// The window of one operator's picture.
 class Form13 : public BaseWindow {
   Q_OBJECT
 
  public:
   Form13(PictureTool& tool, QWidget* owner);
 
-  // Shows the window once the picture has been decoded: centred over the point, whole on its monitor, scaled down where
-  // it is larger than that. A file that is no picture shows nothing.
+  // Shows the window once the picture has been decoded: centred over a point of the screen, whole on its monitor,
+  // scaled down if it is larger than that. A file that is no picture opens no window.
   void ShowPicture(const QString& path, const QString& call, const QPoint& over);
-  // What the picture of a call is called, in the present language.
+  // Name of a call's picture in the present language.
   static QString PictureName(const QString& call);
   void ShowTexts() override;
 
@@ -33,5 +35,5 @@ class Form13 : public BaseWindow {
   QLabel* Image1;
   QString call_;
   QPoint over_;
-  int asked_ = 0;
+  Wanted wanted_;  // the picture asked for last
 };

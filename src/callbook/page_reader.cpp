@@ -16,26 +16,26 @@ enum Service { eHam = 1, QRZ, QRZCQ, Callook, HamCall };
 
 constexpr auto kLineEnd = "\r\n"_L1;
 
-// First place of what at from or later; 0: none. There is none from beyond the end, nor from a place below 1, which is
-// what ParsePos holds after a field whose end was not found.
+// First place of `what` at `from` or later; 0: none. Also 0 if `from` lies beyond the end or below 1, as ParsePos does
+// after a field whose end was not found.
 template <typename Text>
 qint32 PlaceOf(const QString& page, const Text& what, qint32 from = 1) {
   if (from < 1 || from > page.size()) return 0;
   return static_cast<qint32>(page.indexOf(what, from - 1) + 1);
 }
 
-// Last line end that begins at from or before; 0: none.
+// The last line end that begins at `from` or before; 0: none.
 qint32 LineEndBefore(const QString& page, qint32 from) {
   return from < 1 ? 0 : static_cast<qint32>(page.lastIndexOf(kLineEnd, from - 1) + 1);
 }
 
-// length characters from place on, fewer at the end of the page. A place below 1 or a length below 0 comes of a mark
-// that was not found, and gives nothing.
+// `length` characters from `place` on, fewer at the end of the page. Empty for a place below 1 or a length below 0,
+// which result from a mark that was not found.
 QString Cut(const QString& page, qint32 place, qint32 length) {
   return place < 1 || length < 0 ? QString() : page.mid(place - 1, length);
 }
 
-// Blanks only: a tab between two cells is part of a field.
+// Removes blanks only: a tab between two table cells is part of a field.
 QString Trimmed(const QString& text) {
   qsizetype begin = 0;
   qsizetype end = text.size();
@@ -48,7 +48,7 @@ NameReading Unknown() {
   return {.name = {}, .event = Event::CallNotFound};
 }
 
-// A name that its page must have.
+// For services on whose pages a missing name means an unknown call.
 NameReading Named(const QString& name) {
   return {.name = name, .event = name.isEmpty() ? Event::CallNotFound : Event::None};
 }
@@ -57,7 +57,8 @@ NameReading eHamName(const QString& page, const QString& call, qint32& parsePos)
   if (PlaceOf(page, "Country"_L1) == 0) return Unknown();
   qint32 p = PlaceOf(page, "Search Results"_L1);
   if (p == 0) return Unknown();
-  // A call that the results do not repeat leaves the search at the top of the page: its second line is the name then.
+  // If the results do not repeat the call, p becomes 0, the search goes on from the top of the page, and the page's
+  // second line is taken for the name.
   p = PlaceOf(page, call, p + 3);
   p = PlaceOf(page, kLineEnd, p + 3);
   parsePos = PlaceOf(page, kLineEnd, p + 3);
@@ -74,21 +75,21 @@ NameReading QrzName(const QString& page, const QString& call, qint32& parsePos) 
   return Named(Cut(page, q + 2, (parsePos - q) - 2));
 }
 
-// First place between the two whose character sorts behind "@": a letter, past digits, blanks and points; the place
-// behind the last where there is none.
+// First place from `first` to `last` whose character sorts behind "@", that is a letter (digits, blanks and points are
+// skipped); the place behind `last` if there is none.
 qint32 LetterBetween(const QString& page, qint32 first, qint32 last) {
   qint32 i = first;
   while (i <= last && (i > page.size() || page[i - 1] <= u'@')) ++i;
   return i;
 }
 
-// Nothing is trimmed here, and an empty name is no unknown call.
+// The name is not trimmed, and an empty one does not mean an unknown call.
 NameReading QrzcqName(const QString& page, const QString&, qint32& parsePos) {
   if (PlaceOf(page, "Error"_L1) > 0) return Unknown();
   const qint32 site = PlaceOf(page, "QRZCQ.com"_L1);
   if (site == 0) return Unknown();
   qint32 i = 0;
-  // A user who is logged in is greeted above the name.
+  // The page greets a user who is logged in ("Buddy") above the name.
   if (const qint32 b = PlaceOf(page, "Buddy"_L1); b > 0) {
     i = LetterBetween(page, b + 5, b + 20);
     parsePos = PlaceOf(page, kLineEnd, i + 5);
@@ -107,8 +108,8 @@ NameReading CallookName(const QString& page, const QString&, qint32& parsePos) {
   return {.name = Trimmed(Cut(page, p + 9, (parsePos - p) - 9)), .event = Event::None};
 }
 
-// A page without the marker tells of an unknown call, and then still gives a name, cut from its start to where the page
-// before was left: whoever listens knows already that the call is unknown.
+// A page without "callsign database!" means an unknown call. A name is still returned then, cut from the start of the
+// page to ParsePos; the caller has been told by the event that the call is unknown.
 NameReading HamCallName(const QString& page, const QString&, qint32& parsePos) {
   qint32 p = PlaceOf(page, "callsign database!"_L1);
   const Event event = p == 0 ? Event::CallNotFound : Event::None;
@@ -120,14 +121,15 @@ NameReading HamCallName(const QString& page, const QString&, qint32& parsePos) {
   return {.name = Trimmed(Cut(page, p + 4, (parsePos - p) - 4)), .event = event};
 }
 
-// A value stands behind its marker, from skip characters behind the marker's start up to the terminator, which is
-// looked for from a few characters behind the marker's start. An empty marker: the service does not give the field.
+// How a field is found: its value begins `skip` characters after the start of the marker and ends at the terminator,
+// which is searched for from `terminatorFrom` characters after the start of the marker. An empty marker: the service
+// does not give the field.
 struct Field {
   QLatin1String marker;
   QLatin1String terminator = {};
   qint32 terminatorFrom = 2;
   qint32 skip = 0;
-  qint32 less = skip;  // what the value is shorter than the way from marker to terminator
+  qint32 less = skip;  // number of characters by which the value is shorter than the distance from marker to terminator
 };
 
 using Fields = std::array<Field, kCallbookServices>;  // by service
@@ -168,7 +170,7 @@ constexpr Fields kGrid = {{
     {},
     {"Grid Square"_L1, kLineEnd, 2, 11},
     {},
-    // Begins two characters later than the other and is no shorter: the line's end comes with it.
+    // Begins two characters later than QRZ's but is no shorter, so that it includes the line end.
     {"Grid Square"_L1, kLineEnd, 2, 13, 11},
     {},
 }};
@@ -181,7 +183,8 @@ constexpr Fields kWebAddress = {{
     {},
 }};
 
-// A field of a service, searched for from a place on. The end that was not found is remembered too, as 0.
+// Reads a field of a service, searching from a place on. parsePos becomes the place of the terminator, 0 if there is
+// none.
 QString Read(const QString& page, qint32& parsePos, const Fields& fields, int database, qint32 from = 1) {
   if (FindCallbookService(database) == nullptr) return {};
   const Field& field = fields[static_cast<std::size_t>(database - 1)];
@@ -192,7 +195,7 @@ QString Read(const QString& page, qint32& parsePos, const Fields& fields, int da
   return Cut(page, p + field.skip, (parsePos - p) - field.less);
 }
 
-// Where the value ends in the direction that its last letter names, it is south or west.
+// On HamCall's pages a value that ends in "S" or "W" is negative.
 double Degrees(const QString& text, int database, QChar negative) {
   const double value = Val(text);
   return database == HamCall && text.endsWith(negative) ? -value : value;
@@ -205,7 +208,7 @@ bool PageReader::LoggedIn(int database) const {
   return service != nullptr && !service->loginText.isEmpty() && PageText.contains(service->loginText);
 }
 
-// behindStart: characters that the way from one line end to the next is longer than the value.
+// behindStart: number of characters by which the line is shorter than the distance between the two line ends.
 QString PageReader::NextLine(qint32 behindStart) {
   const qint32 p = PlaceOf(PageText, kLineEnd, ParsePos);
   if (p == 0) return {};
@@ -237,12 +240,12 @@ QString PageReader::Add1(int database) {
 
 QString PageReader::Add2(int database) {
   if (FindCallbookService(database) == nullptr) return {};
-  // This service ends the line with three characters that are no part of the town.
+  // HamCall ends the line with three characters that are not part of the town.
   return NextLine(database == HamCall ? 5 : 2);
 }
 
 QString PageReader::ctry(int database) {
-  // It knows the calls of one country, and does not print it.
+  // Callook has the calls of one country only, and does not print its name.
   if (database == Callook) return u"U.S.A."_s;
   return FindCallbookService(database) == nullptr ? QString() : NextLine();
 }
@@ -257,7 +260,8 @@ double PageReader::Longitude(int database) {
 
 QString PageReader::Class(int database) {
   if (database != QRZ) return Read(PageText, ParsePos, kClass, database);
-  // The word stands in this service's menus too, and the blank that ends the value may stand lines below it.
+  // QRZ has the word "Class" in its menus too, so search behind "QRZ Record"; and the blank that ends the value may
+  // come lines later.
   const QString text = Read(PageText, ParsePos, kClass, database, PlaceOf(PageText, "QRZ Record"_L1));
   return text.left(text.indexOf(kLineEnd));
 }
@@ -267,7 +271,7 @@ QString PageReader::DateOfBirth(int database) {
   return database == HamCall ? text.right(4) : text;
 }
 
-// Always empty: the former call was looked for in a page's source, which is not kept.
+// Always empty: the former call could be read only from the page's source, which is not kept.
 QString PageReader::PrevCall(int) const {
   return {};
 }

@@ -5,32 +5,32 @@
 
 #include <QString>
 
-// What cName found. A page of one service can tell that the call is unknown and have a name all the same.
+// What cName found. A page of HamCall can say that the call is unknown and still give a name.
 struct NameReading {
   enum class Event { None, CallNotFound, LoginRequired };
   QString name;
   Event event = Event::None;
 };
 
-// Positions count characters from 1. database is the index of the service, 1 to 5; fields of any other are empty. No
-// page is an error: where it lacks what a field is found by, the field is empty or 0.
+// Reads one page after the other. Positions count characters from 1. database: index of the service, 1 to 5; for any
+// other all fields are empty. No page is an error: a field whose words the page lacks is empty or 0.
 class PageReader {
  public:
   QString PageText;
-  // Where the last field ended, and where the next line is looked for; 0 where that end was not found. Nothing sets it
-  // back, and a new page begins where the page before has left it.
+  // Where the last field ended and the search for the next line begins; 0 if that end was not found. Never set back: a
+  // new page begins where the page before was left.
   qint32 ParsePos = 0;
-  QString LastCall;  // the call that cName was given last
+  QString LastCall;  // the call last given to cName
 
-  // False where the service's pages do not tell.
+  // True if the page is one for a user who is logged in; false for a service whose pages do not show that.
   bool LoggedIn(int database) const;
 
-  // To be called in this order: each of the next three reads the line behind what was read before it.
+  // To be called in this order: Add1, Add2 and ctry each read the line after the one read before.
   NameReading cName(int database, const QString& call);
   QString Add1(int database);
   QString Add2(int database);
   QString ctry(int database);
-  // These move ParsePos too.
+  // These, too, set ParsePos.
   double Latitude(int database);   // degrees, north positive
   double Longitude(int database);  // degrees, east positive
   QString Class(int database);

@@ -11,9 +11,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMapLimit = 89.0;  // degrees of latitude; no station, but the end of a map
+// Degrees of latitude at which maps end; stored for a click there, not the place of a station.
+constexpr double kMapLimit = 89.0;
 
-// A line of the address as a part of a path.
+// A line of a postal address, encoded as part of an URL's path.
 QByteArray PlaceWord(const QString& line) {
   return QUrl::toPercentEncoding(line.trimmed().replace(u' ', u'+'), "+");
 }

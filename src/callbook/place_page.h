@@ -5,6 +5,6 @@
 #include "callbook/call_database.h"
 #include "core/hosts.h"
 
-// PageViewUrl for a satellite map of the place, "*" and the call behind it: by coordinates where they are real, else
-// by address.
+// PageViewUrl of a satellite map: the address of the map, "*" and the call. The place is given by coordinates, or by
+// the address in the database if the coordinates are unknown or only the end of a map.
 QString SatelliteViewUrl(const Hosts& hosts, const TargetLocation& target, const QString& call);

@@ -18,7 +18,7 @@ quint64 CallKey(const char* record) {
   for (qsizetype i = 0; i < kCallWidth; ++i) {
     key = key << 8 | (i < call.size() ? static_cast<unsigned char>(call[i]) : 0U);
   }
-  // The length tells a call from the same one with NULs behind it.
+  // The last byte is the length, which distinguishes a call from the same call with NULs behind it.
   return key << 8 | static_cast<quint64>(call.size());
 }
 
@@ -45,7 +45,7 @@ std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys) {
   return place - keys.begin();
 }
 
-QByteArray InCombOrder(QByteArrayView records, std::vector<quint64> keys) {
+QByteArray SortRecords(QByteArrayView records, std::vector<quint64> keys) {
   std::vector<std::size_t> order(keys.size());
   std::iota(order.begin(), order.end(), std::size_t{0});
   const auto smaller = [](std::size_t gap) { return static_cast<std::size_t>(static_cast<double>(gap + 1) * kShrink); };
@@ -56,8 +56,8 @@ QByteArray InCombOrder(QByteArrayView records, std::vector<quint64> keys) {
       std::swap(order[i], order[i + gap]);
     }
   }
-  // Passes at gap 1 until none swaps leave equal calls as they stand, and so does this; but it takes no time to speak
-  // of, whatever the file holds.
+  // The comb sort ends with passes at gap 1 until nothing is swapped, which keeps the order of equal calls. A stable
+  // sort gives the same result, but its time does not depend on the order in the file.
   std::vector<std::size_t> places(keys.size());
   std::iota(places.begin(), places.end(), std::size_t{0});
   std::stable_sort(places.begin(), places.end(), [&keys](std::size_t a, std::size_t b) { return keys[a] < keys[b]; });

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The order of the call database's records, in memory: the calls as numbers, where an added record belongs, and the
-// order that sorting gives. Only the database calls it.
+// The order of the call database's records, in memory: sort keys of calls, the place of an added record, and the
+// sorting itself. Only the database calls it.
 #pragma once
 
 #include <QByteArray>
@@ -8,13 +8,13 @@
 #include <optional>
 #include <vector>
 
-// Below, at or above 0, by plain comparison of bytes; what begins a longer text is smaller.
+// Negative, 0 or positive, by plain comparison of bytes; a text is smaller than a longer one that begins with it.
 int CompareBytes(QByteArrayView a, QByteArrayView b);
 
-// One number for each whole record, which compares as its trimmed call does.
+// Appends a sort key for each whole record; keys compare as the trimmed calls do.
 void AppendCallKeys(QByteArrayView records, std::vector<quint64>& keys);
-// Index at which the last record belongs where all others stand in order and no call is there twice; nothing in any
-// other case.
+// Index at which the last record belongs, if all others are in order and no call is there twice; otherwise nothing.
 std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys);
-// The records sorted, those of one call in the order that the comb sort of the file has always left them in.
-QByteArray InCombOrder(QByteArrayView records, std::vector<quint64> keys);
+// The records sorted by key. Records of one call come in the order in which the comb sort of earlier versions left
+// them.
+QByteArray SortRecords(QByteArrayView records, std::vector<quint64> keys);

@@ -25,7 +25,7 @@ ServiceChooser::ServiceChooser(ServiceSpelling spelling, const Names& names, QWi
   row->addStretch(1);
   row->addWidget(fetch_);
 
-  // The user's choices only; selecting a row in the program is none.
+  // activated, not currentIndexChanged: SetService must not count as a choice of the user.
   connect(cboDB, &QComboBox::activated, this, &ServiceChooser::Chosen);
   connect(fetch_, &QPushButton::clicked, this, &ServiceChooser::FetchWanted);
   connect(cmdSignIn, &QToolButton::clicked, this, &ServiceChooser::KeyPressed);

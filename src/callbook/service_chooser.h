@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The choice of a callbook service with the key that signs in to it, the button that fetches from it and the login
+// The choice of a callbook service, with the button that signs in to it, the button that fetches from it, and the login
 // state. The lookup window has one, and so has each setup window that fetches coordinates.
 #pragma once
 
@@ -12,7 +12,8 @@
 #include "callbook/lookup_widgets.h"
 #include "callbook/sign_in.h"
 
-// cboDB, cmdSignIn and the fetch button in a row. The login state is placed by the window, in a row of its own.
+// cboDB, cmdSignIn and the fetch button in a row. The login state belongs to it, but the window places that in a row of
+// its own.
 class ServiceChooser : public QWidget {
   Q_OBJECT
 
@@ -25,26 +26,27 @@ class ServiceChooser : public QWidget {
 
   ServiceChooser(ServiceSpelling spelling, const Names& names, QWidget* parent);
 
-  // selectDatabase: what the chooser is, in the present language.
+  // selectDatabase: the chooser's name in the present language.
   void ShowTexts(const QString& selectDatabase);
   // Selects a service by its CallbookIndex, without a signal.
   void SetService(int callbookIndex);
-  // A caption may have several lines and any letters.
+  // The caption may have several lines and any characters ("&" is shown as such).
   void SetFetchCaption(const QString& caption);
+  // Shows the login state and what cmdSignIn and a click on the state do.
   void SetLogin(const QString& status, const SignInOffer& offer);
-  // What the window shows, so that a screen reader says it with the control in focus.
+  // shown: the texts of the window, which a screen reader reads with the focused control.
   void Describe(const QString& shown);
 
   QPushButton* FetchButton() const { return fetch_; }
   StatusLink* Status() const { return status_; }
-  // From the left, as Tab passes through them; the login state behind them.
+  // The controls in the order of Tab, the login state last.
   QList<QWidget*> TabChain() const { return {fetch_, cboDB, cmdSignIn, status_}; }
 
  Q_SIGNALS:
-  // The user has chosen a service, by its place in the list.
+  // The user has chosen a service; its row, from 0.
   void Chosen(int listIndex);
   void FetchWanted();
-  // The key was pressed, or the login state; the offer says which of both is meant.
+  // cmdSignIn, or the login state, was pressed; the SignInOffer says whether to sign in or out.
   void KeyPressed();
   void StatusPressed();
 

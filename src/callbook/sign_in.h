@@ -5,9 +5,9 @@
 
 #include <QString>
 
-// What can be done about the login at the chosen service.
+// Whether the user can sign in to or out of the chosen service.
 struct SignInOffer {
   enum class Kind { None, SignIn, SignOut };
   Kind kind = Kind::None;
-  QString text;  // "Sign in to QRZ"; there for None too
+  QString text;  // never empty
 };

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What all rooms share: made in main, handed down by reference, alive for the whole run.
+// The state that all folders share. Services makes one, which is handed down by reference and lives for the whole run;
+// a test makes its own on a temporary folder.
 #pragma once
 
 #include <QByteArray>
@@ -15,6 +16,7 @@
 
 inline constexpr int kMapOffsets = 9;
 
+// Plain state: settings, site tables, shared lists, the page on the screen, language texts.
 struct Program {
   static QString ProgVersion() { return QStringLiteral("Omni-Perch  6.50"); }
   static QString ProgReleased() { return QStringLiteral("Released 1/24/24"); }
@@ -29,8 +31,8 @@ struct Program {
   PageState page;
   LanguageTexts language;  // texts of the language file by line; empty until one has been read
 
-  QChar ZeroGlyph = QChar(u'Ø');  // shows a zero inside a call
-  int UtcOffsetHours = 0;         // added to local time gives UTC; not wrapped at midnight
+  QChar ZeroGlyph = QChar(u'Ø');  // shown in place of a zero in a call
+  int UtcOffsetHours = 0;         // to be added to local time for UTC; not wrapped at midnight
 
   QStringList lstBadCalls;
   QStringList lstBlock;
@@ -41,6 +43,4 @@ struct Program {
   QString SaveDir;
   QList<int> MapLeft;
   QList<int> MapTop;
-
-  QString LookupStatus;  // login state at the callbook service, as the lookup window showed it last
 };

@@ -127,7 +127,7 @@ class TestMenuTables : public QObject {
     Made made;
     QCOMPARE(TextsOf(made.Menu(MenuId::MapOfCall)), QStringList({u"DLØABC here"_s, u"PAØXYZ there"_s}));
     QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), TextsOf(made.Menu(MenuId::MapOfCall)));
-    made.program.LookupStatus = u"Not logged in"_s;
+    made.tables.LookupStatus = u"Not logged in"_s;
     QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), TextsOf(made.Menu(MenuId::MapOfCall)) << u"Not logged in"_s);
     QCOMPARE(Where(made.Menu(MenuId::Lookups), &MenuEntry::enabled, false), u"2"_s);
     QCOMPARE(TextsOf(made.Menu(MenuId::PageViews)),

@@ -63,6 +63,17 @@ struct StationsFixture : WindowFixture {
     const MenuEntry entry = SubEntry(subMenu, index);
     services->commands.Do({entry.command, index, entry.text, {}, {}});
   }
+  // The texts of all sub-menus in the menu of a cell.
+  QStringList SubMenuRows(int slot) const {
+    auto* menus = form->findChild<WindowMenus*>();
+    menus->OpenCellMenu(slot, QPoint(100, 100), true);
+    QStringList texts;
+    for (const frmSubMenu* menu : form->findChildren<frmSubMenu*>()) {
+      for (const QAction* row : menu->actions()) texts += row->text();
+    }
+    menus->CloseMenus();
+    return texts;
+  }
   MenuEntry SubEntry(MenuId subMenu, int index) const {
     MenuTables tables(State(), services->commands);
     tables.BuildMenuTables(State().language);
@@ -96,8 +107,10 @@ class TestStationCalls : public QObject {
     QCOMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (From QRZCQ)"_s);
     QVERIFY(f.Shown(u"lblDxAz"_s).contains(u"km"_s));
     QTRY_VERIFY(QFileInfo::exists(f.folder.filePath(u"images/qrzImages/VK2QFW.jpg"_s)));
-    // Now the database knows.
     f.CloseLookup();
+    const QStringList rows = f.SubMenuRows(0);
+    QVERIFY2(rows.contains(f.State().language[TextLine::kQrzcqStatus]), "the menu keeps the login state of the lookup");
+    // Now the database knows.
     f.ClickCaption(0);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (from the local database)"_s);
     f.ClickCaption(1);

@@ -46,7 +46,9 @@ struct LookupFixture {
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
   }
 
-  LookupSession::Parts Parts() { return {program, network, tool, pageText, background, hosts, cookies, database}; }
+  LookupSession::Dependencies Dependencies() {
+    return {program, network, tool, pageText, background, hosts, cookies, database};
+  }
 
   void Choose(int service) {
     program.config.CallbookIndex = service;
@@ -104,10 +106,16 @@ struct LookupFixture {
 
 // A lookup on that program, by default at Callook, which shows its records to everybody.
 struct SessionFixture : LookupFixture {
-  LookupSession session{Parts()};
+  LookupSession session{Dependencies()};
   const LookupView& view = session.View();
+  QString LookupStatus;
 
-  explicit SessionFixture(int service = 4) { Choose(service); }
+  explicit SessionFixture(int service = 4) {
+    Choose(service);
+    const auto keep = [this](const QString& status) { LookupStatus = status; };
+    QObject::connect(&session, &LookupSession::LookupStatusChanged, &session, keep);
+  }
+
   void Look(const QString& call) { session.StartLookup(call); }
   // Reads a call to the end, its record included.
   void LookToTheEnd(const QString& call) {

@@ -33,7 +33,7 @@ class TestLookupSession : public QObject {
       QTRY_VERIFY_WITH_TIMEOUT(!f.view.busy, 10'000);
       f.Settle();
       QCOMPARE(f.view.status, f.Text(status));
-      QCOMPARE(f.program.LookupStatus, f.Text(status));
+      QCOMPARE(f.LookupStatus, f.Text(status));
       if (!hasData) {
         QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.ctry + f.view.dxAz, QString());
         QCOMPARE(f.Records(), 0);
