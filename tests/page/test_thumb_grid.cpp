@@ -228,8 +228,8 @@ class TestThumbGrid : public QObject {
     constexpr QSize kSize(220, 160);
     constexpr qint64 kMiB = 1024LL * 1024;
     PageFixture f;
-    f.Start();
-    PictureCells& cells = f.logic->grid.Parts();
+    PictureCells cells(f.tool, f.background);
+    cells.MakeCells(kSlots);
     QStringList paths;
     for (const QByteArray& gif : {PlainGif(kFrames, kSize), PlainGif(8, QSize(40, 30)), PlainGif(1, kSize)}) {
       paths.append(f.folder.filePath(QString::number(paths.size())));
@@ -247,7 +247,7 @@ class TestThumbGrid : public QObject {
       QTRY_COMPARE(shown, kSlots);
       qint64 bytes = 0;
       for (int slot = 0; slot < kSlots; ++slot) {
-        const Cell& cell = f.CellOf(slot);
+        const Cell& cell = cells.Cells().at(slot);
         bytes += FrameBytes(cell.frames);
         const bool still = budget == 1 || slot == 5;
         QCOMPARE(cell.animated, !still);
