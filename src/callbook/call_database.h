@@ -86,8 +86,8 @@ class CallDatabase {
   // inode, size and times, and was last changed long enough ago for its times to show a later change.
   struct Beginning {
     std::array<qint64, 6> file{};  // device, inode, size, seconds and nanoseconds of the last change, number of records
-    std::vector<DbRec>
-        records;  // by place in the tree of halves: 1 is the middle record, 2 and 3 the middles of the halves, ...
+    // By place in the tree of halves: 1 is the middle record, 2 and 3 the middles of the halves, ...
+    std::vector<DbRec> records;
     std::vector<bool> known;  // whether that record has been read
   };
   // The remembered records of the file that is open here; nullptr if its times cannot be trusted yet.

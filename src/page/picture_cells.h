@@ -24,8 +24,7 @@
 struct CellPicture {
   QString path;
   QString sharpPath;  // a larger version of the picture, read when nothing else is waiting; empty: none
-  QString
-      host;  // the station's host, by which the picture tool holds back hosts whose pictures hang; empty: path is used
+  QString host;       // the station's, by which the picture tool holds back pictures that hang; empty: by path
   bool anew = false;  // read the file even if the cell shows this very file already
 };
 
