@@ -70,4 +70,6 @@ struct Cell {
   QString lblInfo;
   QString lblInfo2;
   QString boxReason;  // text of the box's tip; empty: none
+
+  bool operator==(const Cell&) const = default;
 };

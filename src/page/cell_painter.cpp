@@ -3,6 +3,7 @@
 
 #include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 #include "page/thumb_layout.h"
 
@@ -21,6 +22,10 @@ QColor TextOn(const QColor& background, const QPalette& palette) {
   const QColor text = palette.color(QPalette::WindowText);
   if (IsDark(background) != IsDark(text)) return text;
   return IsDark(background) ? QColor(240, 240, 240) : QColor(24, 26, 30);
+}
+
+double OnPixel(double place, double ratio) {
+  return std::round(place * ratio) / ratio;
 }
 
 class CellBrush {
@@ -56,6 +61,13 @@ class CellBrush {
     if (picture.isNull()) return;
     const QRectF frame = Scaled(cell_.img);
     if (cell_.animated) painter_.fillRect(frame, Qt::black);
+    const double ratio = picture.devicePixelRatio();
+    if (picture.size() == PicturePixels(cell_, theme_.scale, ratio)) {
+      // Made for this very frame: copied pixel by pixel, as a scaling by half a pixel would blur it and take far
+      // longer.
+      painter_.drawPixmap(QPointF(OnPixel(frame.x(), ratio), OnPixel(frame.y(), ratio)), picture);
+      return;
+    }
     painter_.setRenderHint(QPainter::SmoothPixmapTransform);
     painter_.drawPixmap(frame, picture, QRectF(picture.rect()));
   }
@@ -113,12 +125,16 @@ class CellBrush {
     double pixels = std::min(theme_.fontPixels * factor, place.height());
     const double least = std::max(6.0, theme_.fontPixels * 0.72);
     font.setPixelSize(static_cast<int>(std::lround(pixels)));
-    while (pixels > least && QFontMetricsF(font).horizontalAdvance(text) > place.width()) {
+    double width = QFontMetricsF(font).horizontalAdvance(text);
+    while (pixels > least && width > place.width()) {
       pixels -= 1;
       font.setPixelSize(static_cast<int>(std::lround(pixels)));
+      width = QFontMetricsF(font).horizontalAdvance(text);
     }
     painter_.setFont(font);
-    const QString shown = QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width());
+    // A text that fits is not shaped once more to find out that nothing of it goes.
+    const QString shown =
+        width > place.width() ? QFontMetricsF(font).elidedText(text, Qt::ElideRight, place.width()) : text;
     painter_.drawText(place, static_cast<int>(Qt::AlignCenter) | Qt::TextSingleLine, shown);
   }
 
@@ -205,6 +221,11 @@ QColor CellBackground(CellColour colour, const QPalette& palette) {
       break;
   }
   return window;
+}
+
+QSize PicturePixels(const Cell& cell, double scale, double ratio) {
+  const auto pixels = [scale, ratio](double units) { return static_cast<int>(std::lround(units * scale * ratio)); };
+  return {pixels(cell.img.width()), pixels(cell.img.height())};
 }
 
 void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, const QPixmap& picture) {

@@ -22,6 +22,8 @@ struct CellTheme {
 
 // The background for a cell's state: the given colour, on a dark palette a dark one of the same hue.
 QColor CellBackground(CellColour colour, const QPalette& palette);
-// Paints a cell at the painter's origin. picture: the frame of the cell's picture to show now; its size does not
-// matter, and it may be null.
+// Size of the picture's frame in the screen's pixels; scale: pixels a page unit, ratio: the screen's pixels a pixel.
+QSize PicturePixels(const Cell& cell, double scale, double ratio);
+// Paints a cell at the painter's origin. picture: the frame of the cell's picture to show now; one of
+// just PicturePixels is copied, any other scaled; it may be null.
 void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, const QPixmap& picture);

@@ -7,10 +7,20 @@
 #include "page/thumb_layout.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+// Between two repaints of the page for changed cells. Thirty-six quick answers then cost one of them, not a dozen.
+constexpr auto kFrame = 16ms;
+}  // namespace
 
 PageView::PageView(Program& program, ThumbGrid& grid, QWidget* parent)
     : QWidget(parent), program_(program), grid_(grid) {
   setObjectName(u"picAll"_s);
+  nextFrame_.setSingleShot(true);
+  nextFrame_.setTimerType(Qt::PreciseTimer);
+  nextFrame_.setInterval(kFrame);
+  connect(&nextFrame_, &QTimer::timeout, this, &PageView::RefreshCells);
   connect(&grid_, &ThumbGrid::GridMade, this, &PageView::MakeCells);
   connect(&grid_, &ThumbGrid::CellChanged, this, &PageView::UpdateCell);
 }
@@ -74,8 +84,14 @@ void PageView::UpdateCell(int slot) {
   }
   if (!shown.fromSender) shown.lblFrom.clear();  // otherwise the bare word "From" would be painted
   cell->SetCell(shown);
+  if (!nextFrame_.isActive()) nextFrame_.start();
   cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,
                    program_.language[TextLine::kEmptyCellName]);
+}
+
+// A cell whose value has come back to what the screen shows meanwhile costs nothing.
+void PageView::RefreshCells() {
+  for (ThumbCell* cell : std::as_const(cells_)) cell->Refresh();
 }
 
 void PageView::Place() {

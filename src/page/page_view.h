@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QList>
+#include <QTimer>
 #include <QWidget>
 
 #include "core/program.h"
@@ -43,6 +44,7 @@ class PageView : public QWidget {
  private:
   void MakeCells();
   void UpdateCell(int slot);
+  void RefreshCells();
   void Place();
   void MoveFocus(int slot, Qt::Key key);
 
@@ -53,4 +55,5 @@ class PageView : public QWidget {
   double nominalScale_ = 1;
   double fontPoints_ = 9;
   double fontPixels_ = 12;
+  QTimer nextFrame_;
 };

@@ -20,6 +20,7 @@ ThumbCell::ThumbCell(int slot, QWidget* parent) : QWidget(parent), slot_(slot) {
 }
 
 void ThumbCell::SetCell(const Cell& cell) {
+  if (cell == cell_) return;
   const bool samePicture =
       cell.frames.size() == cell_.frames.size() && cell.img == cell_.img &&
       (cell.frames.isEmpty() || cell.frames.first().image.cacheKey() == cell_.frames.first().image.cacheKey());
@@ -31,7 +32,10 @@ void ThumbCell::SetCell(const Cell& cell) {
     if (cell_.frames.size() > 1) frameTimer_.start(cell_.frames.first().delay);
   }
   Describe();
-  update();
+}
+
+void ThumbCell::Refresh() {
+  if (painted_ != cell_) update();
 }
 
 void ThumbCell::SetTheme(const CellTheme& theme) {
@@ -89,12 +93,12 @@ void ThumbCell::MakePixmap() {
   if (cell_.frames.isEmpty() || cell_.errorBox) return;
   const QImage& image = cell_.frames.at(std::min(frame_, cell_.frames.size() - 1)).image;
   const double ratio = devicePixelRatioF();
-  const QSize target(static_cast<int>(std::lround(cell_.img.width() * theme_.scale * ratio)),
-                     static_cast<int>(std::lround(cell_.img.height() * theme_.scale * ratio)));
+  const QSize target = PicturePixels(cell_, theme_.scale, ratio);
   if (target.isEmpty()) return;
   // Scale once here instead of at every repaint.
   pixmap_ = QPixmap::fromImage(
       image.size() == target ? image : image.scaled(target, Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+  pixmap_.setDevicePixelRatio(ratio);
 }
 
 void ThumbCell::paintEvent(QPaintEvent* event) {
@@ -107,6 +111,7 @@ void ThumbCell::paintEvent(QPaintEvent* event) {
   theme.focused = hasFocus();
   theme.hovered = underMouse();
   PaintCell(painter, cell_, theme, pixmap_);
+  painted_ = cell_;
 }
 
 void ThumbCell::mousePressEvent(QMouseEvent* event) {

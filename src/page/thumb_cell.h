@@ -19,6 +19,8 @@ class ThumbCell : public QWidget {
   ThumbCell(int slot, QWidget* parent);
 
   void SetCell(const Cell& cell);
+  // Repaints where the value differs from what the screen shows.
+  void Refresh();
   // Scale, font and texts; geometry is set by the view.
   void SetTheme(const CellTheme& theme);
   int Slot() const { return slot_; }
@@ -66,6 +68,7 @@ class ThumbCell : public QWidget {
 
   int slot_;
   Cell cell_;
+  Cell painted_;  // the value that the screen shows
   CellTheme theme_;
   QString modeText_;
   QString sentTime_;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QCache>
 #include <QObject>
 #include <QSize>
 #include <QString>
@@ -59,4 +60,7 @@ class ucCkNew : public QObject {
     QString host;
   };
   std::map<QString, Read> reads_;
+  // Sizes of markers, by their bytes: an unchanged station sends the very same ones again, and 36 of them would cost 36
+  // trips to the decoder at each poll.
+  QCache<QByteArray, QSize> measured_;
 };

@@ -12,6 +12,8 @@
 struct PictureFrame {
   QImage image;
   std::chrono::milliseconds delay{0};  // until the next frame; 0 for a still
+
+  bool operator==(const PictureFrame&) const = default;
 };
 
 // The answer to one job.
