@@ -36,7 +36,7 @@ QByteArray PlainGif(int frames, QSize size) {
     image.fill(QColor(i == 0 ? 255 : 0, i, 0));
     images.append(image);
   }
-  return WriteGif(images, 3);
+  return WriteGif(images, QList<int>(frames, 3));
 }
 
 }  // namespace
