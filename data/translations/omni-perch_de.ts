@@ -71,6 +71,51 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> Die Liste der Stationen in der Luft wurde nicht gefunden </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> Die Liste der Stationen in der Luft wurde nicht gefunden </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> auf dem Server von %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> auf den Servern von %1 und %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Diese Meldung schließt sich in 10 Sekunden. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Alle Bänder</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Alle Modi</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>%n weitere Station wird nicht gezeigt.</numerusform>
+            <numerusform>%n weitere Stationen werden nicht gezeigt.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>Das Ende einer zu langen Liste wurde nicht gelesen.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

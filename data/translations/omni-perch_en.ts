@@ -1,4 +1,14 @@
 <?xml version="1.0" encoding="utf-8"?>
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
+<context>
+    <name>OnAirSession</name>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>%n further station is not shown.</numerusform>
+            <numerusform>%n further stations are not shown.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

@@ -71,6 +71,51 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> No se encontró el archivo de estaciones en el aire </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> No se encontró el archivo de estaciones en el aire </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> en el servidor de %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> en los servidores de %1 y %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Este mensaje se cerrará en 10 segundos. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Todas</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Todos</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>%n estación más no se muestra.</numerusform>
+            <numerusform>%n estaciones más no se muestran.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>No se leyó el final de una lista demasiado larga.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -71,6 +71,51 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> Fichier des stations actives introuvable </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> Fichier des stations actives introuvable </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> sur le serveur de %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> sur les serveurs de %1 et %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Ce message se fermera dans 10 secondes. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Toutes bandes</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Tous modes</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>%n autre station n&apos;est pas affichée.</numerusform>
+            <numerusform>%n autres stations ne sont pas affichées.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>La fin d&apos;une liste trop longue n&apos;a pas été lue.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -71,6 +71,50 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> オンエアのファイルが見つかりません </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> オンエアのファイルが見つかりません </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> (%1 のサーバー) </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> (%1 と %2 のサーバー) </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> このメッセージは10秒後に閉じます。 </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>全バンド</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>全モード</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>ほかに%n局は表示されていません。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>長すぎる一覧の末尾は読み込まれませんでした。</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

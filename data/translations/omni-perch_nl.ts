@@ -71,6 +71,51 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> Bestand met actieve stations niet gevonden </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> Bestand met actieve stations niet gevonden </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> op de server van %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> op de servers van %1 en %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Dit bericht sluit over 10 seconden. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Alle banden</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Alle modi</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>%n verder station wordt niet getoond.</numerusform>
+            <numerusform>%n verdere stations worden niet getoond.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>Het einde van een te lange lijst is niet gelezen.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

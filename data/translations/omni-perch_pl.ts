@@ -71,6 +71,52 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> Nie znaleziono pliku stacji na paśmie </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> Nie znaleziono pliku stacji na paśmie </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> na serwerze %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> na serwerach %1 i %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Ten komunikat zamknie się za 10 sekund. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Wszystkie pasma</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Wszystkie emisje</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>Nie pokazano jeszcze %n stacji.</numerusform>
+            <numerusform>Nie pokazano jeszcze %n stacji.</numerusform>
+            <numerusform>Nie pokazano jeszcze %n stacji.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>Końca zbyt długiej listy nie odczytano.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -71,6 +71,52 @@
     </message>
 </context>
 <context>
+    <name>OnAirFeed</name>
+    <message>
+        <source> n air now file not found </source>
+        <translation> Файл станций в эфире не найден </translation>
+    </message>
+    <message>
+        <source> On air now file not found </source>
+        <translation> Файл станций в эфире не найден </translation>
+    </message>
+    <message>
+        <source> on %1 server. </source>
+        <translation> на сервере %1. </translation>
+    </message>
+    <message>
+        <source> on %1 and %2 server. </source>
+        <translation> на серверах %1 и %2. </translation>
+    </message>
+    <message>
+        <source> This message will close in 10 seconds. </source>
+        <translation> Это сообщение закроется через 10 секунд. </translation>
+    </message>
+</context>
+<context>
+    <name>OnAirSession</name>
+    <message>
+        <source>All Bands</source>
+        <translation>Все диапазоны</translation>
+    </message>
+    <message>
+        <source>All Modes</source>
+        <translation>Все виды</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n further station(s) are not shown.</source>
+        <translation>
+            <numerusform>Ещё %n станция не показана.</numerusform>
+            <numerusform>Ещё %n станции не показаны.</numerusform>
+            <numerusform>Ещё %n станций не показаны.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The end of a list that is too long was not read.</source>
+        <translation>Конец слишком длинного списка не прочитан.</translation>
+    </message>
+</context>
+<context>
     <name>PageView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -5,6 +5,7 @@
 #include <QSaveFile>
 #include <QSet>
 
+#include "platform/background.h"
 #include "platform/text/text_file.h"
 
 using namespace Qt::StringLiterals;
@@ -131,6 +132,11 @@ QString UnescapedValue(const QString& text) {
   return out.startsWith("@@"_L1) ? out.sliced(1) : out;
 }
 
+bool Write(const QString& path, const QByteArray& bytes) {
+  QSaveFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit();
+}
+
 QString IdOf(const QString& application, const QString& path) {
   return application.toCaseFolded() + u'\n' + path.toCaseFolded();
 }
@@ -178,7 +184,7 @@ void SettingsStore::SetValue(const QString& application, const QString& section,
   if (known != values_.constEnd() && *known == value) return;
   const bool isNew = known == values_.constEnd();
   values_.insert(id, value);
-  changed_ = true;
+  ++changes_;
   const QString line = EscapedName(section) + u'\\' + EscapedName(key) + u'=' + EscapedValue(value);
   if (isNew) {
     QList<Line>& lines = GroupOf(application).lines;
@@ -216,18 +222,32 @@ void SettingsStore::DropOlderSpellings() {
   }
 }
 
-bool SettingsStore::Save() {
-  if (!changed_) return true;
-  if (unreadable_) return false;
+QByteArray SettingsStore::Text() const {
   QString text;
   for (const Group& group : groups_) {
     if (!group.header.isEmpty()) text += group.header + u'\n';
     for (const Line& line : group.lines) text += line.text + u'\n';
   }
-  const QByteArray bytes = text.toUtf8();
-  QSaveFile file(path_);
-  if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
-    return false;
-  changed_ = false;
+  return text.toUtf8();
+}
+
+bool SettingsStore::Save() {
+  if (changes_ == saved_) return true;
+  if (unreadable_) return false;
+  ++writing_->newest;
+  const QMutexLocker lock(&writing_->mutex);
+  if (!Write(path_, Text())) return false;
+  saved_ = changes_;
   return true;
+}
+
+void SettingsStore::SaveLater(Background& background) {
+  if (changes_ == saved_ || unreadable_) return;
+  const auto write = [writing = writing_, mine = ++writing_->newest, path = path_, bytes = Text()]() {
+    const QMutexLocker lock(&writing->mutex);
+    return writing->newest == mine && Write(path, bytes);
+  };
+  background.Run<bool>(&background, write, [this, changes = changes_](bool written) {
+    if (written) saved_ = std::max(saved_, changes);
+  });
 }

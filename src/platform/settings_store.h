@@ -5,7 +5,12 @@
 
 #include <QHash>
 #include <QList>
+#include <QMutex>
 #include <QString>
+#include <atomic>
+#include <memory>
+
+class Background;
 
 // The store in memory, with the file that it comes from.
 class SettingsStore {
@@ -20,6 +25,9 @@ class SettingsStore {
   // Writes the whole store if anything has changed. False: it could not be written, and the old file is as it was. A
   // file that exists but could not be read is never overwritten.
   bool Save();
+  // The same beside the event loop, for a choice that is kept as soon as it is made. A write that is still waiting when
+  // a later one begins is passed over; one that fails is made up for by the next. background ends before the store.
+  void SaveLater(Background& background);
 
  private:
   // The lines of the file are kept, so that comments and the entries of others are written back unchanged. This is one
@@ -35,13 +43,22 @@ class SettingsStore {
     QList<Line> lines;
   };
 
+  // Which write is the newest, for those that wait; one at a time has the file.
+  struct Writing {
+    QMutex mutex;
+    std::atomic<quint64> newest = 0;
+  };
+
   void Read(const QString& text);
+  QByteArray Text() const;
   void DropOlderSpellings();
   Group& GroupOf(const QString& application);
 
   QString path_;
   QList<Group> groups_;
   QHash<QString, QString> values_;
-  bool changed_ = false;
+  std::shared_ptr<Writing> writing_ = std::make_shared<Writing>();
+  quint64 changes_ = 0;  // so far
+  quint64 saved_ = 0;    // of them
   bool unreadable_ = false;
 };

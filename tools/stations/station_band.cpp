@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "callbook_host.h"
+#include "on_air_pages.h"
 #include "picture_store.h"
 
 using namespace Qt::StringLiterals;
@@ -185,6 +186,16 @@ void StationBand::AddServices() {
     hosts_.insert(CallbookName(service), new CallbookHost(service, QHostAddress(++address), port_, this));
   }
   hosts_.insert(u"Pictures"_s, new PictureStore(QHostAddress(++address), port_, painters_, this));
+  const auto addPages = [&](const QString& name) {
+    auto* host = new PageHost(QHostAddress(++address), port_, this);
+    hosts_.insert(name, host);
+    return host;
+  };
+  const auto now = [] { return QDateTime::currentDateTimeUtc(); };
+  addPages(u"OnAirCgi"_s)->SetPage(u"cgi-bin/call.cgi"_s, [now] { return OnAirReply(OnAirForm::Plain, now()); });
+  addPages(u"OnAirText"_s)->SetPage(u"zz9qx/Files/OnAirNow.txt"_s, [now] {
+    return OnAirTextFile(OnAirForm::Plain, now());
+  });
 }
 
 StationBand::~StationBand() {

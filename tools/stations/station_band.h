@@ -94,8 +94,8 @@ class StationBand : public QObject {
   const std::vector<Station*>& Stations() const { return stations_; }
 
   // The named hosts: "Connectivity" (root page), "Author" (root page with the version, list of bad calls), "Time",
-  // the callbook services "eHam", "QRZ", "QRZCQ", "Callook" and "HamCall", and "Pictures".
-  // In order of the alphabet.
+  // the callbook services "eHam", "QRZ", "QRZCQ", "Callook" and "HamCall", "Pictures", and the on-air sources
+  // "OnAirCgi" and "OnAirText". In order of the alphabet.
   QStringList HostNames() const;
   Host* FindHost(const QString& name) const { return hosts_.value(name); }
   // Scheme and authority, as hosts.ini wants it; empty for a name that the band does not play.

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "onair/on_air_feed.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kRefreshMinutes = 5;
+constexpr auto kCgiPath = "/cgi-bin/call.cgi"_L1;
+constexpr auto kTextPath = "/zz9qx/Files/OnAirNow.txt"_L1;
+constexpr auto kLineEnd = "\r\n"_L1;
+
+QString KeyOf(FeedSource source) {
+  return QString::number(static_cast<int>(source));
+}
+
+}  // namespace
+
+OnAirFeed::OnAirFeed(const Parts& parts, bool missingLetter, QObject* parent)
+    : QObject(parent),
+      program_(parts.program),
+      hosts_(parts.hosts),
+      missingLetter_(missingLetter),
+      ucGetList_(parts.network),
+      reader_(parts.pageText, parts.background) {
+  Timer1.setInterval(60s);
+  connect(&Timer1, &QTimer::timeout, this, [this]() {
+    if (++minutes_ % kRefreshMinutes == 0) GetOnAirList();
+  });
+  connect(&ucGetList_, &UrlReader::Done, this, &OnAirFeed::TakeBody);
+  // A read that fails says nothing: no message comes, and the list stays as it is.
+}
+
+void OnAirFeed::Start() {
+  GetOnAirList();
+  Timer1.start();
+}
+
+void OnAirFeed::GetOnAirList() {
+  former_ = true;
+  GotList1_ = true;
+  GotList2_ = true;
+  Ask(FeedSource::Cgi, hosts_.OnAirCgi, kCgiPath);
+  Ask(FeedSource::TextFile, hosts_.OnAirText, kTextPath);
+}
+
+void OnAirFeed::Ask(FeedSource source, const QString& host, QLatin1StringView path) {
+  reader_.Cancel(source);
+  if (host.isEmpty()) {
+    ucGetList_.Cancel(KeyOf(source));
+  } else {
+    ucGetList_.Start(KeyOf(source), QUrl(host + path), UrlPriority::User);
+  }
+}
+
+void OnAirFeed::TakeBody(const QString& key, const QByteArray& body) {
+  const FeedSource source = key == KeyOf(FeedSource::Cgi) ? FeedSource::Cgi : FeedSource::TextFile;
+  if (body.isEmpty()) return TakeFailure(source);
+  reader_.Read(source, body, program_.lstBadCalls, [this, source](const std::optional<FeedRows>& rows) {
+    if (rows) {
+      TakeRows(*rows);
+    } else {
+      TakeFailure(source);
+    }
+  });
+}
+
+// The rows of the refresh before are shown until this one's first answer is there.
+void OnAirFeed::ForgetFormer() {
+  if (!std::exchange(former_, false)) return;
+  list1_.clear();
+  leftOut_ = 0;
+  cut_ = false;
+}
+
+void OnAirFeed::TakeRows(const FeedRows& rows) {
+  ForgetFormer();
+  list1_ += rows.rows;
+  leftOut_ += rows.leftOut;
+  cut_ = cut_ || rows.cut;
+  Q_EMIT ListChanged();
+}
+
+void OnAirFeed::TakeFailure(FeedSource source) {
+  (source == FeedSource::Cgi ? GotList1_ : GotList2_) = false;
+  ForgetFormer();
+  Q_EMIT Failed(FailureText());
+}
+
+QString OnAirFeed::FailureText() const {
+  QString text;
+  // Users of On Air Now know this message without its first letter.
+  if (!GotList1_) {
+    text = (missingLetter_ ? tr(" n air now file not found ") : tr(" On air now file not found ")) + kLineEnd +
+           tr(" on %1 server. ").arg("ZB3KLM"_L1);
+  }
+  if (!GotList2_) text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 server. ").arg("ZZ9QX"_L1);
+  if (!GotList1_ && !GotList2_) {
+    text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 and %2 server. ").arg("ZB3KLM"_L1, "ZZ9QX"_L1);
+  }
+  return kLineEnd + text + kLineEnd + kLineEnd + tr(" This message will close in 10 seconds. ");
+}
