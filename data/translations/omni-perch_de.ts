@@ -123,6 +123,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> nicht in der Datenbank gefunden  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  In Omni-Perch unter Setup / Rufzeichen-Datenbank  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  kann %1 hinzugefügt werden.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -228,6 +243,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>Die Seite ist stehen geblieben. Neu laden zeigt sie wieder.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Ruf</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Nach dieser Spalte sortieren (Strg+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Bild von %1</translation>
     </message>
 </context>
 </TS>

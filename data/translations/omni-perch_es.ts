@@ -123,6 +123,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> no se encuentra en la base de datos  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  En Omni-Perch, Setup / base de datos de indicativos,  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  añada %1 a la base.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -228,6 +243,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>La página se ha detenido. Recargar la muestra de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Indicativo</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modo</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Ordenar por esta columna (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto de %1</translation>
     </message>
 </context>
 </TS>

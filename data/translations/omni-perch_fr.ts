@@ -123,6 +123,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> introuvable dans la base de données  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  Dans Omni-Perch, Setup / base des indicatifs,  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  ajoutez %1 à la base.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -228,6 +243,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>La page s&apos;est arrêtée. Actualiser l&apos;affiche de nouveau.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Indicatif</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Img</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Trier par cette colonne (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Photo de %1</translation>
     </message>
 </context>
 </TS>

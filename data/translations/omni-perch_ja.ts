@@ -122,6 +122,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> はデータベースにありません  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  Omni-Perch の Setup / コールサインデータベースで  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  %1 を追加してください。  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -227,6 +242,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>ページが停止しました。再読み込みで再び表示されます。</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>コール</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>方位</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>写真</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>この列で並べ替え (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>%1 の写真</translation>
     </message>
 </context>
 </TS>

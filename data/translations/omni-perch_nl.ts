@@ -123,6 +123,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> niet gevonden in de database  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  In Omni-Perch onder Setup / roepnamendatabase  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  kan %1 worden toegevoegd.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -228,6 +243,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>De pagina is gestopt. Vernieuwen toont haar weer.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Roepnaam</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Op deze kolom sorteren (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto van %1</translation>
     </message>
 </context>
 </TS>

@@ -124,6 +124,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> nie znaleziono w bazie danych  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  W Omni-Perch, Setup / baza znaków,  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  dodaj %1 do bazy.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -229,6 +244,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>Strona przestała działać. Odśwież, aby ją znów zobaczyć.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Znak</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Emisja</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Sortuj według tej kolumny (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Zdjęcie %1</translation>
     </message>
 </context>
 </TS>

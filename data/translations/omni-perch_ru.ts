@@ -124,6 +124,21 @@
     </message>
 </context>
 <context>
+    <name>StationWords</name>
+    <message>
+        <source> not found in database  </source>
+        <translation> не найден в базе данных  </translation>
+    </message>
+    <message>
+        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
+        <translation>  В Omni-Perch, Setup / база позывных,  </translation>
+    </message>
+    <message>
+        <source>  add %1 to database.  </source>
+        <translation>  добавьте %1 в базу.  </translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -229,6 +244,41 @@
     <message>
         <source>The page has stopped. Reload shows it again.</source>
         <translation>Страница остановилась. «Обновить» покажет её снова.</translation>
+    </message>
+</context>
+<context>
+    <name>frmOnAirNow</name>
+    <message>
+        <source>Call</source>
+        <translation>Позывной</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Вид</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>МГц</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Аз</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Фото</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Инфо</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Сортировать по этому столбцу (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Фото %1</translation>
     </message>
 </context>
 </TS>

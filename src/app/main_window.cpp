@@ -64,6 +64,7 @@ void Form1::ConnectSignals() {
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
+  connect(windows_.get(), &Windows::OnAirCaptionChanged, pic_->lblOnAirNow, &BarLabel::SetCaption);
   connect(undoLine_, &UndoLine::Pressed, &logic_.sites, &PageSites::Undo);
   connect(&logic_.sites, &PageSites::UndoableChanged, this, [this]() {
     undoLine_->SetChange(logic_.sites.Undoable());
@@ -152,7 +153,7 @@ bool Form1::Load(bool anotherRuns) {
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
   // These labels open windows that do not exist yet; each is enabled when its window is added.
-  for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblOnAirNow, pic_->lblPropagation}) {
+  for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblPropagation}) {
     part->setEnabled(false);
   }
   if (const LoadStop stop = load_.ReadLists()) {
@@ -323,6 +324,7 @@ void Form1::MnuLanguageClick(int index) {
   if (name.isEmpty()) return;
   const QString message = load_.ChangeLanguage(name);
   if (!message.isEmpty()) dialogs_.Inform(this, message, false);
+  windows_->LanguageLoaded();
   SendLanguageChange();
   logic_.poll.LanguageChange();
 }

@@ -73,6 +73,8 @@ constexpr std::array kPictureCommands = {
 
 constexpr std::array kMapCallCommands = {Command::LookUpMapCall, Command::ShowCallByAddress,
                                          Command::ShowCallByCoordinates};
+constexpr std::array kListCallCommands = {Command::LookUpListCall, Command::ShowCallByAddress,
+                                          Command::ShowCallByCoordinates, Command::ShowListCallOnMap};
 constexpr std::array kLookupMapsCommands = {Command::ShowCallOnMap, Command::ShowCallByCoordinates,
                                             Command::ShowCallByAddress};
 constexpr std::array kLookupPictureCommands = {Command::CopyOperatorPicture, Command::SaveOperatorPictureToDesktop,
@@ -146,6 +148,13 @@ QStringList ThumbTexts() {
   return texts;
 }
 
+// The words are the same in all languages.
+QList<MenuEntry> OnAirViews() {
+  QList<MenuEntry> entries = Plain({u"List"_s, u"Map"_s}, Command::ShowOnAirList);
+  entries[1].command = Command::ShowOnAirMap;
+  return entries;
+}
+
 bool HasSender(const MenuSubject& subject) {
   return !subject.caller.isEmpty() && subject.caller != "Not found"_L1;
 }
@@ -188,6 +197,8 @@ void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   menus_.insert(MenuId::MapOfCall, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::ShowOnMap));
   menus_.insert(MenuId::Lookups, Plain(TextsOf(texts, MenuLines::kSiteOrSender), Command::LookUp));
   menus_.insert(MenuId::MapCall, Different(texts, MenuLines::kMapCall, kMapCallCommands));
+  menus_.insert(MenuId::ListCall, Different(texts, MenuLines::kListCall, kListCallCommands));
+  menus_.insert(MenuId::OnAir, OnAirViews());
   menus_.insert(MenuId::LookupMaps, Different(texts, MenuLines::kLookupMaps, kLookupMapsCommands));
   menus_.insert(MenuId::LookupPicture, Different(texts, MenuLines::kLookupPicture, kLookupPictureCommands));
   menus_.insert(MenuId::PageViews, Plain(TextsOf(texts, MenuLines::kViews), Command::ShowPageView));
@@ -220,6 +231,7 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
     case MenuId::PageViews:
       return PageViews(subject);
     case MenuId::MapCall:
+    case MenuId::ListCall:
     case MenuId::LookupMaps:
       return CallMenu(menu, subject);
     case MenuId::SignIn:
@@ -364,7 +376,8 @@ QList<MenuEntry> MenuTables::CallMenu(MenuId menu, const MenuSubject& subject) c
   QList<MenuEntry> entries = menus_.value(menu);
   for (MenuEntry& entry : entries) {
     entry.text.replace("***"_L1, program_.config.CallbookName).replace("??"_L1, Shown(subject.caller));
-    if (!subject.placed) entry.enabled = entry.command == Command::LookUpMapCall;
+    const bool looksUp = entry.command == Command::LookUpMapCall || entry.command == Command::LookUpListCall;
+    if (!subject.placed) entry.enabled = looksUp;
   }
   return entries;
 }

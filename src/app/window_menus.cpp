@@ -15,6 +15,7 @@ WindowMenus::WindowMenus(Program& program, const Commands& commands, PageLogic& 
   };
   opens(pic.lblPages, MenuId::Pages);
   opens(pic.lblFind, MenuId::Alphabet);
+  opens(pic.lblOnAirNow, MenuId::OnAir);
   opens(pic.lblSetup, MenuId::Setup);
   opens(pic.lblMore, MenuId::More);
   connect(&picAll, &PageView::MenuWanted, this, &WindowMenus::OpenCellMenu);

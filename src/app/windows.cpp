@@ -16,12 +16,18 @@ const QList<Windows::Registration>& Windows::Registrations() {
   static const QList<Registration> registrations = {
       {WindowKind::Lookup, &Windows::MakeLookup},
       {WindowKind::LocationMap, &Windows::MakeLocationMap},
+      {WindowKind::OnAirNow, &Windows::MakeOnAirNow},
   };
   return registrations;
 }
 
 Windows::Windows(Services& services, MenuOpener& menus, QWidget* mainWindow)
-    : QObject(mainWindow), services_(services), menus_(menus), mainWindow_(mainWindow) {
+    : QObject(mainWindow),
+      services_(services),
+      menus_(menus),
+      mainWindow_(mainWindow),
+      onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
+  RegisterOnAirCommands();
   services_.commands.Register(Command::LookUpMapCall, this, [](const MenuChoice& choice) {
     if (auto* map = qobject_cast<MapWindow*>(choice.owner.data())) map->MnuPopupClick(choice.index);
   });
@@ -56,6 +62,9 @@ BaseWindow* Windows::MakeLookup() {
   auto* window = new Form12(Form12::Dependencies{session, browser, forget, s.dialogs, s.commands, menus_}, mainWindow_);
   connect(window, &Form12::LookupStatusChanged, this, &Windows::LookupStatusChanged);
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
+  connect(window, &Form12::Stored, this, [this]() {
+    if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
+  });
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
 }
@@ -65,6 +74,34 @@ BaseWindow* Windows::MakeLocationMap() {
   connect(window, &frmMapLoc::LookupWanted, this,
           [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
+}
+
+BaseWindow* Windows::MakeOnAirNow() {
+  Services& s = services_;
+  const OnAirFeed::Parts feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
+  auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_}, mainWindow_);
+  connect(window, &frmOnAirNow::CaptionChanged, this, &Windows::OnAirCaptionChanged);
+  return window;
+}
+
+void Windows::RegisterOnAirCommands() {
+  Commands& commands = services_.commands;
+  commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
+  commands.Register(Command::LookUpListCall, this, [this](const MenuChoice& choice) {
+    const auto* list = qobject_cast<QWidget*>(choice.owner.data());
+    if (list != nullptr) LookUp(choice.subject.caller, list->frameGeometry());
+  });
+  commands.Register(Command::ShowListCallOnMap, this, [this](const MenuChoice& choice) {
+    const TargetLocation place = services_.database.LookupTargetLocation(choice.subject.caller);
+    ShowOnMap(choice.subject.caller, place.TargetLat, place.TargetLon);
+  });
+}
+
+void Windows::Show(WindowKind kind) {
+  BaseWindow& window = Get(kind);
+  window.show();
+  window.raise();
+  window.activateWindow();
 }
 
 Form12& Windows::LookUp(const QString& call, const QRect& beside) {

@@ -12,11 +12,13 @@
 #include "app/services.h"
 #include "callbook/lookup_window.h"
 #include "maps/map_location_window.h"
+#include "onair/on_air_caption.h"
+#include "onair/on_air_now_window.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, LocationMap };
+enum class WindowKind { Lookup, LocationMap, OnAirNow };
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -37,8 +39,13 @@ class Windows : public QObject {
 
   // What Form1 and the windows want of another window.
   Form12& LookUp(const QString& call, const QRect& beside);
+  // Opens a window, or brings the open one to the front.
+  void Show(WindowKind kind);
   // Shows a place, in degrees, on the map that suits it best.
   void ShowOnMap(const QString& call, double lat, double lon);
+
+  // A language has been read; before the windows show their texts in it.
+  void LanguageLoaded() { onAirCaption_.TakeLanguage(); }
 
   // Closes setup windows: before another one opens, and before others change the tables that they show.
   void CloseSetupWindows();
@@ -48,16 +55,21 @@ class Windows : public QObject {
  Q_SIGNALS:
   // The login state that a lookup has shown, for the menus.
   void LookupStatusChanged(const QString& status);
+  // What lblOnAirNow says from now on.
+  void OnAirCaptionChanged(const QString& caption);
 
  private:
   struct Registration;
   static const QList<Registration>& Registrations();
   BaseWindow* MakeLookup();
   BaseWindow* MakeLocationMap();
+  BaseWindow* MakeOnAirNow();
+  void RegisterOnAirCommands();
   void RaiseMaps();
 
   Services& services_;
   MenuOpener& menus_;
   QWidget* mainWindow_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
+  OnAirCaption onAirCaption_;
 };

@@ -260,6 +260,9 @@ inline constexpr std::array kHistory = {kPopupReload, kPopupMap,     kPopupViews
 // The menu of a callsign on a map.
 inline constexpr std::array kMapCall = {kPopupLookup, kViewByAddress, kViewByCoordinates};
 
+// The menu of a callsign in a list.
+inline constexpr std::array kListCall = {kPopupLookup, kViewByAddress, kViewByCoordinates, kPopupMap};
+
 // The lookup window's menus: maps, and the operator's picture.
 inline constexpr std::array kLookupMaps = {kPopupMap, kViewByCoordinates, kViewByAddress};
 inline constexpr std::array kLookupPicture = {kPopupCopy, kPopupDesktop, kPopupPaste, kPopupSaveAs, kPopupPrint};

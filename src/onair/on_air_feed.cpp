@@ -22,13 +22,13 @@ OnAirFeed::OnAirFeed(const Parts& parts, bool missingLetter, QObject* parent)
       program_(parts.program),
       hosts_(parts.hosts),
       missingLetter_(missingLetter),
-      ucGetList_(parts.network),
+      ucGetList(parts.network),
       reader_(parts.pageText, parts.background) {
   Timer1.setInterval(60s);
   connect(&Timer1, &QTimer::timeout, this, [this]() {
     if (++minutes_ % kRefreshMinutes == 0) GetOnAirList();
   });
-  connect(&ucGetList_, &UrlReader::Done, this, &OnAirFeed::TakeBody);
+  connect(&ucGetList, &UrlReader::Done, this, &OnAirFeed::TakeBody);
   // A read that fails says nothing: no message comes, and the list stays as it is.
 }
 
@@ -39,8 +39,8 @@ void OnAirFeed::Start() {
 
 void OnAirFeed::GetOnAirList() {
   former_ = true;
-  GotList1_ = true;
-  GotList2_ = true;
+  GotList1 = true;
+  GotList2 = true;
   Ask(FeedSource::Cgi, hosts_.OnAirCgi, kCgiPath);
   Ask(FeedSource::TextFile, hosts_.OnAirText, kTextPath);
 }
@@ -48,9 +48,9 @@ void OnAirFeed::GetOnAirList() {
 void OnAirFeed::Ask(FeedSource source, const QString& host, QLatin1StringView path) {
   reader_.Cancel(source);
   if (host.isEmpty()) {
-    ucGetList_.Cancel(KeyOf(source));
+    ucGetList.Cancel(KeyOf(source));
   } else {
-    ucGetList_.Start(KeyOf(source), QUrl(host + path), UrlPriority::User);
+    ucGetList.Start(KeyOf(source), QUrl(host + path), UrlPriority::User);
   }
 }
 
@@ -83,7 +83,7 @@ void OnAirFeed::TakeRows(const FeedRows& rows) {
 }
 
 void OnAirFeed::TakeFailure(FeedSource source) {
-  (source == FeedSource::Cgi ? GotList1_ : GotList2_) = false;
+  (source == FeedSource::Cgi ? GotList1 : GotList2) = false;
   ForgetFormer();
   Q_EMIT Failed(FailureText());
 }
@@ -91,12 +91,12 @@ void OnAirFeed::TakeFailure(FeedSource source) {
 QString OnAirFeed::FailureText() const {
   QString text;
   // Users of On Air Now know this message without its first letter.
-  if (!GotList1_) {
+  if (!GotList1) {
     text = (missingLetter_ ? tr(" n air now file not found ") : tr(" On air now file not found ")) + kLineEnd +
            tr(" on %1 server. ").arg("ZB3KLM"_L1);
   }
-  if (!GotList2_) text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 server. ").arg("ZZ9QX"_L1);
-  if (!GotList1_ && !GotList2_) {
+  if (!GotList2) text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 server. ").arg("ZZ9QX"_L1);
+  if (!GotList1 && !GotList2) {
     text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 and %2 server. ").arg("ZB3KLM"_L1, "ZZ9QX"_L1);
   }
   return kLineEnd + text + kLineEnd + kLineEnd + tr(" This message will close in 10 seconds. ");

@@ -58,14 +58,14 @@ class OnAirFeed : public QObject {
   const Program& program_;
   const Hosts hosts_;
   const bool missingLetter_;
-  UrlReader ucGetList_;
+  UrlReader ucGetList;
   FeedReader reader_;
   QList<OnAirRow> list1_;
   qsizetype leftOut_ = 0;
   bool cut_ = false;
   bool former_ = false;  // the rows are those of the refresh before
   // Both are set before the requests go out; a reply that failed clears that of its source.
-  bool GotList1_ = true;
-  bool GotList2_ = true;
+  bool GotList1 = true;
+  bool GotList2 = true;
   int minutes_ = 0;
 };

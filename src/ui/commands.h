@@ -21,8 +21,10 @@ enum class MenuId : int {
   MapCall = 10,  // of a call on any map
   LookupMaps = 11,
   LookupPicture = 12,
+  OnAir = 13,
   SignIn = 16,
-  More = 17,  // labels for which the main window's bar has no room
+  More = 17,      // labels for which the main window's bar has no room
+  ListCall = 18,  // of a call in a list
   CamView = 108,
   CamMode = 109,
   RefreshRate = 110,
@@ -90,6 +92,11 @@ enum class Command : int {
   SaveOperatorPictureAs,
   PrintOperatorPicture,
   SignInOrOut,
+  // Menu of lblOnAirNow, and of a row of its list.
+  ShowOnAirList,
+  ShowOnAirMap,
+  LookUpListCall,
+  ShowListCallOnMap,
   // Menu of the labels for which the bar has no room.
   PressBarLabel,
 };

@@ -11,6 +11,27 @@ class TestWindowMenus : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  // The count of the list stands beside the label that it was opened from, until the language is read anew.
+  void OpensTheListOfStationsOnTheAir() {
+    WindowFixture f;
+    f.hosts.OnAirText = f.band.HostUrl(u"OnAirText"_s);
+    f.band.FindHost(u"OnAirText"_s)
+        ->SetAnswer(u"zz9qx/Files/OnAirNow.txt"_s, {200, "text/plain", "head\r\nZZ1QX_EP_14233_\r\n", {}});
+    QVERIFY(f.Start());
+    QTRY_VERIFY(f.form->isVisible());
+    auto* label = f.form->findChild<BarLabel*>(u"lblOnAirNow"_s);
+    label->setFocus();
+    QTest::keyClick(label, Qt::Key_Space);
+    QTRY_VERIFY(OpenMenu() != nullptr);
+    QTest::keyClick(OpenMenu(), Qt::Key_Return);
+    BaseWindow* list = f.form->AllWindows().Find(WindowKind::OnAirNow);
+    QVERIFY(list != nullptr && list->isVisible());
+    QTRY_COMPARE(label->text(), u"On Air Now (1)"_s);
+    list->close();
+    QCOMPARE(label->text(), u"On Air Now (1)"_s);
+    f.Close();
+  }
+
   void OpensTheCellsMenu() {
     WindowFixture f;
     Station& site = f.AddSite(u"ZZ1AA"_s, 1);

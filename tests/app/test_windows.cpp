@@ -30,10 +30,11 @@ QHash<QString, QString> TextsOf(const QWidget& window) {
   return texts;
 }
 
-// Texts that are the same in every language: names of services, calls and map files, figures and signs.
+// Texts that are the same in every language: names of services, calls, map files and modes, figures and signs, and the
+// told captions of the filter panels.
 bool IsOfNoLanguage(const QString& text) {
   static const QRegularExpression names(
-      u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
+      u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|PEANUT|EPH?|FT[48]|JS8|JT|PSK|Select (bands|modes) to monitor|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
   return names.match(text).hasMatch();
 }
 

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QTest>
-
 #include "onair/feed_parser.h"
 #include "onair/html_entities.h"
 #include "station/callsign.h"
 #include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,12 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include <QTemporaryDir>
-#include <QTest>
-
 #include "onair/bands.h"
 #include "onair/on_air_list.h"
 #include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QSemaphore>
 #include <QSettings>
 
 #include "no_room.h"
+#include "platform/background.h"
 #include "platform/settings_store.h"
 #include "test_folder.h"
 
@@ -125,6 +127,33 @@ class TestSettingsStore : public QObject {
       QVERIFY(!homeless.Save());
       QCOMPARE(homeless.Value(kApp, u"PRINT"_s, u"SIZE"_s, u"?"_s), u"5"_s);
     }
+  }
+
+  // What waits for the disk must not write over what was written meanwhile.
+  void WritesBesideTheEventLoop() {
+    SettingsStore store(path_);
+    Background background;
+    QSemaphore disk;
+    const auto holdDisk = [&]() {
+      background.Run<bool>(
+          &background, [&disk]() { return disk.tryAcquire(1, 60'000); }, [](bool) {});
+    };
+    const auto setSize = [&store](const QString& size) { store.SetValue(kApp, u"Print"_s, u"Size"_s, size); };
+    holdDisk();
+    setSize(u"5"_s);
+    store.SaveLater(background);
+    QVERIFY(!QFile::exists(path_));
+    setSize(u"6"_s);
+    QVERIFY(store.Save());
+    disk.release();
+    bool done = false;
+    background.Run<bool>(
+        &background, []() { return true; }, [&done](bool) { done = true; });
+    QTRY_VERIFY(done);
+    QCOMPARE(ReadFileBytes(path_), "[Omni-Perch]\nPrint\\Size=6\n"_ba);
+    setSize(u"7"_s);
+    store.SaveLater(background);
+    QTRY_COMPARE(ReadFileBytes(path_), "[Omni-Perch]\nPrint\\Size=7\n"_ba);
   }
 };
 

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "onair/on_air_now_window.h"
+
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include "callbook/call_database.h"
+#include "onair/station_text.h"
+#include "ui/msg_box_timed.h"
+#include "ui/window_place.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kHeight = 373;        // 5595 twips
+constexpr int kLeftOfMiddle = 123;  // 1845 twips left of the main window's middle
+constexpr auto kMessageTime = 10s;
+
+}  // namespace
+
+frmOnAirNow::frmOnAirNow(const Parts& parts, QWidget* owner)
+    : BaseWindow(owner),
+      program_(parts.program),
+      database_(parts.database),
+      menus_(parts.menus),
+      session_(parts, OnAirWindow::List),
+      bar_(this),
+      picBand_(CheckPanel::BandNames(), session_.ckBand().Count(), &bar_, this),
+      picMode_(CheckPanel::ModeNames(), session_.ckMode().Count(), &bar_, this),
+      lblRefresh_(u"lblRefresh"_s, &bar_),
+      gridOnAir_(parts.tool, this),
+      lblLeftOut_(this),
+      tip_(this),
+      picBig_(parts.tool, this) {
+  setObjectName(u"frmOnAirNow"_s);
+  MakeLayout();
+  ConnectParts();
+}
+
+void frmOnAirNow::MakeLayout() {
+  lblLeftOut_.setObjectName(u"lblLeftOut"_s);
+  lblLeftOut_.setTextFormat(Qt::PlainText);
+  lblLeftOut_.setWordWrap(true);
+  lblLeftOut_.hide();
+  auto* row = new QHBoxLayout(&bar_);
+  row->setContentsMargins(2, 2, 2, 2);
+  row->setSpacing(4);
+  row->addWidget(picBand_.Button());
+  row->addWidget(picMode_.Button());
+  row->addWidget(&lblRefresh_);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(&bar_);
+  column->addWidget(&gridOnAir_, 1);
+  column->addWidget(&lblLeftOut_);
+  setTabOrder(picBand_.Button(), picMode_.Button());
+  setTabOrder(picMode_.Button(), &lblRefresh_);
+  setTabOrder(&lblRefresh_, &gridOnAir_);
+  gridOnAir_.setFocus();
+}
+
+void frmOnAirNow::ConnectParts() {
+  connect(&session_, &OnAirSession::Changed, this, &frmOnAirNow::ShowView);
+  connect(&session_, &OnAirSession::FilterChanged, this, &frmOnAirNow::ShowFilter);
+  connect(&session_.Feed(), &OnAirFeed::Failed, this,
+          [this](const QString& message) { frmMsgBoxTimed::ShowMsg(this, message, kMessageTime); });
+  connect(&picBand_, &CheckPanel::Closed, &session_, &OnAirSession::SetBands);
+  connect(&picMode_, &CheckPanel::Closed, &session_, &OnAirSession::SetModes);
+  connect(&lblRefresh_, &BarLabel::clicked, &session_, &OnAirSession::Refresh);
+  connect(&gridOnAir_, &OnAirGrid::HeadClicked, this, [this](OnAirColumn head) {
+    session_.SortBy(head);
+    gridOnAir_.ShowOrder(session_.Order());
+  });
+  connect(&gridOnAir_, &OnAirGrid::RowPressed, this, [this](int row, bool byKeyboard) {
+    ShowStation(row, !byKeyboard);
+    if (byKeyboard) ShowPicture(row, gridOnAir_.RowPlace(row).topRight());
+  });
+  connect(&gridOnAir_, &OnAirGrid::RowHovered, this, [this](int row) { ShowPicture(row, QCursor::pos()); });
+  connect(&gridOnAir_, &OnAirGrid::MenuWanted, this, &frmOnAirNow::OpenRowMenu);
+  connect(&gridOnAir_, &OnAirGrid::Moved, this, &frmOnAirNow::HideTips);
+}
+
+void frmOnAirNow::ShowTexts() {
+  const LanguageTexts& language = program_.language;
+  menus_.CloseMenus();
+  HideTips();
+  const QString close = language[TextLine::kCloseWord].trimmed();
+  picBand_.SetTexts(BuiltInText(program_.config.OnAirCode, OnAirText::kBandPanel), OnAirSession::BandCaptions(), close);
+  picMode_.SetTexts(BuiltInText(program_.config.OnAirCode, OnAirText::kModePanel), OnAirSession::ModeCaptions(), close);
+  ShowFilter();
+  lblRefresh_.SetCaption(language[TextLine::kRefreshWord].trimmed());
+  lblRefresh_.setToolTip(BuiltInText(program_.config.OnAirCode, OnAirText::kRefreshTip));
+  const QStringList heads{tr("Call"), tr("Mode"), tr("MHz"), tr("Az"), tr("Pic"), tr("Info")};
+  QStringList tips;
+  for (qsizetype i = 0; i < heads.size(); ++i) tips.append(tr("Sort by this column (Ctrl+%1)").arg(i + 1));
+  gridOnAir_.Model().SetTexts(heads, tips, tr("Picture of %1"));
+  gridOnAir_.setAccessibleName(language[TextLine::kOnAirListTitle].trimmed());
+  setWindowTitle(language[TextLine::kOnAirText]);
+  if (opened_) session_.Rebuild();
+}
+
+void frmOnAirNow::ShowFilter() {
+  picBand_.SetBoxes(session_.ckBand());
+  picMode_.SetBoxes(session_.ckMode());
+  picBand_.SetSummary(session_.BandSummary());
+  picMode_.SetSummary(session_.ModeSummary());
+}
+
+void frmOnAirNow::ShowView() {
+  const OnAirView& view = session_.View();
+  if (windowTitle() != view.title) setWindowTitle(view.title);
+  gridOnAir_.Take(view.entries);
+  if (lblLeftOut_.text() != view.leftOut) lblLeftOut_.setText(view.leftOut);
+  lblLeftOut_.setVisible(!view.leftOut.isEmpty());
+  Q_EMIT CaptionChanged(view.caption);
+}
+
+void frmOnAirNow::ShowStation(int row, bool byPointer) {
+  const OnAirEntry& entry = gridOnAir_.Model().Entries().at(row);
+  tip_.ShowTip(StationText(entry.shownCall, database_.Find(entry.call)), gridOnAir_.RowPlace(row), byPointer);
+}
+
+void frmOnAirNow::ShowPicture(int row, const QPoint& beside) {
+  const QString path = row < 0 ? QString() : gridOnAir_.Model().Entries().at(row).picture;
+  if (path.isEmpty()) return picBig_.Withdraw();
+  picBig_.ShowPicture(path, beside);
+}
+
+void frmOnAirNow::HideTips() {
+  tip_.hide();
+  picBig_.Withdraw();
+}
+
+void frmOnAirNow::OpenRowMenu(int row, const QPoint& at, bool byKeyboard) {
+  HideTips();
+  const OnAirEntry& entry = gridOnAir_.Model().Entries().at(row);
+  MenuRequest request;
+  request.menu = MenuId::ListCall;
+  request.subject.caller = entry.call;
+  request.subject.placed = entry.lat != 0;
+  request.owner = this;
+  request.name = entry.shownCall;
+  request.at = at;
+  request.byKeyboard = byKeyboard;
+  menus_.OpenMenu(request);
+}
+
+void frmOnAirNow::PlaceWindow() {
+  layout()->activate();
+  const int width = std::max(gridOnAir_.WantedWidth(), bar_.sizeHint().width());
+  setMinimumWidth(width);
+  resize(width, std::max(kHeight, kHeight * fontMetrics().height() / 13));
+  const QWidget* main = parentWidget();
+  if (main == nullptr) return BaseWindow::PlaceWindow();
+  const QRect over = main->frameGeometry();
+  const QRect place(QPoint(over.left() + over.width() / 2 - kLeftOfMiddle, over.top()), size() + FrameOf(this));
+  move(KeptOnMonitor(place, over.center()).topLeft());
+}
+
+void frmOnAirNow::showEvent(QShowEvent* event) {
+  BaseWindow::showEvent(event);
+  if (std::exchange(opened_, true)) return;
+  session_.Open();
+}
+
+void frmOnAirNow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Refresh)) return session_.Refresh();
+  if (event->key() == Qt::Key_Escape && (tip_.isVisible() || picBig_.isVisible())) return HideTips();
+  BaseWindow::keyPressEvent(event);
+}
+
+void frmOnAirNow::closeEvent(QCloseEvent* event) {
+  // What was ticked in an open panel counts.
+  picBand_.Close();
+  picMode_.Close();
+  HideTips();
+  menus_.CloseMenus();
+  BaseWindow::closeEvent(event);
+}

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// frmOnAirNow: the stations that are on the air as a list, filtered by band and mode, refreshed every five minutes.
+// lblOnAirNow of the main window opens it. OnAirSession decides, this shows.
+#pragma once
+
+#include <QLabel>
+
+#include "onair/check_panel.h"
+#include "onair/on_air_grid.h"
+#include "onair/on_air_session.h"
+#include "onair/on_air_tip.h"
+#include "ui/base_window.h"
+#include "ui/menu_opener.h"
+
+class frmOnAirNow : public BaseWindow {
+  Q_OBJECT
+
+ public:
+  // What the window uses beside its session.
+  struct Parts : OnAirSession::Parts {
+    CallDatabase& database;
+    PictureTool& tool;
+    MenuOpener& menus;
+  };
+
+  frmOnAirNow(const Parts& parts, QWidget* owner);
+
+  void ShowTexts() override;
+  // The database has a new record: directions are figured anew.
+  void Rebuild() { session_.Rebuild(); }
+
+ Q_SIGNALS:
+  // What lblOnAirNow says.
+  void CaptionChanged(const QString& caption);
+
+ protected:
+  void PlaceWindow() override;
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void MakeLayout();
+  void ConnectParts();
+  void ShowView();
+  void ShowFilter();
+  void ShowStation(int row, bool byPointer);
+  void ShowPicture(int row, const QPoint& beside);
+  void HideTips();
+  void OpenRowMenu(int row, const QPoint& at, bool byKeyboard);
+
+  const Program& program_;
+  CallDatabase& database_;
+  MenuOpener& menus_;
+  OnAirSession session_;
+  QWidget bar_;
+  CheckPanel picBand_;
+  CheckPanel picMode_;
+  BarLabel lblRefresh_;
+  OnAirGrid gridOnAir_;
+  QLabel lblLeftOut_;
+  frmTipOnAir tip_;
+  OperatorPictureTip picBig_;
+  bool opened_ = false;
+};

@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/msg_box_timed.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QEvent>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+constexpr QColor kBack(255, 100, 100);
+}  // namespace
+
+void frmMsgBoxTimed::ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration) {
+  auto* box = owner->findChild<frmMsgBoxTimed*>(QString(), Qt::FindDirectChildrenOnly);
+  if (box == nullptr) box = new frmMsgBoxTimed(owner);
+  box->Tell(text, duration);
+}
+
+frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
+  setObjectName(u"frmMsgBoxTimed"_s);
+  setFrameShape(QFrame::Box);
+  setAutoFillBackground(true);
+  // The told ground is light, so its letters are dark on a dark desktop too.
+  QPalette look = palette();
+  look.setColor(QPalette::Window, kBack);
+  look.setColor(QPalette::WindowText, Qt::black);
+  setPalette(look);
+  label_.setPalette(look);
+  label_.setObjectName(u"lblMsg"_s);
+  label_.setTextFormat(Qt::PlainText);
+  label_.setAlignment(Qt::AlignCenter);
+  label_.setWordWrap(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(4, 4, 4, 4);
+  column->addWidget(&label_);
+  Timer1.setInterval(1s);
+  connect(&Timer1, &QTimer::timeout, this, [this]() {
+    if (++ticks_ > last_) deleteLater();
+  });
+  owner->installEventFilter(this);
+}
+
+void frmMsgBoxTimed::Tell(const QString& text, std::chrono::seconds duration) {
+  label_.setText(QString(text).remove(u'\r'));
+  setAccessibleName(text.simplified());
+  ticks_ = 0;
+  last_ = static_cast<int>(duration.count());
+  Timer1.start();
+  Place();
+  show();
+  raise();
+  QApplication::beep();
+  QAccessibleEvent alert(this, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alert);
+}
+
+void frmMsgBoxTimed::Place() {
+  const QWidget* owner = parentWidget();
+  // A longer word wraps before it leaves the window.
+  label_.setMaximumWidth(std::max(1, owner->width() - 2 * (frameWidth() + 4)));
+  const QSize text = label_.fontMetrics().size(0, label_.text());
+  label_.setMinimumWidth(std::min(text.width() + 2, label_.maximumWidth()));
+  layout()->activate();
+  resize(sizeHint().expandedTo({0, layout()->totalHeightForWidth(sizeHint().width())}));
+  const QRect room = owner->rect();
+  QRect place(QPoint(), size());
+  place.moveCenter(room.center());
+  const QString name = owner->objectName();
+  if (name == "frmOnAirNow"_L1) place.moveLeft(0);
+  // Of the main window the width is told only: there it stands in the upper third.
+  if (name == "Form1"_L1) place.moveTop(room.height() / 3);
+  move(std::max(0, place.left()), std::max(0, place.top()));
+}
+
+bool frmMsgBoxTimed::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) Place();
+  return QFrame::eventFilter(watched, event);
+}
+
+void frmMsgBoxTimed::mouseReleaseEvent(QMouseEvent* event) {
+  QFrame::mouseReleaseEvent(event);
+  deleteLater();
+}
