@@ -195,6 +195,7 @@ void MapLayer::ComposeMarks(const QRect& part) {
   const QRectF shown((QPointF(part.topLeft()) - QPointF(offset_)) / style_.ratio, QSizeF(part.size()) / style_.ratio);
   std::vector<const MapOverlay::Label*> labels;
   for (const MapOverlay::Label& label : std::as_const(overlay_.labels)) {
+    if (label.dot) continue;
     const double rim = label.boxWidth;
     if (shown.intersects(label.place.united(label.box).adjusted(-rim, -rim, rim, rim))) labels.push_back(&label);
   }

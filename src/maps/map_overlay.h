@@ -41,6 +41,10 @@ struct MapOverlay {
     double boxWidth = 2;
     QColor back;  // invalid: the desktop's tip colours
     bool clickable = false;
+    QString id;  // what it stands for, such as a call: labels find their places in the order of these
+    // The mark that it belongs to. LayOutLabels then moves place and box beside it; none: they stay where they are.
+    std::optional<QPointF> anchor;
+    bool dot = false;  // no room for the text: place is the mark, and nothing is painted
   };
   QList<Line> lines;
   QList<Circle> circles;
