@@ -26,7 +26,7 @@ qint64 AllocatedBytes() {
   return static_cast<qint64>(__sanitizer_get_current_allocated_bytes());
 #else
   const struct mallinfo2 info = mallinfo2();
-  return static_cast<qint64>(info.uordblks + info.hblkhd);
+  return static_cast<qint64>(info.uordblks) + static_cast<qint64>(info.hblkhd);
 #endif
 }
 
