@@ -126,7 +126,7 @@ class TestMenuWindow : public QObject {
 
   // A screen reader's press closes no menu by itself, and an open menu would hold the keyboard.
   void AScreenReaderPresses() {
-    const auto check = [this](const char* what, const QString& text, bool inSubMenu, const QString& expected) {
+    const auto check = [](const char* what, const QString& text, bool inSubMenu, const QString& expected) {
       const TableRow row(what);
       Opened opened;
       opened.Open();
