@@ -78,7 +78,7 @@ BaseWindow* Windows::MakeLocationMap() {
 
 BaseWindow* Windows::MakeOnAirNow() {
   Services& s = services_;
-  const OnAirFeed::Parts feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
+  const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
   auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_}, mainWindow_);
   connect(window, &frmOnAirNow::CaptionChanged, this, &Windows::OnAirCaptionChanged);
   return window;

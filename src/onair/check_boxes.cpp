@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "onair/check_boxes.h"
 
+using namespace Qt::StringLiterals;
+
 void CheckBoxes::Set(int index, bool checked) {
   if (index >= 0 && index < Count()) checked_[index] = checked;
 }
@@ -34,4 +36,15 @@ QString CheckBoxes::Summary(const QStringList& captions) const {
     if (IsChecked(i)) words.append(captions.value(i).section(u' ', 0, 0));
   }
   return words.join(u' ');
+}
+
+QString CutSummary(const QString& summary, const std::function<bool(const QString&)>& fits) {
+  if (fits(summary)) return summary;
+  QString rest = summary;
+  while (rest.size() > 1) {
+    const qsizetype blank = rest.lastIndexOf(u' ');
+    rest.truncate(blank > 0 ? blank : rest.size() - 1);
+    if (fits(rest + "..."_L1)) break;
+  }
+  return rest + "..."_L1;
 }

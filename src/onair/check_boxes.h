@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <functional>
 
 // Never without a ticked box once it has been settled.
 class CheckBoxes {
@@ -31,3 +32,7 @@ class CheckBoxes {
  private:
   QList<bool> checked_;
 };
+
+// The summary of ticked boxes as a button shows it: whole where it fits, else cut behind a whole word, with "..."
+// behind it. fits: whether a text is narrow enough for the button. A single word that is too wide is cut within.
+QString CutSummary(const QString& summary, const std::function<bool(const QString&)>& fits);

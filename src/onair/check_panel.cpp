@@ -82,18 +82,10 @@ void CheckPanel::SetSummary(const QString& summary) {
 
 void CheckPanel::ShowCaption() {
   const QFontMetrics letters = button_->fontMetrics();
-  // As wide as told with the letters of then; wider letters make it wider.
+  // The given width fits letters of 7 pixels; wider letters make the button wider.
   const int room = std::max(kButton.width(), letters.averageCharWidth() * 16) - letters.horizontalAdvance(u"  ▾"_s) - 8;
-  QString shown = summary_;
-  while (letters.horizontalAdvance(shown) > room && shown.size() > 1) {
-    // Cut by whole words while there are several.
-    const qsizetype blank = shown.lastIndexOf(u' ');
-    shown = summary_.left(blank > 0 ? blank : shown.size() - 1);
-    if (letters.horizontalAdvance(shown + u"..."_s) <= room) {
-      shown += u"..."_s;
-      break;
-    }
-  }
+  const auto fits = [&](const QString& text) { return letters.horizontalAdvance(text) <= room; };
+  const QString shown = CutSummary(summary_, fits);
   button_->SetCaption(shown + kArrow.toString());
   button_->setAccessibleName(title_.text() + u": "_s + summary_);
   button_->setToolTip(shown == summary_ ? title_.text() : title_.text() + u": "_s + summary_);

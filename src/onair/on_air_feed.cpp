@@ -17,13 +17,13 @@ QString KeyOf(FeedSource source) {
 
 }  // namespace
 
-OnAirFeed::OnAirFeed(const Parts& parts, bool missingLetter, QObject* parent)
+OnAirFeed::OnAirFeed(const Dependencies& dependencies, bool missingLetter, QObject* parent)
     : QObject(parent),
-      program_(parts.program),
-      hosts_(parts.hosts),
+      program_(dependencies.program),
+      hosts_(dependencies.hosts),
       missingLetter_(missingLetter),
-      ucGetList(parts.network),
-      reader_(parts.pageText, parts.background) {
+      ucGetList(dependencies.network),
+      reader_(dependencies.pageText, dependencies.background) {
   Timer1.setInterval(60s);
   connect(&Timer1, &QTimer::timeout, this, [this]() {
     if (++minutes_ % kRefreshMinutes == 0) GetOnAirList();

@@ -17,7 +17,7 @@ class OnAirFeed : public QObject {
 
  public:
   // What a feed is made from.
-  struct Parts {
+  struct Dependencies {
     const Program& program;
     UrlNetwork& network;
     const Hosts& hosts;
@@ -26,7 +26,7 @@ class OnAirFeed : public QObject {
   };
 
   // missingLetter: this window's message about the first source lacks its first letter.
-  OnAirFeed(const Parts& parts, bool missingLetter, QObject* parent = nullptr);
+  OnAirFeed(const Dependencies& dependencies, bool missingLetter, QObject* parent = nullptr);
 
   // Asks both sources anew; what is under way is given up. List1 stays until the first of them has answered.
   void GetOnAirList();

@@ -42,7 +42,7 @@ OnAirGrid::OnAirGrid(PictureTool& tool, QWidget* parent) : QTableView(parent), t
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setStretchLastSection(true);
   horizontalHeader()->setMinimumSectionSize(1);
-  // The told ground is light, so its letters are dark on a dark desktop too.
+  // The given background is light, so the letters are dark on a dark desktop too.
   QPalette look = palette();
   look.setColor(QPalette::Base, kBack);
   look.setColor(QPalette::Text, Qt::black);

@@ -22,23 +22,23 @@ constexpr auto kMessageTime = 10s;
 
 }  // namespace
 
-frmOnAirNow::frmOnAirNow(const Parts& parts, QWidget* owner)
+frmOnAirNow::frmOnAirNow(const Dependencies& dependencies, QWidget* owner)
     : BaseWindow(owner),
-      program_(parts.program),
-      database_(parts.database),
-      menus_(parts.menus),
-      session_(parts, OnAirWindow::List),
+      program_(dependencies.program),
+      database_(dependencies.database),
+      menus_(dependencies.menus),
+      session_(dependencies, OnAirWindow::List),
       bar_(this),
       picBand_(CheckPanel::BandNames(), session_.ckBand().Count(), &bar_, this),
       picMode_(CheckPanel::ModeNames(), session_.ckMode().Count(), &bar_, this),
       lblRefresh_(u"lblRefresh"_s, &bar_),
-      gridOnAir_(parts.tool, this),
+      gridOnAir_(dependencies.tool, this),
       lblLeftOut_(this),
       tip_(this),
-      picBig_(parts.tool, this) {
+      picBig_(dependencies.tool, this) {
   setObjectName(u"frmOnAirNow"_s);
   MakeLayout();
-  ConnectParts();
+  ConnectSignals();
 }
 
 void frmOnAirNow::MakeLayout() {
@@ -64,7 +64,7 @@ void frmOnAirNow::MakeLayout() {
   gridOnAir_.setFocus();
 }
 
-void frmOnAirNow::ConnectParts() {
+void frmOnAirNow::ConnectSignals() {
   connect(&session_, &OnAirSession::Changed, this, &frmOnAirNow::ShowView);
   connect(&session_, &OnAirSession::FilterChanged, this, &frmOnAirNow::ShowFilter);
   connect(&session_.Feed(), &OnAirFeed::Failed, this,

@@ -17,13 +17,13 @@ class frmOnAirNow : public BaseWindow {
 
  public:
   // What the window uses beside its session.
-  struct Parts : OnAirSession::Parts {
+  struct Dependencies : OnAirSession::Dependencies {
     CallDatabase& database;
     PictureTool& tool;
     MenuOpener& menus;
   };
 
-  frmOnAirNow(const Parts& parts, QWidget* owner);
+  frmOnAirNow(const Dependencies& dependencies, QWidget* owner);
 
   void ShowTexts() override;
   // The database has a new record: directions are figured anew.
@@ -41,7 +41,7 @@ class frmOnAirNow : public BaseWindow {
 
  private:
   void MakeLayout();
-  void ConnectParts();
+  void ConnectSignals();
   void ShowView();
   void ShowFilter();
   void ShowStation(int row, bool byPointer);

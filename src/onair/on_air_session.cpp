@@ -5,16 +5,16 @@
 
 using namespace Qt::StringLiterals;
 
-OnAirSession::OnAirSession(const Parts& parts, OnAirWindow window, QObject* parent)
+OnAirSession::OnAirSession(const Dependencies& dependencies, OnAirWindow window, QObject* parent)
     : QObject(parent),
-      program_(parts.program),
-      store_(parts.store),
-      background_(parts.background),
+      program_(dependencies.program),
+      store_(dependencies.store),
+      background_(dependencies.background),
       window_(window),
-      feed_(parts, window == OnAirWindow::List),
+      feed_(dependencies, window == OnAirWindow::List),
       ckBand_(kPeanutBand + 1),
       ckMode_(static_cast<int>(kModes.size()) + 1),
-      database_(std::make_shared<CallDatabase>(parts.program.AppDataDir)) {
+      database_(std::make_shared<CallDatabase>(dependencies.program.AppDataDir)) {
   connect(&feed_, &OnAirFeed::ListChanged, this, &OnAirSession::Rebuild);
 }
 

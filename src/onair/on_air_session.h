@@ -26,11 +26,12 @@ class OnAirSession : public QObject {
   Q_OBJECT
 
  public:
-  struct Parts : OnAirFeed::Parts {
+  // What a session uses beside its feed.
+  struct Dependencies : OnAirFeed::Dependencies {
     SettingsStore& store;
   };
 
-  OnAirSession(const Parts& parts, OnAirWindow window, QObject* parent = nullptr);
+  OnAirSession(const Dependencies& dependencies, OnAirWindow window, QObject* parent = nullptr);
 
   // Reads the stored boxes and begins the first refresh.
   void Open();
@@ -75,5 +76,7 @@ class OnAirSession : public QObject {
   OnAirOrder order_;
   OnAirView view_;
   Wanted rebuild_;
-  std::shared_ptr<CallDatabase> database_;  // used beside the event loop only
+  // A reader of its own on the same files, used by the background thread only: a CallDatabase serves one thread, and
+  // ten thousand look-ups would hold the event loop.
+  std::shared_ptr<CallDatabase> database_;
 };

@@ -24,7 +24,7 @@ frmTipOnAir::frmTipOnAir(QWidget* window) : QLabel(window, kTipWindow), window_(
   setMargin(4);
   setFrameShape(QFrame::Box);
   setAutoFillBackground(true);
-  // The told ground is light, so its letters are dark on a dark desktop too.
+  // The given background is light, so the letters are dark on a dark desktop too.
   QPalette look = palette();
   look.setColor(QPalette::Window, kBack);
   look.setColor(QPalette::WindowText, Qt::black);
@@ -63,21 +63,21 @@ OperatorPictureTip::OperatorPictureTip(PictureTool& tool, QWidget* window) : QLa
 }
 
 void OperatorPictureTip::ShowPicture(const QString& path, const QPoint& beside) {
-  const int asked = ++asked_;
+  const Wanted::Token token = wanted_.Ask();
   PictureOptions options;
-  options.wanted = [this, asked]() { return asked == asked_; };
+  options.wanted = [token]() { return token.StillWanted(); };
   const double ratio = devicePixelRatioF();
   tool_.View(
       path, MonitorAt(beside).size() / 2 * ratio, this,
-      [this, asked, beside, ratio](const PictureAnswer& answer) {
-        if (asked != asked_ || !answer.ok || answer.frames.isEmpty()) return;
+      [this, token, beside, ratio](const PictureAnswer& answer) {
+        if (!token.StillWanted() || !answer.ok || answer.frames.isEmpty()) return;
         QPixmap picture = QPixmap::fromImage(answer.frames.first().image);
         picture.setDevicePixelRatio(ratio);
         setPixmap(picture);
         adjustSize();
         QRect place(beside + kBesidePointer, size());
         const QRect monitor = MonitorAt(beside);
-        // On the pointer's other side where there is no room: never under the pointer, which would leave its row.
+        // On the pointer's other side where the monitor ends: under the pointer the tip would take it off its row.
         if (place.right() > monitor.right()) place.moveRight(beside.x() - kBesidePointer.x());
         move(KeptOnMonitor(place, beside).topLeft());
         show();
@@ -86,6 +86,6 @@ void OperatorPictureTip::ShowPicture(const QString& path, const QPoint& beside) 
 }
 
 void OperatorPictureTip::Withdraw() {
-  ++asked_;
+  wanted_.Withdraw();
   hide();
 }

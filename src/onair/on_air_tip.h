@@ -1,18 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What stands beside a row of On Air Now: frmTipOnAir with a station's text below the row, and the operator's picture
-// beside the pointer. Neither takes the focus or a click.
+// The two tips of On Air Now: frmTipOnAir shows a station's text below its row, OperatorPictureTip the operator's
+// picture beside the pointer. Neither takes the focus or a click.
 #pragma once
 
 #include <QLabel>
 #include <QTimer>
 
 #include "platform/picture/picture_tool.h"
+#include "platform/wanted.h"
 
+// The text of a station, on a ground of its own.
 class frmTipOnAir : public QLabel {
   Q_OBJECT
 
  public:
-  // window: with it the tip goes.
+  // window: the tip is destroyed with it.
   explicit frmTipOnAir(QWidget* window);
 
   // Below a row of the screen. byPointer: it hides by itself when the pointer has left the window.
@@ -41,5 +43,5 @@ class OperatorPictureTip : public QLabel {
 
  private:
   PictureTool& tool_;
-  int asked_ = 0;
+  Wanted wanted_;
 };

@@ -16,14 +16,14 @@ constexpr QColor kBack(255, 100, 100);
 void frmMsgBoxTimed::ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration) {
   auto* box = owner->findChild<frmMsgBoxTimed*>(QString(), Qt::FindDirectChildrenOnly);
   if (box == nullptr) box = new frmMsgBoxTimed(owner);
-  box->Tell(text, duration);
+  box->ShowText(text, duration);
 }
 
 frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
   setObjectName(u"frmMsgBoxTimed"_s);
   setFrameShape(QFrame::Box);
   setAutoFillBackground(true);
-  // The told ground is light, so its letters are dark on a dark desktop too.
+  // The given background is light, so the letters are dark on a dark desktop too.
   QPalette look = palette();
   look.setColor(QPalette::Window, kBack);
   look.setColor(QPalette::WindowText, Qt::black);
@@ -43,7 +43,7 @@ frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
   owner->installEventFilter(this);
 }
 
-void frmMsgBoxTimed::Tell(const QString& text, std::chrono::seconds duration) {
+void frmMsgBoxTimed::ShowText(const QString& text, std::chrono::seconds duration) {
   label_.setText(QString(text).remove(u'\r'));
   setAccessibleName(text.simplified());
   ticks_ = 0;
@@ -70,7 +70,7 @@ void frmMsgBoxTimed::Place() {
   place.moveCenter(room.center());
   const QString name = owner->objectName();
   if (name == "frmOnAirNow"_L1) place.moveLeft(0);
-  // Of the main window the width is told only: there it stands in the upper third.
+  // In the main window only its place across is given; a third of the way down leaves the bar free.
   if (name == "Form1"_L1) place.moveTop(room.height() / 3);
   move(std::max(0, place.left()), std::max(0, place.top()));
 }

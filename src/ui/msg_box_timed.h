@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// frmMsgBoxTimed: a message over a window that goes by itself. The on-air windows tell with it that a list could not be
-// had; it takes neither the focus nor a click from what lies beside it.
+// frmMsgBoxTimed: a message over a window that goes away by itself. The on-air windows show in it that a list could not
+// be fetched; it takes neither the focus nor a click from the controls beside it.
 #pragma once
 
 #include <QFrame>
@@ -8,12 +8,13 @@
 #include <QTimer>
 #include <chrono>
 
+// The message; a child of the window that it is about, which it does not outlive.
 class frmMsgBoxTimed : public QFrame {
   Q_OBJECT
 
  public:
-  // Shows the text upon the window, in the place of a message that stands there. Where it stands goes by the window's
-  // name. A click ends it early.
+  // Shows the text over the window for that long, in place of a message that is still shown there. The window's object
+  // name decides where. A click ends it early.
   static void ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration);
 
  protected:
@@ -22,7 +23,7 @@ class frmMsgBoxTimed : public QFrame {
 
  private:
   explicit frmMsgBoxTimed(QWidget* owner);
-  void Tell(const QString& text, std::chrono::seconds duration);
+  void ShowText(const QString& text, std::chrono::seconds duration);
   void Place();
 
   QLabel label_;

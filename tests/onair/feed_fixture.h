@@ -34,7 +34,7 @@ struct FeedFixture {
     Answer("head\n", "head\r\n");
   }
 
-  OnAirSession::Parts Parts() { return {{program, network, hosts, pageText, background}, store}; }
+  OnAirSession::Dependencies AllDependencies() { return {{program, network, hosts, pageText, background}, store}; }
 
   Host& Cgi() const { return *band.FindHost(QStringLiteral("OnAirCgi")); }
   Host& Text() const { return *band.FindHost(QStringLiteral("OnAirText")); }

@@ -11,7 +11,7 @@ struct Feed : FeedFixture {
   QSignalSpy changed{&feed, &OnAirFeed::ListChanged};
   QSignalSpy failed{&feed, &OnAirFeed::Failed};
 
-  explicit Feed(bool missingLetter = false) : feed(Parts(), missingLetter) {}
+  explicit Feed(bool missingLetter = false) : feed(AllDependencies(), missingLetter) {}
 
   QString Calls() const {
     QStringList calls;

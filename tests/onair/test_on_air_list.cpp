@@ -66,6 +66,11 @@ class TestOnAirList : public QObject {
     boxes.Click(2);
     QCOMPARE(boxes, Ticked(4, {0}));
     QCOMPARE(boxes.Summary({u"All"_s}), u""_s);
+    const auto tenLetters = [](const QString& text) { return text.size() <= 10; };
+    QCOMPARE(CutSummary(u"160 80 40"_s, tenLetters), u"160 80 40"_s);
+    // The words alone would fit here, the dots behind them would not.
+    QCOMPARE(CutSummary(u"160 80 401 30"_s, tenLetters), u"160 80..."_s);
+    QCOMPARE(CutSummary(u"elevenchars"_s, tenLetters), u"elevenc..."_s);
     boxes.Click(0);
     QCOMPARE(boxes, Ticked(4, {0}));
     boxes.Click(1);
