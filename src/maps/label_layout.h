@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Places for the labels of a map so that none covers another, the same for all maps of many stations. A window of
-// stations may run it beside the event loop whenever what is drawn has changed.
+// Places for the labels of a map so that none covers another, the same for all maps of many stations. MapWindow runs it
+// beside the event loop whenever what is drawn has changed.
 #pragma once
 
 #include "maps/map_overlay.h"

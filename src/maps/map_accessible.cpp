@@ -93,8 +93,10 @@ QAccessibleInterface* AccessibleMapLabel::parent() const {
 }
 
 QString AccessibleMapLabel::text(QAccessible::Text kind) const {
-  if (!isValid() || kind != QAccessible::Name) return {};
-  return source_->Labels().at(index_).text.simplified();
+  if (!isValid()) return {};
+  const MapOverlay::Label& label = source_->Labels().at(index_);
+  if (kind == QAccessible::Description) return label.tip.simplified();
+  return kind == QAccessible::Name ? label.text.simplified() : QString();
 }
 
 QRect AccessibleMapLabel::rect() const {

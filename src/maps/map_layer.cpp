@@ -229,10 +229,18 @@ void MapLayer::PaintText(QPainter& painter, const MapOverlay::Label& label) cons
   painter.setPen(label.back.isValid() ? TextOn(label.back) : style_.labelText);
   const QFontMetricsF metrics(style_.font);
   double base = label.place.top() + kMapLabelMargin + metrics.ascent();
+  const double sign = label.closable ? label.place.height() * kMapCloseSign : 0;
+  const double middle = label.place.center().x() - sign / 2;
+  if (label.closable) {
+    const QPointF centre(label.place.right() - sign / 2, label.place.center().y());
+    const double arm = sign / 4;
+    painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
+    painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
+  }
   for (const QStringView line : QStringView(label.text).split(u'\n')) {
     const QString text = (line.endsWith(u'\r') ? line.chopped(1) : line).toString();
     // Each line is centred with its blanks, so that a text of one line fills its label as it is written.
-    painter.drawText(QPointF(label.place.center().x() - metrics.horizontalAdvance(text) / 2, base), text);
+    painter.drawText(QPointF(middle - metrics.horizontalAdvance(text) / 2, base), text);
     base += metrics.lineSpacing();
   }
 }

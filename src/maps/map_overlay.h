@@ -41,15 +41,20 @@ struct MapOverlay {
     double boxWidth = 2;
     QColor back;  // invalid: the desktop's tip colours
     bool clickable = false;
-    QString id;  // what it stands for, such as a call: labels find their places in the order of these
+    QString id;   // what it stands for, such as a call: it keeps the keyboard's focus over a redraw; empty: the name
+    QString tip;  // plain text, shown under the pointer and at the keyboard's focus
     // The mark that it belongs to. LayOutLabels then moves place and box beside it; none: they stay where they are.
     std::optional<QPointF> anchor;
-    bool dot = false;  // no room for the text: place is the mark, and nothing is painted
+    bool closable = false;  // with a sign at its right end that takes it away
+    bool dot = false;       // no room for the text: place is the mark, and the text is heard and shown as a tip
   };
   QList<Line> lines;
   QList<Circle> circles;
   QList<Label> labels;
 };
+
+// Width of the sign at a label's right end that takes it away, in parts of the label's height.
+inline constexpr double kMapCloseSign = 0.7;
 
 // Width and height of a label with this text, in pixels of the picture.
 using LabelMeasure = std::function<QSizeF(const QString& text)>;
@@ -65,5 +70,6 @@ struct MapSurface {
 struct MapDrawing {
   MapOverlay overlay;
   QString info;                 // the information line above the map
+  QString spoken;               // what only a screen reader tells beside the information line
   std::optional<QPointF> keep;  // the point to be kept in view; none where the map has no formula
 };

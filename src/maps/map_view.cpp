@@ -3,15 +3,20 @@
 
 #include <QContextMenuEvent>
 #include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QStyleHints>
 #include <QStyleOptionFocusRect>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "maps/map_accessible.h"
+#include "ui/plain_tip.h"
 
 using namespace Qt::StringLiterals;
 
@@ -22,6 +27,10 @@ constexpr int kFastStep = 200;
 // Larger than any picture. Label rectangles are cut to it, because the place of a position far off the picture would
 // not fit into an int.
 constexpr QRectF kNearby(-100'000, -100'000, 200'000, 200'000);
+
+const QString& IdOf(const MapOverlay::Label& label) {
+  return label.id.isEmpty() ? label.name : label.id;
+}
 
 }  // namespace
 
@@ -41,10 +50,21 @@ void MapView::SetPicture(const QImage& picture, const QSize& size) {
 }
 
 void MapView::SetOverlay(const MapOverlay& overlay) {
+  // What pointer and keyboard are at stays theirs, wherever it stands in the new list.
+  const auto found = [this, &overlay](qsizetype index) {
+    if (index < 0) return index;
+    const QString id = IdOf(Overlay().labels.at(index));
+    const auto same = [&id](const MapOverlay::Label& label) { return IdOf(label) == id; };
+    const auto label = std::find_if(overlay.labels.cbegin(), overlay.labels.cend(), same);
+    return label == overlay.labels.cend() ? -1 : std::distance(overlay.labels.cbegin(), label);
+  };
+  pressedLabel_ = found(pressedLabel_);
+  focused_ = found(focused_);
+  if (focused_ >= 0 && !overlay.labels.at(focused_).clickable) focused_ = -1;
+  const qsizetype pointed = found(pointed_);
+  const bool wasPointed = std::exchange(pointed_, pointed) >= 0;
   layer_.SetOverlay(overlay);
-  pressedLabel_ = -1;
-  const bool gone = focused_ >= overlay.labels.size() || (focused_ >= 0 && !overlay.labels.at(focused_).clickable);
-  if (gone) focused_ = -1;
+  if (wasPointed) Q_EMIT LabelPointed(pointed_);
   AccessibleMapView::LabelsChanged(this);
   update();
 }
@@ -143,17 +163,59 @@ void MapView::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   const QPoint place = event->position().toPoint();
   pressedLabel_ = LabelAt(place);
-  // A press on a label does not drag the picture below it.
+  pressedAt_ = place;
+  // On a label the press is a click until the pointer has gone some way: a crowded map has few places without one.
   if (pressedLabel_ < 0 && picInner().contains(place) && (fit_.PanX || fit_.PanY)) dragPoint_ = place - fit_.place;
   UpdateCursor(place);
 }
 
 void MapView::mouseMoveEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
+  const bool dragged = (place - pressedAt_).manhattanLength() >= QGuiApplication::styleHints()->startDragDistance();
+  if (pressedLabel_ >= 0 && event->buttons().testFlag(Qt::LeftButton) && dragged && (fit_.PanX || fit_.PanY)) {
+    pressedLabel_ = -1;
+    dragPoint_ = pressedAt_ - fit_.place;
+  }
   if (dragPoint_ && event->buttons().testFlag(Qt::LeftButton) && fit_.DragTo(place - *dragPoint_)) {
     StorePan();
   }
-  UpdateCursor(place);
+  FollowPointer(place);
+}
+
+void MapView::FollowPointer(const QPoint& pointer) {
+  UpdateCursor(pointer);
+  // While the map is dragged the pointer stays at its point of the picture.
+  if (dragPoint_) return;
+  const bool inside = rect().contains(pointer) && picInner().contains(pointer);
+  Q_EMIT PointerMoved(inside ? std::optional(QPointF(pointer - fit_.place)) : std::nullopt);
+  const qsizetype label = inside ? LabelAt(pointer) : -1;
+  if (label != pointed_) Point(label);
+}
+
+void MapView::Point(qsizetype index) {
+  pointed_ = index;
+  if (index < 0) QToolTip::hideText();
+  Q_EMIT LabelPointed(index);
+}
+
+void MapView::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  FollowPointer(QPoint(-1, -1));
+}
+
+void MapView::ShowTip(qsizetype index, const QPoint& globalPoint) {
+  const MapOverlay::Label label = Overlay().labels.value(index);
+  // A label without room for its text tells it here.
+  QString text = label.tip;
+  if (label.dot) text = (label.text.trimmed() + u'\n' + text).trimmed();
+  QToolTip::showText(globalPoint, PlainTip(text), this, LabelRect(index));
+}
+
+bool MapView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<QHelpEvent*>(event);
+  ShowTip(LabelAt(help->pos()), help->globalPos());
+  return true;
 }
 
 void MapView::mouseReleaseEvent(QMouseEvent* event) {
@@ -162,7 +224,12 @@ void MapView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const qsizetype label = std::exchange(pressedLabel_, -1);
   UpdateCursor(place);
-  if (label >= 0 && label == LabelAt(place)) PressLabel(label, false);
+  if (label < 0 || label != LabelAt(place)) return;
+  if (CloseSign(label).contains(place)) {
+    Q_EMIT LabelClosed(Overlay().labels.at(label).name);
+  } else {
+    PressLabel(label, false);
+  }
 }
 
 void MapView::wheelEvent(QWheelEvent* event) {
@@ -180,6 +247,7 @@ void MapView::PanBy(const QPoint& step) {
 void MapView::StorePan() {
   middle_ = fit_.Middle(HiddenRows());
   update();
+  if (underMouse()) FollowPointer(mapFromGlobal(QCursor::pos()));
   Q_EMIT Panned(fit_.place.x(), fit_.place.y());
 }
 
@@ -206,6 +274,30 @@ bool MapView::PanByKey(int key, Qt::KeyboardModifiers modifiers) {
   }
 }
 
+QRect MapView::CloseSign(qsizetype index) const {
+  const MapOverlay::Label label = Overlay().labels.value(index);
+  if (!label.closable || label.dot) return {};
+  QRectF sign = label.place;
+  sign.setLeft(sign.right() - sign.height() * kMapCloseSign);
+  return sign.toAlignedRect().translated(fit_.place);
+}
+
+bool MapView::LabelKey(int key) {
+  if (focused_ < 0) return false;
+  switch (key) {
+    case Qt::Key_Delete:
+      if (!Overlay().labels.at(focused_).closable) return false;
+      Q_EMIT LabelClosed(Overlay().labels.at(focused_).name);
+      return true;
+    case Qt::Key_Period:
+    case Qt::Key_Comma:
+      Q_EMIT NextPartnerWanted(focused_, key == Qt::Key_Period ? 1 : -1);
+      return true;
+    default:
+      return false;
+  }
+}
+
 void MapView::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Home:
@@ -220,7 +312,8 @@ void MapView::keyPressEvent(QKeyEvent* event) {
       PressLabel(focused_, true);
       return;
     default:
-      if (!PanByKey(event->key(), event->modifiers())) QWidget::keyPressEvent(event);
+      if (LabelKey(event->key()) || PanByKey(event->key(), event->modifiers())) return;
+      QWidget::keyPressEvent(event);
   }
 }
 
@@ -249,6 +342,8 @@ void MapView::FocusLabel(qsizetype index) {
   focused_ = index;
   ShowLabel(index);
   update();
+  Point(index);
+  if (index >= 0) ShowTip(index, mapToGlobal(LabelRect(index).bottomLeft()));
   AccessibleMapView::FocusMoved(this, focused_);
 }
 

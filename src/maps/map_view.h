@@ -42,19 +42,32 @@ class MapView : public QWidget, public MapLabels {
   const QList<MapOverlay::Label>& Labels() const override { return layer_.Overlay().labels; }
   QRect LabelRect(qsizetype index) const override;
   qsizetype FocusedLabel() const override { return focused_; }
+  // Moves the keyboard's focus to a label and the label into view.
+  void FocusLabel(qsizetype index);
   void PressLabel(qsizetype index, bool byKeyboard) override;
 
  Q_SIGNALS:
   // A clickable label was clicked or pressed by keyboard. globalPoint: where the label's menu opens.
   void LabelClicked(const QString& name, const QPoint& globalPoint, bool byKeyboard);
+  // The sign of a closable label was clicked, or the Delete key pressed upon it.
+  void LabelClosed(const QString& name);
+  // A full stop (1) or a comma (-1) was pressed upon the label that has the focus.
+  void NextPartnerWanted(qsizetype index, int step);
+  // The pointer has come upon a label, or the keyboard's focus has; -1: it has left it. Told again when the labels are
+  // others.
+  void LabelPointed(qsizetype index);
+  // The point of the picture under the pointer; none: the pointer is beside it.
+  void PointerMoved(const std::optional<QPointF>& point);
   // The user has moved the picture.
   void Panned(int left, int top);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -66,10 +79,14 @@ class MapView : public QWidget, public MapLabels {
  private:
   void UpdateStyle();
   void UpdateCursor(const QPoint& pointer);
+  void FollowPointer(const QPoint& pointer);
+  void Point(qsizetype index);
+  void ShowTip(qsizetype index, const QPoint& globalPoint);
+  QRect CloseSign(qsizetype index) const;
+  bool LabelKey(int key);
   void PanBy(const QPoint& step);
   void StorePan();
   bool PanByKey(int key, Qt::KeyboardModifiers modifiers);
-  void FocusLabel(qsizetype index);
   void ShowLabel(qsizetype index);
   qsizetype LabelAt(const QPoint& place) const;
   qsizetype NextClickable(qsizetype from, int step) const;
@@ -82,6 +99,8 @@ class MapView : public QWidget, public MapLabels {
   int homeRoom_ = 0;
   std::optional<QPointF> middle_;    // point of the picture in the middle of what is seen, once the user has moved it
   std::optional<QPoint> dragPoint_;  // point of the picture where the left button went down
-  qsizetype pressedLabel_ = -1;      // label under the left button
+  QPoint pressedAt_;
+  qsizetype pressedLabel_ = -1;  // label under the left button
+  qsizetype pointed_ = -1;       // label under the pointer, or that the focus has reached last
   qsizetype focused_ = -1;
 };

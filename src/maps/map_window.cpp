@@ -3,7 +3,9 @@
 
 #include <QCloseEvent>
 #include <QScreen>
+#include <algorithm>
 
+#include "maps/label_layout.h"
 #include "maps/map_list.h"
 #include "maps/map_projection.h"
 
@@ -156,10 +158,34 @@ void MapWindow::RedrawOverlay() {
     drawing.overlay = {};
     drawing.keep.reset();
   }
-  picOuter_->SetOverlay(drawing.overlay);
+  ShowOverlay(drawing.overlay);
   info_ = drawing.info;
+  spoken_ = drawing.spoken;
   keep_ = drawing.keep;
   ShowInfo();
+}
+
+// Labels that have no place yet get one beside the event loop; until then the view keeps what it shows, except on
+// another map, where nothing of it would be right.
+void MapWindow::ShowOverlay(const MapOverlay& overlay) {
+  const Wanted::Token token = layoutWanted_.Ask();
+  const auto placeless = [](const MapOverlay::Label& label) { return label.anchor.has_value(); };
+  const bool placed = std::none_of(overlay.labels.begin(), overlay.labels.end(), placeless);
+  if (placed || overlayFile_ != shownFile_) {
+    MapOverlay now = overlay;
+    now.labels.removeIf(placeless);
+    picOuter_->SetOverlay(now);
+    overlayFile_ = shownFile_;
+  }
+  if (placed) return;
+  const auto layOut = [overlay, size = picOuter_->PictureSize()]() {
+    MapOverlay laidOut = overlay;
+    LayOutLabels(laidOut, size);
+    return laidOut;
+  };
+  layout_.Run<MapOverlay>(this, layOut, [this, token](const MapOverlay& laidOut) {
+    if (token.StillWanted()) picOuter_->SetOverlay(laidOut);
+  });
 }
 
 void MapWindow::ShowInfo() {
@@ -170,7 +196,7 @@ void MapWindow::ShowInfo() {
     if (!text.isEmpty()) text += u'\n';
     text += tr("%1 cannot be read").arg(name);
   }
-  picOuter_->setAccessibleDescription(text);
+  picOuter_->setAccessibleDescription(spoken_.isEmpty() ? text : text + u'\n' + spoken_);
   lblMapInfo1_.setText(text);
 }
 

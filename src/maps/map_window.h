@@ -12,6 +12,7 @@
 #include "maps/map_chooser.h"
 #include "maps/map_store.h"
 #include "maps/map_view.h"
+#include "platform/background.h"
 #include "platform/wanted.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
@@ -50,6 +51,8 @@ class MapWindow : public BaseWindow {
   void SetMapIndex(int index) { mapIndex_ = index; }
   // Draws lines, circles and labels anew; the picture stays where the user has moved it.
   void RedrawOverlay();
+  // Gives the information panel the size of its text.
+  void PlaceInfo();
   // Puts a control into the bar, between the list of maps and the help text.
   void AddToBar(QWidget* control);
   MapView& View() { return *picOuter_; }
@@ -68,7 +71,7 @@ class MapWindow : public BaseWindow {
   void Display_Map(const MapPicture& picture);
   void PlaceOnScreen();
   void PlaceControls();
-  void PlaceInfo();
+  void ShowOverlay(const MapOverlay& overlay);
   void ShowInfo();
   QSize FrameAllowance();
   void ChooseMap(int index);
@@ -79,7 +82,10 @@ class MapWindow : public BaseWindow {
   Wanted picture_;       // only the answer to the last read counts
   QString shownFile_;    // the map whose picture is shown
   bool failed_ = false;  // the present map's file could not be read
+  QString overlayFile_;  // the map that the overlay was made for
+  Wanted layoutWanted_;
   QString info_;
+  QString spoken_;
   std::optional<QPointF> keep_;  // point of the picture to be kept in view
   QSize frameAllowance_ = QSize(0, 0);
 
@@ -93,4 +99,5 @@ class MapWindow : public BaseWindow {
   BarLabel cmdClose_;
   QFrame picInfo_;
   QLabel lblMapInfo1_;
+  Background layout_;  // of labels
 };

@@ -13,6 +13,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr double kSeamEast = 190;  // degrees: the World map's right edge
+constexpr double kHalfTurn = 180;
 constexpr double kStubLength = 100;  // pixels
 constexpr double kDotRadius = 4;
 constexpr double kOwnLabelGap = 6;
@@ -52,6 +54,29 @@ bool StationMarks::IsInside(const QPointF& point) const {
 
 void StationMarks::Line(const QPointF& from, const QPointF& to, const QColor& colour, double width) {
   overlay_.lines.append({from, to, colour, width});
+}
+
+void StationMarks::Path(double fromLat, double fromLon, double toLat, double toLon, const QColor& colour,
+                        double width) {
+  std::optional<QPointF> from = PointOf(fromLat, fromLon);
+  std::optional<QPointF> to = PointOf(toLat, toLon);
+  if (!from || !to) return;
+  // From here on both longitudes are those of the World map, -170 to 190.
+  if (surface_.map != MapName::World || std::abs(fromLon - toLon) <= kHalfTurn) {
+    Line(*from, *to, colour, width);
+    return;
+  }
+  if (fromLon < toLon) {
+    std::swap(from, to);
+    std::swap(fromLon, toLon);
+    std::swap(fromLat, toLat);
+  }
+  const double toSeam = (kSeamEast - fromLon) / (toLon + 2 * kHalfTurn - fromLon);
+  double lat = fromLat + (toLat - fromLat) * toSeam;
+  double east = kSeamEast;
+  double west = kSeamEast - 2 * kHalfTurn;
+  Line(*from, *PointOf(lat, east), colour, width);
+  Line(*PointOf(lat, west), *to, colour, width);
 }
 
 void StationMarks::Ring(const QPointF& centre, double radius, const QColor& colour, double width) {

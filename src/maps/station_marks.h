@@ -18,6 +18,9 @@ class StationMarks {
   bool IsInside(const QPointF& point) const;
 
   void Line(const QPointF& from, const QPointF& to, const QColor& colour, double width);
+  // The way between two positions in degrees. On the World map one that is shorter across the map's seam at 170 W ends
+  // at one edge and goes on at the other.
+  void Path(double fromLat, double fromLon, double toLat, double toLon, const QColor& colour, double width);
   void Ring(const QPointF& centre, double radius, const QColor& colour, double width);
   // A disc with its ring, four pixels in radius.
   void Dot(const QPointF& centre, const QColor& colour);

@@ -1,38 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The view of a map: panned by mouse and keys, its labels pressed by all means, its pixels right after every step.
+// The view of a map: panned by mouse and keys, its labels pressed by all means.
 #include <QAccessible>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QSemaphore>
-#include <QThreadPool>
+#include <QToolTip>
 #include <QWheelEvent>
 
-#include "maps/map_line.h"
+#include "map_pattern.h"
 #include "maps/map_view.h"
-#include "plain_picture.h"
 #include "test_suite.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// No two pixels near each other are alike.
-QImage Pattern(const QSize& size) {
-  QImage image(size, QImage::Format_RGB32);
-  for (int y = 0; y < size.height(); ++y) {
-    for (int x = 0; x < size.width(); ++x) image.setPixel(x, y, qRgb(x % 251, y % 241, (x * 7 + y * 13) % 256));
-  }
-  return image;
-}
-
-MapOverlay::Label Label(const QString& name, const QPointF& place, bool clickable) {
-  MapOverlay::Label label;
-  label.name = name;
-  label.text = name + u"\r\n text"_s;
-  label.place = QRectF(place, QSizeF(80, 40));
-  label.clickable = clickable;
-  return label;
-}
 
 // A window of 400x300 whose view begins 25 pixels below its top, with a map of 900x700 at (-250, -200).
 struct Shown {
@@ -150,6 +130,74 @@ class TestMapView : public QObject {
     QCOMPARE(shown.view->cursor().shape(), Qt::OpenHandCursor);
   }
 
+  // A crowded map has few places without a label: from one the map can be dragged too, and that is no click.
+  void DragsFromALabel() {
+    Shown shown;
+    const QPoint first = shown.view->LabelRect(0).center();
+    QTest::mousePress(shown.view, Qt::LeftButton, {}, first);
+    shown.Move(first + QPoint(2, 2), Qt::LeftButton);
+    QCOMPARE(shown.Place(), QPoint(-250, -200));
+    shown.Move(first + QPoint(40, 30), Qt::LeftButton);
+    QCOMPARE(shown.Place(), QPoint(-210, -170));
+    QTest::mouseRelease(shown.view, Qt::LeftButton, {}, first + QPoint(40, 30));
+    QCOMPARE(shown.clicked.size(), 0);
+  }
+
+  // A refresh in which stations come and go moves neither the keyboard's focus nor what the pointer rests on, and does
+  // not swallow a click.
+  void StaysAtTheCallOverARedraw() {
+    Shown shown;
+    QSignalSpy pointed(shown.view, &MapView::LabelPointed);
+    MapOverlay overlay = shown.view->Overlay();
+    overlay.labels[2].id = u"ZZ1AA"_s;
+    shown.view->SetOverlay(overlay);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QCOMPARE(shown.view->FocusedLabel(), 2);
+    QCOMPARE(pointed.last().first().toLongLong(), 2);
+    overlay.labels.removeFirst();
+    shown.view->SetOverlay(overlay);
+    QCOMPARE(shown.view->FocusedLabel(), 1);
+    QCOMPARE(pointed.last().first().toLongLong(), 1);
+    const QPoint at = shown.view->LabelRect(1).center();
+    QTest::mousePress(shown.view, Qt::LeftButton, {}, at);
+    overlay.labels.removeFirst();
+    shown.view->SetOverlay(overlay);
+    QTest::mouseRelease(shown.view, Qt::LeftButton, {}, at);
+    QCOMPARE(shown.Clicked(), u"far false"_s);
+    overlay.labels.clear();
+    shown.view->SetOverlay(overlay);
+    QCOMPARE(pointed.last().first().toLongLong(), -1);
+  }
+
+  // Tips are a stranger's words, shown as they stand; a label without room for its text tells that first.
+  void Tips() {
+    Shown shown;
+    MapOverlay overlay = shown.view->Overlay();
+    overlay.labels[0].tip = u"<b>599</b>"_s;
+    overlay.labels[2].dot = true;
+    overlay.labels[2].tip = u"heard"_s;
+    shown.view->SetOverlay(overlay);
+    const QPoint first = shown.view->LabelRect(0).center();
+    QHelpEvent help(QEvent::ToolTip, first, shown.view->mapToGlobal(first));
+    QCoreApplication::sendEvent(shown.view, &help);
+    QVERIFY(QToolTip::text().contains("&lt;b&gt;599"_L1));
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QTest::keyClick(shown.view, Qt::Key_Tab);
+    QCOMPARE(QToolTip::text(), u"far\r\n text\nheard"_s);
+    QCOMPARE(shown.Access()->child(2)->text(QAccessible::Description), u"heard"_s);
+  }
+
+  void TellsThePointUnderThePointer() {
+    Shown shown;
+    QSignalSpy pointer(shown.view, &MapView::PointerMoved);
+    shown.Move(QPoint(10, 20), Qt::NoButton);
+    QCOMPARE(pointer.last().first().value<std::optional<QPointF>>(), QPointF(260, 220));
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(shown.view, &leave);
+    QCOMPARE(pointer.last().first().value<std::optional<QPointF>>(), std::nullopt);
+  }
+
   void LabelsAreReachedByTab() {
     Shown shown;
     QTest::keyClick(shown.view, Qt::Key_Return);
@@ -222,74 +270,6 @@ class TestMapView : public QObject {
     QVERIFY(first->rect().isEmpty());
   }
 
-  // Panned in all directions, the frame has the same pixels as one that is painted anew at the same place.
-  void PannedPixels() {
-    const auto check = [](const char* what, double ratio, QSize picture, QSize pixels) {
-      const TableRow row(what);
-      MapOverlay overlay;
-      for (int i = 0; i < 12; ++i) {
-        overlay.lines.append({{70.0 * i, 0}, {900.0 - 70 * i, 650}, QColor(0, 0, 255), 2});
-        overlay.circles.append({{70.0 * i, 300}, 12, QColor(200, 0, 0), 3, i % 2 == 0});
-        overlay.labels.append(Label(u"label"_s, {80.0 * i, 55.0 * i}, true));
-      }
-      const auto layer = [&](MapLayer& made) {
-        made.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
-        made.SetPicture(Pattern(pixels), picture);
-        made.SetOverlay(overlay);
-      };
-      MapLayer walked;
-      layer(walked);
-      walked.Prepare(QSize(450, 350));
-      walked.Frame(QSize(420, 310), QPoint(-3, -3));  // of another size before
-      for (const QPoint& place : {QPoint(-250, -200), QPoint(-290, -200), QPoint(-210, -160), QPoint(-217, -431),
-                                  QPoint(30, 20), QPoint(-1, -1), QPoint(-37, 0)}) {
-        const QSize size = QSize(400, 300) * ratio;
-        const QImage frame = walked.Frame(QSize(400, 300), place).copy(QRect(QPoint(0, 0), size));
-        MapLayer fresh;
-        layer(fresh);
-        const QImage whole = fresh.Frame(QSize(400, 300), place);
-        int unlike = 0;
-        QCOMPARE(whole.size(), size);
-        for (int y = 0; y < frame.height(); ++y) {
-          const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
-          const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
-          // Rounding may differ by a shade where a line or a ring begins at the edge of the part that was drawn anew.
-          for (int x = 0; x < frame.width(); ++x) {
-            unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
-                      std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
-          }
-        }
-        QCOMPARE(unlike, 0);
-      }
-    };
-    check("plain", 1.0, {900, 700}, {900, 700});
-    check("sharp screen", 2.0, {900, 700}, {900, 700});
-    check("smaller than its frame", 1.0, {120, 90}, {120, 90});
-    check("narrow", 1.0, {120, 700}, {120, 700});
-    check("read with fewer pixels", 1.0, {900, 700}, {562, 437});
-  }
-
-  // No label's box hides the mark that it belongs to, and no mark hides the text of a label.
-  void MarksLieOnBoxes() {
-    MapOverlay overlay;
-    overlay.labels = {Label(u"label"_s, {20, 20}, false)};
-    overlay.labels.first().box = QRectF(18, 18, 86, 66);
-    overlay.labels.first().boxColour = Qt::green;
-    const auto painted = [&overlay](const QColor& text) {
-      MapLayer layer;
-      layer.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), text, 1});
-      layer.SetPicture(Pattern(QSize(200, 150)), QSize(200, 150));
-      layer.SetOverlay(overlay);
-      return layer.Frame(QSize(200, 150), QPoint(0, 0)).copy();
-    };
-    overlay.circles = {{{60, 84}, 4, QColor(0, 0, 255), 4, false}};
-    const QImage rim = painted(Qt::black);
-    QCOMPARE(rim.pixelColor(60, 80), QColor(0, 0, 255));
-    QCOMPARE(rim.pixelColor(30, 84), QColor(Qt::green));
-    overlay.circles = {{{60, 40}, 60, QColor(0, 0, 255), 0, true}};
-    QCOMPARE_GT(Brightest(painted(Qt::white), QRect(20, 20, 80, 40)), 200);
-  }
-
   // A window made larger and smaller again comes back to where the user has moved the map.
   void ResizingKeepsThePan() {
     Shown shown;
@@ -311,97 +291,6 @@ class TestMapView : public QObject {
     shown.view->SetHome(QPointF(100, 500), 25);
     resize(401, 300);
     QCOMPARE(shown.Place(), QPoint(0, -350));
-  }
-
-  // A busy band, with a second thread at hand and without: each tile as if the whole frame had been drawn at once.
-  void ManyLines() {
-    const QSize size(1100, 600);
-    MapOverlay overlay;
-    QImage expected(size, QImage::Format_RGB32);
-    expected.fill(Qt::white);
-    const QImage white = expected;
-    MapLineCanvas canvas(expected, expected.rect());
-    for (int i = 0; i < 2400; ++i) {
-      const QPointF from(i * 7 % 1100, i * 13 % 600);
-      const QPointF to((i * 31 + 700) % 1100, (i * 17 + 300) % 600);
-      const QColor colour(i % 200, i * 3 % 200, i * 7 % 200);
-      overlay.lines.append({from, to, colour, 2});
-      canvas.Draw(from, to, {colour.rgba(), 2, false});
-    }
-    QThreadPool* pool = QThreadPool::globalInstance();
-    const auto restored = qScopeGuard([pool, most = pool->maxThreadCount()]() { pool->setMaxThreadCount(most); });
-    for (const bool busy : {false, true}) {
-      pool->setMaxThreadCount(busy ? 1 : 2);
-      QSemaphore gate;
-      if (busy) pool->start([&gate]() { gate.acquire(); });
-      MapLayer layer;
-      layer.SetPicture(white, size);
-      layer.SetOverlay(overlay);
-      const QImage frame = layer.Frame(size, QPoint(0, 0)).copy(QRect(QPoint(0, 0), size));
-      gate.release();
-      pool->waitForDone();
-      QCOMPARE(frame, expected);
-    }
-  }
-
-  // A desktop that turns dark while a map is open: labels that have a colour of their own keep it, with readable text.
-  void TakesTheLook() {
-    MapLayer layer;
-    layer.SetPicture(Pattern(QSize(200, 150)), QSize(200, 150));
-    MapOverlay overlay;
-    overlay.labels = {Label(u"plain"_s, {10, 10}, false), Label(u"own"_s, {100, 10}, false)};
-    overlay.labels.last().back = Qt::black;
-    layer.SetOverlay(overlay);
-    const auto colours = [&layer](const QColor& tip) {
-      layer.SetStyle({QFont(), QColor(Qt::gray), tip, QColor(Qt::red), 1});
-      const QImage frame = layer.Frame(QSize(200, 150), QPoint(0, 0));
-      const bool white = Brightest(frame, QRect(100, 10, 80, 40)) > 200;
-      return frame.pixelColor(11, 11).name() + frame.pixelColor(101, 11).name() + (white ? u" white"_s : QString());
-    };
-    QCOMPARE(colours(Qt::yellow), u"#ffff00#000000 white"_s);
-    QCOMPARE(colours(Qt::darkBlue), u"#000080#000000 white"_s);
-  }
-
-  void LinesThatCanBeSeenThrough() {
-    for (const bool smooth : {false, true}) {
-      QImage image(20, 20, QImage::Format_RGB32);
-      image.fill(Qt::white);
-      MapLineCanvas(image, image.rect()).Draw({2, 10}, {18, 10}, {qRgba(0, 0, 0, 127), 2, smooth});
-      QVERIFY(std::abs(qGray(image.pixel(10, 10)) - 128) <= 2);
-    }
-  }
-
-  // How many pixels a line covers, and that it keeps to its clip.
-  void Lines() {
-    const auto check = [](const char* what, QPointF from, QPointF to, double width, double covered) {
-      const TableRow row(what);
-      const QRect clip(2, 2, 96, 96);
-      for (const bool smooth : {false, true}) {
-        QImage image(100, 100, QImage::Format_RGB32);
-        image.fill(Qt::white);
-        MapLineCanvas(image, clip).Draw(from, to, {qRgb(0, 0, 0), width, smooth});
-        double ink = 0;
-        for (int y = 0; y < 100; ++y) {
-          for (int x = 0; x < 100; ++x) {
-            const double dark = (255 - qGray(image.pixel(x, y))) / 255.0;
-            ink += dark;
-            QVERIFY(dark == 0 || clip.contains(x, y));
-          }
-        }
-        QVERIFY2(std::abs(ink - covered) <= (smooth ? 3 : 50), qPrintable(QString::number(ink)));
-      }
-    };
-    check("level", {10, 50}, {90, 50}, 2.0, 160.0);
-    check("upright, backwards", {50, 90}, {50, 10}, 2.0, 160.0);
-    check("slanted", {10, 20}, {90, 80}, 2.0, 200.0);
-    check("diagonal", {20, 80}, {80, 20}, 2.0, 169.7);
-    check("through all of it", {-1e9, 50}, {1e9, 50}, 2.0, 192.0);
-    check("steep from far off", {50, -2147483648.0}, {50, 2147483647.0}, 2.0, 192.0);
-    check("wide, along the edge", {10, 4}, {90, 4}, 8.0, 480.0);
-    check("beside it", {-10, -50}, {-10, 150}, 2.0, 0.0);
-    check("no length", {50, 50}, {50, 50}, 2.0, 0.0);
-    check("no number", {qQNaN(), 50}, {50, 50}, 2.0, 0.0);
-    check("no end", {-qInf(), 50}, {50, 50}, 2.0, 0.0);
   }
 };
 
