@@ -123,6 +123,13 @@
     </message>
 </context>
 <context>
+    <name>PropagationMap</name>
+    <message>
+        <source>The newest report is older than this period</source>
+        <translation>El informe más reciente es anterior a este período</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

@@ -123,6 +123,13 @@
     </message>
 </context>
 <context>
+    <name>PropagationMap</name>
+    <message>
+        <source>The newest report is older than this period</source>
+        <translation>Le rapport le plus récent est antérieur à cette période</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

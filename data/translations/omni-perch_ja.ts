@@ -122,6 +122,13 @@
     </message>
 </context>
 <context>
+    <name>PropagationMap</name>
+    <message>
+        <source>The newest report is older than this period</source>
+        <translation>最新の報告はこの期間より前のものです</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

@@ -124,6 +124,13 @@
     </message>
 </context>
 <context>
+    <name>PropagationMap</name>
+    <message>
+        <source>The newest report is older than this period</source>
+        <translation>Najnowszy raport jest starszy niż ten okres</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

@@ -36,7 +36,7 @@ MapOverlay::Label CallLabel(qsizetype number, const QString& call, QChar zeroGly
 QString InfoText(const Program& program, const PropagationPaths& paths, bool outdated) {
   QString text = QString(program.language[TextLine::kPathCount]).replace("xxx"_L1, QString::number(paths.pathCount));
   if (outdated) {
-    text = text.trimmed() + u'\n' + QCoreApplication::translate("PropagationMap", "No report is as new as this period");
+    text = text.trimmed() + u'\n' + QCoreApplication::translate("PropagationMap", "The newest report is older than this period");
   }
   return text.trimmed();
 }
