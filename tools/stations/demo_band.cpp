@@ -163,7 +163,8 @@ void GivePlaces(std::vector<DemoSite>& sites, const std::vector<int>& regionSize
   }
 }
 
-void AddRegion(StationBand& band, Demo& demo, const std::vector<Land>& lands, const QDateTime& now) {
+void AddRegion(StationBand& band, Demo& demo, const QString& region, const std::vector<Land>& lands,
+               const QDateTime& now) {
   for (const Land& land : lands) {
     const int index = static_cast<int>(demo.sites.size());
     Station& station = band.AddStation(CallOf(land, index));
@@ -174,6 +175,7 @@ void AddRegion(StationBand& band, Demo& demo, const std::vector<Land>& lands, co
     DemoSite site;
     site.call = station.Call();
     site.url = station.Url();
+    site.region = region;
     if (index % 6 == 2) site.camUrl = station.Base() + u"/cam.jpg"_s;
     if (index == 21) site.lastSeen = now.addDays(-12);
     if (index == 50) site.url.prepend(u"NoDelete"_s);
@@ -233,16 +235,16 @@ void AddWeather(StationBand& band, Demo& demo, const QDateTime& now) {
 Demo BuildDemo(StationBand& band, const QDateTime& now) {
   Demo demo;
   std::vector<int> regionSizes;
+  demo.pageLabels = QStringList{u"Europe"_s,  u"North America"_s, u"Asia and Pacific"_s, u"South America and Africa"_s,
+                                u"Islands"_s, u"Workbench"_s};
   for (const std::vector<Land>* lands : {&kEurope, &kNorthAmerica, &kAsiaPacific, &kSouth, &kIslands}) {
-    AddRegion(band, demo, *lands, now);
+    AddRegion(band, demo, demo.pageLabels.at(static_cast<qsizetype>(regionSizes.size())), *lands, now);
     regionSizes.push_back(static_cast<int>(lands->size()));
   }
   AddWorkbench(band, demo, now);
   regionSizes.push_back(static_cast<int>(kWorkbench.size()));
   GivePlaces(demo.sites, regionSizes);
   AddWeather(band, demo, now);
-  demo.pageLabels = QStringList{u"Europe"_s,  u"North America"_s, u"Asia and Pacific"_s, u"South America and Africa"_s,
-                                u"Islands"_s, u"Workbench"_s};
   demo.blockedSender = kBlocked.toString();
   return demo;
 }

@@ -17,6 +17,7 @@ inline constexpr std::array<int, kDemoLayouts> kDemoLayoutCounts{5, 10, 15, 24, 
 struct DemoSite {
   QString call;
   QString url;
+  QString region;                              // where it stands; empty: on the workbench
   QString camUrl;                              // empty: none
   double lat = 0;                              // degrees
   double lon = 0;                              // degrees

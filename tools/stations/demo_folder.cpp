@@ -89,7 +89,7 @@ bool SeedFolder(const QString& folder, const StationBand& band, const Demo& demo
     done = Write(dir.filePath(u"nicknames.txt"_s),
                  Lines({u"ZZ9QX*Home"_s, u"DL0QPA*Hilltop club"_s, u"G0QBE*Old Mill"_s})) &&
            done;
-    done = Write(dir.filePath(u"Omni-Perch-DB.db"_s), DemoDatabase()) && done;
+    done = Write(dir.filePath(u"Omni-Perch-DB.db"_s), DemoDatabase(demo.sites)) && done;
     done = Write(dir.filePath(u"settings.ini"_s), Settings(demo)) && done;
     done = Write(dir.filePath(u"Omni-Perch.cfg"_s), Configuration(now)) && done;
   }

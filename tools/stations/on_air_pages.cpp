@@ -2,7 +2,6 @@
 #include "on_air_pages.h"
 
 #include <QStringList>
-#include <array>
 
 #include "operators.h"
 
@@ -11,17 +10,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kMany = 5000;
-
-struct Tuned {
-  QLatin1StringView mode;
-  int kiloHertz;
-};
-// Where stations that send pictures and digital modes are mostly heard.
-constexpr std::array kTuned{
-    Tuned{"EP"_L1, 14233},  Tuned{"EP"_L1, 7173},   Tuned{"EPH"_L1, 14233}, Tuned{"EP"_L1, 3733},
-    Tuned{"FT8"_L1, 14074}, Tuned{"EP"_L1, 21340},  Tuned{"JT"_L1, 7076},   Tuned{"EP"_L1, 14240},
-    Tuned{"PSK"_L1, 10142}, Tuned{"FT4"_L1, 14080}, Tuned{"JS8"_L1, 7078},  Tuned{"EPH"_L1, 28680},
-    Tuned{"EP"_L1, 50510},  Tuned{"FT8"_L1, 18100}, Tuned{"EP"_L1, 144500}, Tuned{"EP"_L1, 433400}};
 
 // As both sources have it: what a caller wrote, odd as it may be.
 const QStringList kOddReplies{u"VE3/EI7QOD/P-EP  14.233 holiday &amp; QRP_now"_s,
@@ -65,15 +53,15 @@ QStringList Stations(OnAirForm form, const QDateTime& now, int offset, const Lin
   return lines;
 }
 
-QByteArray ErrorPage() {
+}  // namespace
+
+QByteArray OnAirErrorPage() {
   return "<html><head><title>500</title></head><body><h1>Internal Server Error</h1>\n<p>Please come "
          "back.</p></body></html>\n";
 }
 
-}  // namespace
-
 QByteArray OnAirReply(OnAirForm form, const QDateTime& now) {
-  if (form == OnAirForm::ErrorPage) return ErrorPage();
+  if (form == OnAirForm::ErrorPage) return OnAirErrorPage();
   QStringList lines = Stations(form, now, 0, [](const QString& call, const Tuned& tuned) {
     const QString megaHertz = QString::number(tuned.kiloHertz / 1000.0, 'f', 3);
     return u"%1-%2 %3 calling CQ_%4"_s.arg(call, tuned.mode.toString().leftJustified(3), megaHertz, call.right(3));
@@ -88,7 +76,7 @@ QByteArray OnAirReply(OnAirForm form, const QDateTime& now) {
 }
 
 QByteArray OnAirTextFile(OnAirForm form, const QDateTime& now) {
-  if (form == OnAirForm::ErrorPage) return ErrorPage();
+  if (form == OnAirForm::ErrorPage) return OnAirErrorPage();
   QStringList lines = Stations(form, now, 1, [](const QString& call, const Tuned& tuned) {
     return u"%1_%2_%3_since %4"_s.arg(call, tuned.mode, QString::number(tuned.kiloHertz), call.right(2));
   });

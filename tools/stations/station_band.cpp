@@ -8,6 +8,7 @@
 #include "callbook_host.h"
 #include "on_air_pages.h"
 #include "picture_store.h"
+#include "propagation_page.h"
 
 using namespace Qt::StringLiterals;
 
@@ -193,9 +194,10 @@ void StationBand::AddServices() {
   };
   const auto now = [] { return QDateTime::currentDateTimeUtc(); };
   addPages(u"OnAirCgi"_s)->SetPage(u"cgi-bin/call.cgi"_s, [now] { return OnAirReply(OnAirForm::Plain, now()); });
-  addPages(u"OnAirText"_s)->SetPage(u"zz9qx/Files/OnAirNow.txt"_s, [now] {
-    return OnAirTextFile(OnAirForm::Plain, now());
-  });
+  PageHost* text = addPages(u"OnAirText"_s);
+  text->SetPage(u"zz9qx/Files/OnAirNow.txt"_s, [now] { return OnAirTextFile(OnAirForm::Plain, now()); });
+  text->SetPage(u"zz9qx/Files/PropagationPaths.txt"_s,
+                [this, now] { return PropagationFile(OnAirForm::Plain, Receivers(), now()); });
 }
 
 StationBand::~StationBand() {
@@ -225,6 +227,15 @@ Station& StationBand::AddStation(const QString& call) {
 Station* StationBand::Find(const QString& call) const {
   const auto at = std::find_if(stations_.begin(), stations_.end(), [&](const Station* s) { return s->Call() == call; });
   return at == stations_.end() ? nullptr : *at;
+}
+
+// Weather sites have titles instead of calls.
+QStringList StationBand::Receivers() const {
+  QStringList calls;
+  for (const Station* station : stations_) {
+    if (!station->Call().contains(u' ')) calls << station->Call();
+  }
+  return calls;
 }
 
 QStringList StationBand::HostNames() const {

@@ -95,7 +95,7 @@ class StationBand : public QObject {
 
   // The named hosts: "Connectivity" (root page), "Author" (root page with the version, list of bad calls), "Time",
   // the callbook services "eHam", "QRZ", "QRZCQ", "Callook" and "HamCall", "Pictures", and the on-air sources
-  // "OnAirCgi" and "OnAirText". In order of the alphabet.
+  // "OnAirCgi" and "OnAirText", the latter with the file of propagation paths. In order of the alphabet.
   QStringList HostNames() const;
   Host* FindHost(const QString& name) const { return hosts_.value(name); }
   // Scheme and authority, as hosts.ini wants it; empty for a name that the band does not play.
@@ -111,6 +111,7 @@ class StationBand : public QObject {
   QHostAddress NextAddress();
   PageHost* AddPageHost(const QString& name);
   void AddServices();
+  QStringList Receivers() const;
 
   QThreadPool painters_;
   std::vector<Station*> stations_;
