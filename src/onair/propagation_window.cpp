@@ -1,0 +1,165 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "onair/propagation_window.h"
+
+#include <QSignalBlocker>
+
+#include "onair/bands.h"
+#include "onair/propagation_map.h"
+
+using namespace Qt::StringLiterals;
+
+frmMapPropagation::frmMapPropagation(const Parts& parts, QWidget* opener)
+    : MapWindow({u"frmMapPropagation"_s, u"cmdMaps"_s, u"cboMaps"_s}, parts.program, parts.maps, parts.menus, opener),
+      session_(parts),
+      picRx_(this) {
+  lblPropagation_.setObjectName(u"lblPeriod"_s);
+  lblPropagation_.setTextFormat(Qt::PlainText);
+  lblPropagation_.setBuddy(&cboPropagation_);
+  cboPropagation_.setObjectName(u"cboPropagation"_s);
+  cboBand_.setObjectName(u"cboBand"_s);
+  cboMode_.setObjectName(u"cboMode"_s);
+  AddToBar(&lblPropagation_);
+  for (QComboBox* list : {&cboPropagation_, &cboBand_, &cboMode_}) {
+    list->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    AddToBar(list);
+  }
+  ConnectParts();
+}
+
+void frmMapPropagation::ConnectParts() {
+  connect(&cboPropagation_, &QComboBox::activated, this,
+          [this](int) { session_.SetPeriod(PeriodMinutesOf(cboPropagation_.currentText())); });
+  connect(&cboBand_, &QComboBox::activated, this, [this](int index) { session_.SetBand(index); });
+  connect(&cboMode_, &QComboBox::activated, this, [this](int index) { session_.SetMode(index); });
+  connect(&session_, &PropagationSession::Changed, this, [this]() {
+    imgX_.clear();
+    RedrawOverlay();
+    PlaceInfo();
+  });
+  connect(&session_, &PropagationSession::Refreshed, this, [this]() {
+    if (imgX_.isEmpty()) return;
+    imgX_.clear();
+    RedrawOverlay();
+  });
+  connect(&View(), &MapView::LabelPointed, this, &frmMapPropagation::ShowGrid);
+  connect(&View(), &MapView::LabelClosed, this, &frmMapPropagation::HideLabel);
+  connect(&View(), &MapView::NextPartnerWanted, this, &frmMapPropagation::GoToPartner);
+}
+
+void frmMapPropagation::Open() {
+  if (opened_) {
+    // A minimized window would stay where nobody sees it.
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    return;
+  }
+  opened_ = true;
+  const int last = static_cast<int>(program_.lstMap.size()) - 1;
+  SetMapIndex(last < 0 ? -1 : std::clamp(program_.config.MapIndex, 0, last));
+  session_.Open();
+  Redraw_Map();
+}
+
+void frmMapPropagation::ShowTexts() {
+  FillLists();
+  MapWindow::ShowTexts();
+}
+
+void frmMapPropagation::FillLists() {
+  const LanguageTexts& language = program_.language;
+  const auto word = [&language](int number) {
+    if (number >= 15) return language[TextLine::kMinutesWord];
+    return number == 1 ? language[TextLine::kHourWord] : language[TextLine::kHoursWord];
+  };
+  lblPropagation_.setText(language[TextLine::kPeriodLabel].trimmed());
+  cboPropagation_.setAccessibleName(lblPropagation_.text());
+  cboBand_.setAccessibleName(tr("Band"));
+  cboMode_.setAccessibleName(tr("Mode"));
+  cboPropagation_.clear();
+  for (const int number : kPeriods) {
+    cboPropagation_.addItem(QString::number(number) + u' ' + word(number).trimmed());
+    const int last = cboPropagation_.count() - 1;
+    if (PeriodMinutesOf(cboPropagation_.itemText(last)) == session_.Choice().PeriodMinutes) {
+      cboPropagation_.setCurrentIndex(last);
+    }
+  }
+  cboBand_.clear();
+  for (int i = 0; i <= static_cast<int>(kBands.size()); ++i) cboBand_.addItem(BandWords::Band(i));
+  cboBand_.setCurrentIndex(session_.Choice().band);
+  cboMode_.clear();
+  for (int i = 0; i <= static_cast<int>(kModes.size()); ++i) cboMode_.addItem(BandWords::Mode(i));
+  cboMode_.setCurrentIndex(session_.Choice().mode);
+}
+
+MapDrawing frmMapPropagation::BuildDrawing(const MapSurface& surface) {
+  const bool walking = !partner_.isEmpty();
+  return BuildPropagationMap(program_, session_.Paths(),
+                             {imgX_, walking ? walked_ : QString(), partner_, session_.IsOutdated()}, surface);
+}
+
+// The labels are numbered as the stations of the paths.
+QString frmMapPropagation::CallOf(const QString& labelName) const {
+  const QString number = labelName.mid(labelName.indexOf(u'(') + 1).chopped(1);
+  return session_.Paths().calls.value(number.toInt());
+}
+
+qsizetype frmMapPropagation::LabelOf(const QString& call) {
+  const QList<MapOverlay::Label>& labels = View().Labels();
+  for (qsizetype i = 0; i < labels.size(); ++i) {
+    if (labels.at(i).id == call) return i;
+  }
+  return -1;
+}
+
+void frmMapPropagation::LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) {
+  picRx_.hide();
+  menuCall_ = CallOf(name);
+  MenuRequest request;
+  request.menu = MenuId::MapCall;
+  request.subject.caller = menuCall_;
+  request.subject.placed = true;
+  request.owner = this;
+  request.name = menuCall_;
+  request.at = at;
+  request.byKeyboard = byKeyboard;
+  menus_.OpenMenu(request);
+}
+
+void frmMapPropagation::MnuPopupClick(int index) {
+  if (index != 0) return;  // the satellite views have no window yet
+  const QRect place = View().LabelRect(LabelOf(menuCall_));
+  Q_EMIT LookupWanted(menuCall_, QRect(View().mapToGlobal(place.topLeft()), place.size()));
+}
+
+void frmMapPropagation::ShowGrid(qsizetype label) {
+  if (label < 0) {
+    picRx_.HideSoon();
+    return;
+  }
+  const QString call = View().Labels().at(label).id;
+  const QRect place = View().LabelRect(label).translated(View().pos());
+  const QRect frame = View().geometry() & rect();
+  picRx_.ShowBeside(place, frame, tr("Received in last 12 hours") + u" ("_s + call + u"  )"_s, session_.Received(call));
+}
+
+void frmMapPropagation::HideLabel(const QString& name) {
+  imgX_.insert(CallOf(name));
+  picRx_.hide();
+  RedrawOverlay();
+}
+
+// A walk begins at the label that has the focus, and goes on as long as the focus stays where the walk has led it.
+void frmMapPropagation::GoToPartner(qsizetype label, int step) {
+  const QString focused = View().Labels().at(label).id;
+  if (focused != partner_ && focused != walked_) {
+    walked_ = focused;
+    partner_.clear();
+  }
+  if (walked_.isEmpty()) walked_ = focused;
+  partner_ = NextPartner(session_.Paths(), walked_, partner_, step);
+  RedrawOverlay();
+  const qsizetype next = LabelOf(partner_);
+  if (next >= 0) View().FocusLabel(next);
+}
