@@ -253,6 +253,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>Band</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>In den letzten 12 Stunden empfangen</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

@@ -253,6 +253,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>Banda</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modo</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>Recibido en las últimas 12 horas</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

@@ -253,6 +253,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>Bande</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>Reçu ces 12 dernières heures</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

@@ -252,6 +252,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>バンド</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>過去12時間の受信</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

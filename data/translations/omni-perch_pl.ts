@@ -254,6 +254,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>Pasmo</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Emisja</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>Odebrane w ostatnich 12 godzinach</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

@@ -254,6 +254,21 @@
     </message>
 </context>
 <context>
+    <name>frmMapPropagation</name>
+    <message>
+        <source>Band</source>
+        <translation>Диапазон</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Вид</translation>
+    </message>
+    <message>
+        <source>Received in last 12 hours</source>
+        <translation>Принято за последние 12 часов</translation>
+    </message>
+</context>
+<context>
     <name>frmOnAirNow</name>
     <message>
         <source>Call</source>

@@ -65,6 +65,7 @@ void Form1::ConnectSignals() {
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
   connect(windows_.get(), &Windows::OnAirCaptionChanged, pic_->lblOnAirNow, &BarLabel::SetCaption);
+  connect(pic_->lblPropagation, &QToolButton::clicked, windows_.get(), &Windows::ShowPropagationMap);
   connect(undoLine_, &UndoLine::Pressed, &logic_.sites, &PageSites::Undo);
   connect(&logic_.sites, &PageSites::UndoableChanged, this, [this]() {
     undoLine_->SetChange(logic_.sites.Undoable());
@@ -152,10 +153,8 @@ bool Form1::Load(bool anotherRuns) {
   ShowTexts();
   pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
-  // These labels open windows that do not exist yet; each is enabled when its window is added.
-  for (QWidget* part : std::initializer_list<QWidget*>{pic_->lblCam, pic_->lblPropagation}) {
-    part->setEnabled(false);
-  }
+  // Opens a window that does not exist yet.
+  pic_->lblCam->setEnabled(false);
   if (const LoadStop stop = load_.ReadLists()) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;

@@ -17,6 +17,7 @@ const QList<Windows::Registration>& Windows::Registrations() {
       {WindowKind::Lookup, &Windows::MakeLookup},
       {WindowKind::LocationMap, &Windows::MakeLocationMap},
       {WindowKind::OnAirNow, &Windows::MakeOnAirNow},
+      {WindowKind::PropagationMap, &Windows::MakePropagationMap},
   };
   return registrations;
 }
@@ -64,6 +65,7 @@ BaseWindow* Windows::MakeLookup() {
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
   connect(window, &Form12::Stored, this, [this]() {
     if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
+    if (auto* map = qobject_cast<frmMapPropagation*>(Find(WindowKind::PropagationMap))) map->Rebuild();
   });
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
@@ -81,6 +83,16 @@ BaseWindow* Windows::MakeOnAirNow() {
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
   auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_}, mainWindow_);
   connect(window, &frmOnAirNow::CaptionChanged, this, &Windows::OnAirCaptionChanged);
+  return window;
+}
+
+BaseWindow* Windows::MakePropagationMap() {
+  Services& s = services_;
+  const PropagationSession::Parts session{s.program, s.network, s.background,  s.run.hosts,
+                                          s.store,   s.clock,   PeriodMinutes_};
+  auto* window = new frmMapPropagation({session, s.maps, menus_}, mainWindow_);
+  connect(window, &frmMapPropagation::LookupWanted, this,
+          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
 }
 
@@ -104,6 +116,10 @@ void Windows::Show(WindowKind kind) {
   window.activateWindow();
 }
 
+void Windows::ShowPropagationMap() {
+  static_cast<frmMapPropagation&>(Get(WindowKind::PropagationMap)).Open();
+}
+
 Form12& Windows::LookUp(const QString& call, const QRect& beside) {
   auto& window = static_cast<Form12&>(Get(WindowKind::Lookup));
   window.Open(call, beside);
@@ -116,10 +132,12 @@ void Windows::ShowOnMap(const QString& call, double lat, double lon) {
   static_cast<frmMapLoc&>(Get(WindowKind::LocationMap)).PickMapForTarget(shown, lat, lon);
 }
 
-// The lookup window has covered the map.
+// The lookup window has covered the maps.
 void Windows::RaiseMaps() {
-  BaseWindow* map = Find(WindowKind::LocationMap);
-  if (map != nullptr && map->isVisible()) map->raise();
+  for (const WindowKind kind : Kinds()) {
+    auto* map = qobject_cast<MapWindow*>(Find(kind));
+    if (map != nullptr && map->isVisible()) map->raise();
+  }
 }
 
 void Windows::CloseSetupWindows() {

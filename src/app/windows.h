@@ -14,11 +14,12 @@
 #include "maps/map_location_window.h"
 #include "onair/on_air_caption.h"
 #include "onair/on_air_now_window.h"
+#include "onair/propagation_window.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, LocationMap, OnAirNow };
+enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap };
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -44,6 +45,8 @@ class Windows : public QObject {
   // Shows a place, in degrees, on the map that suits it best.
   void ShowOnMap(const QString& call, double lat, double lon);
 
+  void ShowPropagationMap();
+
   // A language has been read; before the windows show their texts in it.
   void LanguageLoaded() { onAirCaption_.TakeLanguage(); }
 
@@ -64,6 +67,7 @@ class Windows : public QObject {
   BaseWindow* MakeLookup();
   BaseWindow* MakeLocationMap();
   BaseWindow* MakeOnAirNow();
+  BaseWindow* MakePropagationMap();
   void RegisterOnAirCommands();
   void RaiseMaps();
 
@@ -72,4 +76,5 @@ class Windows : public QObject {
   QWidget* mainWindow_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;
+  int PeriodMinutes_ = 60;  // of the propagation map; kept while it is closed
 };

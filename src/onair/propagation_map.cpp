@@ -36,7 +36,8 @@ MapOverlay::Label CallLabel(qsizetype number, const QString& call, QChar zeroGly
 QString InfoText(const Program& program, const PropagationPaths& paths, bool outdated) {
   QString text = QString(program.language[TextLine::kPathCount]).replace("xxx"_L1, QString::number(paths.pathCount));
   if (outdated) {
-    text = text.trimmed() + u'\n' + QCoreApplication::translate("PropagationMap", "The newest report is older than this period");
+    text = text.trimmed() + u'\n' +
+           QCoreApplication::translate("PropagationMap", "The newest report is older than this period");
   }
   return text.trimmed();
 }
@@ -72,7 +73,10 @@ MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& p
       unseen.append(paths.calls.at(path.from) + u" - "_s + paths.calls.at(path.to));
   }
   const PropagationPath chosen{paths.calls.indexOf(look.focused), paths.calls.indexOf(look.partner)};
-  if (chosen.from >= 0 && chosen.to >= 0) draw(chosen, kFocusedWidth);
+  const auto isChosen = [&chosen](const PropagationPath& path) {
+    return path == chosen || path == PropagationPath{chosen.to, chosen.from};
+  };
+  if (std::any_of(paths.paths.begin(), paths.paths.end(), isChosen)) draw(chosen, kFocusedWidth);
   result.spoken = unseen.join(u", "_s);
   result.overlay = marks.Take();
   return result;

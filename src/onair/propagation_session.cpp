@@ -9,6 +9,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
+// The given Timer2, a one-shot beside each request, does nothing that can be seen and is left out.
 constexpr auto kRefresh = 30s;
 constexpr auto kSoon = 100ms;  // after a choice of the period
 const QString& Key() {
@@ -46,6 +47,7 @@ void PropagationSession::Open() {
     const int index = settings.Number(setting);
     return index >= 0 && index <= static_cast<int>(count) ? index : 0;
   };
+  choice_.PeriodMinutes = parts_.PeriodMinutes;
   choice_.band = stored(Setting::TxBand, kBands.size());
   choice_.mode = stored(Setting::TxMode, kModes.size());
   Timer1_.start(kRefresh);
@@ -59,6 +61,7 @@ void PropagationSession::Request() {
 void PropagationSession::SetPeriod(int minutes) {
   if (minutes == choice_.PeriodMinutes) return;
   choice_.PeriodMinutes = minutes;
+  parts_.PeriodMinutes = minutes;
   // A read that is under way is not waited for: the choice is to be seen at once.
   reader_.Cancel(Key());
   Timer1_.start(kSoon);
@@ -79,7 +82,7 @@ void PropagationSession::SetMode(int index) {
 
 void PropagationSession::Store(Setting setting, int index) {
   StoredSettings(parts_.store).SetNumber(setting, index);
-  parts_.store.Save();
+  parts_.store.SaveLater(parts_.background);
   Filter(false);
   Timer1_.start(kRefresh);
   Request();

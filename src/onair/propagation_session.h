@@ -23,6 +23,7 @@ class PropagationSession : public QObject {
   Q_OBJECT
 
  public:
+  // What a session uses.
   struct Parts {
     Program& program;
     UrlNetwork& network;
@@ -30,6 +31,7 @@ class PropagationSession : public QObject {
     const Hosts& hosts;
     SettingsStore& store;
     const Clock& clock;
+    int& PeriodMinutes;  // outlives the window: the period is kept for the run
   };
 
   explicit PropagationSession(const Parts& parts, QObject* parent = nullptr);
@@ -40,6 +42,9 @@ class PropagationSession : public QObject {
   void SetPeriod(int minutes);
   void SetBand(int index);
   void SetMode(int index);
+
+  // The paths anew: the database has changed.
+  void Rebuild() { Filter(false); }
 
   const PropagationChoice& Choice() const { return choice_; }
   const PropagationPaths& Paths() const { return paths_; }

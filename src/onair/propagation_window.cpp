@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "onair/propagation_window.h"
 
-#include <QSignalBlocker>
+#include <QKeyEvent>
+#include <algorithm>
+#include <utility>
 
 #include "onair/bands.h"
 #include "onair/propagation_map.h"
+#include "station/callsign.h"
 
 using namespace Qt::StringLiterals;
 
@@ -37,11 +40,13 @@ void frmMapPropagation::ConnectParts() {
     PlaceInfo();
   });
   connect(&session_, &PropagationSession::Refreshed, this, [this]() {
+    // The rows behind the same paths may be others.
+    if (picRx_.isVisible()) ShowGrid(LabelOf(gridCall_));
     if (imgX_.isEmpty()) return;
     imgX_.clear();
     RedrawOverlay();
   });
-  connect(&View(), &MapView::LabelPointed, this, &frmMapPropagation::ShowGrid);
+  connect(&View(), &MapView::LabelPointed, this, &frmMapPropagation::PointAt);
   connect(&View(), &MapView::LabelClosed, this, &frmMapPropagation::HideLabel);
   connect(&View(), &MapView::NextPartnerWanted, this, &frmMapPropagation::GoToPartner);
 }
@@ -133,15 +138,26 @@ void frmMapPropagation::MnuPopupClick(int index) {
   Q_EMIT LookupWanted(menuCall_, QRect(View().mapToGlobal(place.topLeft()), place.size()));
 }
 
+void frmMapPropagation::PointAt(qsizetype label) {
+  const qsizetype focused = View().FocusedLabel();
+  const QString call = focused < 0 ? QString() : View().Labels().at(focused).id;
+  if (!walked_.isEmpty() && call != walked_ && call != partner_) EndWalk();
+  ShowGrid(label);
+}
+
 void frmMapPropagation::ShowGrid(qsizetype label) {
   if (label < 0) {
     picRx_.HideSoon();
     return;
   }
-  const QString call = View().Labels().at(label).id;
+  gridCall_ = View().Labels().at(label).id;
   const QRect place = View().LabelRect(label).translated(View().pos());
   const QRect frame = View().geometry() & rect();
-  picRx_.ShowBeside(place, frame, tr("Received in last 12 hours") + u" ("_s + call + u"  )"_s, session_.Received(call));
+  const QChar zero = program_.ZeroGlyph;
+  QList<ReceivedRow> rows = session_.Received(gridCall_);
+  for (ReceivedRow& row : rows) row.call = ShownCall(row.call, zero);
+  picRx_.ShowBeside(place, frame, tr("Received in last 12 hours") + u" ("_s + ShownCall(gridCall_, zero) + u"  )"_s,
+                    rows);
 }
 
 void frmMapPropagation::HideLabel(const QString& name) {
@@ -152,14 +168,19 @@ void frmMapPropagation::HideLabel(const QString& name) {
 
 // A walk begins at the label that has the focus, and goes on as long as the focus stays where the walk has led it.
 void frmMapPropagation::GoToPartner(qsizetype label, int step) {
-  const QString focused = View().Labels().at(label).id;
-  if (focused != partner_ && focused != walked_) {
-    walked_ = focused;
-    partner_.clear();
-  }
-  if (walked_.isEmpty()) walked_ = focused;
+  if (walked_.isEmpty()) walked_ = View().Labels().at(label).id;
   partner_ = NextPartner(session_.Paths(), walked_, partner_, step);
   RedrawOverlay();
   const qsizetype next = LabelOf(partner_);
   if (next >= 0) View().FocusLabel(next);
+}
+
+void frmMapPropagation::EndWalk() {
+  walked_.clear();
+  if (!std::exchange(partner_, QString()).isEmpty()) RedrawOverlay();
+}
+
+void frmMapPropagation::keyPressEvent(QKeyEvent* event) {
+  if (picRx_.isVisible() && picRx_.TakeKey(event->key())) return;
+  MapWindow::keyPressEvent(event);
 }

@@ -26,6 +26,8 @@ class frmMapPropagation : public MapWindow {
   // Shows the map that was used last and begins to ask for the reports, or brings the open window to the front.
   void Open();
   void ShowTexts() override;
+  // The database has changed.
+  void Rebuild() { session_.Rebuild(); }
   void MnuPopupClick(int index) override;
 
  Q_SIGNALS:
@@ -35,13 +37,16 @@ class frmMapPropagation : public MapWindow {
  protected:
   MapDrawing BuildDrawing(const MapSurface& surface) override;
   void LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void ConnectParts();
   void FillLists();
   QString CallOf(const QString& labelName) const;
   qsizetype LabelOf(const QString& call);
+  void PointAt(qsizetype label);
   void ShowGrid(qsizetype label);
+  void EndWalk();
   void HideLabel(const QString& name);
   void GoToPartner(qsizetype label, int step);
 
@@ -51,6 +56,7 @@ class frmMapPropagation : public MapWindow {
   QComboBox cboBand_;
   QComboBox cboMode_;
   ReceivedGrid picRx_;
+  QString gridCall_;    // whose grid was shown last
   QString menuCall_;    // whose menu was opened last
   QSet<QString> imgX_;  // calls whose label was closed, until the next refresh
   QString walked_;      // the station whose partners are walked through, and where the walk is

@@ -109,3 +109,19 @@ void ReceivedGrid::leaveEvent(QEvent* event) {
   QFrame::leaveEvent(event);
   HideSoon();
 }
+
+bool ReceivedGrid::TakeKey(int key) {
+  QScrollBar* bar = gridRx_.verticalScrollBar();
+  switch (key) {
+    case Qt::Key_Escape:
+      hide();
+      return true;
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+      bar->triggerAction(key == Qt::Key_PageUp ? QAbstractSlider::SliderPageStepSub
+                                               : QAbstractSlider::SliderPageStepAdd);
+      return true;
+    default:
+      return false;
+  }
+}

@@ -35,6 +35,8 @@ class ReceivedGrid : public QFrame {
   void ShowBeside(const QRect& label, const QRect& frame, const QString& title, const QList<ReceivedRow>& rows);
   // A little later, so that the pointer can move from the label into the grid; not while it is there.
   void HideSoon();
+  // Keys of the map's label: Escape closes the grid, Page Up and Page Down turn it. False: another key.
+  bool TakeKey(int key);
 
  protected:
   void leaveEvent(QEvent* event) override;
