@@ -94,6 +94,41 @@
     </message>
 </context>
 <context>
+    <name>OnAirModel</name>
+    <message>
+        <source>Call</source>
+        <translation>Ruf</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Art</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Nach dieser Spalte sortieren (Strg+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Bild von %1</translation>
+    </message>
+</context>
+<context>
     <name>OnAirSession</name>
     <message>
         <source>All Bands</source>
@@ -265,41 +300,6 @@
     <message>
         <source>Received in last 12 hours</source>
         <translation>In den letzten 12 Stunden empfangen</translation>
-    </message>
-</context>
-<context>
-    <name>frmOnAirNow</name>
-    <message>
-        <source>Call</source>
-        <translation>Ruf</translation>
-    </message>
-    <message>
-        <source>Mode</source>
-        <translation>Art</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>MHz</translation>
-    </message>
-    <message>
-        <source>Az</source>
-        <translation>Az</translation>
-    </message>
-    <message>
-        <source>Pic</source>
-        <translation>Bild</translation>
-    </message>
-    <message>
-        <source>Info</source>
-        <translation>Info</translation>
-    </message>
-    <message>
-        <source>Sort by this column (Ctrl+%1)</source>
-        <translation>Nach dieser Spalte sortieren (Strg+%1)</translation>
-    </message>
-    <message>
-        <source>Picture of %1</source>
-        <translation>Bild von %1</translation>
     </message>
 </context>
 </TS>

@@ -94,6 +94,41 @@
     </message>
 </context>
 <context>
+    <name>OnAirModel</name>
+    <message>
+        <source>Call</source>
+        <translation>Indicativo</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Modo</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Foto</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Ordenar por esta columna (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Foto de %1</translation>
+    </message>
+</context>
+<context>
     <name>OnAirSession</name>
     <message>
         <source>All Bands</source>
@@ -265,41 +300,6 @@
     <message>
         <source>Received in last 12 hours</source>
         <translation>Recibido en las últimas 12 horas</translation>
-    </message>
-</context>
-<context>
-    <name>frmOnAirNow</name>
-    <message>
-        <source>Call</source>
-        <translation>Indicativo</translation>
-    </message>
-    <message>
-        <source>Mode</source>
-        <translation>Modo</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>MHz</translation>
-    </message>
-    <message>
-        <source>Az</source>
-        <translation>Az</translation>
-    </message>
-    <message>
-        <source>Pic</source>
-        <translation>Foto</translation>
-    </message>
-    <message>
-        <source>Info</source>
-        <translation>Info</translation>
-    </message>
-    <message>
-        <source>Sort by this column (Ctrl+%1)</source>
-        <translation>Ordenar por esta columna (Ctrl+%1)</translation>
-    </message>
-    <message>
-        <source>Picture of %1</source>
-        <translation>Foto de %1</translation>
     </message>
 </context>
 </TS>

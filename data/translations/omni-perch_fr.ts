@@ -94,6 +94,41 @@
     </message>
 </context>
 <context>
+    <name>OnAirModel</name>
+    <message>
+        <source>Call</source>
+        <translation>Indicatif</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Mode</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Az</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Img</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Trier par cette colonne (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Photo de %1</translation>
+    </message>
+</context>
+<context>
     <name>OnAirSession</name>
     <message>
         <source>All Bands</source>
@@ -265,41 +300,6 @@
     <message>
         <source>Received in last 12 hours</source>
         <translation>Reçu ces 12 dernières heures</translation>
-    </message>
-</context>
-<context>
-    <name>frmOnAirNow</name>
-    <message>
-        <source>Call</source>
-        <translation>Indicatif</translation>
-    </message>
-    <message>
-        <source>Mode</source>
-        <translation>Mode</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>MHz</translation>
-    </message>
-    <message>
-        <source>Az</source>
-        <translation>Az</translation>
-    </message>
-    <message>
-        <source>Pic</source>
-        <translation>Img</translation>
-    </message>
-    <message>
-        <source>Info</source>
-        <translation>Info</translation>
-    </message>
-    <message>
-        <source>Sort by this column (Ctrl+%1)</source>
-        <translation>Trier par cette colonne (Ctrl+%1)</translation>
-    </message>
-    <message>
-        <source>Picture of %1</source>
-        <translation>Photo de %1</translation>
     </message>
 </context>
 </TS>

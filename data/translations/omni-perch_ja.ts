@@ -94,6 +94,41 @@
     </message>
 </context>
 <context>
+    <name>OnAirModel</name>
+    <message>
+        <source>Call</source>
+        <translation>コール</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>モード</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>MHz</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>方位</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>写真</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>情報</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>この列で並べ替え (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>%1 の写真</translation>
+    </message>
+</context>
+<context>
     <name>OnAirSession</name>
     <message>
         <source>All Bands</source>
@@ -264,41 +299,6 @@
     <message>
         <source>Received in last 12 hours</source>
         <translation>過去12時間の受信</translation>
-    </message>
-</context>
-<context>
-    <name>frmOnAirNow</name>
-    <message>
-        <source>Call</source>
-        <translation>コール</translation>
-    </message>
-    <message>
-        <source>Mode</source>
-        <translation>モード</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>MHz</translation>
-    </message>
-    <message>
-        <source>Az</source>
-        <translation>方位</translation>
-    </message>
-    <message>
-        <source>Pic</source>
-        <translation>写真</translation>
-    </message>
-    <message>
-        <source>Info</source>
-        <translation>情報</translation>
-    </message>
-    <message>
-        <source>Sort by this column (Ctrl+%1)</source>
-        <translation>この列で並べ替え (Ctrl+%1)</translation>
-    </message>
-    <message>
-        <source>Picture of %1</source>
-        <translation>%1 の写真</translation>
     </message>
 </context>
 </TS>

@@ -94,6 +94,41 @@
     </message>
 </context>
 <context>
+    <name>OnAirModel</name>
+    <message>
+        <source>Call</source>
+        <translation>Позывной</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>Вид</translation>
+    </message>
+    <message>
+        <source>MHz</source>
+        <translation>МГц</translation>
+    </message>
+    <message>
+        <source>Az</source>
+        <translation>Аз</translation>
+    </message>
+    <message>
+        <source>Pic</source>
+        <translation>Фото</translation>
+    </message>
+    <message>
+        <source>Info</source>
+        <translation>Инфо</translation>
+    </message>
+    <message>
+        <source>Sort by this column (Ctrl+%1)</source>
+        <translation>Сортировать по этому столбцу (Ctrl+%1)</translation>
+    </message>
+    <message>
+        <source>Picture of %1</source>
+        <translation>Фото %1</translation>
+    </message>
+</context>
+<context>
     <name>OnAirSession</name>
     <message>
         <source>All Bands</source>
@@ -266,41 +301,6 @@
     <message>
         <source>Received in last 12 hours</source>
         <translation>Принято за последние 12 часов</translation>
-    </message>
-</context>
-<context>
-    <name>frmOnAirNow</name>
-    <message>
-        <source>Call</source>
-        <translation>Позывной</translation>
-    </message>
-    <message>
-        <source>Mode</source>
-        <translation>Вид</translation>
-    </message>
-    <message>
-        <source>MHz</source>
-        <translation>МГц</translation>
-    </message>
-    <message>
-        <source>Az</source>
-        <translation>Аз</translation>
-    </message>
-    <message>
-        <source>Pic</source>
-        <translation>Фото</translation>
-    </message>
-    <message>
-        <source>Info</source>
-        <translation>Инфо</translation>
-    </message>
-    <message>
-        <source>Sort by this column (Ctrl+%1)</source>
-        <translation>Сортировать по этому столбцу (Ctrl+%1)</translation>
-    </message>
-    <message>
-        <source>Picture of %1</source>
-        <translation>Фото %1</translation>
     </message>
 </context>
 </TS>

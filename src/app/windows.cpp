@@ -14,10 +14,9 @@ struct Windows::Registration {
 
 const QList<Windows::Registration>& Windows::Registrations() {
   static const QList<Registration> registrations = {
-      {WindowKind::Lookup, &Windows::MakeLookup},
-      {WindowKind::LocationMap, &Windows::MakeLocationMap},
-      {WindowKind::OnAirNow, &Windows::MakeOnAirNow},
-      {WindowKind::PropagationMap, &Windows::MakePropagationMap},
+      {WindowKind::Lookup, &Windows::MakeLookup},     {WindowKind::LocationMap, &Windows::MakeLocationMap},
+      {WindowKind::OnAirNow, &Windows::MakeOnAirNow}, {WindowKind::PropagationMap, &Windows::MakePropagationMap},
+      {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
   };
   return registrations;
 }
@@ -66,6 +65,7 @@ BaseWindow* Windows::MakeLookup() {
   connect(window, &Form12::Stored, this, [this]() {
     if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
     if (auto* map = qobject_cast<frmMapPropagation*>(Find(WindowKind::PropagationMap))) map->Rebuild();
+    if (auto* map = qobject_cast<frmMapOnAir*>(Find(WindowKind::OnAirMap))) map->Rebuild();
   });
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
@@ -96,9 +96,21 @@ BaseWindow* Windows::MakePropagationMap() {
   return window;
 }
 
+BaseWindow* Windows::MakeOnAirMap() {
+  Services& s = services_;
+  const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
+  auto* window = new frmMapOnAir(
+      {{feed, s.store}, s.program, s.maps, s.database, s.tool, menus_, s.dialogs, onAirCaption_}, mainWindow_);
+  connect(window, &frmMapOnAir::LookupWanted, this,
+          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
+  return window;
+}
+
 void Windows::RegisterOnAirCommands() {
   Commands& commands = services_.commands;
   commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
+  commands.Register(Command::ShowOnAirMap, this,
+                    [this](const MenuChoice&) { static_cast<frmMapOnAir&>(Get(WindowKind::OnAirMap)).Open(); });
   commands.Register(Command::LookUpListCall, this, [this](const MenuChoice& choice) {
     const auto* list = qobject_cast<QWidget*>(choice.owner.data());
     if (list != nullptr) LookUp(choice.subject.caller, list->frameGeometry());

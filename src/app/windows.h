@@ -12,6 +12,7 @@
 #include "app/services.h"
 #include "callbook/lookup_window.h"
 #include "maps/map_location_window.h"
+#include "onair/map_on_air_window.h"
 #include "onair/on_air_caption.h"
 #include "onair/on_air_now_window.h"
 #include "onair/propagation_window.h"
@@ -19,7 +20,7 @@
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap };
+enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap, OnAirMap };
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -68,6 +69,7 @@ class Windows : public QObject {
   BaseWindow* MakeLocationMap();
   BaseWindow* MakeOnAirNow();
   BaseWindow* MakePropagationMap();
+  BaseWindow* MakeOnAirMap();
   void RegisterOnAirCommands();
   void RaiseMaps();
 

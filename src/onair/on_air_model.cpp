@@ -13,10 +13,11 @@ bool OnAirModel::Take(const QList<OnAirEntry>& entries) {
   return true;
 }
 
-void OnAirModel::SetTexts(const QStringList& heads, const QStringList& headTips, const QString& pictureName) {
-  heads_ = heads;
-  headTips_ = headTips;
-  pictureName_ = pictureName;
+void OnAirModel::ShowTexts() {
+  heads_ = {tr("Call"), tr("Mode"), tr("MHz"), tr("Az"), tr("Pic"), tr("Info")};
+  headTips_.clear();
+  for (qsizetype i = 0; i < heads_.size(); ++i) headTips_.append(tr("Sort by this column (Ctrl+%1)").arg(i + 1));
+  pictureName_ = tr("Picture of %1");
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, kOnAirColumns - 1);
 }
 

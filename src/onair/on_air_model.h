@@ -18,8 +18,8 @@ class OnAirModel : public QAbstractTableModel {
   // False, and nothing is announced, where the entries are those that stand.
   bool Take(const QList<OnAirEntry>& entries);
   const QList<OnAirEntry>& Entries() const { return entries_; }
-  // The heads in the present language, and what a screen reader hears of a picture; %1 is the call.
-  void SetTexts(const QStringList& heads, const QStringList& headTips, const QString& pictureName);
+  // Heads and tips in the present language.
+  void ShowTexts();
   // The small picture that a file holds; a null one stays an empty cell.
   void SetThumb(const QString& path, const QImage& thumb, int firstRow, int lastRow);
   void ForgetThumbs();
@@ -39,5 +39,5 @@ class OnAirModel : public QAbstractTableModel {
   QHash<QString, QImage> thumbs_;  // by path
   QStringList heads_;
   QStringList headTips_;
-  QString pictureName_;
+  QString pictureName_;  // what a screen reader hears of one; %1 is the call
 };

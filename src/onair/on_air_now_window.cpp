@@ -95,10 +95,7 @@ void frmOnAirNow::ShowTexts() {
   ShowFilter();
   lblRefresh_.SetCaption(language[TextLine::kRefreshWord].trimmed());
   lblRefresh_.setToolTip(BuiltInText(program_.config.OnAirCode, OnAirText::kRefreshTip));
-  const QStringList heads{tr("Call"), tr("Mode"), tr("MHz"), tr("Az"), tr("Pic"), tr("Info")};
-  QStringList tips;
-  for (qsizetype i = 0; i < heads.size(); ++i) tips.append(tr("Sort by this column (Ctrl+%1)").arg(i + 1));
-  gridOnAir_.Model().SetTexts(heads, tips, tr("Picture of %1"));
+  gridOnAir_.Model().ShowTexts();
   gridOnAir_.setAccessibleName(language[TextLine::kOnAirListTitle].trimmed());
   setWindowTitle(language[TextLine::kOnAirText]);
   if (opened_) session_.Rebuild();
