@@ -64,8 +64,9 @@ BaseWindow* Windows::MakeLookup() {
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
   connect(window, &Form12::Stored, this, [this]() {
     if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
-    if (auto* map = qobject_cast<frmMapPropagation*>(Find(WindowKind::PropagationMap))) map->Rebuild();
-    if (auto* map = qobject_cast<frmMapOnAir*>(Find(WindowKind::OnAirMap))) map->Rebuild();
+    for (const QPointer<BaseWindow>& open : std::as_const(open_)) {
+      if (auto* map = qobject_cast<CallMapWindow*>(open.data())) map->Rebuild();
+    }
   });
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
@@ -86,14 +87,18 @@ BaseWindow* Windows::MakeOnAirNow() {
   return window;
 }
 
+BaseWindow* Windows::Connected(CallMapWindow* window) {
+  connect(window, &CallMapWindow::LookupWanted, this,
+          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
+  return window;
+}
+
 BaseWindow* Windows::MakePropagationMap() {
   Services& s = services_;
   const PropagationSession::Parts session{s.program, s.network, s.background,  s.run.hosts,
                                           s.store,   s.clock,   PeriodMinutes_};
   auto* window = new frmMapPropagation({session, s.maps, menus_}, mainWindow_);
-  connect(window, &frmMapPropagation::LookupWanted, this,
-          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
-  return window;
+  return Connected(window);
 }
 
 BaseWindow* Windows::MakeOnAirMap() {
@@ -101,9 +106,7 @@ BaseWindow* Windows::MakeOnAirMap() {
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
   auto* window = new frmMapOnAir(
       {{feed, s.store}, s.program, s.maps, s.database, s.tool, menus_, s.dialogs, onAirCaption_}, mainWindow_);
-  connect(window, &frmMapOnAir::LookupWanted, this,
-          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
-  return window;
+  return Connected(window);
 }
 
 void Windows::RegisterOnAirCommands() {
@@ -112,10 +115,16 @@ void Windows::RegisterOnAirCommands() {
   commands.Register(Command::ShowOnAirMap, this,
                     [this](const MenuChoice&) { static_cast<frmMapOnAir&>(Get(WindowKind::OnAirMap)).Open(); });
   commands.Register(Command::LookUpListCall, this, [this](const MenuChoice& choice) {
-    const auto* list = qobject_cast<QWidget*>(choice.owner.data());
-    if (list != nullptr) LookUp(choice.subject.caller, list->frameGeometry());
+    if (const auto* map = qobject_cast<frmMapOnAir*>(choice.owner.data())) {
+      LookUp(choice.subject.caller, map->ListPlace());
+    } else if (const auto* list = qobject_cast<QWidget*>(choice.owner.data())) {
+      LookUp(choice.subject.caller, list->frameGeometry());
+    }
   });
   commands.Register(Command::ShowListCallOnMap, this, [this](const MenuChoice& choice) {
+    // The list of the on-air map lies on a map already; a call that is off its picture still has its own.
+    auto* map = qobject_cast<frmMapOnAir*>(choice.owner.data());
+    if (map != nullptr && map->ShowCall(choice.subject.caller)) return;
     const TargetLocation place = services_.database.LookupTargetLocation(choice.subject.caller);
     ShowOnMap(choice.subject.caller, place.TargetLat, place.TargetLon);
   });

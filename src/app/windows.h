@@ -70,6 +70,8 @@ class Windows : public QObject {
   BaseWindow* MakeOnAirNow();
   BaseWindow* MakePropagationMap();
   BaseWindow* MakeOnAirMap();
+  // Connects what all maps of many stations want of other windows.
+  BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
   void RaiseMaps();
 

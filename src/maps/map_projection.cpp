@@ -65,3 +65,8 @@ void LatLonToPixel(MapName map, double& lat, double& lon, int& x, int& y) {
   x = RoundToPixel(point.x);
   y = RoundToPixel(point.y);
 }
+
+// Written so that "nan" fails each comparison.
+bool IsPlaced(double lat, double lon) {
+  return lat != 0 && lon != 0 && std::abs(lat) <= 90 && std::abs(lon) <= 180;
+}

@@ -16,3 +16,7 @@ QLatin1String FindMapName(double TargetLat, double TargetLon);
 // variable too. None leaves x and y as they were; so does a coordinate that is no number. Points may lie off the
 // picture.
 void LatLonToPixel(MapName map, double& lat, double& lon, int& x, int& y);
+
+// Whether a record's position can be drawn: a stored coordinate of 0 is an unknown one, and one beyond the poles or
+// "nan" is no place either.
+bool IsPlaced(double lat, double lon);

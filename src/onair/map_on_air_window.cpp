@@ -22,17 +22,15 @@ constexpr int kListShare = 2;  // the list takes one part in two of the window's
 }  // namespace
 
 frmMapOnAir::frmMapOnAir(const Dependencies& dependencies, QWidget* opener)
-    : MapWindow({u"frmMapOnAir"_s, u"cboMaps"_s, u"lstMaps"_s}, dependencies.ownProgram, dependencies.maps,
-                dependencies.menus, opener),
-      ownProgram_(dependencies.ownProgram),
+    : CallMapWindow({u"frmMapOnAir"_s, u"cmdMaps"_s, u"cboMaps"_s}, dependencies.ownProgram, dependencies.maps,
+                    dependencies.menus, opener),
       store_(dependencies.store),
       background_(dependencies.background),
       database_(dependencies.database),
       dialogs_(dependencies.dialogs),
       caption_(dependencies.caption),
       session_(dependencies, OnAirWindow::Map),
-      picBand_(CheckPanel::BandNames(), session_.ckBand().Count(), this, this),
-      picMode_(CheckPanel::ModeNames(), session_.ckMode().Count(), this, this),
+      panels_(session_, program_, this, this),
       cmdOnAir_(u"cmdOnAir"_s, this),
       cmdPaste_(u"cmdPaste"_s, this),
       cmdHelp_(u"cmdHelp"_s, this),
@@ -47,7 +45,7 @@ frmMapOnAir::frmMapOnAir(const Dependencies& dependencies, QWidget* opener)
 
 void frmMapOnAir::MakeControls() {
   for (QWidget* control :
-       std::initializer_list<QWidget*>{&cmdOnAir_, picMode_.Button(), picBand_.Button(), &cmdPaste_, &cmdHelp_}) {
+       std::initializer_list<QWidget*>{&cmdOnAir_, panels_.cmdMode(), panels_.cmdBand(), &cmdPaste_, &cmdHelp_}) {
     AddToBar(control);
   }
   // Nothing can paste yet.
@@ -56,6 +54,7 @@ void frmMapOnAir::MakeControls() {
   picList2_.setFrameShape(QFrame::StyledPanel);
   picList2_.setAutoFillBackground(true);
   List2_.setObjectName(u"List2"_s);
+  List2_.Model().ModeSide = Qt::AlignRight;
   for (const OnAirColumn column : {OnAirColumn::Azimuth, OnAirColumn::Picture, OnAirColumn::Extra}) {
     List2_.setColumnHidden(static_cast<int>(column), true);
   }
@@ -77,12 +76,9 @@ void frmMapOnAir::MakeControls() {
 
 void frmMapOnAir::ConnectSignals() {
   connect(&session_, &OnAirSession::Changed, this, &frmMapOnAir::ShowView);
-  connect(&session_, &OnAirSession::FilterChanged, this, &frmMapOnAir::ShowFilter);
   connect(&session_.Feed(), &OnAirFeed::Failed, this,
           [this](const QString& message) { frmMsgBoxTimed::ShowMsg(this, message, kMessageTime); });
   connect(&caption_, &OnAirCaption::Changed, this, &frmMapOnAir::ShowCaptions);
-  connect(&picBand_, &CheckPanel::Closed, &session_, &OnAirSession::SetBands);
-  connect(&picMode_, &CheckPanel::Closed, &session_, &OnAirSession::SetModes);
   connect(&cmdOnAir_, &QToolButton::clicked, this, [this]() { ShowList(!picList2_.isVisible()); });
   connect(&lblList2_, &QToolButton::clicked, this, [this]() { ShowList(false); });
   connect(&cmdHelp_, &QToolButton::clicked, this,
@@ -95,16 +91,15 @@ void frmMapOnAir::ConnectSignals() {
   connect(&List2_, &OnAirGrid::RowPressed, this, [this](int row, bool byKeyboard) {
     tip_.ShowTip(TextOf(List2_.Model().Entries().at(row).call), List2_.RowPlace(row), !byKeyboard);
   });
+  connect(&List2_, &OnAirGrid::MenuWanted, this, [this](int row, const QPoint& at, bool byKeyboard) {
+    tip_.hide();
+    menus_.OpenMenu(List2_.MenuOf(row, at, byKeyboard));
+  });
   connect(&List2_, &OnAirGrid::Moved, &tip_, &QWidget::hide);
 }
 
 void frmMapOnAir::Open() {
-  if (std::exchange(opened_, true)) {
-    show();
-    raise();
-    activateWindow();
-    return;
-  }
+  if (BringToFront()) return;
   // A number that is no map shows the first one.
   const int stored = StoredSettings(store_).Number(Setting::OnAirMapIndex);
   SetMapIndex(stored >= 0 && stored < program_.lstMap.size() ? stored : 0);
@@ -122,10 +117,7 @@ void frmMapOnAir::ShowTexts() {
   menus_.CloseMenus();
   tip_.hide();
   lstInfo_.hide();
-  const QString close = language[TextLine::kCloseWord].trimmed();
-  const QString& code = program_.config.OnAirCode;
-  picBand_.SetTexts(BuiltInText(code, OnAirText::kBandPanel), OnAirSession::BandCaptions(), close);
-  picMode_.SetTexts(BuiltInText(code, OnAirText::kModePanel), OnAirSession::ModeCaptions(), close);
+  panels_.ShowTexts();
   cmdPaste_.SetCaption(language[TextLine::kViewPasteTip].trimmed());
   cmdHelp_.SetCaption(language[TextLine::kSetupHelp].trimmed());
   const QString title = language[TextLine::kOnAirListTitle].trimmed();
@@ -133,17 +125,9 @@ void frmMapOnAir::ShowTexts() {
                        language[TextLine::kOnAirListClose].trimmed());
   List2_.setAccessibleName(title);
   List2_.Model().ShowTexts();
-  ShowFilter();
   ShowCaptions();
-  if (opened_) session_.Rebuild();
-  MapWindow::ShowTexts();
-}
-
-void frmMapOnAir::ShowFilter() {
-  picBand_.SetBoxes(session_.ckBand());
-  picMode_.SetBoxes(session_.ckMode());
-  picBand_.SetSummary(session_.BandSummary());
-  picMode_.SetSummary(session_.ModeSummary());
+  if (IsOpened()) session_.Rebuild();
+  CallMapWindow::ShowTexts();
 }
 
 void frmMapOnAir::ShowCaptions() {
@@ -155,17 +139,19 @@ void frmMapOnAir::ShowCaptions() {
 }
 
 void frmMapOnAir::ShowView() {
-  const QList<OnAirEntry>& entries = session_.View().entries;
-  List2_.Take(entries);
-  if (entries == drawn_) return;
-  drawn_ = entries;
+  const OnAirView& view = session_.View();
+  List2_.Take(view.entries);
+  if (view.entries == drawn_ && view.leftOut == leftOut_) return;
+  drawn_ = view.entries;
+  leftOut_ = view.leftOut;
   ShowCaptions();
   RedrawOverlay();
+  PlaceInfo();
 }
 
 MapDrawing frmMapOnAir::BuildDrawing(const MapSurface& surface) {
   MapDrawing drawing = BuildOnAirDrawing(program_, drawn_, surface);
-  drawing.info = session_.View().leftOut;
+  drawing.info = leftOut_;
   return drawing;
 }
 
@@ -205,53 +191,32 @@ void frmMapOnAir::PlaceList() {
 }
 
 void frmMapOnAir::resizeEvent(QResizeEvent* event) {
-  MapWindow::resizeEvent(event);
+  CallMapWindow::resizeEvent(event);
   if (picList2_.isVisible()) PlaceList();
 }
 
-qsizetype frmMapOnAir::LabelNamed(const QString& name) const {
-  const QList<MapOverlay::Label>& labels = const_cast<frmMapOnAir*>(this)->View().Labels();
-  const auto found = std::find_if(labels.begin(), labels.end(), [&](const auto& label) { return label.name == name; });
-  return found == labels.end() ? -1 : found - labels.begin();
+bool frmMapOnAir::ShowCall(const QString& call) {
+  const qsizetype label = LabelOf(call);
+  if (label < 0) return false;
+  ShowList(false);
+  View().FocusLabel(label);
+  return true;
 }
 
-void frmMapOnAir::LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) {
-  const qsizetype label = LabelNamed(name);
-  if (label < 0) return;
-  menuCall_ = View().Labels().at(label).id;
-  MenuRequest request;
-  request.menu = MenuId::MapCall;
-  request.subject.caller = menuCall_;
-  request.subject.placed = true;
-  request.owner = this;
-  request.name = menuCall_;
-  request.at = at;
-  request.byKeyboard = byKeyboard;
-  menus_.OpenMenu(request);
-}
-
-void frmMapOnAir::MnuPopupClick(int index) {
-  if (index != 0) return;  // the satellite views have no window yet
-  QRect place(View().rect().center(), QSize(1, 1));
-  // The feed may have changed while the menu was open.
-  for (qsizetype i = 0; i < View().Labels().size(); ++i) {
-    if (View().Labels().at(i).id == menuCall_) place = View().LabelRect(i);
-  }
-  Q_EMIT LookupWanted(menuCall_, QRect(View().mapToGlobal(place.topLeft()), place.size()));
+QRect frmMapOnAir::ListPlace() const {
+  return {picList2_.mapToGlobal(QPoint(0, 0)), picList2_.size()};
 }
 
 void frmMapOnAir::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Refresh)) return session_.Refresh();
   if (event->key() == Qt::Key_Escape && tip_.isVisible()) return tip_.hide();
   if (event->key() == Qt::Key_Escape && picList2_.isVisible()) return ShowList(false);
-  MapWindow::keyPressEvent(event);
+  CallMapWindow::keyPressEvent(event);
 }
 
 void frmMapOnAir::closeEvent(QCloseEvent* event) {
-  // What was ticked in an open panel counts.
-  picBand_.Close();
-  picMode_.Close();
+  panels_.Close();
   tip_.hide();
   menus_.CloseMenus();
-  MapWindow::closeEvent(event);
+  CallMapWindow::closeEvent(event);
 }

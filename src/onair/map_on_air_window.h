@@ -4,15 +4,15 @@
 #pragma once
 
 #include "core/stored_settings.h"
-#include "maps/map_window.h"
-#include "onair/check_panel.h"
+#include "maps/call_map_window.h"
+#include "onair/filter_panels.h"
 #include "onair/on_air_caption.h"
 #include "onair/on_air_grid.h"
 #include "onair/on_air_session.h"
 #include "onair/on_air_tip.h"
 #include "ui/dialogs.h"
 
-class frmMapOnAir : public MapWindow {
+class frmMapOnAir : public CallMapWindow {
   Q_OBJECT
 
  public:
@@ -31,18 +31,15 @@ class frmMapOnAir : public MapWindow {
 
   // Shows the window with the map that it had last.
   void Open();
-  void MnuPopupClick(int index) override;
   void ShowTexts() override;
-  // The database has a new record: stations may have got a place.
-  void Rebuild() { session_.Rebuild(); }
-
- Q_SIGNALS:
-  // The lookup of a call is wanted; at: its label on the screen.
-  void LookupWanted(const QString& call, const QRect& at);
+  void Rebuild() override { session_.Rebuild(); }
+  // Brings a call's label into view and gives it the focus; false where it has none on this map.
+  bool ShowCall(const QString& call);
+  // The panel of the list, on the screen.
+  QRect ListPlace() const;
 
  protected:
   MapDrawing BuildDrawing(const MapSurface& surface) override;
-  void LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) override;
   void StoreMapIndex(int index) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -52,24 +49,19 @@ class frmMapOnAir : public MapWindow {
   void MakeControls();
   void ConnectSignals();
   void ShowView();
-  void ShowFilter();
   void ShowCaptions();
   void ShowList(bool shown);
   void PlaceList();
   void ShowInfoOf(qsizetype label);
   QString TextOf(const QString& call);
-  // The label of that name, or one with the call; none: an invalid index.
-  qsizetype LabelNamed(const QString& name) const;
 
-  Program& ownProgram_;
   SettingsStore& store_;
   Background& background_;
   CallDatabase& database_;
   Dialogs& dialogs_;
   const OnAirCaption& caption_;
   OnAirSession session_;
-  CheckPanel picBand_;
-  CheckPanel picMode_;
+  FilterPanels panels_;
   BarLabel cmdOnAir_;
   BarLabel cmdPaste_;
   BarLabel cmdHelp_;
@@ -79,6 +71,5 @@ class frmMapOnAir : public MapWindow {
   QLabel lstInfo_;
   frmTipOnAir tip_;
   QList<OnAirEntry> drawn_;
-  QString menuCall_;
-  bool opened_ = false;
+  QString leftOut_;
 };

@@ -3,6 +3,7 @@
 
 #include <QSet>
 
+#include "maps/map_projection.h"
 #include "maps/station_marks.h"
 
 using namespace Qt::StringLiterals;
@@ -18,9 +19,15 @@ MapOverlay::Label CallLabel(const OnAirEntry& entry, int index, const QPointF& p
   label.name = u"lblCall(%1)"_s.arg(index);
   label.id = entry.call;
   label.text = u' ' + entry.shownCall + u' ';
-  label.place = QRectF(point, surface.measure(label.text));
-  label.anchor = point;
   label.clickable = true;
+  if (index < kMostOnAirLabels) {
+    label.place = QRectF(point, surface.measure(label.text));
+    label.anchor = point;
+  } else {
+    const QPointF half(kRadius + kRimWidth / 2, kRadius + kRimWidth / 2);
+    label.place = QRectF(point - half, point + half);
+    label.dot = true;
+  }
   return label;
 }
 
@@ -42,14 +49,14 @@ MapDrawing BuildOnAirDrawing(const Program& program, const QList<OnAirEntry>& en
   QSet<QString> drawn;
   int labels = 0;
   for (const OnAirEntry& entry : entries) {
-    if (entry.lat == 0 || drawn.contains(entry.call)) continue;
+    if (!IsPlaced(entry.lat, entry.lon) || drawn.contains(entry.call)) continue;
     double lat = entry.lat;
     double lon = entry.lon;
     const std::optional<QPointF> point = marks.PointOf(lat, lon);
     if (!point || marks.IsOff(*point)) continue;
     drawn.insert(entry.call);
     marks.Ring(*point, kRadius, kBlue, kRimWidth);
-    if (labels < kMostOnAirLabels) marks.Label(CallLabel(entry, labels++, *point, surface));
+    marks.Label(CallLabel(entry, labels++, *point, surface));
   }
   drawing.overlay = marks.Take();
   return drawing;

@@ -7,7 +7,7 @@
 #include "maps/map_overlay.h"
 #include "onair/on_air_list.h"
 
-// Labels beyond this many are left out, the first calls of the list have theirs: more than this no map has room for.
+// Of so many stations a label gets a place; the further ones are dots with a tip, as no map has room for more.
 inline constexpr int kMostOnAirLabels = 1000;
 
 // A call that stands in several entries is drawn once; one without a position, or off the picture, not at all.

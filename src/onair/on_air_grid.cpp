@@ -91,6 +91,19 @@ QRect OnAirGrid::RowPlace(int row) const {
   return {viewport()->mapToGlobal(cell.topLeft()), cell.size()};
 }
 
+MenuRequest OnAirGrid::MenuOf(int row, const QPoint& at, bool byKeyboard) {
+  const OnAirEntry& entry = model_.Entries().at(row);
+  MenuRequest request;
+  request.menu = MenuId::ListCall;
+  request.subject.caller = entry.call;
+  request.subject.placed = entry.lat != 0;
+  request.owner = window();
+  request.name = entry.shownCall;
+  request.at = at;
+  request.byKeyboard = byKeyboard;
+  return request;
+}
+
 void OnAirGrid::Take(const QList<OnAirEntry>& entries) {
   restoring_ = true;
   if (model_.Take(entries)) {

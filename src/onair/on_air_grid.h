@@ -10,6 +10,7 @@
 
 #include "onair/on_air_model.h"
 #include "platform/picture/picture_tool.h"
+#include "ui/menu_opener.h"
 
 class OnAirGrid : public QTableView {
   Q_OBJECT
@@ -25,6 +26,8 @@ class OnAirGrid : public QTableView {
   int WantedWidth() const;
   // Where a row is on the screen.
   QRect RowPlace(int row) const;
+  // The menu of a row's call, for the answer to MenuWanted.
+  MenuRequest MenuOf(int row, const QPoint& at, bool byKeyboard);
 
  Q_SIGNALS:
   void HeadClicked(OnAirColumn head);

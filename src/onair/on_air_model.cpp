@@ -90,11 +90,8 @@ QVariant OnAirModel::data(const QModelIndex& index, int role) const {
       return entry.picture.isEmpty() ? QString() : pictureName_.arg(entry.shownCall);
     case Qt::TextAlignmentRole: {
       const bool right = column == OnAirColumn::Frequency || column == OnAirColumn::Azimuth;
-      const bool centre = column == OnAirColumn::Mode;
-      return QVariant::fromValue((right    ? Qt::AlignRight
-                                  : centre ? Qt::AlignHCenter
-                                           : Qt::AlignLeft) |
-                                 Qt::AlignVCenter);
+      const Qt::Alignment side = right ? Qt::AlignRight : column == OnAirColumn::Mode ? ModeSide : Qt::AlignLeft;
+      return QVariant::fromValue(side | Qt::AlignVCenter);
     }
     default:
       return {};

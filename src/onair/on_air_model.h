@@ -18,6 +18,8 @@ class OnAirModel : public QAbstractTableModel {
   // False, and nothing is announced, where the entries are those that stand.
   bool Take(const QList<OnAirEntry>& entries);
   const QList<OnAirEntry>& Entries() const { return entries_; }
+  // Sides of the cells of the mode, which the map's list has on the right.
+  Qt::Alignment ModeSide = Qt::AlignHCenter;
   // Heads and tips in the present language.
   void ShowTexts();
   // The small picture that a file holds; a null one stays an empty cell.

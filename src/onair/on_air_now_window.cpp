@@ -29,8 +29,7 @@ frmOnAirNow::frmOnAirNow(const Dependencies& dependencies, QWidget* owner)
       menus_(dependencies.menus),
       session_(dependencies, OnAirWindow::List),
       bar_(this),
-      picBand_(CheckPanel::BandNames(), session_.ckBand().Count(), &bar_, this),
-      picMode_(CheckPanel::ModeNames(), session_.ckMode().Count(), &bar_, this),
+      panels_(session_, program_, &bar_, this),
       lblRefresh_(u"lblRefresh"_s, &bar_),
       gridOnAir_(dependencies.tool, this),
       lblLeftOut_(this),
@@ -49,8 +48,8 @@ void frmOnAirNow::MakeLayout() {
   auto* row = new QHBoxLayout(&bar_);
   row->setContentsMargins(2, 2, 2, 2);
   row->setSpacing(4);
-  row->addWidget(picBand_.Button());
-  row->addWidget(picMode_.Button());
+  row->addWidget(panels_.cmdBand());
+  row->addWidget(panels_.cmdMode());
   row->addWidget(&lblRefresh_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
@@ -58,19 +57,16 @@ void frmOnAirNow::MakeLayout() {
   column->addWidget(&bar_);
   column->addWidget(&gridOnAir_, 1);
   column->addWidget(&lblLeftOut_);
-  setTabOrder(picBand_.Button(), picMode_.Button());
-  setTabOrder(picMode_.Button(), &lblRefresh_);
+  setTabOrder(panels_.cmdBand(), panels_.cmdMode());
+  setTabOrder(panels_.cmdMode(), &lblRefresh_);
   setTabOrder(&lblRefresh_, &gridOnAir_);
   gridOnAir_.setFocus();
 }
 
 void frmOnAirNow::ConnectSignals() {
   connect(&session_, &OnAirSession::Changed, this, &frmOnAirNow::ShowView);
-  connect(&session_, &OnAirSession::FilterChanged, this, &frmOnAirNow::ShowFilter);
   connect(&session_.Feed(), &OnAirFeed::Failed, this,
           [this](const QString& message) { frmMsgBoxTimed::ShowMsg(this, message, kMessageTime); });
-  connect(&picBand_, &CheckPanel::Closed, &session_, &OnAirSession::SetBands);
-  connect(&picMode_, &CheckPanel::Closed, &session_, &OnAirSession::SetModes);
   connect(&lblRefresh_, &BarLabel::clicked, &session_, &OnAirSession::Refresh);
   connect(&gridOnAir_, &OnAirGrid::HeadClicked, this, [this](OnAirColumn head) {
     session_.SortBy(head);
@@ -81,7 +77,10 @@ void frmOnAirNow::ConnectSignals() {
     if (byKeyboard) ShowPicture(row, gridOnAir_.RowPlace(row).topRight());
   });
   connect(&gridOnAir_, &OnAirGrid::RowHovered, this, [this](int row) { ShowPicture(row, QCursor::pos()); });
-  connect(&gridOnAir_, &OnAirGrid::MenuWanted, this, &frmOnAirNow::OpenRowMenu);
+  connect(&gridOnAir_, &OnAirGrid::MenuWanted, this, [this](int row, const QPoint& at, bool byKeyboard) {
+    HideTips();
+    menus_.OpenMenu(gridOnAir_.MenuOf(row, at, byKeyboard));
+  });
   connect(&gridOnAir_, &OnAirGrid::Moved, this, &frmOnAirNow::HideTips);
 }
 
@@ -89,23 +88,13 @@ void frmOnAirNow::ShowTexts() {
   const LanguageTexts& language = program_.language;
   menus_.CloseMenus();
   HideTips();
-  const QString close = language[TextLine::kCloseWord].trimmed();
-  picBand_.SetTexts(BuiltInText(program_.config.OnAirCode, OnAirText::kBandPanel), OnAirSession::BandCaptions(), close);
-  picMode_.SetTexts(BuiltInText(program_.config.OnAirCode, OnAirText::kModePanel), OnAirSession::ModeCaptions(), close);
-  ShowFilter();
+  panels_.ShowTexts();
   lblRefresh_.SetCaption(language[TextLine::kRefreshWord].trimmed());
   lblRefresh_.setToolTip(BuiltInText(program_.config.OnAirCode, OnAirText::kRefreshTip));
   gridOnAir_.Model().ShowTexts();
   gridOnAir_.setAccessibleName(language[TextLine::kOnAirListTitle].trimmed());
   setWindowTitle(language[TextLine::kOnAirText]);
   if (opened_) session_.Rebuild();
-}
-
-void frmOnAirNow::ShowFilter() {
-  picBand_.SetBoxes(session_.ckBand());
-  picMode_.SetBoxes(session_.ckMode());
-  picBand_.SetSummary(session_.BandSummary());
-  picMode_.SetSummary(session_.ModeSummary());
 }
 
 void frmOnAirNow::ShowView() {
@@ -133,20 +122,6 @@ void frmOnAirNow::HideTips() {
   picBig_.Withdraw();
 }
 
-void frmOnAirNow::OpenRowMenu(int row, const QPoint& at, bool byKeyboard) {
-  HideTips();
-  const OnAirEntry& entry = gridOnAir_.Model().Entries().at(row);
-  MenuRequest request;
-  request.menu = MenuId::ListCall;
-  request.subject.caller = entry.call;
-  request.subject.placed = entry.lat != 0;
-  request.owner = this;
-  request.name = entry.shownCall;
-  request.at = at;
-  request.byKeyboard = byKeyboard;
-  menus_.OpenMenu(request);
-}
-
 void frmOnAirNow::PlaceWindow() {
   layout()->activate();
   const int width = std::max(gridOnAir_.WantedWidth(), bar_.sizeHint().width());
@@ -172,9 +147,7 @@ void frmOnAirNow::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmOnAirNow::closeEvent(QCloseEvent* event) {
-  // What was ticked in an open panel counts.
-  picBand_.Close();
-  picMode_.Close();
+  panels_.Close();
   HideTips();
   menus_.CloseMenus();
   BaseWindow::closeEvent(event);

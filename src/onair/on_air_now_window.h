@@ -5,7 +5,7 @@
 
 #include <QLabel>
 
-#include "onair/check_panel.h"
+#include "onair/filter_panels.h"
 #include "onair/on_air_grid.h"
 #include "onair/on_air_session.h"
 #include "onair/on_air_tip.h"
@@ -43,19 +43,16 @@ class frmOnAirNow : public BaseWindow {
   void MakeLayout();
   void ConnectSignals();
   void ShowView();
-  void ShowFilter();
   void ShowStation(int row, bool byPointer);
   void ShowPicture(int row, const QPoint& beside);
   void HideTips();
-  void OpenRowMenu(int row, const QPoint& at, bool byKeyboard);
 
   const Program& program_;
   CallDatabase& database_;
   MenuOpener& menus_;
   OnAirSession session_;
   QWidget bar_;
-  CheckPanel picBand_;
-  CheckPanel picMode_;
+  FilterPanels panels_;
   BarLabel lblRefresh_;
   OnAirGrid gridOnAir_;
   QLabel lblLeftOut_;

@@ -6,6 +6,7 @@
 #include <QSet>
 #include <cmath>
 
+#include "maps/map_projection.h"
 #include "onair/bands.h"
 #include "station/callsign.h"
 
@@ -59,11 +60,7 @@ class Pass {
     const auto known = spots_.constFind(call);
     if (known != spots_.cend()) return *known;
     std::optional<StationSpot> spot = spotOf_(call);
-    // A stored coordinate of 0 is unknown; one beyond the poles or no number at all is no place either. Written so that
-    // "nan" fails each comparison.
-    const bool isPlace =
-        spot && spot->lat != 0 && spot->lon != 0 && std::abs(spot->lat) <= 90 && std::abs(spot->lon) <= 180;
-    if (!isPlace) spot.reset();
+    if (spot && !IsPlaced(spot->lat, spot->lon)) spot.reset();
     return *spots_.insert(call, spot);
   }
   qsizetype Station(const QString& call, const StationSpot& spot) {

@@ -12,7 +12,8 @@
 using namespace Qt::StringLiterals;
 
 frmMapPropagation::frmMapPropagation(const Parts& parts, QWidget* opener)
-    : MapWindow({u"frmMapPropagation"_s, u"cmdMaps"_s, u"cboMaps"_s}, parts.program, parts.maps, parts.menus, opener),
+    : CallMapWindow({u"frmMapPropagation"_s, u"cmdMaps"_s, u"cboMaps"_s}, parts.program, parts.maps, parts.menus,
+                    opener),
       session_(parts),
       picRx_(this) {
   lblPropagation_.setObjectName(u"lblPeriod"_s);
@@ -52,15 +53,7 @@ void frmMapPropagation::ConnectParts() {
 }
 
 void frmMapPropagation::Open() {
-  if (opened_) {
-    // A minimized window would stay where nobody sees it.
-    setWindowState(windowState() & ~Qt::WindowMinimized);
-    show();
-    raise();
-    activateWindow();
-    return;
-  }
-  opened_ = true;
+  if (BringToFront()) return;
   const int last = static_cast<int>(program_.lstMap.size()) - 1;
   SetMapIndex(last < 0 ? -1 : std::clamp(program_.config.MapIndex, 0, last));
   session_.Open();
@@ -69,7 +62,7 @@ void frmMapPropagation::Open() {
 
 void frmMapPropagation::ShowTexts() {
   FillLists();
-  MapWindow::ShowTexts();
+  CallMapWindow::ShowTexts();
 }
 
 void frmMapPropagation::FillLists() {
@@ -110,32 +103,9 @@ QString frmMapPropagation::CallOf(const QString& labelName) const {
   return session_.Paths().calls.value(number.toInt());
 }
 
-qsizetype frmMapPropagation::LabelOf(const QString& call) {
-  const QList<MapOverlay::Label>& labels = View().Labels();
-  for (qsizetype i = 0; i < labels.size(); ++i) {
-    if (labels.at(i).id == call) return i;
-  }
-  return -1;
-}
-
 void frmMapPropagation::LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) {
   picRx_.hide();
-  menuCall_ = CallOf(name);
-  MenuRequest request;
-  request.menu = MenuId::MapCall;
-  request.subject.caller = menuCall_;
-  request.subject.placed = true;
-  request.owner = this;
-  request.name = menuCall_;
-  request.at = at;
-  request.byKeyboard = byKeyboard;
-  menus_.OpenMenu(request);
-}
-
-void frmMapPropagation::MnuPopupClick(int index) {
-  if (index != 0) return;  // the satellite views have no window yet
-  const QRect place = View().LabelRect(LabelOf(menuCall_));
-  Q_EMIT LookupWanted(menuCall_, QRect(View().mapToGlobal(place.topLeft()), place.size()));
+  CallMapWindow::LabelPressed(name, at, byKeyboard);
 }
 
 void frmMapPropagation::PointAt(qsizetype label) {
@@ -182,5 +152,5 @@ void frmMapPropagation::EndWalk() {
 
 void frmMapPropagation::keyPressEvent(QKeyEvent* event) {
   if (picRx_.isVisible() && picRx_.TakeKey(event->key())) return;
-  MapWindow::keyPressEvent(event);
+  CallMapWindow::keyPressEvent(event);
 }

@@ -6,12 +6,12 @@
 #include <QComboBox>
 #include <QSet>
 
-#include "maps/map_window.h"
+#include "maps/call_map_window.h"
 #include "onair/propagation_session.h"
 #include "onair/received_grid.h"
 
 // The map of paths with its three lists and the grid of a station.
-class frmMapPropagation : public MapWindow {
+class frmMapPropagation : public CallMapWindow {
   Q_OBJECT
 
  public:
@@ -26,13 +26,7 @@ class frmMapPropagation : public MapWindow {
   // Shows the map that was used last and begins to ask for the reports, or brings the open window to the front.
   void Open();
   void ShowTexts() override;
-  // The database has changed.
-  void Rebuild() { session_.Rebuild(); }
-  void MnuPopupClick(int index) override;
-
- Q_SIGNALS:
-  // The lookup of a call is wanted; at: its label on the screen.
-  void LookupWanted(const QString& call, const QRect& at);
+  void Rebuild() override { session_.Rebuild(); }
 
  protected:
   MapDrawing BuildDrawing(const MapSurface& surface) override;
@@ -43,7 +37,6 @@ class frmMapPropagation : public MapWindow {
   void ConnectParts();
   void FillLists();
   QString CallOf(const QString& labelName) const;
-  qsizetype LabelOf(const QString& call);
   void PointAt(qsizetype label);
   void ShowGrid(qsizetype label);
   void EndWalk();
@@ -57,9 +50,7 @@ class frmMapPropagation : public MapWindow {
   QComboBox cboMode_;
   ReceivedGrid picRx_;
   QString gridCall_;    // whose grid was shown last
-  QString menuCall_;    // whose menu was opened last
   QSet<QString> imgX_;  // calls whose label was closed, until the next refresh
   QString walked_;      // the station whose partners are walked through, and where the walk is
   QString partner_;
-  bool opened_ = false;
 };
