@@ -11,6 +11,7 @@ namespace {
 
 constexpr qsizetype kLongestLine = 1024LL * 1024;
 constexpr qint64 kReadAtOnce = 64LL * 1024;
+constexpr qsizetype kMostClients = 8;
 constexpr int kClosedPatienceMs = 500;  // to send "Closed"
 constexpr int kProbePatienceMs = 100;   // until somebody answers on an existing socket
 
@@ -53,8 +54,8 @@ bool CompanionLink::Listen() {
 // Ends all connections without reading what they have still sent.
 void CompanionLink::CloseConnections() {
   server_.close();
-  const QHash<QLocalSocket*, PartialLine> partialLines = std::exchange(partialLines_, {});
-  for (auto socket = partialLines.keyBegin(); socket != partialLines.keyEnd(); ++socket) {
+  const QHash<QLocalSocket*, Client> clients = std::exchange(clients_, {});
+  for (auto socket = clients.keyBegin(); socket != clients.keyEnd(); ++socket) {
     (*socket)->disconnect(this);
     (*socket)->abort();
     (*socket)->deleteLater();
@@ -75,37 +76,60 @@ void CompanionLink::SendClosed() {
 
 void CompanionLink::Accept() {
   while (QLocalSocket* socket = server_.nextPendingConnection()) {
-    socket->setReadBufferSize(kReadAtOnce);
-    partialLines_.insert(socket, {});
-    connect(socket, &QLocalSocket::readyRead, this, [this, socket]() { Read(socket); });
-    connect(socket, &QLocalSocket::disconnected, this, [this, socket]() {
-      Read(socket);
-      partialLines_.remove(socket);
+    if (clients_.size() == kMostClients) {
+      socket->abort();
       socket->deleteLater();
-    });
+      continue;
+    }
+    socket->setReadBufferSize(kReadAtOnce);
+    clients_.insert(socket, {});
+    const auto read = [this, socket]() { Read(socket); };
+    connect(socket, &QLocalSocket::readyRead, this, read);
+    connect(socket, &QLocalSocket::disconnected, this, read);
     // For bytes that arrived before the connects above no readyRead is raised.
-    Read(socket);
+    ReadSoon(socket);
   }
 }
 
+void CompanionLink::ReadSoon(QLocalSocket* socket) {
+  if (std::exchange(clients_[socket].readsSoon, true)) return;
+  // The socket is the context, so that nothing comes of it once the connection is gone.
+  QMetaObject::invokeMethod(
+      socket,
+      [this, socket]() {
+        if (clients_.contains(socket)) clients_[socket].readsSoon = false;
+        Read(socket);
+      },
+      Qt::QueuedConnection);
+}
+
+// Takes one line. Each line may refresh the page, so a client that sends thousands of them at once gets one of them in
+// a turn of the event loop.
 void CompanionLink::Read(QLocalSocket* socket) {
-  PartialLine& partial = partialLines_[socket];
-  QList<QByteArray> lines;
-  while (socket->bytesAvailable() > 0) {
-    const QByteArray bytes = socket->read(kReadAtOnce);
-    qsizetype start = 0;
-    for (qsizetype end = bytes.indexOf('\n'); end >= 0; end = bytes.indexOf('\n', start)) {
-      partial.bytes += bytes.sliced(start, end - start);
-      if (!partial.tooLong && partial.bytes.size() <= kLongestLine) lines += partial.bytes;
-      partial = {};
-      start = end + 1;
-    }
-    if (!partial.tooLong) partial.bytes += bytes.sliced(start);
-    if (partial.bytes.size() > kLongestLine) partial = {{}, true};
+  if (!clients_.contains(socket) || clients_[socket].readsSoon) return;
+  Client& client = clients_[socket];
+  qsizetype end = client.bytes.indexOf('\n');
+  if (end < 0) {
+    client.bytes += socket->read(kReadAtOnce);
+    end = client.bytes.indexOf('\n');
   }
-  // Raised after the loop: a handler may do anything, even lead to a further Read(), and partial would then no longer
-  // be valid.
-  for (const QByteArray& line : lines) TakeLine(line);
+  QByteArray line;
+  if (end >= 0) {
+    line = client.bytes.first(end);
+    client.bytes.remove(0, end + 1);
+    if (std::exchange(client.tooLong, false) || line.size() > kLongestLine) line.clear();
+  } else if (client.bytes.size() > kLongestLine) {
+    client.bytes.clear();
+    client.tooLong = true;
+  }
+  if (client.bytes.contains('\n') || socket->bytesAvailable() > 0) {
+    ReadSoon(socket);
+  } else if (socket->state() == QLocalSocket::UnconnectedState) {
+    clients_.remove(socket);
+    socket->deleteLater();
+  }
+  // Last, because a handler may do anything.
+  TakeLine(line);
 }
 
 void CompanionLink::TakeLine(const QByteArray& line) {

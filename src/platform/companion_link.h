@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The channel of the companion program TV Echo: a local socket of the same user that takes "txtRxOk=..." and
-// "txtFromRxOk=..." lines; at closing one line goes the other way.
+// "txtFromRxOk=..." lines; at closing one line goes the other way. ReceivedOk owns the program's only one.
 #pragma once
 
 #include <QByteArray>
@@ -28,22 +28,25 @@ class CompanionLink : public QObject {
   void SendClosed();
 
  Q_SIGNALS:
-  // item: "txtRxOk" or "txtFromRxOk"; other lines and lines over 1 MiB are dropped.
+  // item: "txtRxOk" or "txtFromRxOk"; other lines and lines over 1 MiB are dropped. Of each client one line is told in
+  // a turn of the event loop. Eight clients are heard; a ninth is hung up on.
   void TextArrived(const QString& item, const QString& text);
 
  private:
-  // The bytes that a companion has sent of a line that has not ended yet.
-  struct PartialLine {
+  // A connection, and what it has sent of lines that have not been taken yet.
+  struct Client {
     QByteArray bytes;
-    bool tooLong = false;  // what is left of this line is skipped
+    bool tooLong = false;    // what is left of this line is skipped
+    bool readsSoon = false;  // Read() is queued
   };
 
   void CloseConnections();
   void Accept();
   void Read(QLocalSocket* socket);
+  void ReadSoon(QLocalSocket* socket);
   void TakeLine(const QByteArray& line);
 
   QString socketDir_;
   QLocalServer server_;
-  QHash<QLocalSocket*, PartialLine> partialLines_;
+  QHash<QLocalSocket*, Client> clients_;
 };

@@ -6,6 +6,7 @@
 #include <QLocalServer>
 #include <QLocalSocket>
 #include <QSemaphore>
+#include <QTimer>
 
 #include "platform/background.h"
 #include "platform/companion_link.h"
@@ -89,6 +90,37 @@ class TestNeighbours : public QObject {
       QVERIFY(brief.waitForBytesWritten());
     }
     QTRY_COMPARE(texts.size(), 6);
+  }
+
+  // Each line may refresh a page: a client that floods the channel must leave turns of the event loop to the user.
+  void AFloodHoldsNothingUp() {
+    const TestFolder dir;
+    CompanionLink link(dir.path());
+    QVERIFY(link.Listen());
+    int lines = 0;
+    int most = 0;
+    connect(&link, &CompanionLink::TextArrived, this, [&]() { most = std::max(most, ++lines); });
+    QTimer turn;
+    connect(&turn, &QTimer::timeout, this, [&]() { lines = 0; });
+    turn.start(0);
+    QSignalSpy texts(&link, &CompanionLink::TextArrived);
+    QList<QLocalSocket*> clients;
+    for (int i = 0; i < 9; ++i) {
+      clients.append(new QLocalSocket(&link));
+      clients.last()->connectToServer(dir.filePath(kSocket));
+      QVERIFY(clients.last()->waitForConnected());
+    }
+    // The ninth is hung up on; its place is free again when another one has gone.
+    QTRY_COMPARE(clients.at(8)->state(), QLocalSocket::UnconnectedState);
+    clients.at(1)->abort();
+    QCoreApplication::processEvents();
+    clients.at(8)->connectToServer(dir.filePath(kSocket));
+    Say(*clients.at(8), "txtRxOk=x\n");
+    QTRY_COMPARE(texts.size(), 1);
+    Say(*clients.first(), QByteArray("txtFromRxOk=Refresh\n").repeated(5000));
+    clients.first()->disconnectFromServer();
+    QTRY_COMPARE(texts.size(), 5001);
+    QVERIFY2(most < 10, qPrintable(QString::number(most)));
   }
 
   void LeavesALivingSocketAlone() {
