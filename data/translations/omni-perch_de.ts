@@ -165,6 +165,13 @@
     </message>
 </context>
 <context>
+    <name>RxOkLookupPanel</name>
+    <message>
+        <source>Connection failed</source>
+        <translation>Verbindung fehlgeschlagen</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

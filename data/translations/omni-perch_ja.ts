@@ -164,6 +164,13 @@
     </message>
 </context>
 <context>
+    <name>RxOkLookupPanel</name>
+    <message>
+        <source>Connection failed</source>
+        <translation>接続できませんでした</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

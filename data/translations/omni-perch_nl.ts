@@ -165,6 +165,13 @@
     </message>
 </context>
 <context>
+    <name>RxOkLookupPanel</name>
+    <message>
+        <source>Connection failed</source>
+        <translation>Verbinding mislukt</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

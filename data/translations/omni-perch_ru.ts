@@ -166,6 +166,13 @@
     </message>
 </context>
 <context>
+    <name>RxOkLookupPanel</name>
+    <message>
+        <source>Connection failed</source>
+        <translation>Не удалось подключиться</translation>
+    </message>
+</context>
+<context>
     <name>StationWords</name>
     <message>
         <source> not found in database  </source>

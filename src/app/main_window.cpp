@@ -9,7 +9,6 @@
 #include <QWindow>
 
 #include "page/thumb_layout.h"
-#include "platform/companion_link.h"
 #include "platform/text/numbers.h"
 #include "ui/language_change.h"
 
@@ -44,8 +43,9 @@ Form1::Form1(Services& services)
       undoLine_(new UndoLine(this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)),
       picToolTip_(new TipWindow(this)) {
-  windows_ = std::make_unique<Windows>(services, *menus_, this);
+  windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
+  received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -166,6 +166,7 @@ bool Form1::Load(bool anotherRuns) {
   logic_.poll.ShowStoredPage();
   connectivity_.Run();
   showTimer_.start();
+  received_->Start();
   // Not before all has been read: an end of the session must not write back what is still empty.
   connect(qGuiApp, &QGuiApplication::commitDataRequest, this, &Form1::SessionEnds);
   return true;
@@ -281,7 +282,7 @@ void Form1::ShowPageLabel() {
 void Form1::MnuPagesClick(int index) {
   const int page = index + 1;
   if (page < 1 || page > PageState::WxPage) return;
-  pic_->lblMap->hide();
+  received_->LeavePage();
   logic_.poll.PageChange(page);
 }
 
@@ -383,7 +384,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 }
 
 void Form1::FirstClosingStep() {
-  const auto sendClosed = [this]() { CompanionLink(services_.run.socketDir).SendClosed(); };
+  const auto sendClosed = [this]() { received_->SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
   message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
   message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);

@@ -11,6 +11,7 @@
 #include "app/load_sequence.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
+#include "app/received_ok.h"
 #include "app/services.h"
 #include "app/station_calls.h"
 #include "app/undo_line.h"
@@ -102,6 +103,7 @@ class Form1 : public QWidget {
   UndoLine* undoLine_;
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
+  ReceivedOk* received_ = nullptr;
   TipWindow* picToolTip_;
   Wanted tipPicture_;  // the operator's picture of the open tip
   std::unique_ptr<frmShowMsg> message_;
@@ -109,6 +111,7 @@ class Form1 : public QWidget {
   int twipsX_ = 15;
   int twipsY_ = 15;
   long screenHTwips_ = 0;
+  RxOkList lstRxOk_;
   std::unique_ptr<Windows> windows_;  // destroyed first, because open windows refer to the members above
   enum class Closing { No, Running, Done } closing_ = Closing::No;
 };

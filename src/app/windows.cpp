@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "onair/rx_ok_window.h"
 #include "station/callsign.h"
 
 // A row of the table: how a kind of window is made, and whether it is a setup window.
@@ -16,15 +17,16 @@ const QList<Windows::Registration>& Windows::Registrations() {
   static const QList<Registration> registrations = {
       {WindowKind::Lookup, &Windows::MakeLookup},     {WindowKind::LocationMap, &Windows::MakeLocationMap},
       {WindowKind::OnAirNow, &Windows::MakeOnAirNow}, {WindowKind::PropagationMap, &Windows::MakePropagationMap},
-      {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
+      {WindowKind::OnAirMap, &Windows::MakeOnAirMap}, {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
   };
   return registrations;
 }
 
-Windows::Windows(Services& services, MenuOpener& menus, QWidget* mainWindow)
+Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, QWidget* mainWindow)
     : QObject(mainWindow),
       services_(services),
       menus_(menus),
+      lstRxOk_(lstRxOk),
       mainWindow_(mainWindow),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
   RegisterOnAirCommands();
@@ -109,6 +111,17 @@ BaseWindow* Windows::MakeOnAirMap() {
   return Connected(window);
 }
 
+BaseWindow* Windows::MakeReceivedOkMap() {
+  Services& s = services_;
+  const RxOkLookups::Dependencies lookUps{s.program, s.network,    s.run.hosts, s.pageText,
+                                          s.tool,    s.background, s.database};
+  auto* window = new frmMapRxOk({lookUps, lstRxOk_, s.maps, menus_}, mainWindow_);
+  connect(window, &frmMapRxOk::LocationMissing, this, [this, window]() {
+    services_.dialogs.Inform(window, services_.program.language[TextLine::kMapNeedsLocation].trimmed(), false);
+  });
+  return Connected(window);
+}
+
 void Windows::RegisterOnAirCommands() {
   Commands& commands = services_.commands;
   commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
@@ -151,6 +164,10 @@ Form12& Windows::LookUp(const QString& call, const QRect& beside) {
 void Windows::ShowOnMap(const QString& call, double lat, double lon) {
   const QString shown = ShownCall(call, services_.program.ZeroGlyph);
   static_cast<frmMapLoc&>(Get(WindowKind::LocationMap)).PickMapForTarget(shown, lat, lon);
+}
+
+void Windows::ShowReceivedOkMap() {
+  static_cast<frmMapRxOk&>(Get(WindowKind::ReceivedOkMap)).Open();
 }
 
 // The lookup window has covered the maps.

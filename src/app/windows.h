@@ -16,19 +16,20 @@
 #include "onair/on_air_caption.h"
 #include "onair/on_air_now_window.h"
 #include "onair/propagation_window.h"
+#include "onair/rx_ok_list.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap, OnAirMap };
+enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap };
 
 // All windows beside Form1.
 class Windows : public QObject {
   Q_OBJECT
 
  public:
-  // menus opens the menus of all windows. The windows stay above mainWindow.
-  Windows(Services& services, MenuOpener& menus, QWidget* mainWindow);
+  // menus opens the menus of all windows. The windows stay above mainWindow. lstRxOk: what frmMapRxOk draws.
+  Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, QWidget* mainWindow);
   // Deletes the windows that are still open, before the objects that they refer to.
   ~Windows() override;
 
@@ -45,6 +46,7 @@ class Windows : public QObject {
   void Show(WindowKind kind);
   // Shows a place, in degrees, on the map that suits it best.
   void ShowOnMap(const QString& call, double lat, double lon);
+  void ShowReceivedOkMap();
 
   void ShowPropagationMap();
 
@@ -70,6 +72,7 @@ class Windows : public QObject {
   BaseWindow* MakeOnAirNow();
   BaseWindow* MakePropagationMap();
   BaseWindow* MakeOnAirMap();
+  BaseWindow* MakeReceivedOkMap();
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
@@ -77,6 +80,7 @@ class Windows : public QObject {
 
   Services& services_;
   MenuOpener& menus_;
+  const RxOkList& lstRxOk_;
   QWidget* mainWindow_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;

@@ -1,9 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/lookup_session.h"
 
-#include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 #include "callbook/call_entry.h"
 #include "station/callsign.h"
@@ -25,12 +23,6 @@ constexpr std::chrono::milliseconds kCookiePause = 400ms;
 // Reads after cookies that came during a read. Such a cookie may belong to the sign-in, but some services set one with
 // every page, so reading after each of them would never end.
 constexpr int kReadsForCookies = 2;
-
-bool WritePicture(const QString& path, const QByteArray& bytes) {
-  if (!QDir().mkpath(QFileInfo(path).path())) return false;
-  QSaveFile file(path);
-  return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
 
 }  // namespace
 
@@ -309,7 +301,7 @@ void LookupSession::GotPic(const QString& call) {
     };
     if (!answer.ok) return show(false);
     deps_.background.Run<bool>(
-        this, [path, bytes]() { return WritePicture(path, bytes); }, show);
+        this, [path, bytes]() { return WriteOperatorPicture(path, bytes); }, show);
   });
 }
 

@@ -3,6 +3,7 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPushButton>
 
 #include "core/program.h"
 
@@ -20,6 +21,17 @@ bool Dialogs::AskRetry(QWidget* parent, const QString& text) {
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(QMessageBox::Retry);
   return box.exec() == QMessageBox::Retry;
+}
+
+bool Dialogs::AskSecond(QWidget* parent, const QString& text, const QString& first, const QString& second) {
+  QMessageBox box(QMessageBox::Question, Program::Title(), text, QMessageBox::NoButton, parent);
+  box.setTextFormat(Qt::PlainText);
+  QPushButton* firstButton = box.addButton(first, QMessageBox::RejectRole);
+  const QPushButton* secondButton = box.addButton(second, QMessageBox::AcceptRole);
+  box.setDefaultButton(firstButton);
+  box.setEscapeButton(firstButton);
+  box.exec();
+  return box.clickedButton() == secondButton;
 }
 
 QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter) {

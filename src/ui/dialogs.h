@@ -17,6 +17,8 @@ class Dialogs {
   virtual void Inform(QWidget* parent, const QString& text, bool exclamation);
   // Asks a question with the buttons Retry and Cancel; true for Retry.
   virtual bool AskRetry(QWidget* parent, const QString& text);
+  // Asks a question with two buttons of these captions; true for the second.
+  virtual bool AskSecond(QWidget* parent, const QString& text, const QString& first, const QString& second);
   // Asks for the path of a file to be written; folder and name are the suggestion. The user has agreed to replace an
   // existing file. filter as in "bmp files (*.bmp)": its first ending is added to a name without one. Empty if
   // cancelled.

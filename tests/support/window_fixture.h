@@ -13,6 +13,7 @@ class ScriptedDialogs : public Dialogs {
   bool exclamation = false;
   QList<bool> retries;
   int asked = 0;
+  bool second = false;  // the answer to a question with two buttons
 
   void Inform(QWidget*, const QString& text, bool mark) override {
     told.append(text);
@@ -21,6 +22,10 @@ class ScriptedDialogs : public Dialogs {
   bool AskRetry(QWidget*, const QString&) override {
     ++asked;
     return !retries.isEmpty() && retries.takeFirst();
+  }
+  bool AskSecond(QWidget*, const QString& text, const QString&, const QString&) override {
+    told.append(text);
+    return second;
   }
 };
 

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "app/received_ok.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+constexpr int kBuildTicks = 2;
+}  // namespace
+
+ReceivedOk::ReceivedOk(const Parts& parts, QWidget* window)
+    : QObject(window), parts_(parts), window_(window), link_(parts.services.run.socketDir) {
+  Timer3.setInterval(1s);
+  connect(&Timer3, &QTimer::timeout, this, &ReceivedOk::Tick);
+  connect(&link_, &CompanionLink::TextArrived, this, &ReceivedOk::TakeText);
+  connect(parts_.pic.lblMap, &BarLabel::clicked, this, &ReceivedOk::OpenMap);
+  parts_.services.commands.Register(Command::ShowReceivedOkMap, this, [this](const MenuChoice&) { OpenMap(); });
+}
+
+void ReceivedOk::Start() {
+  link_.Listen();
+  Timer3.start();
+}
+
+void ReceivedOk::Tick() {
+  if (++ticks_ % kBuildTicks == 0) Build();
+}
+
+void ReceivedOk::Build() {
+  parts_.lstRxOk.BuildRxOkList(parts_.services.program);
+  ShowLabel();
+}
+
+// Caption and visibility are set once the list is complete: a label that is hidden for a moment flickers, and loses the
+// keyboard's focus.
+void ReceivedOk::ShowLabel() {
+  BarLabel* lblMap = parts_.pic.lblMap;
+  const qsizetype count = parts_.lstRxOk.Rows().size();
+  const QString caption = u"Map (%1 rx sites)"_s.arg(count);
+  if (count > 0 && lblMap->text() != caption) lblMap->SetCaption(caption);
+  if (lblMap->Wanted() != (count > 0)) lblMap->setVisible(count > 0);
+}
+
+void ReceivedOk::TakeText(const QString& item, const QString& text) {
+  if (item == "txtRxOk"_L1) {
+    parts_.lstRxOk.SetReports(text);
+    // An empty text clears the list at once. What the thumbnails say comes back in the same step, not two seconds
+    // later.
+    if (text.isEmpty()) Build();
+  } else if (text == "Refresh"_L1) {
+    parts_.poll.RefreshClick();
+  }
+}
+
+void ReceivedOk::LeavePage() {
+  parts_.lstRxOk.Clear();
+  parts_.pic.lblMap->hide();
+}
+
+void ReceivedOk::OpenMap() {
+  const Program& program = parts_.services.program;
+  Dialogs& dialogs = parts_.services.dialogs;
+  const QString call = program.config.MyCall;
+  if (call.isEmpty()) return dialogs.Inform(window_, program.language[TextLine::kCallMissing].trimmed(), false);
+  const bool isOpen = parts_.windows.Find(WindowKind::ReceivedOkMap) != nullptr;
+  if (parts_.lstRxOk.Rows().isEmpty() && !isOpen) {
+    if (std::exchange(asking_, true)) return;
+    const QString text = QString(program.language[TextLine::kNoReports]).replace("xxx"_L1, call).trimmed();
+    const bool show = dialogs.AskSecond(window_, text, program.language[TextLine::kCloseWord].trimmed(),
+                                        program.language[TextLine::kShowMap].trimmed());
+    asking_ = false;
+    // The program may have been closed while the question was on the screen.
+    if (!show || closed_) return;
+  }
+  parts_.windows.ShowReceivedOkMap();
+}
+
+void ReceivedOk::SendClosed() {
+  closed_ = true;
+  link_.SendClosed();
+  Timer3.stop();
+}
