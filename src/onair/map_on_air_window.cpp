@@ -35,7 +35,7 @@ frmMapOnAir::frmMapOnAir(const Dependencies& dependencies, QWidget* opener)
       cmdPaste_(u"cmdPaste"_s, this),
       cmdHelp_(u"cmdHelp"_s, this),
       picList2_(this),
-      lblList2_(u"lblList2"_s, &picList2_),
+      lblList2_(&picList2_),
       List2_(dependencies.tool, &picList2_),
       lstInfo_(this),
       tip_(this) {
@@ -53,6 +53,9 @@ void frmMapOnAir::MakeControls() {
   picList2_.setObjectName(u"picList2"_s);
   picList2_.setFrameShape(QFrame::StyledPanel);
   picList2_.setAutoFillBackground(true);
+  lblList2_.setObjectName(u"lblList2"_s);
+  lblList2_.setAutoRaise(true);
+  lblList2_.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   List2_.setObjectName(u"List2"_s);
   List2_.Model().ModeSide = Qt::AlignRight;
   for (const OnAirColumn column : {OnAirColumn::Azimuth, OnAirColumn::Picture, OnAirColumn::Extra}) {
@@ -121,8 +124,9 @@ void frmMapOnAir::ShowTexts() {
   cmdPaste_.SetCaption(language[TextLine::kViewPasteTip].trimmed());
   cmdHelp_.SetCaption(language[TextLine::kSetupHelp].trimmed());
   const QString title = language[TextLine::kOnAirListTitle].trimmed();
-  lblList2_.SetCaption(title + u"  -  "_s + language[TextLine::kOnAirListColumns].trimmed() + u"\r\n"_s +
-                       language[TextLine::kOnAirListClose].trimmed());
+  lblList2_.setText(title + u"  -  "_s + language[TextLine::kOnAirListColumns].trimmed() + u'\n' +
+                    language[TextLine::kOnAirListClose].trimmed());
+  lblList2_.setAccessibleName(lblList2_.text().simplified());
   List2_.setAccessibleName(title);
   List2_.Model().ShowTexts();
   ShowCaptions();

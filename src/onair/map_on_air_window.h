@@ -66,7 +66,7 @@ class frmMapOnAir : public CallMapWindow {
   BarLabel cmdPaste_;
   BarLabel cmdHelp_;
   QFrame picList2_;
-  BarLabel lblList2_;
+  QToolButton lblList2_;
   OnAirGrid List2_;
   QLabel lstInfo_;
   frmTipOnAir tip_;
