@@ -121,8 +121,9 @@ void MapWindow::Display_Map(const MapPicture& picture) {
   }
   const QString title = MapTitle(program_.lstMap, mapIndex_);
   const QString maps = program_.language[TextLine::kMapsWord].trimmed();
-  setWindowTitle(title.isEmpty() ? Program::Title() + u"  "_s + maps : title);
-  picOuter_->setAccessibleName(windowTitle());
+  const QString map = title.isEmpty() ? Program::Title() + u"  "_s + maps : title;
+  setWindowTitle(TitleOn(map));
+  picOuter_->setAccessibleName(map);
   RedrawOverlay();
   picOuter_->SetHome(keep_, kMapBottomRoom);
   PlaceOnScreen();

@@ -44,6 +44,8 @@ class MapWindow : public BaseWindow {
   virtual MapDrawing BuildDrawing(const MapSurface& surface) = 0;
   // A clickable label was clicked or pressed by keyboard. name: the label's; at: where its menu opens on the screen.
   virtual void LabelPressed(const QString& name, const QPoint& at, bool byKeyboard) = 0;
+  // The window's title while a map is shown that is called so.
+  virtual QString TitleOn(const QString& map) const { return map; }
   // Stores the map that the user has chosen, for the next window and the next run.
   virtual void StoreMapIndex(int index) { program_.config.MapIndex = index; }
 

@@ -135,11 +135,19 @@ void frmMapOnAir::ShowTexts() {
 }
 
 void frmMapOnAir::ShowCaptions() {
-  const QString count = u" ("_s + QString::number(drawn_.size()) + u')';
-  const QString title = program_.language[TextLine::kOnAirText] + count;
+  const QString title = TitleOn({});
   if (windowTitle() != title) setWindowTitle(title);
   setAccessibleName(title);
-  cmdOnAir_.SetCaption(caption_.Text() + count);
+  cmdOnAir_.SetCaption(caption_.Text() + CountText());
+}
+
+QString frmMapOnAir::TitleOn(const QString& map) const {
+  Q_UNUSED(map)
+  return program_.language[TextLine::kOnAirText] + CountText();
+}
+
+QString frmMapOnAir::CountText() const {
+  return u" ("_s + QString::number(drawn_.size()) + u')';
 }
 
 void frmMapOnAir::ShowView() {

@@ -40,6 +40,8 @@ class frmMapOnAir : public CallMapWindow {
 
  protected:
   MapDrawing BuildDrawing(const MapSurface& surface) override;
+  // Whatever map it is: who is on the air, and how many.
+  QString TitleOn(const QString& map) const override;
   void StoreMapIndex(int index) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -50,6 +52,7 @@ class frmMapOnAir : public CallMapWindow {
   void ConnectSignals();
   void ShowView();
   void ShowCaptions();
+  QString CountText() const;
   void ShowList(bool shown);
   void PlaceList();
   void ShowInfoOf(qsizetype label);

@@ -91,6 +91,7 @@ class TestOnAirMap : public QObject {
     QTest::keyClick(&f.Part<QListView>(u"cboMaps"_s), Qt::Key_Return);
     QTRY_COMPARE(f.Labels(), u" Me | ZZ1ØQ "_s);
     QVERIFY(*f.View().Labels().at(1).anchor != world);
+    QCOMPARE(f.window->windowTitle(), u"On Air Now (6)"_s);
     QCOMPARE(f.Part<QTableView>(u"List2"_s).model()->rowCount(), 6);
     QCOMPARE(StoredSettings(f.store).Number(Setting::OnAirMapIndex), 0);
     QCOMPARE(f.program.config.MapIndex, Program().config.MapIndex);
