@@ -62,6 +62,7 @@ constexpr std::array kWorkbench{
 constexpr qint64 kHour = 3600;
 constexpr qint64 kDay = 24 * kHour;
 constexpr auto kBlocked = "ZZ9FOX"_L1;
+constexpr auto kMyCall = "ZZ9QX"_L1;
 
 // Suffixes that begin with Q are given to nobody; no letter K, which with the Q would name a mode.
 QString CallOf(const Land& land, int index) {
@@ -118,6 +119,13 @@ void MakeParticular(int index, PictureRecipe& recipe, Station& station) {
       break;
     case 15:
       recipe.caller = kBlocked.toString();
+      break;
+    case 2:
+    case 18:
+    case 25:
+    case 38:  // has received the user's own picture
+      recipe.caller = kMyCall.toString();
+      recipe.tail = TailStyle::Full;
       break;
     case 21:
       station.Misbehave({}, Behaviour::NotFound);
@@ -246,5 +254,6 @@ Demo BuildDemo(StationBand& band, const QDateTime& now) {
   GivePlaces(demo.sites, regionSizes);
   AddWeather(band, demo, now);
   demo.blockedSender = kBlocked.toString();
+  demo.MyCall = kMyCall.toString();
   return demo;
 }

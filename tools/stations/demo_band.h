@@ -38,6 +38,7 @@ struct Demo {
   std::vector<DemoWxSite> wxSites;
   QStringList pageLabels;  // of page 1 and on
   QString blockedSender;
+  QString MyCall;                 // whose station the demo is
   std::vector<Station*> healthy;  // stations that may receive new pictures, those of page 1 first
 };
 

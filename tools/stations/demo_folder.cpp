@@ -20,7 +20,7 @@ QString DateOf(const QDateTime& when) {
   return when.isValid() ? QLocale::c().toString(when, u"M/d/yyyy hh:mm"_s) : QString();
 }
 
-QByteArray Configuration(const QDateTime& now) {
+QByteArray Configuration(const Demo& demo, const QDateTime& now) {
   return Lines({u"2"_s,  // window size class
                 u"5"_s,  // 35 thumbnails
                 u"1"_s,
@@ -31,13 +31,13 @@ QByteArray Configuration(const QDateTime& now) {
                 u"10.4"_s,
                 u"0"_s,  // own place, kilometres
                 u"0"_s,
-                u"0"_s,      // cams
-                u"ZZ9QX"_s,  //
+                u"0"_s,       // cams
+                demo.MyCall,  //
+                u"2"_s,
                 u"0"_s,
                 u"0"_s,
-                u"0"_s,
-                u"0"_s,  // map and its offsets, cam view
-                u"ZZ9QX"_s,
+                u"0"_s,  // the map of Europe, its offsets, cam view
+                demo.MyCall,
                 u"1"_s,                             //
                 u"0*"_s + DateOf(now.addDays(-1)),  // received-OK list
                 u"0"_s});
@@ -66,6 +66,8 @@ QByteArray WeatherList(const Demo& demo) {
 
 QByteArray Settings(const Demo& demo) {
   QByteArray text = "[Omni-Perch]\nBlock\\0=" + demo.blockedSender.toLatin1() + '\n';
+  // The whole world, where all of the demo's stations are.
+  text += "Map\\index=8\n";
   for (qsizetype i = 0; i < demo.pageLabels.size(); ++i) {
     text += "LABELS\\" + QByteArray::number(i + 1) + '=' + demo.pageLabels.at(i).toLatin1() + '\n';
   }
@@ -91,7 +93,7 @@ bool SeedFolder(const QString& folder, const StationBand& band, const Demo& demo
            done;
     done = Write(dir.filePath(u"Omni-Perch-DB.db"_s), DemoDatabase(demo.sites)) && done;
     done = Write(dir.filePath(u"settings.ini"_s), Settings(demo)) && done;
-    done = Write(dir.filePath(u"Omni-Perch.cfg"_s), Configuration(now)) && done;
+    done = Write(dir.filePath(u"Omni-Perch.cfg"_s), Configuration(demo, now)) && done;
   }
   return Write(dir.filePath(u"hosts.ini"_s), band.HostsIni()) && done;
 }

@@ -14,7 +14,9 @@
 #include <cstdio>
 #include <memory>
 
+#include "companion.h"
 #include "demo_folder.h"
+#include "own_pictures.h"
 
 using namespace Qt::StringLiterals;
 
@@ -116,10 +118,15 @@ int Serve(StationBand& band, const Demo& demo, const QCommandLineParser& options
   for (const QString& name : band.HostNames()) band.FindHost(name)->SetLatency(latency);
   Traffic traffic(demo, options.value(u"random"_s).toUInt());
   const double every = options.value(u"new-every"_s).toDouble();
-  const auto ready = [&traffic, every] {
+  const std::chrono::milliseconds pause(static_cast<qint64>(every * 1000));
+  std::unique_ptr<OwnPictures> own;
+  if (options.isSet(u"companion"_s)) own = std::make_unique<OwnPictures>(options.value(u"companion"_s), demo);
+  const auto ready = [&traffic, &own, pause] {
     std::printf("ready\n");
     std::fflush(stdout);
-    if (every > 0) traffic.Start(std::chrono::milliseconds(static_cast<qint64>(every * 1000)));
+    if (pause.count() == 0) return;
+    traffic.Start(pause);
+    if (own) own->Start(3 * pause);
   };
   PaintAhead(band, ready);
   stop.Watch();
@@ -141,6 +148,7 @@ int main(int argc, char** argv) {
                       {u"serve"_s, u"Serve until SIGTERM, or until the pipe on stdin closes; prints \"ready\"."_s},
                       {u"port"_s, u"Port of every host."_s, u"number"_s, u"8473"_s},
                       {u"new-every"_s, u"A new picture somewhere every <seconds>; 0 for none."_s, u"seconds"_s, u"0"_s},
+                      {u"companion"_s, u"Report receptions by the sockets in <dir>."_s, u"dir"_s},
                       {u"random"_s, u"Which stations receive them."_s, u"number"_s, u"1"_s},
                       {u"latency"_s, u"Milliseconds before each answer."_s, u"ms"_s, u"0"_s}});
   options.process(app);

@@ -90,9 +90,10 @@ void Station::SetRecipe(const PictureRecipe& recipe) {
   painted_.clear();
 }
 
-void Station::NewPicture(const QDateTime& sent) {
+void Station::NewPicture(const QDateTime& sent, const QString& caller) {
   ++newest_;
   sentAt_.insert(newest_, sent);
+  if (!caller.isEmpty()) callers_.insert(newest_, caller);
   // Any other height will do; a step of 37 keeps clear of the heights of the pictures before it.
   const int height = marker_.height() + 37;
   marker_.setHeight(height > kMarkerHigh ? height - kMarkerHigh + kMarkerLow : height);
@@ -107,7 +108,7 @@ PictureRecipe Station::RecipeOf(int number) const {
   PictureRecipe recipe = recipe_;
   if (number == 0) return recipe;
   recipe.seed = recipe_.seed * 2654435761U + static_cast<quint32>(number) * 40503U;
-  recipe.caller.clear();
+  recipe.caller = callers_.value(number);
   recipe.scene.clear();
   recipe.sent = sentAt_.value(number, recipe_.sent.addSecs(number * 3900LL));
   if (number <= kSentNumber) {

@@ -36,8 +36,11 @@ class Station : public Host {
   // follows from its seed and the picture's number. A recipe's sender, scene and time hold for the newest picture only.
   // Call it before the station is asked for anything.
   void SetRecipe(const PictureRecipe& recipe);
-  // Another picture comes in, sent at that time (UTC); the others move on by one and the marker's height changes.
-  void NewPicture(const QDateTime& sent = QDateTime::currentDateTimeUtc());
+  // Another picture comes in, sent at that time (UTC) by that caller; without one, by whom the seed says. The others
+  // move on by one and the marker's height changes.
+  void NewPicture(const QDateTime& sent = QDateTime::currentDateTimeUtc(), const QString& caller = {});
+  // Whether the newest picture was sent by that call.
+  bool HasReceived(const QString& caller) const { return RecipeOf(newest_).caller == caller; }
   // Paints the newest picture before anyone asks for it; done is called on the event loop.
   void Prepare(const std::function<void()>& done);
   // A further file, by path without a leading "/".
@@ -63,6 +66,7 @@ class Station : public Host {
   QSize marker_;
   PictureRecipe recipe_;
   QHash<int, QDateTime> sentAt_;  // of pictures that came in while we run, by number
+  QHash<int, QString> callers_;   // of those for which one was told
   QHash<QString, QByteArray> files_;
   std::map<int, Painted> painted_;  // by number: the newest is newest_, image2 is one below
   int newest_ = 0;
