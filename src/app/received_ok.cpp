@@ -43,7 +43,7 @@ void ReceivedOk::ShowLabel() {
 
 void ReceivedOk::TakeText(const QString& item, const QString& text) {
   if (item == "txtRxOk"_L1) {
-    parts_.lstRxOk.SetReports(text);
+    parts_.lstRxOk.SetReports(text, parts_.services.program.lstBadCalls);
     // An empty text clears the list at once. What the thumbnails say comes back in the same step, not two seconds
     // later.
     if (text.isEmpty()) Build();

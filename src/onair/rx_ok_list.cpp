@@ -14,16 +14,19 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kMostRows = 1000;
-constexpr int kMostReports = 5000;  // so that a text of a million separators holds nothing up
+constexpr int kMostReports = 2500;  // so that a text of a million separators holds nothing up
 // A longer text would make a tip that fills the screen; no date is longer than its bound.
 constexpr qsizetype kLongestCall = 64;
 constexpr qsizetype kLongestText = 200;
 constexpr qsizetype kLongestDate = 40;
 constexpr qint64 kLastImageMinutes = 2;
+constexpr qsizetype kMostDates = 4000;  // remembered; two lists have fewer
+
+}  // namespace
 
 // The calls of the list, searched as a list box searches: by the beginning of an entry. So a call is taken for listed
 // when a longer one that begins with it is.
-class ListedCalls {
+class RxOkList::ListedCalls {
  public:
   bool Has(const QString& call) const {
     const auto found = calls_.lower_bound(call);
@@ -35,11 +38,7 @@ class ListedCalls {
   std::set<QString> calls_;
 };
 
-QDateTime ToMinute(const QString& text) {
-  QDateTime when = ReadDate(text);
-  if (when.isValid()) when.setTime(QTime(when.time().hour(), when.time().minute()));
-  return when;
-}
+namespace {
 
 QString Field(QStringView field, qsizetype longest) {
   return WithoutControls(field.left(longest).toString());
@@ -51,8 +50,21 @@ QString OwnCall(const Program& program) {
   return CleanCall(call);
 }
 
+}  // namespace
+
+// Reads each date once: all reports of a picture have the same few, and they come again with every build.
+QDateTime RxOkList::ToMinute(const QString& text) {
+  const auto known = dates_.constFind(text);
+  if (known != dates_.cend()) return *known;
+  QDateTime when = ReadDate(text);
+  if (when.isValid()) when = QDateTime(when.date(), QTime(when.time().hour(), when.time().minute()), Qt::UTC);
+  if (dates_.size() == kMostDates) dates_.clear();
+  dates_.insert(text, when);
+  return when;
+}
+
 // Adds the stations of the page whose latest picture came from the user.
-void AddThumbs(const Program& program, const QString& own, QList<RxOkRow>& rows, ListedCalls& listed) {
+void RxOkList::AddThumbs(const Program& program, const QString& own, QList<RxOkRow>& rows, ListedCalls& listed) {
   const PageState& page = program.page;
   for (int slot = 0; slot < page.ThumbCount; ++slot) {
     QString sender = QString(page.Field(slot, Caller)).remove("JT65"_L1).trimmed();
@@ -69,17 +81,13 @@ void AddThumbs(const Program& program, const QString& own, QList<RxOkRow>& rows,
   }
 }
 
-}  // namespace
-
-void RxOkList::SetReports(const QString& txtRxOk) {
+void RxOkList::SetReports(const QString& txtRxOk, const QStringList& lstBadCalls) {
   txtRxOk_ = txtRxOk;
-  reports_ = {};
+  ReadReports(lstBadCalls);
 }
 
-// Reads the text once: it stays the same for many ticks of Timer3.
 void RxOkList::ReadReports(const QStringList& lstBadCalls) {
-  if (reports_.read && reports_.lstBadCalls == lstBadCalls) return;
-  reports_ = {true, lstBadCalls, {}, {}};
+  reports_ = {lstBadCalls, {}, {}};
   if (!txtRxOk_.contains(u'\t')) return;
   ListedCalls listed;
   int count = 0;
@@ -110,7 +118,8 @@ void RxOkList::BuildRxOkList(Program& program) {
   QList<RxOkRow> rows;
   ListedCalls listed;
   AddThumbs(program, own, rows, listed);
-  ReadReports(program.lstBadCalls);
+  // The list of bad calls may have come from the server since the text was read.
+  if (reports_.lstBadCalls != program.lstBadCalls) ReadReports(program.lstBadCalls);
   if (rows.isEmpty()) {
     rows = reports_.rows;
   } else {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDateTime>
+#include <QHash>
 #include <QList>
 #include <QObject>
 
@@ -27,8 +28,8 @@ class RxOkList : public QObject {
  public:
   explicit RxOkList(QObject* parent = nullptr) : QObject(parent) {}
 
-  // Takes the text of the companion's item txtRxOk, which counts from the next BuildRxOkList on.
-  void SetReports(const QString& txtRxOk);
+  // Reads the text of the companion's item txtRxOk, which counts from the next BuildRxOkList on.
+  void SetReports(const QString& txtRxOk, const QStringList& lstBadCalls);
   // Builds the rows anew from the thumbnails of the page and the reports. The newest report's date goes into the
   // configuration as LastRxOkTime.
   void BuildRxOkList(Program& program);
@@ -47,17 +48,20 @@ class RxOkList : public QObject {
   void Changed();
 
  private:
+  class ListedCalls;
+  QDateTime ToMinute(const QString& text);
+  void AddThumbs(const Program& program, const QString& own, QList<RxOkRow>& rows, ListedCalls& listed);
   void ReadReports(const QStringList& lstBadCalls);
   void Take(const QList<RxOkRow>& rows, const QDateTime& lastRxReport);
 
   QString txtRxOk_;
   // What the text says, for the list of bad calls that it was read with.
   struct Reports {
-    bool read = false;
     QStringList lstBadCalls;
     QList<RxOkRow> rows;
     QDateTime newest;
   } reports_;
+  QHash<QString, QDateTime> dates_;  // to the minute, by their text
   QList<RxOkRow> rows_;
   QDateTime lastRxReport_;
 };

@@ -37,7 +37,7 @@ struct Page {
   }
   // The rows for a text of the companion: call, "+" for a green label, date.
   QStringList RowsFor(const QString& reports) {
-    list.SetReports(reports);
+    list.SetReports(reports, program.lstBadCalls);
     list.BuildRxOkList(program);
     QStringList rows;
     for (const RxOkRow& row : list.Rows()) rows.append(row.call + (list.IsOfLastImage(row) ? u"+"_s : u"-"_s));
