@@ -19,6 +19,8 @@ namespace {
 
 // Show the window at the latest now, with or without the answer of the connection test.
 constexpr std::chrono::milliseconds kShowAtLast = 250ms;
+// Until the first poll begins: its requests are made in one stretch, and the window is to be painted before.
+constexpr std::chrono::milliseconds kPaintFirst = 30ms;
 constexpr QSize kFrameGuess(2, 32);  // pixels; the real decoration is unknown before the first show
 constexpr QColor kClosingGreen(0, 255, 0);
 
@@ -51,7 +53,6 @@ Form1::Form1(Services& services)
   setMinimumSize(480, 160);
   showTimer_.setSingleShot(true);
   showTimer_.setInterval(kShowAtLast);
-  services_.tool.WarmUp();
   ConnectSignals();
   RegisterCommands();
   ConnectHover();
@@ -199,7 +200,7 @@ void Form1::ConnectionAnswered(bool reached) {
   setWindowTitle(reached ? u"Omni-Perch  -  %1 sites"_s.arg(program_.sites.Sites.size())
                          : u"Omni-Perch  Internet connection failed!"_s);
   ShowWindow();
-  StartWork();
+  QTimer::singleShot(kPaintFirst, this, &Form1::StartWork);
 }
 
 void Form1::AskTime() {
@@ -209,6 +210,7 @@ void Form1::AskTime() {
 }
 
 void Form1::StartWork() {
+  if (closing_ != Closing::No) return;
   PageState& page = program_.page;
   AskTime();
   page.SelectedSlot = -1;

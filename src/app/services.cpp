@@ -44,5 +44,7 @@ Services::Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& th
       database(run.appDataDir),
       web(run.programDir, run.appDataDir + u"/browser"_s, cookies),
       maps(run.appDataDir) {
+  // The decoders get ready while the main window is made.
+  tool.WarmUp();
   network.SetCookies(cookies);
 }

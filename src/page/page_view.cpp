@@ -19,7 +19,6 @@ PageView::PageView(Program& program, ThumbGrid& grid, QWidget* parent)
   setObjectName(u"picAll"_s);
   nextFrame_.setSingleShot(true);
   nextFrame_.setTimerType(Qt::PreciseTimer);
-  nextFrame_.setInterval(kFrame);
   connect(&nextFrame_, &QTimer::timeout, this, &PageView::RefreshCells);
   connect(&grid_, &ThumbGrid::GridMade, this, &PageView::MakeCells);
   connect(&grid_, &ThumbGrid::CellChanged, this, &PageView::UpdateCell);
@@ -84,13 +83,20 @@ void PageView::UpdateCell(int slot) {
   }
   if (!shown.fromSender) shown.lblFrom.clear();  // otherwise the bare word "From" would be painted
   cell->SetCell(shown);
-  if (!nextFrame_.isActive()) nextFrame_.start();
+  if (!nextFrame_.isActive()) nextFrame_.start(UntilNextFrame());
   cell->SetDetails(page.Field(slot, ModeText), time.isEmpty() ? time : time + u" UTC"_s,
                    program_.language[TextLine::kEmptyCellName]);
 }
 
+// None when the last one is long past: the first picture of a page is not to wait for others.
+std::chrono::milliseconds PageView::UntilNextFrame() const {
+  if (!lastFrame_.isValid()) return 0ms;
+  return std::max(0ms, kFrame - std::chrono::milliseconds(lastFrame_.elapsed()));
+}
+
 // A cell whose value has come back to what the screen shows meanwhile costs nothing.
 void PageView::RefreshCells() {
+  lastFrame_.start();
   for (ThumbCell* cell : std::as_const(cells_)) cell->Refresh();
 }
 

@@ -3,9 +3,11 @@
 // keys.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QList>
 #include <QTimer>
 #include <QWidget>
+#include <chrono>
 
 #include "core/program.h"
 #include "page/thumb_cell.h"
@@ -45,6 +47,7 @@ class PageView : public QWidget {
   void MakeCells();
   void UpdateCell(int slot);
   void RefreshCells();
+  std::chrono::milliseconds UntilNextFrame() const;
   void Place();
   void MoveFocus(int slot, Qt::Key key);
 
@@ -56,4 +59,5 @@ class PageView : public QWidget {
   double fontPoints_ = 9;
   double fontPixels_ = 12;
   QTimer nextFrame_;
+  QElapsedTimer lastFrame_;  // since the last repaint for changed cells; invalid before the first
 };

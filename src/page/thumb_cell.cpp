@@ -201,6 +201,17 @@ void ThumbCell::resizeEvent(QResizeEvent* event) {
   stale_ = true;
 }
 
+// Qt repaints every widget of a window that becomes active or inactive if its two palettes differ in any colour; often
+// they do in a single one that a cell without focus does not use.
+bool ThumbCell::event(QEvent* event) {
+  const bool activation = event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate;
+  const auto same = [this](QPalette::ColorRole role) {
+    return palette().color(QPalette::Active, role) == palette().color(QPalette::Inactive, role);
+  };
+  if (activation && !hasFocus() && !underMouse() && same(QPalette::Window) && same(QPalette::WindowText)) return true;
+  return QWidget::event(event);
+}
+
 void ThumbCell::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   stale_ = true;

@@ -47,6 +47,7 @@ class ThumbCell : public QWidget {
   void Moved(int slot, Qt::Key key);
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;

@@ -130,8 +130,9 @@ void SlotPictures::MakeThumb(const Chain& chain, const Made& made) {
           return made(FilesVerdict::GivenUp);
         }
         const bool ready = answer.ok && PutInPlace(part, Thumb(place.page, place.slot));
-        // Without a sandbox the picture was not even looked at: the next start tries it again.
-        if (!answer.ok && !answer.noSandbox) RememberFailure(place.page, place.slot);
+        // Without a sandbox the picture was not even looked at, and on a full disk it is the thumb that failed: the
+        // next start tries again.
+        if (!answer.ok && !answer.noSandbox && !answer.notStored) RememberFailure(place.page, place.slot);
         End(chain);
         made(ready ? FilesVerdict::Ready : answer.noSandbox ? FilesVerdict::NoSandbox : FilesVerdict::NoThumb);
       },

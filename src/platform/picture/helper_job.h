@@ -32,6 +32,7 @@ struct HelperJob {
     QByteArray line;
     QByteArray body;
   };
+  quint64 id = 0;  // chosen by the owner: never 0, and no two jobs of one owner have the same
   // Makes the frame when the job's turn has come; nothing: the job ends as NothingSent.
   std::function<std::optional<Frame>()> make;
   std::function<void(const HelperAnswer&)> then;  // before Answered is emitted; may be empty

@@ -6,9 +6,10 @@
 #include <utility>
 
 #include "platform/picture/helper_pipe.h"
+#include "platform/picture/ready_jobs.h"
 
-HelperProcess::HelperProcess(const QString& program, const QString& role, QObject* parent)
-    : QObject(parent), pipe_(std::make_unique<HelperPipe>(program, role)) {}
+HelperProcess::HelperProcess(const QString& program, const QString& role, ReadyJobs* ready, QObject* parent)
+    : QObject(parent), ready_(ready), pipe_(std::make_unique<HelperPipe>(program, role)) {}
 
 HelperProcess::~HelperProcess() {
   if (!thread_.joinable()) return;
@@ -25,17 +26,17 @@ void HelperProcess::Start() {
 }
 
 void HelperProcess::Take(HelperJob job) {
-  jobId_ = ++lastId_;
+  jobId_ = job.id;
   Wish([&](Wishes& wishes) {
     wishes.job = std::move(job);
-    wishes.jobId = jobId_;
+    wishes.killedJob = 0;  // it may be the second try of a job that was killed here
   });
 }
 
 void HelperProcess::Kill() {
   Wish([this](Wishes& wishes) {
-    wishes.kill = true;
-    wishes.killedUpTo = lastId_;
+    if (jobId_ == 0) wishes.kill = true;
+    wishes.killedJob = jobId_;
   });
 }
 
@@ -55,13 +56,13 @@ HelperProcess::Wishes HelperProcess::TakeWishes() {
   const std::lock_guard lock(mutex_);
   Wishes taken = std::exchange(wishes_, {});
   wishes_.end = taken.end;
-  wishes_.killedUpTo = taken.killedUpTo;
+  wishes_.killedJob = taken.killedJob;
   return taken;
 }
 
 bool HelperProcess::IsKilled(quint64 id) {
   const std::lock_guard lock(mutex_);
-  return wishes_.end || wishes_.killedUpTo >= id;
+  return wishes_.end || wishes_.killedJob == id;
 }
 
 void HelperProcess::Run() {
@@ -70,13 +71,15 @@ void HelperProcess::Run() {
   sigemptyset(&signals);
   sigaddset(&signals, SIGPIPE);
   pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  std::optional<HelperJob> job;
   while (true) {
-    const Wishes wishes = TakeWishes();
+    Wishes wishes = TakeWishes();
     if (wishes.end) break;
     if (wishes.kill) pipe_->Kill();
     if (wishes.start) pipe_->Start();
-    if (wishes.job) {
-      Do(*wishes.job, wishes.jobId);
+    if (wishes.job) job = std::move(wishes.job);
+    if (job) {
+      job = Do(*job);
     } else {
       pipe_->WaitIdle();
     }
@@ -84,10 +87,14 @@ void HelperProcess::Run() {
   pipe_->Kill();
 }
 
-void HelperProcess::Do(const HelperJob& job, quint64 id) {
+// Does the job; the one that follows, if one lies ready.
+std::optional<HelperJob> HelperProcess::Do(const HelperJob& job) {
+  const quint64 id = job.id;
   HelperAnswer answer;
   answer.end = HelperEnd::Killed;
-  if (!IsKilled(id)) {
+  if (IsKilled(id)) {
+    pipe_->Kill();
+  } else {
     const std::optional<HelperJob::Frame> frame = job.make();
     answer.end = HelperEnd::NothingSent;
     if (frame) {
@@ -96,14 +103,16 @@ void HelperProcess::Do(const HelperJob& job, quint64 id) {
     }
   }
   if (job.then) job.then(answer);
-  RunForJob(id, [this, answer]() {
-    jobId_ = 0;
-    Q_EMIT Answered(this, answer);
+  std::optional<HelperJob> next = ready_ != nullptr ? ready_->Take() : std::nullopt;
+  RunForJob(id, [this, answer, nextId = next ? next->id : 0]() {
+    jobId_ = nextId;
+    Q_EMIT Answered(this, answer, nextId);
   });
   if (pipe_->IsWorn()) {
     pipe_->Kill();
     pipe_->Start();
   }
+  return next;
 }
 
 // Runs what() on the event loop if the job is still in hand there.

@@ -61,6 +61,7 @@ void PageTextTool::HandOut() {
   running_ = std::move(waiting_.front());
   waiting_.pop_front();
   HelperJob job;
+  job.id = running_->id;
   job.patience = patience_.job;
   job.mostBytes = PageTextLimits::kTextBytes;
   job.make = [id = running_->id, page = running_->page]() {

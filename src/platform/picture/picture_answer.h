@@ -21,6 +21,7 @@ struct PictureAnswer {
   bool ok = false;
   bool noSandbox = false;  // not ok because this system cannot lock the decoder in; then nothing else is known
   bool dropped = false;    // not ok because nobody wanted it any more when its turn came; then nothing else is known
+  bool notStored = false;  // not ok because the file could not be written: the picture itself is good
   QString type;            // by content, as GetFileType says
   QSize size;              // pixels of the picture itself, before any scaling
   int depth = 0;  // colour depth as the converter reports it (JPEG and JPEG 2000: bits a pixel; PNG, BMP: 8); 0 unknown

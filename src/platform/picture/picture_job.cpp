@@ -128,6 +128,7 @@ void TakeAnswer(const PictureTask& task, int part, const HelperAnswer& given, Pi
     case PictureVerb::Convert:
     case PictureVerb::ConvertToBmp:
       answer.ok = StoreFile(task, part, given.body);
+      answer.notStored = !answer.ok;
       break;
     case PictureVerb::Load:
     case PictureVerb::View:
@@ -161,6 +162,7 @@ qint64 MostBytes(const PictureRequest& request) {
 
 HelperJob MakeHelperJob(const PictureTask& task, int part, const std::shared_ptr<PictureAnswer>& answer) {
   HelperJob job;
+  job.id = task.request.id;
   job.make = [task, answer]() -> std::optional<HelperJob::Frame> {
     HelperJob::Frame frame;
     frame.body = task.source.isEmpty() ? task.bytes : ReadSource(task.source);

@@ -50,10 +50,12 @@ int PictureQueue::Rank(const Entry& entry, Time now) const {
   return now - entry.added >= PictureTimes::kLongestStanding ? kFirst : kBehindAllOthers + rank;
 }
 
-std::optional<quint64> PictureQueue::Begin(Time now) {
+long PictureQueue::AtWork() const {
+  return std::count_if(running_.begin(), running_.end(), [](const Entry& entry) { return !entry.ahead; });
+}
+
+std::deque<PictureQueue::Entry>::iterator PictureQueue::Next(Time now) {
   const long slow = SlowRunning();
-  const int most = slow > 0 ? PictureTimes::kHelpersWhileSlow : PictureTimes::kHelpers;
-  if (std::cmp_greater_equal(running_.size(), most)) return std::nullopt;
   auto chosen = waiting_.end();
   int chosenRank = 0;
   for (auto entry = waiting_.begin(); entry != waiting_.end(); ++entry) {
@@ -63,12 +65,54 @@ std::optional<quint64> PictureQueue::Begin(Time now) {
     chosen = entry;
     chosenRank = rank;
   }
+  return chosen;
+}
+
+std::optional<quint64> PictureQueue::Begin(Time now) {
+  if (AtWork() >= (SlowRunning() > 0 ? PictureTimes::kHelpersWhileSlow : PictureTimes::kHelpers)) return std::nullopt;
+  const auto chosen = Next(now);
   if (chosen == waiting_.end()) return std::nullopt;
   chosen->slow = IsSlow(*chosen);
   const quint64 id = chosen->job.id;
   running_.push_back(std::move(*chosen));
   waiting_.erase(chosen);
   return id;
+}
+
+std::optional<quint64> PictureQueue::BeginAhead(Time now) {
+  const long atWork = AtWork();
+  const long ahead = static_cast<long>(running_.size()) - atWork;
+  if (SlowRunning() > 0 || atWork > PictureTimes::kHelpers || ahead >= PictureTimes::kAhead) return std::nullopt;
+  const auto chosen = Next(now);
+  if (chosen == waiting_.end() || IsSlow(*chosen) || !OnlyShows(chosen->job) || !IsWanted(chosen->job) ||
+      chosen->job.priority != PicturePriority::Screen) {
+    return std::nullopt;
+  }
+  chosen->ahead = true;
+  const quint64 id = chosen->job.id;
+  running_.push_back(std::move(*chosen));
+  waiting_.erase(chosen);
+  return id;
+}
+
+void PictureQueue::Begun(quint64 id) {
+  const auto running = Find(running_, id);
+  if (running != running_.end()) running->ahead = false;
+}
+
+void PictureQueue::PutBack(const QList<quint64>& ids) {
+  for (auto id = ids.crbegin(); id != ids.crend(); ++id) {
+    const auto running = Find(running_, *id);
+    if (running == running_.end()) continue;
+    running->ahead = false;
+    waiting_.push_front(std::move(*running));
+    running_.erase(running);
+  }
+}
+
+bool PictureQueue::HasUnwantedAhead() const {
+  return std::any_of(running_.begin(), running_.end(),
+                     [](const Entry& entry) { return entry.ahead && !IsWanted(entry.job); });
 }
 
 bool PictureQueue::CutsOff(quint64 id) {

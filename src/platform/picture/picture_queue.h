@@ -3,6 +3,7 @@
 // process: picture_tool, which calls it, gives the times.
 #pragma once
 
+#include <QList>
 #include <QSet>
 #include <QString>
 #include <chrono>
@@ -20,6 +21,7 @@ inline constexpr std::chrono::seconds kLongestStanding{30};  // behind all other
 inline constexpr int kHelpers = 2;                           // that work at a time
 inline constexpr int kHelpersWhileSlow = 3;                  // while one of them is at a slow job
 inline constexpr int kSlowHelpers = kHelpersWhileSlow - 1;   // so that one is always left for the others
+inline constexpr int kAhead = 36;                            // jobs made ready ahead: a page of thumbs
 }  // namespace PictureTimes
 
 // A job as the queue knows it.
@@ -39,6 +41,14 @@ class PictureQueue {
   void Add(QueuedPicture job, Time now);
   // The job that a free helper begins now; nothing where none may begin.
   std::optional<quint64> Begin(Time now);
+  // The job to be made ready ahead for a helper that is still busy: one for the screen that stores nothing, while no
+  // helper is slow. Nothing where there is none, or where enough are ready.
+  std::optional<quint64> BeginAhead(Time now);
+  // Called when a helper has taken the job that was made ready.
+  void Begun(quint64 id);
+  // Puts jobs that were made ready, and that no helper has taken, back to where they were in the queue.
+  void PutBack(const QList<quint64>& ids);
+  bool HasUnwantedAhead() const;
   // Called when the running job has taken longer than its first try. True: its helper is to be killed, and the job, if
   // it is still wanted, put last for a second try; false: no other job needs the helper, it goes on.
   bool CutsOff(quint64 id);
@@ -63,15 +73,19 @@ class PictureQueue {
     Time added;
     bool again = false;  // its first try was cut off
     bool slow = false;   // running, and may take long
+    bool ahead = false;  // ready for a helper that is still busy
   };
 
   bool IsSlow(const Entry& entry) const;
   bool IsRunningTarget(const QString& target) const;
   long SlowRunning() const;
+  long AtWork() const;
+  // The job that is to be done next; the end of waiting_ where none may begin now.
+  std::deque<Entry>::iterator Next(Time now);
   // Lower goes first.
   int Rank(const Entry& entry, Time now) const;
 
   std::deque<Entry> waiting_;  // in the order of their coming; a second try comes anew
-  std::deque<Entry> running_;
+  std::deque<Entry> running_;  // and those made ready ahead
   QSet<QString> suspects_;
 };

@@ -41,10 +41,12 @@ PictureTool::PictureTool(const QString& toolPath, const QString& dataDir, std::c
                          QObject* parent)
     : QObject(parent), dataDir_(dataDir), patience_(patience) {
   for (auto& helper : helpers_) {
-    helper = std::make_unique<HelperProcess>(toolPath, u"pictures"_s);
+    helper = std::make_unique<HelperProcess>(toolPath, u"pictures"_s, &ready_);
     connect(helper.get(), &HelperProcess::Overdue, this, &PictureTool::OnOverdue);
     connect(helper.get(), &HelperProcess::Answered, this,
-            [this](HelperProcess* answering, const HelperAnswer& answer) { OnAnswered(answering, answer.end); });
+            [this](HelperProcess* answering, const HelperAnswer& answer, quint64 next) {
+              OnAnswered(answering, answer.end, next);
+            });
   }
 }
 
@@ -82,7 +84,9 @@ void PictureTool::View(const QString& path, QSize box, QObject* context, Done do
 }
 
 void PictureTool::Suspect(const QString& host) {
+  RecallReady();
   queue_.Suspect(host);
+  HandOut();
 }
 
 QList<qint64> PictureTool::ProcessIds() const {
@@ -115,14 +119,24 @@ void PictureTool::Add(PictureTask task, QObject* context, Done done, const Pictu
   HandOut();
 }
 
-// One job at a time for each process, so that one that dies takes no other job along.
+// One job at a time goes to each process, so that one that dies takes no other job along. Those that come next are made
+// ready, so that no process waits for the event loop.
 void PictureTool::HandOut() {
+  if (queue_.HasUnwantedAhead()) RecallReady();
   DropUnwanted();
   for (size_t helper = FreeHelper(); helper < helpers_.size(); helper = FreeHelper()) {
     const std::optional<quint64> id = queue_.Begin(std::chrono::steady_clock::now());
-    if (!id) return;
+    if (!id) break;
     Begin(helper, *id);
   }
+  while (const std::optional<quint64> id = queue_.BeginAhead(std::chrono::steady_clock::now())) {
+    ready_.Put(Prepare(*id, 0));  // such a job stores nothing, so no two write the same unfinished file
+  }
+}
+
+// The queue decides anew about jobs that no process has begun.
+void PictureTool::RecallReady() {
+  queue_.PutBack(ready_.Recall());
 }
 
 // Prefers a process that runs to starting another one.
@@ -136,15 +150,20 @@ size_t PictureTool::FreeHelper() const {
 }
 
 void PictureTool::Begin(size_t helper, quint64 id) {
+  HelperJob given = Prepare(id, static_cast<int>(helper));
+  jobs_.at(id)->helper = helpers_[helper].get();
+  helpers_[helper]->Take(std::move(given));
+}
+
+HelperJob PictureTool::Prepare(quint64 id, int part) {
   Job& job = *jobs_.at(id);
   job.answer = std::make_shared<PictureAnswer>();
-  job.helper = helpers_[helper].get();
   job.overdue = false;
   job.cutOff = false;
-  HelperJob given = MakeHelperJob(job.task, static_cast<int>(helper), job.answer);
-  given.overdueAfter = PictureTimes::kFirstTry;
-  given.patience = patience_;
-  helpers_[helper]->Take(std::move(given));
+  HelperJob prepared = MakeHelperJob(job.task, part, job.answer);
+  prepared.overdueAfter = PictureTimes::kFirstTry;
+  prepared.patience = patience_;
+  return prepared;
 }
 
 void PictureTool::DropUnwanted() {
@@ -181,6 +200,7 @@ void PictureTool::OnOverdue(HelperProcess* helper) {
   Job* job = JobOf(helper);
   if (job == nullptr) return;
   job->overdue = true;
+  RecallReady();  // a third process may do some of them
   if (queue_.CutsOff(job->task.request.id)) {
     job->cutOff = true;
     helper->Kill();
@@ -189,10 +209,16 @@ void PictureTool::OnOverdue(HelperProcess* helper) {
   }
 }
 
-void PictureTool::OnAnswered(HelperProcess* helper, HelperEnd end) {
+void PictureTool::OnAnswered(HelperProcess* helper, HelperEnd end, quint64 next) {
   Job* running = JobOf(helper);
   if (running == nullptr) return;
   running->helper = nullptr;
+  if (next != 0) {
+    jobs_.at(next)->helper = helper;
+    queue_.Begun(next);
+  } else {
+    RecallReady();  // one may have been made ready just after this process had looked
+  }
   const quint64 id = running->task.request.id;
   if (running->cutOff && end == HelperEnd::Killed) {
     queue_.PutLast(id, std::chrono::steady_clock::now());

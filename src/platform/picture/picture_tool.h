@@ -19,8 +19,10 @@
 #include "platform/picture/picture_answer.h"
 #include "platform/picture/picture_options.h"
 #include "platform/picture/picture_queue.h"
+#include "platform/picture/ready_jobs.h"
 
 class HelperProcess;
+struct HelperJob;
 enum class HelperEnd;
 struct PictureTask;
 
@@ -72,15 +74,18 @@ class PictureTool : public QObject {
   void Add(PictureTask task, QObject* context, Done done, const PictureOptions& options, PicturePriority usual);
   void HandOut();
   void Begin(size_t helper, quint64 id);
+  HelperJob Prepare(quint64 id, int part);
+  void RecallReady();
   void DropUnwanted();
   size_t FreeHelper() const;
   // The job that this helper has in hand; null where it has none.
   Job* JobOf(const HelperProcess* helper) const;
   void OnOverdue(HelperProcess* helper);
-  void OnAnswered(HelperProcess* helper, HelperEnd end);
+  void OnAnswered(HelperProcess* helper, HelperEnd end, quint64 next);
 
   const QString dataDir_;
   const std::chrono::milliseconds patience_;
+  ReadyJobs ready_;
   std::array<std::unique_ptr<HelperProcess>, PictureTimes::kHelpersWhileSlow> helpers_;
   PictureQueue queue_;
   std::unordered_map<quint64, std::unique_ptr<Job>> jobs_;  // waiting and running, by id

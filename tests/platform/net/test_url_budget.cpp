@@ -135,7 +135,7 @@ class TestUrlBudget : public QObject {
     ForgetPeak();
     const qint64 before = MemoryOf(u"VmRSS"_s);
     for (int i = 0; i < kBodies; ++i) reader.Start(QString::number(i), server.Url());
-    QTRY_COMPARE_WITH_TIMEOUT(done + failed, kBodies, 5 * kPatienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(done + failed, kBodies, 15 * kPatienceMs);
     QCOMPARE(failed, 0);
     const qint64 grown = MemoryOf(u"VmHWM"_s) - before;
     qInfo("%lld MiB more in memory at the most", static_cast<long long>(grown));

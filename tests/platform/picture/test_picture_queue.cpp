@@ -1,5 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <QDeadlineTimer>
+#include <atomic>
+#include <thread>
+
+#include "platform/picture/helper_process.h"
 #include "platform/picture/picture_queue.h"
+#include "platform/picture/ready_jobs.h"
 #include "test_suite.h"
 
 class TestPictureQueue : public QObject {
@@ -89,6 +95,62 @@ class TestPictureQueue : public QObject {
     Add(4, PicturePriority::Later);
     QCOMPARE(Begun(60s), QList<quint64>{4});
     QVERIFY(queue_.CutsOff(4));  // it holds the third process, though no other job waits
+  }
+
+  void OnlyQuickPicturesOfTheScreenAreMadeReadyAhead() {
+    const auto ahead = [this]() {
+      QList<quint64> order;
+      while (const std::optional<quint64> id = queue_.BeginAhead(start_)) order.append(*id);
+      return order;
+    };
+    for (const quint64 id : {1U, 2U, 3U, 4U, 5U}) Add(id, PicturePriority::Screen, u"host"_s);
+    QCOMPARE(Begun(), QList<quint64>({1, 2}));
+    QCOMPARE(ahead(), QList<quint64>({3, 4, 5}));
+    Add(6, PicturePriority::Screen, {}, u"stored.jpg"_s);
+    Add(7);
+    QCOMPARE(ahead(), QList<quint64>());
+    queue_.Begun(3);
+    queue_.End(1, true);
+    // Those that no process has taken go back before what came later; a suspect's go behind all others.
+    queue_.PutBack({4, 5});
+    queue_.Suspect(u"host"_s);
+    QCOMPARE(ahead(), QList<quint64>());
+    queue_.End(2, false);
+    queue_.End(3, false);
+    QCOMPARE(Order(), QList<quint64>({6, 7, 4, 5}));
+    bool here = true;
+    Add(8, PicturePriority::Screen, {}, {}, [&]() { return here; });
+    QCOMPARE(ahead(), QList<quint64>{8});
+    QVERIFY(!queue_.HasUnwantedAhead());
+    here = false;
+    QVERIFY(queue_.HasUnwantedAhead());
+  }
+
+  void AHelperGoesOnWhileTheEventLoopIsBusy() {
+    std::atomic<int> made = 0;
+    const auto job = [&made](quint64 id) {
+      HelperJob result;
+      result.id = id;
+      result.make = [&made]() -> std::optional<HelperJob::Frame> {
+        ++made;
+        return std::nullopt;
+      };
+      return result;
+    };
+    ReadyJobs ready;
+    HelperProcess helper(u"/no/such/program"_s, u"pictures"_s, &ready);
+    QSignalSpy answered(&helper, &HelperProcess::Answered);
+    ready.Put(job(2));
+    ready.Put(job(3));
+    helper.Take(job(1));
+    const QDeadlineTimer patience(10s);
+    while (made < 3 && !patience.hasExpired()) std::this_thread::yield();
+    QCOMPARE(made.load(), 3);
+    QVERIFY(!helper.IsIdle());
+    QTRY_COMPARE(answered.count(), 3);
+    QCOMPARE(answered.at(0).at(2).toULongLong(), 2U);
+    QCOMPARE(answered.at(1).at(2).toULongLong(), 3U);
+    QVERIFY(helper.IsIdle());
   }
 
   void OneFileIsStoredOnceAtATime() {

@@ -261,6 +261,7 @@ class TestPictureTool : public QObject {
       const auto make = [&]() { return Thumb(source, thumb); };
       const PictureAnswer answer = fullDisk ? WithoutRoom(make) : make();
       QVERIFY(!answer.ok);
+      QCOMPARE(answer.notStored, fullDisk);
       QCOMPARE(answer.size, QSize(64, 64));
       QCOMPARE(folder_.Bytes(u"thumb.jpg"_s), "the old one");
       QCOMPARE(folder_.Files().size(), 2);
