@@ -37,7 +37,10 @@ void ReceivedOk::ShowLabel() {
   BarLabel* lblMap = parts_.pic.lblMap;
   const qsizetype count = parts_.lstRxOk.Rows().size();
   const QString caption = u"Map (%1 rx sites)"_s.arg(count);
-  if (count > 0 && lblMap->text() != caption) lblMap->SetCaption(caption);
+  if (count > 0 && lblMap->text() != caption) {
+    lblMap->SetCaption(caption);
+    lblMap->SetBriefCaption(u"Map (%1)"_s.arg(count));
+  }
   if (lblMap->Wanted() != (count > 0)) lblMap->setVisible(count > 0);
 }
 

@@ -56,6 +56,8 @@ class TestReceivedOk : public QObject {
     QSignalSpy refreshed(&f.form->Logic().poll, &PollCycle::HoverForgotten);
     f.form->Logic().poll.RefreshClick();
     const qsizetype signalsOfOne = refreshed.size();
+    // An empty text does not wait for the timer.
+    received.Timer3.stop();
     companion.write("txtFromRxOk=Refresh\ntxtFromRxOk=Refresh\ntxtFromRxOk=refresh\ntxtRxOk=\n");
     QTRY_VERIFY(!lblMap.isVisible());
     QTRY_COMPARE(view.Labels().size(), 1);

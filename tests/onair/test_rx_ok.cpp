@@ -125,7 +125,8 @@ class TestRxOk : public QObject {
     QCOMPARE(page.RowsFor(reports).size(), 4);
     QCOMPARE(changed.size(), 2);
     page.program.lstBadCalls.append(u"ZZ5EE"_s);
-    QCOMPARE(page.RowsFor(reports).size(), 3);
+    page.list.BuildRxOkList(page.program);
+    QCOMPARE(page.list.Rows().size(), 3);
     page.program.config.MyCall = u"/"_s;  // cleans to nothing
     QCOMPARE(page.RowsFor(reports).size(), 0);
     QVERIFY(!page.list.LastRxReport().isValid());
