@@ -62,6 +62,22 @@
         <source>%1 cannot be read</source>
         <translation>No se puede leer %1</translation>
     </message>
+    <message>
+        <source>%1° S</source>
+        <translation>%1° S</translation>
+    </message>
+    <message>
+        <source>%1° N</source>
+        <translation>%1° N</translation>
+    </message>
+    <message>
+        <source>%1° W</source>
+        <translation>%1° O</translation>
+    </message>
+    <message>
+        <source>%1° E</source>
+        <translation>%1° E</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -62,6 +62,22 @@
         <source>%1 cannot be read</source>
         <translation>%1 を読み込めません</translation>
     </message>
+    <message>
+        <source>%1° S</source>
+        <translation>南緯 %1°</translation>
+    </message>
+    <message>
+        <source>%1° N</source>
+        <translation>北緯 %1°</translation>
+    </message>
+    <message>
+        <source>%1° W</source>
+        <translation>西経 %1°</translation>
+    </message>
+    <message>
+        <source>%1° E</source>
+        <translation>東経 %1°</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

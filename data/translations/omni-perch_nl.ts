@@ -62,6 +62,22 @@
         <source>%1 cannot be read</source>
         <translation>%1 kan niet worden gelezen</translation>
     </message>
+    <message>
+        <source>%1° S</source>
+        <translation>%1° Z</translation>
+    </message>
+    <message>
+        <source>%1° N</source>
+        <translation>%1° N</translation>
+    </message>
+    <message>
+        <source>%1° W</source>
+        <translation>%1° W</translation>
+    </message>
+    <message>
+        <source>%1° E</source>
+        <translation>%1° O</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -62,6 +62,22 @@
         <source>%1 cannot be read</source>
         <translation>Не удаётся прочитать %1</translation>
     </message>
+    <message>
+        <source>%1° S</source>
+        <translation>%1° ю. ш.</translation>
+    </message>
+    <message>
+        <source>%1° N</source>
+        <translation>%1° с. ш.</translation>
+    </message>
+    <message>
+        <source>%1° W</source>
+        <translation>%1° з. д.</translation>
+    </message>
+    <message>
+        <source>%1° E</source>
+        <translation>%1° в. д.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

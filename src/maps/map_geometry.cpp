@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace {
 
@@ -115,4 +116,78 @@ MapPoint UnroundedMapPoint(MapName map, double lat, double lon) {
     default:
       return PlaceOnPolarMap(map, lat, lon, 0);
   }
+}
+
+namespace {
+
+MapDegrees DegreesOnPolarMap(MapName map, const MapPoint& point) {
+  const PolarMap& polar = PolarMapOf(map);
+  const double x = point.x - static_cast<double>(polar.MapCentreX);
+  const double y = point.y - static_cast<double>(polar.MapCentreY);
+  // Of the angles that a whole turn apart point the same way, the one nearest to the map's own.
+  const double turn = 2 * std::numbers::pi;
+  const double own = polar.angle / 180 * PI2;
+  const double T = std::atan2(y, x);
+  const double A = (T + std::nearbyint((own - T) / turn) * turn) * 180 / PI2;
+  MapDegrees place;
+  place.lon = polar.angleLon + (A - polar.angle) / polar.anglePerLon;
+  const int skew = map == MapName::NorthAmerica ? NaSkew(place.lon) : 0;
+  place.lat = polar.radiusLat + (std::hypot(x, y) - (polar.radius - skew)) / polar.radiusPerLat;
+  return place;
+}
+
+MapDegrees DegreesOnPlainMap(MapName map, const MapPoint& point) {
+  if (map == MapName::NNederland) return {(584 - point.y) / 386.36 + 52.184, (point.x + 14) / 240.16 + 3.828};
+  // On Asia the way from the equator is 11.5 a + a ^ 1.3, whose slope hardly changes: few of Newton's steps will do.
+  const double way = std::abs(point.y - 932);
+  double a = way / 13;
+  for (int i = 0; i < 6; ++i) {
+    a = std::max(0.0, a - (11.5 * a + std::pow(a, 1.3) - way) / (11.5 + 1.3 * std::pow(a, 0.3)));
+  }
+  return {point.y > 932 ? -a : a, (point.x - 130) / 13.72 + 40};
+}
+
+std::optional<MapDegrees> DegreesOnWorldMap(const MapPoint& point) {
+  const double h = std::abs(706 - point.y) / 698;
+  if (h > 1) return std::nullopt;
+  // A latitude at which a row begins belongs to that row in spite of binary rounding.
+  constexpr double kNudge = 1e-9;
+  int row = 0;
+  while (row < 17 && static_cast<double>(RobinsonTable.height[static_cast<size_t>(row) + 1]) <= h + kNudge) ++row;
+  const auto here = static_cast<size_t>(row);
+  const auto from = static_cast<double>(RobinsonTable.height[here]);
+  const double frac = (h - from) / (static_cast<double>(RobinsonTable.height[here + 1]) - from);
+  const auto adjust = static_cast<double>(RobinsonTable.adjust[here]);
+  const MapPoint zero = PlaceOnWorldMap(point.y > 706, 0, row, frac, adjust);
+  const double side = point.x < zero.x ? -1 : 1;
+  const double degree = PlaceOnWorldMap(point.y > 706, side, row, frac, adjust).x - zero.x;
+  const double lon = side * (point.x - zero.x) / degree;
+  if (lon < -170 || lon > 190) return std::nullopt;
+  return MapDegrees{(row + frac) * (point.y > 706 ? -5 : 5), lon};
+}
+
+}  // namespace
+
+std::optional<MapDegrees> PixelToLatLon(MapName map, const MapPoint& point) {
+  std::optional<MapDegrees> place;
+  switch (map) {
+    case MapName::None:
+      break;
+    case MapName::World:
+      place = DegreesOnWorldMap(point);
+      break;
+    case MapName::Asia:
+    case MapName::NNederland:
+      place = DegreesOnPlainMap(map, point);
+      break;
+    default:
+      place = DegreesOnPolarMap(map, point);
+      break;
+  }
+  if (!place) return std::nullopt;
+  if (place->lon > 180) place->lon -= 360;
+  if (place->lon < -180) place->lon += 360;
+  // Written so that "nan" fails each comparison.
+  if (!(std::abs(place->lat) <= 90 && std::abs(place->lon) <= 180)) return std::nullopt;
+  return place;
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <optional>
 
 #include "maps/map_name.h"
 
@@ -14,6 +15,12 @@ inline constexpr double PI2 = 3.14159625;
 struct MapPoint {
   double x = 0;
   double y = 0;
+};
+
+// A place on the earth in degrees, north and east positive.
+struct MapDegrees {
+  double lat = 0;
+  double lon = 0;
 };
 
 // Rows of the World map, one every five degrees of latitude, in single precision as the formulas were fitted.
@@ -41,3 +48,9 @@ MapPoint PlaceOnWorldMap(bool south, double lon, int row, double frac, double ad
 // The point that LatLonToPixel rounds, for every map but None. lat and lon in degrees; for the World map the caller has
 // moved lon to -170 or above.
 MapPoint UnroundedMapPoint(MapName map, double lat, double lon);
+
+// The inverse of UnroundedMapPoint: what lies at a point of the map's picture. Longitudes are -180 to 180. None where
+// the formula leads to no place on the earth: in the World map's corners, around the centre of a cone. The formulas
+// that go in steps (whole degrees of latitude on the World map, the radius on North America) are inverted without the
+// steps of the former, as the pictures are drawn.
+std::optional<MapDegrees> PixelToLatLon(MapName map, const MapPoint& point);

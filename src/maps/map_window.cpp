@@ -4,10 +4,13 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <algorithm>
+#include <cmath>
 
 #include "maps/label_layout.h"
+#include "maps/map_geometry.h"
 #include "maps/map_list.h"
 #include "maps/map_projection.h"
+#include "station/locator.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +36,8 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
       Shape2_(&imgMenuBar_),
       cmdClose_(u"cmdClose"_s, &imgMenuBar_),
       picInfo_(this),
-      lblMapInfo1_(&picInfo_) {
+      lblMapInfo1_(&picInfo_),
+      lblPointer_(this) {
   setObjectName(names.window);
   setMinimumSize(kSmallest);
   MakeBar();
@@ -45,11 +49,18 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
   lblMapInfo1_.setObjectName(u"lblMapInfo1"_s);
   lblMapInfo1_.setTextFormat(Qt::PlainText);
   lblMapInfo1_.setAlignment(Qt::AlignCenter);
+  lblPointer_.setObjectName(u"lblPointer"_s);
+  lblPointer_.setTextFormat(Qt::PlainText);
+  lblPointer_.setAlignment(Qt::AlignCenter);
+  lblPointer_.setAutoFillBackground(true);
+  lblPointer_.setAttribute(Qt::WA_TransparentForMouseEvents);
+  lblPointer_.hide();
 
   connect(&maps_, &MapChooser::Chosen, this, &MapWindow::ChooseMap);
   connect(&maps_, &MapChooser::Dismissed, this, [this]() { picOuter_->setFocus(); });
   connect(&cmdClose_, &QToolButton::clicked, this, &QWidget::close);
   connect(picOuter_, &MapView::Panned, this, &MapWindow::StoreOffsets);
+  connect(picOuter_, &MapView::PointerMoved, this, &MapWindow::ShowPointer);
   connect(picOuter_, &MapView::LabelClicked, this,
           [this](const QString& name, const QPoint& at, bool byKeyboard) { LabelPressed(name, at, byKeyboard); });
   picOuter_->setFocus();
@@ -207,7 +218,38 @@ void MapWindow::PlaceControls() {
   maps_.FitToWindow(width());
   picOuter_->FitMapToWindow(size(), menuBarHeight);
   PlaceInfo();
+  PlacePointer();
   maps_.CloseList();
+}
+
+namespace {
+
+// "52.50° N  1.25° W  IO92jm"
+QString PlaceText(const MapDegrees& place) {
+  const auto degrees = [](double value) { return QString::number(std::abs(value), 'f', 2); };
+  const QString north = place.lat < 0 ? MapWindow::tr("%1° S") : MapWindow::tr("%1° N");
+  const QString east = place.lon < 0 ? MapWindow::tr("%1° W") : MapWindow::tr("%1° E");
+  return north.arg(degrees(place.lat)) + u"  "_s + east.arg(degrees(place.lon)) + u"  "_s +
+         MakeGridLocator(place.lat, place.lon);
+}
+
+}  // namespace
+
+void MapWindow::ShowPointer(const std::optional<QPointF>& point) {
+  std::optional<MapDegrees> place;
+  const QString file = program_.lstMap.value(mapIndex_);
+  if (point && shownFile_ == file) {
+    place = PixelToLatLon(MapOfName(MapTitle(program_.lstMap, mapIndex_)), {point->x(), point->y()});
+  }
+  lblPointer_.setVisible(place.has_value());
+  if (place) lblPointer_.setText(PlaceText(*place));
+}
+
+// As wide as the widest text, so that a moving pointer repaints nothing beside it.
+void MapWindow::PlacePointer() {
+  const QSize text = lblPointer_.fontMetrics().size(0, PlaceText({-88.88, -168.88}) + u"WW"_s);
+  const QSize size = text + QSize(2 * kInfoGap, 2 * kInfoGap);
+  lblPointer_.setGeometry(QRect(QPoint(kInfoGap, height() - size.height() - kInfoGap), size));
 }
 
 void MapWindow::PlaceInfo() {

@@ -75,6 +75,8 @@ class MapWindow : public BaseWindow {
   void PlaceControls();
   void ShowOverlay(const MapOverlay& overlay);
   void ShowInfo();
+  void ShowPointer(const std::optional<QPointF>& point);
+  void PlacePointer();
   QSize FrameAllowance();
   void ChooseMap(int index);
   void StoreOffsets(int left, int top);
@@ -101,5 +103,6 @@ class MapWindow : public BaseWindow {
   BarLabel cmdClose_;
   QFrame picInfo_;
   QLabel lblMapInfo1_;
+  QLabel lblPointer_;  // where the pointer is on the earth
   Background layout_;  // of labels
 };

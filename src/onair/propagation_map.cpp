@@ -58,7 +58,7 @@ MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& p
     const auto number = static_cast<qsizetype>(i);
     const QString& call = paths.calls.at(number);
     marks.Dot(*at, kBlue);
-    if (!look.hidden.contains(call)) marks.Label(CallLabel(number, call, program.ZeroGlyph, *at, surface.measure));
+    if (!look.imgX.contains(call)) marks.Label(CallLabel(number, call, program.ZeroGlyph, *at, surface.measure));
   }
   QStringList unseen;
   const auto draw = [&](const PropagationPath& path, double width) {

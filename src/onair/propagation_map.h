@@ -11,7 +11,7 @@
 
 // What the window adds to the paths.
 struct PropagationLook {
-  QSet<QString> hidden;  // calls whose label the user has closed
+  QSet<QString> imgX;  // calls whose label the user has closed
   // The two stations whose path is drawn thicker; the first has the focus.
   QString focused;
   QString partner;

@@ -30,6 +30,7 @@ PropagationSession::PropagationSession(const Parts& parts, QObject* parent)
       parts_(parts),
       reader_(parts.network),
       database_(std::make_shared<CallDatabase>(parts.program.AppDataDir)) {
+  Timer1_.setObjectName(u"Timer1"_s);
   connect(&Timer1_, &QTimer::timeout, this, [this]() {
     Timer1_.setInterval(kRefresh);
     // A server that takes longer than that would never deliver if each tick began anew.

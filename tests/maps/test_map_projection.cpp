@@ -5,6 +5,7 @@
 #include <QPoint>
 #include <limits>
 
+#include "maps/map_geometry.h"
 #include "maps/map_projection.h"
 #include "test_suite.h"
 
@@ -233,6 +234,45 @@ class TestMapProjection : public QObject {
     check("World Map", {2800, 1412},
           {{19.5, -155.5}, {65, -18.5}, {66, -172}, {66, 180}, {-42, 146.7}, {22, -79}, {-19, 47}, {-80, 60}},
           {{42, 51}, {43, 34}, {24, 36.5}, {66, -168}, {12.5, 43.8}, {-13.5, 139}, {58, 20}, {26, 52}, {41, 135}});
+  }
+
+  // There and back, over the whole picture of each map, and on the World map, whose formula knows whole degrees of
+  // latitude only, over these.
+  void FindsThePlaceOfAPixel() {
+    const auto check = [](MapName map, const QSize& picture) {
+      for (int x = 0; x <= picture.width(); x += 41) {
+        for (int y = 0; y <= picture.height(); y += 13) {
+          const TableRow row(qPrintable(u"map %1, %2 %3"_s.arg(static_cast<int>(map)).arg(x).arg(y)));
+          std::optional<MapDegrees> place = PixelToLatLon(map, {double(x), double(y)});
+          QVERIFY(place);
+          // New Zealand's picture goes on beyond 180 E, where its formula places no longitude west of 180.
+          if (map == MapName::NewZealand && place->lon < 0) place->lon += 360;
+          QCOMPARE(Place(map, place->lat, place->lon), QPoint(x, y));
+        }
+      }
+    };
+    check(MapName::Uk, {1090, 1300});
+    check(MapName::NNederland, {1000, 600});
+    check(MapName::Europe, {1810, 1490});
+    check(MapName::Japan, {1100, 1300});
+    check(MapName::Australia, {1500, 1300});
+    check(MapName::NewZealand, {1100, 1400});
+    check(MapName::NorthAmerica, {1400, 1000});
+    check(MapName::Asia, {1760, 1130});
+    for (int lat = -89; lat < 90; ++lat) {
+      for (const double lon : {-169.5, -90.0, -0.5, 0.5, 90.0, 179.5}) {
+        const TableRow row(qPrintable(u"world %1 %2"_s.arg(lat).arg(lon)));
+        const std::optional<MapDegrees> place =
+            PixelToLatLon(MapName::World, UnroundedMapPoint(MapName::World, lat, lon));
+        QVERIFY(place && std::abs(place->lat - lat) < 1e-4 && std::abs(place->lon - lon) < 1e-4);
+      }
+    }
+    // Beyond the poles, beyond the seam, inside of a cone's top.
+    const std::optional<MapDegrees> east = PixelToLatLon(MapName::World, UnroundedMapPoint(MapName::World, 10, 189));
+    QVERIFY(east && std::abs(east->lon + 171) < 1e-4);
+    QVERIFY(!PixelToLatLon(MapName::World, {1322, 5}) && !PixelToLatLon(MapName::World, {20, 40}));
+    QVERIFY(!PixelToLatLon(MapName::NorthAmerica, {666, -1400}) && !PixelToLatLon(MapName::None, {10, 10}));
+    QVERIFY(!PixelToLatLon(MapName::Uk, {kNaN, 10}));
   }
 };
 
