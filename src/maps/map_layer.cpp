@@ -1,75 +1,119 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "maps/map_layer.h"
 
-#include <QFontMetricsF>
-#include <QSemaphore>
-#include <QThreadPool>
-#include <cmath>
 #include <cstring>
-#include <span>
-#include <vector>
-
-#include "maps/map_line.h"
-
-using namespace Qt::StringLiterals;
+#include <utility>
 
 namespace {
 
-// Lines that together are longer than this many pixels are drawn without smooth edges: smoothing takes four times as
-// long, and among thousands of lines nobody sees it.
-constexpr double kSmoothPixels = 800'000;
-// Lines are drawn tile by tile: a steep line across the whole frame would miss the processor's caches at each row.
-constexpr int kTile = 512;
-constexpr std::size_t kLinesForTwo = 1000;  // from this many lines on a second core helps
+// Device pixels that are painted on the event loop whatever lies on them: some 8 ms.
+constexpr qint64 kAtOnce = 1'000'000;
 
-// Black or white, whichever can be read on that background.
-QColor TextOn(const QColor& back) {
-  return qGray(back.rgb()) < 128 ? QColor(Qt::white) : QColor(Qt::black);
+void MovePixels(QImage& image, const QRect& from, const QRect& to) {
+  const qsizetype line = image.bytesPerLine();
+  uchar* bits = image.bits();
+  const auto bytes = static_cast<std::size_t>(to.width()) * sizeof(QRgb);
+  for (int i = 0; i < to.height(); ++i) {
+    // Begins at the side towards which the pixels move, so that no row is overwritten before it has been moved.
+    const int row = to.y() > from.y() ? to.height() - 1 - i : i;
+    std::memmove(bits + (to.top() + row) * line + to.left() * 4, bits + (from.top() + row) * line + from.left() * 4,
+                 bytes);
+  }
 }
 
 }  // namespace
 
+void MapLayer::Job::Paint() {
+  const QRect whole(QPoint(0, 0), frame);
+  image = QImage(frame, QImage::Format_RGB32);
+  if (scene.IsScaled() && ground.isNull()) {
+    ground = QImage(frame, QImage::Format_RGB32);
+    scene.PaintPicture(ground, whole, offset);
+  }
+  if (ground.isNull()) {
+    scene.PaintPicture(image, whole, offset);
+  } else {
+    CopyPixels(ground, whole, image, whole.topLeft());
+  }
+  scene.PaintOverlay(image, whole, offset);
+}
+
 void MapLayer::SetPicture(const QImage& picture, const QSize& size) {
-  picture_ = picture.format() == QImage::Format_RGB32 ? picture : picture.convertToFormat(QImage::Format_RGB32);
-  size_ = picture_.isNull() ? QSize() : size;
+  scene_.SetPicture(picture, size);
+  ground_ = QImage();
   stale_ = true;
+  ++version_;
 }
 
 void MapLayer::SetOverlay(const MapOverlay& overlay) {
-  overlay_ = overlay;
-  double pixels = 0;
-  for (const MapOverlay::Line& line : std::as_const(overlay_.lines)) {
-    const QPointF way = line.to - line.from;
-    pixels += std::min(std::max(std::abs(way.x()), std::abs(way.y())), 4000.0);
+  scene_.SetOverlay(overlay);
+  ++version_;
+  // The frame goes on showing the former overlay until another thread has painted the new one.
+  if (scene_.HasMuchOnIt() && IsLarge(frame_)) {
+    behind_ = true;
+  } else {
+    stale_ = true;
   }
-  smoothLines_ = pixels <= kSmoothPixels;
-  stale_ = true;
 }
 
 void MapLayer::SetStyle(const MapStyle& style) {
-  if (style == style_) return;
-  style_ = style;
+  if (style == scene_.Style()) return;
+  if (style.ratio != scene_.Style().ratio || style.back != scene_.Style().back) ground_ = QImage();
+  scene_.SetStyle(style);
   stale_ = true;
+  ++version_;
+}
+
+bool MapLayer::IsLarge(const QRegion& region) const {
+  qint64 pixels = 0;
+  for (const QRect& part : region) pixels += static_cast<qint64>(part.width()) * part.height();
+  return pixels > kAtOnce;
 }
 
 const QImage& MapLayer::Frame(const QSize& frame, const QPoint& place) {
-  const QSize size = (QSizeF(frame) * style_.ratio).toSize();
-  const QPoint offset = (QPointF(place) * style_.ratio).toPoint();
+  const double ratio = scene_.Style().ratio;
+  const QSize size = (QSizeF(frame) * ratio).toSize();
+  const QPoint offset = (QPointF(place) * ratio).toPoint();
   if (frame_.size() != size) {
     GrowImage(size);
     frame_ = QRect(QPoint(0, 0), size);
+    ground_ = QImage();
     stale_ = true;
+    ++version_;
   }
   QRegion missing;
-  if (stale_) {
-    missing = frame_;
-  } else if (offset != offset_) {
-    missing = Shift(offset - offset_);
-  }
+  if (offset != offset_) missing = Shift(offset - offset_);
   offset_ = offset;
+  UpdateGround(missing);
+  if (stale_) {
+    shown_ = scene_;
+    behind_ = false;
+    missing = frame_;
+  }
   stale_ = false;
-  for (const QRect& part : missing) Compose(part);
+  if (!missing.isEmpty()) Compose(missing);
   return image_;
+}
+
+MapLayer::Job MapLayer::MakeJob() const {
+  Job job;
+  job.scene = scene_;
+  job.frame = frame_.size();
+  job.offset = offset_;
+  job.ground = ground_;
+  job.version = version_;
+  return job;
+}
+
+void MapLayer::Take(Job&& done) {
+  if (done.version != version_) return;
+  image_ = std::move(done.image);
+  ground_ = std::move(done.ground);
+  // The next frame moves it to where the picture is by then.
+  offset_ = done.offset;
+  shown_ = scene_;
+  stale_ = false;
+  behind_ = false;
 }
 
 void MapLayer::GrowImage(const QSize& size) {
@@ -78,169 +122,46 @@ void MapLayer::GrowImage(const QSize& size) {
 }
 
 void MapLayer::Prepare(const QSize& frame) {
-  GrowImage((QSizeF(frame) * style_.ratio).toSize());
-  image_.fill(style_.back);
+  GrowImage((QSizeF(frame) * scene_.Style().ratio).toSize());
+  image_.fill(scene_.Style().back);
   stale_ = true;
-  QPainter painter(&image_);
-  MapOverlay::Label label;
-  label.text = u"0°"_s;
-  label.place = QRectF(0, 0, 40, 20);
-  painter.setFont(style_.font);
-  PaintGround(painter, label);
-  PaintText(painter, label);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.drawEllipse(label.place);
+  scene_.PaintAnything(image_);
 }
 
 QRegion MapLayer::Shift(const QPoint& by) {
-  const QRect whole = frame_;
-  const QRect kept = whole & whole.translated(by);
-  if (kept.isEmpty()) return whole;
-  const QRect from = kept.translated(-by);
-  const qsizetype line = image_.bytesPerLine();
-  uchar* bits = image_.bits();
-  const auto bytes = static_cast<std::size_t>(kept.width()) * sizeof(QRgb);
-  for (int i = 0; i < kept.height(); ++i) {
-    // Begins at the side towards which the pixels move, so that no row is overwritten before it has been moved.
-    const int row = by.y() > 0 ? kept.height() - 1 - i : i;
-    std::memmove(bits + (kept.top() + row) * line + kept.left() * 4, bits + (from.top() + row) * line + from.left() * 4,
-                 bytes);
+  const QRect kept = frame_ & frame_.translated(by);
+  if (kept.isEmpty()) {
+    ground_ = QImage();
+    return frame_;
   }
-  return QRegion(whole) - kept;
+  if (!stale_) MovePixels(image_, kept.translated(-by), kept);
+  if (!ground_.isNull()) MovePixels(ground_, kept.translated(-by), kept);
+  return QRegion(frame_) - kept;
 }
 
-QRect MapLayer::PictureRect() const {
-  return {offset_, (QSizeF(size_) * style_.ratio).toSize()};
-}
-
-void MapLayer::Compose(const QRect& part) {
-  ComposePicture(part);
-  // Lines, circles and labels end at the picture's edge.
-  const QRect inside = part & PictureRect();
-  if (inside.isEmpty()) return;
-  ComposeLines(inside);
-  ComposeMarks(inside);
-}
-
-void MapLayer::ComposePicture(const QRect& part) {
-  const QRect inside = part & PictureRect();
-  if (inside != part) QPainter(&image_).fillRect(part, style_.back);
-  if (inside.isEmpty()) return;
-  const QRectF whole = PictureRect();
-  if (whole.size().toSize() == picture_.size()) {
-    const auto bytes = static_cast<std::size_t>(inside.width()) * sizeof(QRgb);
-    for (int y = inside.top(); y <= inside.bottom(); ++y) {
-      std::memcpy(image_.scanLine(y) + inside.left() * 4,
-                  picture_.constScanLine(y - offset_.y()) + (inside.left() - offset_.x()) * 4, bytes);
-    }
+void MapLayer::UpdateGround(const QRegion& missing) {
+  if (!scene_.IsScaled()) return;
+  if (!ground_.isNull() && !IsLarge(missing)) {
+    for (const QRect& part : missing) scene_.PaintPicture(ground_, part, offset_);
     return;
   }
-  QPainter painter(&image_);
-  painter.setClipRect(inside);
-  painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  // Draws only the part of the picture that is needed, because QPainter fails where a target reaches beyond 16 bits.
-  // The rim of such a part is scaled differently from the same pixels inside a larger part, so a few more pixels are
-  // drawn around it, outside of the clip.
-  const double acrossX = picture_.width() / whole.width();
-  const double acrossY = picture_.height() / whole.height();
-  const double rimX = 2 + 2 / acrossX;
-  const double rimY = 2 + 2 / acrossY;
-  const QRectF target = QRectF(inside).adjusted(-rimX, -rimY, rimX, rimY) & whole;
-  const QPointF from = target.topLeft() - whole.topLeft();
-  const QRectF source(from.x() * acrossX, from.y() * acrossY, target.width() * acrossX, target.height() * acrossY);
-  painter.drawImage(target, picture_, source);
+  ground_ = QImage();
+  if (IsLarge(frame_)) return;
+  ground_ = QImage(frame_.size(), QImage::Format_RGB32);
+  scene_.PaintPicture(ground_, frame_, offset_);
 }
 
-void MapLayer::ComposeLines(const QRect& part) {
-  if (overlay_.lines.isEmpty()) return;
-  struct Stroke {
-    QPointF from;
-    QPointF to;
-    MapLineStyle style;
-  };
-  std::vector<Stroke> strokes;
-  strokes.reserve(static_cast<std::size_t>(overlay_.lines.size()));
-  for (const MapOverlay::Line& line : std::as_const(overlay_.lines)) {
-    strokes.push_back(
-        {ToImage(line.from), ToImage(line.to), {line.colour.rgba(), line.width * style_.ratio, smoothLines_}});
-  }
-  std::vector<MapLineCanvas> tiles;
-  for (int top = part.top(); top <= part.bottom(); top += kTile) {
-    for (int left = part.left(); left <= part.right(); left += kTile) {
-      tiles.emplace_back(image_, part & QRect(left, top, kTile, kTile));
+void MapLayer::Compose(const QRegion& missing) {
+  const bool large = IsLarge(missing);
+  const bool smooth = !large || !shown_.IsScaled() || !ground_.isNull();
+  const bool whole = !large || !shown_.HasMuchOnIt();
+  for (const QRect& part : missing) {
+    if (ground_.isNull()) {
+      shown_.PaintPicture(image_, part, offset_, smooth);
+    } else {
+      CopyPixels(ground_, part, image_, part.topLeft());
     }
+    if (whole) shown_.PaintOverlay(image_, part, offset_);
   }
-  const auto draw = [&strokes](std::span<MapLineCanvas> some) {
-    for (MapLineCanvas& tile : some) {
-      for (const Stroke& stroke : strokes) tile.Draw(stroke.from, stroke.to, stroke.style);
-    }
-  };
-  // Thousands of lines: half of the tiles on another core. The halves touch different pixels.
-  const std::size_t half = strokes.size() >= kLinesForTwo ? tiles.size() / 2 : 0;
-  QSemaphore done;
-  const bool helped = half > 0 && QThreadPool::globalInstance()->tryStart([&]() {
-    draw(std::span(tiles).first(half));
-    done.release();
-  });
-  draw(std::span(tiles).subspan(helped ? half : 0));
-  if (helped) done.acquire();
-}
-
-void MapLayer::ComposeMarks(const QRect& part) {
-  if (overlay_.circles.isEmpty() && overlay_.labels.isEmpty()) return;
-  QPainter painter(&image_);
-  painter.setClipRect(part);
-  painter.translate(offset_);
-  painter.scale(style_.ratio, style_.ratio);
-  const QRectF shown((QPointF(part.topLeft()) - QPointF(offset_)) / style_.ratio, QSizeF(part.size()) / style_.ratio);
-  std::vector<const MapOverlay::Label*> labels;
-  for (const MapOverlay::Label& label : std::as_const(overlay_.labels)) {
-    if (label.dot) continue;
-    const double rim = label.boxWidth;
-    if (shown.intersects(label.place.united(label.box).adjusted(-rim, -rim, rim, rim))) labels.push_back(&label);
-  }
-  for (const MapOverlay::Label* label : labels) PaintGround(painter, *label);
-  painter.setRenderHint(QPainter::Antialiasing);
-  for (const MapOverlay::Circle& circle : std::as_const(overlay_.circles)) {
-    const double reach = circle.radius + circle.width;
-    const QRectF around(circle.centre - QPointF(reach, reach), QSizeF(2 * reach, 2 * reach));
-    if (shown.intersects(around)) PaintCircle(painter, circle);
-  }
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setFont(style_.font);
-  for (const MapOverlay::Label* label : labels) PaintText(painter, *label);
-}
-
-void MapLayer::PaintCircle(QPainter& painter, const MapOverlay::Circle& circle) const {
-  painter.setPen(circle.filled ? QPen(Qt::NoPen) : QPen(circle.colour, circle.width));
-  painter.setBrush(circle.filled ? QBrush(circle.colour) : QBrush(Qt::NoBrush));
-  painter.drawEllipse(circle.centre, circle.radius, circle.radius);
-}
-
-void MapLayer::PaintGround(QPainter& painter, const MapOverlay::Label& label) const {
-  painter.fillRect(label.place.united(label.box), label.back.isValid() ? label.back : style_.labelBack);
-  if (label.box.isEmpty()) return;
-  painter.setBrush(Qt::NoBrush);
-  painter.setPen(QPen(label.boxColour, label.boxWidth, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-  painter.drawRect(label.box);
-}
-
-void MapLayer::PaintText(QPainter& painter, const MapOverlay::Label& label) const {
-  painter.setPen(label.back.isValid() ? TextOn(label.back) : style_.labelText);
-  const QFontMetricsF metrics(style_.font);
-  double base = label.place.top() + kMapLabelMargin + metrics.ascent();
-  const double sign = label.closable ? label.place.height() * kMapCloseSign : 0;
-  const double middle = label.place.center().x() - sign / 2;
-  if (label.closable) {
-    const QPointF centre(label.place.right() - sign / 2, label.place.center().y());
-    const double arm = sign / 4;
-    painter.drawLine(centre - QPointF(arm, arm), centre + QPointF(arm, arm));
-    painter.drawLine(centre - QPointF(arm, -arm), centre + QPointF(arm, -arm));
-  }
-  for (const QStringView line : QStringView(label.text).split(u'\n')) {
-    const QString text = (line.endsWith(u'\r') ? line.chopped(1) : line).toString();
-    // Each line is centred with its blanks, so that a text of one line fills its label as it is written.
-    painter.drawText(QPointF(middle - metrics.horizontalAdvance(text) / 2, base), text);
-    base += metrics.lineSpacing();
-  }
+  if (!smooth || !whole) behind_ = true;
 }

@@ -14,6 +14,7 @@
 #include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "maps/map_accessible.h"
 #include "ui/plain_tip.h"
@@ -132,6 +133,7 @@ void MapView::PressLabel(qsizetype index, bool byKeyboard) {
 void MapView::paintEvent(QPaintEvent* event) {
   UpdateStyle();
   const QImage& image = layer_.Frame(size(), fit_.place);
+  if (layer_.IsBehind()) PaintBeside();
   const double ratio = devicePixelRatioF();
   QPainter painter(this);
   painter.setClipRegion(event->region());
@@ -142,6 +144,20 @@ void MapView::paintEvent(QPaintEvent* event) {
   if (!hasFocus()) return;
   painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
   if (focused_ >= 0) painter.drawRect(LabelRect(focused_).adjusted(-3, -3, 3, 3));
+}
+
+// One frame at a time. What has changed in the meantime makes the layer ask again when that is painted.
+void MapView::PaintBeside() {
+  if (std::exchange(painting_, true)) return;
+  const auto paint = [job = layer_.MakeJob()]() mutable {
+    job.Paint();
+    return std::move(job);
+  };
+  painter_.Run<MapLayer::Job>(this, paint, [this](MapLayer::Job done) {
+    painting_ = false;
+    layer_.Take(std::move(done));
+    update();
+  });
 }
 
 void MapView::UpdateStyle() {

@@ -9,6 +9,7 @@
 #include "maps/map_fit.h"
 #include "maps/map_labels.h"
 #include "maps/map_layer.h"
+#include "platform/background.h"
 
 // The widget picOuter. A window sets picture and overlay, and fits the view to itself.
 class MapView : public QWidget, public MapLabels {
@@ -78,6 +79,7 @@ class MapView : public QWidget, public MapLabels {
 
  private:
   void UpdateStyle();
+  void PaintBeside();
   void UpdateCursor(const QPoint& pointer);
   void FollowPointer(const QPoint& pointer);
   void Point(qsizetype index);
@@ -103,4 +105,6 @@ class MapView : public QWidget, public MapLabels {
   qsizetype pressedLabel_ = -1;  // label under the left button
   qsizetype pointed_ = -1;       // label under the pointer, or that the focus has reached last
   qsizetype focused_ = -1;
+  bool painting_ = false;  // another thread paints a frame
+  Background painter_;
 };

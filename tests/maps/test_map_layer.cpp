@@ -10,6 +10,25 @@
 #include "plain_picture.h"
 #include "test_suite.h"
 
+namespace {
+
+// How many pixels differ by more than the shade by which rounding may change a line or a ring that begins at the edge
+// of a part that was drawn anew.
+int Unlike(const QImage& frame, const QImage& whole) {
+  int unlike = 0;
+  for (int y = 0; y < frame.height(); ++y) {
+    const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
+    const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
+    for (int x = 0; x < frame.width(); ++x) {
+      unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
+                std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
+    }
+  }
+  return unlike;
+}
+
+}  // namespace
+
 class TestMapLayer : public QObject {
   Q_OBJECT
 
@@ -40,18 +59,8 @@ class TestMapLayer : public QObject {
         MapLayer fresh;
         layer(fresh);
         const QImage whole = fresh.Frame(QSize(400, 300), place);
-        int unlike = 0;
         QCOMPARE(whole.size(), size);
-        for (int y = 0; y < frame.height(); ++y) {
-          const auto* one = reinterpret_cast<const QRgb*>(frame.constScanLine(y));
-          const auto* other = reinterpret_cast<const QRgb*>(whole.constScanLine(y));
-          // Rounding may differ by a shade where a line or a ring begins at the edge of the part that was drawn anew.
-          for (int x = 0; x < frame.width(); ++x) {
-            unlike += std::abs(qRed(one[x]) - qRed(other[x])) > 8 || std::abs(qGreen(one[x]) - qGreen(other[x])) > 8 ||
-                      std::abs(qBlue(one[x]) - qBlue(other[x])) > 8;
-          }
-        }
-        QCOMPARE(unlike, 0);
+        QCOMPARE(Unlike(frame, whole), 0);
       }
     };
     check("plain", 1.0, {900, 700}, {900, 700});
@@ -59,6 +68,62 @@ class TestMapLayer : public QObject {
     check("smaller than its frame", 1.0, {120, 90}, {120, 90});
     check("narrow", 1.0, {120, 700}, {120, 700});
     check("read with fewer pixels", 1.0, {900, 700}, {562, 437});
+  }
+
+  // A screen full of lines, or of scaled pixels, is painted beside the event loop. Until it is there the frame shows
+  // what there was; a step of panning in between is kept, and a frame that a newer overlay has overtaken never comes.
+  void PaintsMuchBeside() {
+    const auto check = [](const char* what, double ratio, qsizetype lines) {
+      const TableRow row(what);
+      const QSize frame = QSize(1440, 900) / ratio;
+      MapOverlay overlay;
+      for (qsizetype i = 0; i < lines; ++i) {
+        overlay.lines.append({{double(i * 7 % 1500), 0}, {double(i * 31 % 1500), 1000}, QColor(0, 0, 255), 2});
+      }
+      const auto begin = [&](MapLayer& layer, const QPoint& place) {
+        layer.SetStyle({QFont(), QColor(Qt::gray), QColor(Qt::yellow), QColor(Qt::black), ratio});
+        layer.SetPicture(Pattern(QSize(1500, 1000)), QSize(1500, 1000));
+        layer.Frame(frame, place);
+      };
+      const auto finish = [](MapLayer& layer) {
+        QVERIFY(layer.IsBehind());
+        MapLayer::Job job = layer.MakeJob();
+        job.Paint();
+        layer.Take(std::move(job));
+      };
+      MapLayer fresh;
+      begin(fresh, QPoint(-30, -20));
+      fresh.SetOverlay(overlay);
+      finish(fresh);
+      QVERIFY(!fresh.IsBehind());
+      const QImage expected = fresh.Frame(frame, QPoint(-30, -20)).copy();
+
+      MapLayer layer;
+      begin(layer, QPoint(0, 0));
+      layer.SetOverlay({});
+      const QImage before = layer.Frame(frame, QPoint(0, 0)).copy();
+      layer.SetOverlay(overlay);
+      if (lines > 1000) QCOMPARE(layer.Frame(frame, QPoint(0, 0)), before);
+      MapLayer::Job job = layer.MakeJob();
+      layer.Frame(frame, QPoint(-30, -20));
+      job.Paint();
+      layer.Take(std::move(job));
+      QCOMPARE(Unlike(layer.Frame(frame, QPoint(-30, -20)), expected), 0);
+      QVERIFY(!layer.IsBehind());
+      // A new overlay is no new picture.
+      layer.SetOverlay({});
+      if (layer.IsBehind()) finish(layer);
+      job = layer.MakeJob();
+      layer.SetOverlay(overlay);
+      job.Paint();
+      layer.Take(std::move(job));
+      QVERIFY(layer.IsBehind());
+      finish(layer);
+      QCOMPARE(Unlike(layer.Frame(frame, QPoint(-30, -20)), expected), 0);
+    };
+    check("many lines", 1.0, 2000);
+    check("sharp screen", 1.5, 2000);
+    check("a few lines on a sharp screen", 1.5, 3);
   }
 
   // No label's box hides the mark that it belongs to, and no mark hides the text of a label.
