@@ -117,8 +117,8 @@ class TestMapLayer : public QObject {
       layer.SetOverlay(overlay);
       job.Paint();
       layer.Take(std::move(job));
-      QVERIFY(layer.IsBehind());
-      finish(layer);
+      QCOMPARE(layer.IsBehind(), lines > 1000);
+      if (layer.IsBehind()) finish(layer);
       QCOMPARE(Unlike(layer.Frame(frame, QPoint(-30, -20)), expected), 0);
     };
     check("many lines", 1.0, 2000);
