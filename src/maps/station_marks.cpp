@@ -127,7 +127,7 @@ void StationMarks::CallLabel(const QString& name, const QString& text, const QRe
   Label(label);
 }
 
-void StationMarks::OwnLabel(const QPointF& own, const QString& text) {
+QRectF StationMarks::OwnLabel(const QPointF& own, const QString& text) {
   MapOverlay::Label me;
   me.name = u"lblMe"_s;
   me.text = text;
@@ -135,6 +135,7 @@ void StationMarks::OwnLabel(const QPointF& own, const QString& text) {
   me.box = me.place.adjusted(-1, -1, 3, 3);
   me.boxColour = kOwnColour;
   Label(me);
+  return me.box;
 }
 
 void StationMarks::EdgeArrow(const QPointF& towards, const QString& name, const QString& text, const QColor& colour) {

@@ -37,8 +37,8 @@ class StationMarks {
   void Label(const MapOverlay::Label& label) { overlay_.labels.append(label); }
   // A call's label, clickable, with a frame in that colour.
   void CallLabel(const QString& name, const QString& text, const QRectF& place, const QColor& colour, double width);
-  // The label lblMe with its text above the own position.
-  void OwnLabel(const QPointF& own, const QString& text);
+  // The label lblMe with its text above the own position. Returns its frame.
+  QRectF OwnLabel(const QPointF& own, const QString& text);
   // An arrow at the edge of the picture towards a point that is off it, and a clickable label behind its tail.
   void EdgeArrow(const QPointF& towards, const QString& name, const QString& text, const QColor& colour);
 

@@ -43,7 +43,7 @@ class RxOkDrawing {
     double lon = program.config.MyLon;
     if (lat != 0 || lon != 0) own_ = marks_.PointOf(lat, lon);
     if (!own_ || !marks_.IsInside(*own_)) return;
-    marks_.OwnLabel(*own_, program.language[TextLine::kMeWord]);
+    taken_.append(marks_.OwnLabel(*own_, program.language[TextLine::kMeWord]));
   }
 
   // False for a station that is not on the map in any way.
@@ -62,7 +62,8 @@ class RxOkDrawing {
     return station.row.text + u"   "_s + WayText(way) + u"\r\n "_s + station.row.date + u" UTC "_s;
   }
   MapOverlay::Label Label(qsizetype number, const RxOkStation& station, const QString& text, const DistAz& way) const;
-  void DrawStubTo(MapOverlay::Label label, const QColor& colour, double azimuth);
+  void AddAtStub(MapOverlay::Label label, const QPointF& from, const QPointF& end);
+  void DrawStubTo(const MapOverlay::Label& label, const QColor& colour, double azimuth);
   void DrawStubFromMe(qsizetype number, const MapOverlay::Label& label, const QPointF& at, const QColor& colour,
                       double azimuth);
 
@@ -70,6 +71,7 @@ class RxOkDrawing {
   const MapSurface& surface_;
   StationMarks marks_;
   std::optional<QPointF> own_;
+  QList<QRectF> taken_;  // by labels that have their told place
 };
 
 MapOverlay::Label RxOkDrawing::Label(qsizetype number, const RxOkStation& station, const QString& text,
@@ -111,29 +113,35 @@ bool RxOkDrawing::Draw(qsizetype number, const RxOkStation& station) {
   return true;
 }
 
-// A stub from the own position towards a station that is off the picture, with its label at the end.
-void RxOkDrawing::DrawStubTo(MapOverlay::Label label, const QColor& colour, double azimuth) {
-  const QPointF end = marks_.Stub(*own_, azimuth, colour, kToStubWidth);
-  const bool upward = end.y() < own_->y();
-  label.place =
-      upward ? marks_.PlaceAbove(label.text, end, kStubLabelGap) : marks_.PlaceBelow(label.text, end, kStubLabelGap);
+// Adds a label at a stub's end: above it where the stub points upward, below it otherwise. Where another label of a
+// stub has that place already, the label is laid out around the end like those of stations on the picture.
+void RxOkDrawing::AddAtStub(MapOverlay::Label label, const QPointF& from, const QPointF& end) {
+  label.place = end.y() < from.y() ? marks_.PlaceAbove(label.text, end, kStubLabelGap)
+                                   : marks_.PlaceBelow(label.text, end, kStubLabelGap);
   label.place = marks_.MovedInside(label.place, 1);
+  const auto covers = [&label](const QRectF& other) { return other.intersects(label.place); };
+  if (std::any_of(taken_.cbegin(), taken_.cend(), covers)) {
+    label.anchor = end;
+  } else {
+    taken_.append(label.place);
+  }
   marks_.Label(label);
+}
+
+// A stub from the own position towards a station that is off the picture, with its label at the end.
+void RxOkDrawing::DrawStubTo(const MapOverlay::Label& label, const QColor& colour, double azimuth) {
+  AddAtStub(label, *own_, marks_.Stub(*own_, azimuth, colour, kToStubWidth));
 }
 
 // A stub from a station towards the own position, which is off the picture. azimuth: from the own position to the
 // station, so that the stub runs in the opposite direction.
 void RxOkDrawing::DrawStubFromMe(qsizetype number, const MapOverlay::Label& label, const QPointF& at,
                                  const QColor& colour, double azimuth) {
-  const QPointF end = marks_.Stub(at, azimuth + kHalfTurn, colour, kFromStubWidth);
   MapOverlay::Label from;
   from.name = u"lblFrom(%1)"_s.arg(number);
   from.text = u" From Me "_s;
   from.tip = label.tip;
-  from.place = end.y() < at.y() ? marks_.PlaceAbove(from.text, end, kStubLabelGap)
-                                : marks_.PlaceBelow(from.text, end, kStubLabelGap);
-  from.place = marks_.MovedInside(from.place, 1);
-  marks_.Label(from);
+  AddAtStub(from, at, marks_.Stub(at, azimuth + kHalfTurn, colour, kFromStubWidth));
 }
 
 }  // namespace

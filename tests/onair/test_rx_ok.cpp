@@ -177,6 +177,19 @@ class TestRxOk : public QObject {
     QTEST(drawn.join(u'|'), "drawn");
   }
 
+  // Two stubs in one direction: the first label has its told place, the second is laid out around the same end.
+  void LabelsOfStubsDoNotCoverEachOther() {
+    Program program;
+    const RxOkPlace own = Netherlands({500, 500});
+    program.config.MyLat = own.lat;
+    program.config.MyLon = own.lon;
+    const RxOkStation station{{u"ZZ1AA"_s, 0, 0, {}, {}, {}}, Netherlands({500, -900}), false, false};
+    const MapDrawing map = BuildRxOkMap(program, {station, station}, {MapName::NNederland, QSize(1010, 1180), Measure});
+    QCOMPARE(map.overlay.labels.size(), 3);  // and the own
+    QVERIFY(!map.overlay.labels.at(1).anchor);
+    QCOMPARE(map.overlay.labels.at(2).anchor, std::optional(map.overlay.lines.at(1).to));
+  }
+
   // The service keeps its answers back, so that the test sees how many are asked at a time.
   void LooksUpTwoAtATime() {
     LookupFixture f;
