@@ -44,6 +44,7 @@ void frmOnAirNow::MakeLayout() {
   lblLeftOut_.setObjectName(u"lblLeftOut"_s);
   lblLeftOut_.setTextFormat(Qt::PlainText);
   lblLeftOut_.setWordWrap(true);
+  lblLeftOut_.setMargin(4);
   lblLeftOut_.hide();
   auto* row = new QHBoxLayout(&bar_);
   row->setContentsMargins(2, 2, 2, 2);

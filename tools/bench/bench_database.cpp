@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "bench_calls.h"
 #include "callbook/call_database.h"
 #include "core/program.h"
 #include "page/hover_tip.h"
@@ -22,17 +23,6 @@ namespace {
 constexpr int kLookUps = 10000;
 constexpr int kAdditions = 1000;
 constexpr int kTips = 200;
-
-// Six characters that sort as their number: a letter, a digit, and four letters.
-QString CallOf(quint32 number) {
-  QString call(6, u'A');
-  for (const int place : {5, 4, 3, 2, 0}) {
-    call[place] = QChar(u'A' + static_cast<char16_t>(number % 26));
-    number /= 26;
-  }
-  call[1] = u'1';
-  return call;
-}
 
 // Every second number is a record of the database, the others are misses.
 QStringList Calls(int records) {
@@ -123,6 +113,40 @@ int FindPeer(const QString& folder, int records) {
   return found;
 }
 
+// What On Air Now asks of a station: its position.
+int PlacesOwn(const QString& folder, int records) {
+  CallDatabase database(folder);
+  int placed = 0;
+  for (const QString& call : Calls(records)) placed += database.LookupTargetLocation(call).TargetLat != 0 ? 1 : 0;
+  return placed;
+}
+
+int PlacesPeer(const QString& folder, int records) {
+  const Sqlite peer(folder);
+  sqlite3_stmt* select = peer.Prepare("SELECT name, add1, add2, ctry, lat, lon FROM station WHERE call = ?1");
+  int placed = 0;
+  for (const QString& call : Calls(records)) {
+    const QByteArray key = call.toLatin1();
+    sqlite3_bind_text(select, 1, key.constData(), static_cast<int>(key.size()), SQLITE_TRANSIENT);
+    if (sqlite3_step(select) == SQLITE_ROW) {
+      TargetLocation place;
+      const auto text = [select](int column) {
+        return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(select, column)));
+      };
+      place.Name = text(0);
+      place.Add1 = text(1);
+      place.Add2 = text(2);
+      place.Ctry = text(3);
+      place.TargetLat = sqlite3_column_double(select, 4);
+      place.TargetLon = sqlite3_column_double(select, 5);
+      placed += place.TargetLat != 0 ? 1 : 0;
+    }
+    sqlite3_reset(select);
+  }
+  sqlite3_finalize(select);
+  return placed;
+}
+
 int AddOwn(const QString& folder, int records) {
   CallDatabase database(folder);
   QRandomGenerator random(7);
@@ -185,10 +209,11 @@ int main(int argc, char** argv) {
   }
   QElapsedTimer timer;
   timer.start();
-  const int count = job == "find"_L1        ? FindOwn(folder, records)
-                    : job == "find-peer"_L1 ? FindPeer(folder, records)
-                    : job == "add"_L1       ? AddOwn(folder, records)
-                                            : AddPeer(folder, records);
+  const QHash<QString, int (*)(const QString&, int)> jobs{{u"find"_s, FindOwn},     {u"find-peer"_s, FindPeer},
+                                                          {u"places"_s, PlacesOwn}, {u"places-peer"_s, PlacesPeer},
+                                                          {u"add"_s, AddOwn},       {u"add-peer"_s, AddPeer}};
+  if (!jobs.contains(job)) return 2;
+  const int count = jobs.value(job)(folder, records);
   std::printf("ms=%.1f count=%d\n", static_cast<double>(timer.nsecsElapsed()) / 1e6, count);
   return 0;
 }
