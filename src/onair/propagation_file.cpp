@@ -2,9 +2,12 @@
 #include "onair/propagation_file.h"
 
 #include <QDateTime>
-#include <QHash>
+#include <QRandomGenerator>
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <string_view>
+#include <unordered_map>
 
 #include "platform/text/ansi_text.h"
 #include "station/callsign.h"
@@ -18,24 +21,40 @@ constexpr qsizetype kLongestText = 24;
 constexpr qsizetype kLongestMode = 8;
 constexpr qsizetype kLongestField = 64;  // a call, a frequency or a file name in more bytes is none
 // The texts that are kept once for all rows that hold them; beyond that a flood of different ones is not remembered.
-constexpr qsizetype kMostShared = 20'000;
+constexpr std::size_t kMostShared = 20'000;
+
+// Seeded, so that nobody can send texts that all fall together. The toolkit's own hash of bytes takes longer than all
+// the rest of a line.
+struct SeededHash {
+  quint64 seed = QRandomGenerator::global()->generate64();
+
+  std::size_t operator()(std::string_view bytes) const {
+    quint64 hash = seed;
+    for (const char byte : bytes) hash = (hash ^ static_cast<unsigned char>(byte)) * 0x9e3779b97f4a7c15ULL;
+    return static_cast<std::size_t>(hash ^ (hash >> 32));
+  }
+};
 
 // Texts that come again and again are cut and cleaned once, and kept once.
 class SharedTexts {
  public:
+  // bytes: of the file, which outlives this.
   template <typename Make>
-  QString Get(QByteArrayView bytes, Make make) {
-    const QByteArray key = QByteArray::fromRawData(bytes.data(), bytes.size());
-    const auto known = texts_.constFind(key);
-    if (known != texts_.cend()) return *known;
-    QString text = make(bytes);
-    text.squeeze();
-    if (texts_.size() < kMostShared) texts_.insert(bytes.toByteArray(), text);
-    return text;
+  const QString& Get(QByteArrayView bytes, Make make) {
+    const std::string_view key(bytes.data(), static_cast<std::size_t>(bytes.size()));
+    auto known = texts_.find(key);
+    if (known == texts_.end()) {
+      QString text = make(bytes);
+      text.squeeze();
+      if (texts_.size() >= kMostShared) return unshared_ = text;
+      known = texts_.emplace(key, text).first;
+    }
+    return known->second;
   }
 
  private:
-  QHash<QByteArray, QString> texts_;
+  std::unordered_map<std::string_view, QString, SeededHash> texts_;
+  QString unshared_;
 };
 
 QString CleanField(QByteArrayView bytes) {
@@ -53,10 +72,19 @@ int Number(QByteArrayView digits) {
   return value;
 }
 
+// Where the last ".txt", in any letter case, begins; -1: there is none.
+qsizetype LastEnding(QByteArrayView name) {
+  const auto isLetter = [&name](qsizetype at, char letter) { return (name[at] | 0x20) == letter; };
+  for (qsizetype at = name.size() - 4; at >= 0; --at) {
+    if (name[at] == '.' && isLetter(at + 1, 't') && isLetter(at + 2, 'x') && isLetter(at + 3, 't')) return at;
+  }
+  return -1;
+}
+
 // The fourteen digits in front of ".txt".
 qint64 DateOf(QByteArrayView name) {
   constexpr qsizetype kDigits = 14;
-  const qsizetype end = name.size() > kLongestField ? -1 : name.toByteArray().toLower().lastIndexOf(".txt");
+  const qsizetype end = name.size() > kLongestField ? -1 : LastEnding(name);
   if (end < kDigits) return kNoDate;
   const QByteArrayView digits = name.sliced(end - kDigits, kDigits);
   const auto part = [&digits](qsizetype from, qsizetype length) { return Number(digits.sliced(from, length)); };
@@ -67,6 +95,30 @@ qint64 DateOf(QByteArrayView name) {
   if (year < 1970 || !day.isValid() || !time.isValid()) return kNoDate;
   constexpr qint64 kDayOf1970 = 2440588;
   return (day.toJulianDay() - kDayOf1970) * 86'400 + time.msecsSinceStartOfDay() / 1000;
+}
+
+// Of digits, as nearly all of them are, without the slow way to any number.
+double KiloHertz(QByteArrayView field) {
+  constexpr qsizetype kFewDigits = 9;
+  if (!field.isEmpty() && field.size() <= kFewDigits) {
+    const int number = Number(field);
+    if (number >= 0) return number;
+  }
+  bool isNumber = false;
+  const double kHz = field.size() > kLongestField ? -1 : field.toByteArray().toDouble(&isNumber);
+  return isNumber && qIsFinite(kHz) && kHz >= 0 ? kHz : -1;
+}
+
+// Where the line that begins at from ends; -1: with the text. A line feed that belongs to no line end is part of it.
+qsizetype EndOfLine(QByteArrayView text, qsizetype from, bool endsInTwo) {
+  qsizetype next = from;
+  while (const void* found = std::memchr(text.data() + next, '\n', static_cast<std::size_t>(text.size() - next))) {
+    const qsizetype feed = static_cast<const char*>(found) - text.data();
+    if (!endsInTwo) return feed;
+    if (feed > from && text[feed - 1] == '\r') return feed - 1;
+    next = feed + 1;
+  }
+  return -1;
 }
 
 class Reader {
@@ -90,9 +142,7 @@ class Reader {
     if (row.to.isEmpty()) return;
     row.mode = modes_.Get(fields[2].first(std::min(fields[2].size(), kLongestField)),
                           [](QByteArrayView bytes) { return AnsiText(bytes).trimmed().left(kLongestMode); });
-    bool isNumber = false;
-    const double kHz = fields[3].size() > kLongestField ? -1 : fields[3].toByteArray().toDouble(&isNumber);
-    row.kHz = isNumber && qIsFinite(kHz) && kHz >= 0 ? kHz : -1;
+    row.kHz = KiloHertz(fields[3]);
     row.text = texts_.Get(fields[4].first(std::min(fields[4].size(), kLongestText)), AnsiText);
     row.date = DateOf(fields[5]);
     reports_.newest = std::max(reports_.newest, row.date);
@@ -137,20 +187,20 @@ class Reader {
 
 PropagationReports ReadPropagationFile(const QByteArray& file, qsizetype most) {
   // A server that has changed the line ends has not changed the reports.
-  const QByteArrayView lineEnd = file.contains("\r\n") ? QByteArrayView("\r\n") : QByteArrayView("\n");
+  const bool endsInTwo = file.contains("\r\n");
   Reader reader(most);
   const QByteArrayView text(file);
   // The first element is a heading, and the last two are not read: a line is taken when two more have begun behind it.
   std::array<QByteArrayView, 2> held;
   qsizetype number = 0;
   for (qsizetype from = 0; from <= text.size(); ++number) {
-    const qsizetype end = text.indexOf(lineEnd, from);
+    const qsizetype end = EndOfLine(text, from, endsInTwo);
     const QByteArrayView line = end < 0 ? text.sliced(from) : text.sliced(from, end - from);
     if (number >= 3) reader.TakeLine(held[0]);
     held[0] = held[1];
     held[1] = line;
     if (end < 0) break;
-    from = end + lineEnd.size();
+    from = end + (endsInTwo ? 2 : 1);
   }
   return reader.Take();
 }

@@ -2,7 +2,7 @@
 // Measures who is on the air and what is read about the bands, one job a process:
 //
 //   omni-perch-bench-on-air list FOLDER     On Air Now with 10,000 stations, on the call database in FOLDER
-//   omni-perch-bench-on-air make FILE       writes a file of 100,000 reception reports
+//   omni-perch-bench-on-air make FILE       writes a file of 100,000 reception reports, of 5,000 stations
 //   omni-perch-bench-on-air paths FILE      reads it
 //
 // list prints "list= list_event=": the median of its refreshes, from the key to the painted list, and the longest
@@ -33,6 +33,7 @@ namespace {
 
 constexpr int kStations = 10'000;
 constexpr int kReports = 100'000;
+constexpr quint32 kReporters = 5'000;
 constexpr int kRefreshes = 5;
 constexpr std::chrono::seconds kPatience(20);
 
@@ -182,7 +183,7 @@ int MakeReports(const QString& path) {
   if (!file.open(QIODevice::WriteOnly)) return 1;
   QRandomGenerator random(5);
   const QDateTime last(QDate(2026, 1, 1), QTime(12, 0), Qt::UTC);
-  const auto call = [&random]() { return CallOf(random.bounded(20'000U)); };
+  const auto call = [&random]() { return CallOf(random.bounded(kReporters) * 7); };
   QString text = u"Propagation paths\r\n"_s;
   for (int i = kReports; i > 0; --i) {
     text += call() + u'_' + call() + u"_EP_"_s + QString::number(14200 + random.bounded(100)) + u"_snr "_s +
