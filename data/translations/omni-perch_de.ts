@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Alle Bänder</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 Meter</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Alle Betriebsarten</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> Die Liste der Stationen in der Luft wurde nicht gefunden </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> Die Liste der Stationen in der Luft wurde nicht gefunden </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> auf dem Server von %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> auf den Servern von %1 und %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Diese Meldung schließt sich in 10 Sekunden. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Alle Bänder</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Alle Modi</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -178,28 +128,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>Die neueste Meldung ist älter als dieser Zeitraum</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Verbindung fehlgeschlagen</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> nicht in der Datenbank gefunden  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  In Omni-Perch unter Setup / Rufzeichen-Datenbank  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  kann %1 hinzugefügt werden.  </translation>
     </message>
 </context>
 <context>
@@ -319,10 +247,6 @@
     <message>
         <source>Mode</source>
         <translation>Art</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>In den letzten 12 Stunden empfangen</translation>
     </message>
 </context>
 </TS>

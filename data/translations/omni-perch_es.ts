@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Todas las bandas</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 metros</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Todos los modos</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> No se encontró el archivo de estaciones en el aire </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> No se encontró el archivo de estaciones en el aire </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> en el servidor de %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> en los servidores de %1 y %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Este mensaje se cerrará en 10 segundos. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Todas</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Todos</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -178,28 +128,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>El informe más reciente es anterior a este período</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Error de conexión</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> no se encuentra en la base de datos  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  En Omni-Perch, Setup / base de datos de indicativos,  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  añada %1 a la base.  </translation>
     </message>
 </context>
 <context>
@@ -319,10 +247,6 @@
     <message>
         <source>Mode</source>
         <translation>Modo</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>Recibido en las últimas 12 horas</translation>
     </message>
 </context>
 </TS>

@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Toutes les bandes</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 mètres</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Tous les modes</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> Fichier des stations actives introuvable </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> Fichier des stations actives introuvable </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> sur le serveur de %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> sur les serveurs de %1 et %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Ce message se fermera dans 10 secondes. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Toutes bandes</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Tous modes</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -178,28 +128,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>Le rapport le plus récent est antérieur à cette période</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Échec de la connexion</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> introuvable dans la base de données  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  Dans Omni-Perch, Setup / base des indicatifs,  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  ajoutez %1 à la base.  </translation>
     </message>
 </context>
 <context>
@@ -319,10 +247,6 @@
     <message>
         <source>Mode</source>
         <translation>Mode</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>Reçu ces 12 dernières heures</translation>
     </message>
 </context>
 </TS>

@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>全バンド</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 m</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>全モード</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> オンエアのファイルが見つかりません </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> オンエアのファイルが見つかりません </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> (%1 のサーバー) </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> (%1 と %2 のサーバー) </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> このメッセージは10秒後に閉じます。 </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>全バンド</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>全モード</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -177,28 +127,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>最新の報告はこの期間より前のものです</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>接続できませんでした</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> はデータベースにありません  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  Omni-Perch の Setup / コールサインデータベースで  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  %1 を追加してください。  </translation>
     </message>
 </context>
 <context>
@@ -318,10 +246,6 @@
     <message>
         <source>Mode</source>
         <translation>モード</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>過去12時間の受信</translation>
     </message>
 </context>
 </TS>

@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Alle banden</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 meter</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Alle modi</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> Bestand met actieve stations niet gevonden </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> Bestand met actieve stations niet gevonden </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> op de server van %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> op de servers van %1 en %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Dit bericht sluit over 10 seconden. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Alle banden</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Alle modi</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -178,28 +128,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>De nieuwste melding is ouder dan deze periode</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Verbinding mislukt</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> niet gevonden in de database  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  In Omni-Perch onder Setup / roepnamendatabase  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  kan %1 worden toegevoegd.  </translation>
     </message>
 </context>
 <context>
@@ -319,10 +247,6 @@
     <message>
         <source>Mode</source>
         <translation>Mode</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>Ontvangen in de laatste 12 uur</translation>
     </message>
 </context>
 </TS>

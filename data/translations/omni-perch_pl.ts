@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Wszystkie pasma</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 cm</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 m</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Wszystkie emisje</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> Nie znaleziono pliku stacji na paśmie </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> Nie znaleziono pliku stacji na paśmie </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> na serwerze %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> na serwerach %1 i %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Ten komunikat zamknie się za 10 sekund. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Wszystkie pasma</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Wszystkie emisje</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -179,28 +129,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>Najnowszy raport jest starszy niż ten okres</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Połączenie nie powiodło się</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> nie znaleziono w bazie danych  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  W Omni-Perch, Setup / baza znaków,  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  dodaj %1 do bazy.  </translation>
     </message>
 </context>
 <context>
@@ -320,10 +248,6 @@
     <message>
         <source>Mode</source>
         <translation>Emisja</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>Odebrane w ostatnich 12 godzinach</translation>
     </message>
 </context>
 </TS>

@@ -2,25 +2,6 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru">
 <context>
-    <name>BandWords</name>
-    <message>
-        <source>All bands</source>
-        <translation>Все диапазоны</translation>
-    </message>
-    <message>
-        <source>%1 cm</source>
-        <translation>%1 см</translation>
-    </message>
-    <message>
-        <source>%1 meters</source>
-        <translation>%1 м</translation>
-    </message>
-    <message>
-        <source>All modes</source>
-        <translation>Все виды</translation>
-    </message>
-</context>
-<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -87,29 +68,6 @@
     </message>
 </context>
 <context>
-    <name>OnAirFeed</name>
-    <message>
-        <source> n air now file not found </source>
-        <translation> Файл станций в эфире не найден </translation>
-    </message>
-    <message>
-        <source> On air now file not found </source>
-        <translation> Файл станций в эфире не найден </translation>
-    </message>
-    <message>
-        <source> on %1 server. </source>
-        <translation> на сервере %1. </translation>
-    </message>
-    <message>
-        <source> on %1 and %2 server. </source>
-        <translation> на серверах %1 и %2. </translation>
-    </message>
-    <message>
-        <source> This message will close in 10 seconds. </source>
-        <translation> Это сообщение закроется через 10 секунд. </translation>
-    </message>
-</context>
-<context>
     <name>OnAirModel</name>
     <message>
         <source>Call</source>
@@ -146,14 +104,6 @@
 </context>
 <context>
     <name>OnAirSession</name>
-    <message>
-        <source>All Bands</source>
-        <translation>Все диапазоны</translation>
-    </message>
-    <message>
-        <source>All Modes</source>
-        <translation>Все виды</translation>
-    </message>
     <message numerus="yes">
         <source>%n further station(s) are not shown.</source>
         <translation>
@@ -179,28 +129,6 @@
     <message>
         <source>The newest report is older than this period</source>
         <translation>Самое новое сообщение старше этого периода</translation>
-    </message>
-</context>
-<context>
-    <name>RxOkLookupPanel</name>
-    <message>
-        <source>Connection failed</source>
-        <translation>Не удалось подключиться</translation>
-    </message>
-</context>
-<context>
-    <name>StationWords</name>
-    <message>
-        <source> not found in database  </source>
-        <translation> не найден в базе данных  </translation>
-    </message>
-    <message>
-        <source>  In Omni-Perch Setup / Edit Callsign database  </source>
-        <translation>  В Omni-Perch, Setup / база позывных,  </translation>
-    </message>
-    <message>
-        <source>  add %1 to database.  </source>
-        <translation>  добавьте %1 в базу.  </translation>
     </message>
 </context>
 <context>
@@ -320,10 +248,6 @@
     <message>
         <source>Mode</source>
         <translation>Вид</translation>
-    </message>
-    <message>
-        <source>Received in last 12 hours</source>
-        <translation>Принято за последние 12 часов</translation>
     </message>
 </context>
 </TS>

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "onair/bands.h"
 
+using namespace Qt::StringLiterals;
+
 std::optional<int> BandOf(double kiloHertz, int bands) {
   for (int i = 0; i < bands; ++i) {
     const struct Band& band = kBands[static_cast<size_t>(i)];
@@ -9,13 +11,12 @@ std::optional<int> BandOf(double kiloHertz, int bands) {
   return std::nullopt;
 }
 
-QString BandWords::Band(int index) {
-  if (index <= 0 || index > static_cast<int>(kBands.size())) return tr("All bands");
-  const struct Band& band = kBands[static_cast<size_t>(index - 1)];
-  return (band.centimeters ? tr("%1 cm") : tr("%1 meters")).arg(band.name);
+QString BandCaption(int index) {
+  if (index <= 0 || index > static_cast<int>(kBands.size())) return u"All bands"_s;
+  return kBands[static_cast<size_t>(index - 1)].caption;
 }
 
-QString BandWords::Mode(int index) {
-  if (index <= 0 || index > static_cast<int>(kModes.size())) return tr("All modes");
+QString ModeCaption(int index) {
+  if (index <= 0 || index > static_cast<int>(kModes.size())) return u"All modes"_s;
   return kModes[static_cast<size_t>(index - 1)];
 }

@@ -4,7 +4,6 @@
 // eleven.
 #pragma once
 
-#include <QCoreApplication>
 #include <QString>
 #include <array>
 #include <optional>
@@ -13,23 +12,22 @@
 struct Band {
   int from;
   int to;
-  int name;          // its wavelength
-  bool centimeters;  // else meters
+  QLatin1StringView caption;
 };
 
 // Index 0 of every choice is "All bands", so that index i stands for the band at i - 1. There are no entries for 18 and
 // 24 MHz: what is heard there belongs to no band.
-inline constexpr std::array<Band, 11> kBands = {{{1800, 2000, 160, false},
-                                                 {3500, 4000, 80, false},
-                                                 {7000, 7300, 40, false},
-                                                 {10130, 10150, 30, false},
-                                                 {14000, 14350, 20, false},
-                                                 {21000, 21450, 15, false},
-                                                 {28000, 30000, 10, false},
-                                                 {50000, 54000, 6, false},
-                                                 {144000, 148000, 2, false},
-                                                 {420000, 450000, 70, true},
-                                                 {1240000, 1300000, 23, true}}};
+inline constexpr std::array<Band, 11> kBands = {{{1800, 2000, QLatin1StringView("160 meters")},
+                                                 {3500, 4000, QLatin1StringView("80 meters")},
+                                                 {7000, 7300, QLatin1StringView("40 meters")},
+                                                 {10130, 10150, QLatin1StringView("30 meters")},
+                                                 {14000, 14350, QLatin1StringView("20 meters")},
+                                                 {21000, 21450, QLatin1StringView("15 meters")},
+                                                 {28000, 30000, QLatin1StringView("10 meters")},
+                                                 {50000, 54000, QLatin1StringView("6 meters")},
+                                                 {144000, 148000, QLatin1StringView("2 meters")},
+                                                 {420000, 450000, QLatin1StringView("70 cm")},
+                                                 {1240000, 1300000, QLatin1StringView("23 cm")}}};
 
 // The bands that the feed's windows know, and the index of what they show beside them: a network without frequencies.
 inline constexpr int kFeedBands = 10;
@@ -44,13 +42,6 @@ inline constexpr std::array<QLatin1StringView, 7> kModes = {
 // finite number.
 std::optional<int> BandOf(double kiloHertz, int bands = static_cast<int>(kBands.size()));
 
-// What the choices are called in the language of the program.
-class BandWords {
-  Q_DECLARE_TR_FUNCTIONS(BandWords)
-
- public:
-  // index: from 0, "All bands".
-  static QString Band(int index);
-  // index: from 0, "All modes"; the modes themselves are the same in all languages.
-  static QString Mode(int index);
-};
+// What the choices are called, in all languages alike. index: from 0, "All bands" and "All modes".
+QString BandCaption(int index);
+QString ModeCaption(int index);

@@ -90,14 +90,14 @@ void OnAirFeed::TakeFailure(FeedSource source) {
 
 QString OnAirFeed::FailureText() const {
   QString text;
-  // Users of On Air Now know this message without its first letter.
+  // The texts are the same in every language. Users of On Air Now know the first without its first letter.
   if (!GotList1) {
-    text = (missingLetter_ ? tr(" n air now file not found ") : tr(" On air now file not found ")) + kLineEnd +
-           tr(" on %1 server. ").arg("ZB3KLM"_L1);
+    text = (missingLetter_ ? " n air now file not found "_L1 : " On air now file not found "_L1) + kLineEnd +
+           " on ZB3KLM server. "_L1;
   }
-  if (!GotList2) text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 server. ").arg("ZZ9QX"_L1);
+  if (!GotList2) text = " On air now file not found "_L1 + kLineEnd + " on ZZ9QX server. "_L1;
   if (!GotList1 && !GotList2) {
-    text = tr(" On air now file not found ") + kLineEnd + tr(" on %1 and %2 server. ").arg("ZB3KLM"_L1, "ZZ9QX"_L1);
+    text = " On air now file not found "_L1 + kLineEnd + " on ZB3KLM and ZZ9QX server. "_L1;
   }
-  return kLineEnd + text + kLineEnd + kLineEnd + tr(" This message will close in 10 seconds. ");
+  return kLineEnd + text + kLineEnd + kLineEnd + " This message will close in 10 seconds. "_L1;
 }

@@ -63,22 +63,22 @@ void OnAirSession::SetModes(const CheckBoxes& boxes) {
 
 QStringList OnAirSession::BandCaptions() {
   QStringList captions;
-  for (int i = 0; i <= kFeedBands; ++i) captions.append(BandWords::Band(i));
+  for (int i = 0; i <= kFeedBands; ++i) captions.append(BandCaption(i));
   return captions << u"PEANUT"_s;
 }
 
 QStringList OnAirSession::ModeCaptions() {
   QStringList captions;
-  for (int i = 0; i <= static_cast<int>(kModes.size()); ++i) captions.append(BandWords::Mode(i));
+  for (int i = 0; i <= static_cast<int>(kModes.size()); ++i) captions.append(ModeCaption(i));
   return captions;
 }
 
 QString OnAirSession::BandSummary() const {
-  return ckBand_.IsChecked(0) ? tr("All Bands") : ckBand_.Summary(BandCaptions());
+  return ckBand_.IsChecked(0) ? u"All Bands"_s : ckBand_.Summary(BandCaptions());
 }
 
 QString OnAirSession::ModeSummary() const {
-  return ckMode_.IsChecked(0) ? tr("All Modes") : ckMode_.Summary(ModeCaptions());
+  return ckMode_.IsChecked(0) ? u"All Modes"_s : ckMode_.Summary(ModeCaptions());
 }
 
 void OnAirSession::SortBy(OnAirColumn head) {

@@ -84,10 +84,10 @@ void frmMapPropagation::FillLists() {
     }
   }
   cboBand_.clear();
-  for (int i = 0; i <= static_cast<int>(kBands.size()); ++i) cboBand_.addItem(BandWords::Band(i));
+  for (int i = 0; i <= static_cast<int>(kBands.size()); ++i) cboBand_.addItem(BandCaption(i));
   cboBand_.setCurrentIndex(session_.Choice().band);
   cboMode_.clear();
-  for (int i = 0; i <= static_cast<int>(kModes.size()); ++i) cboMode_.addItem(BandWords::Mode(i));
+  for (int i = 0; i <= static_cast<int>(kModes.size()); ++i) cboMode_.addItem(ModeCaption(i));
   cboMode_.setCurrentIndex(session_.Choice().mode);
 }
 
@@ -126,8 +126,7 @@ void frmMapPropagation::ShowGrid(qsizetype label) {
   const QChar zero = program_.ZeroGlyph;
   QList<ReceivedRow> rows = session_.Received(gridCall_);
   for (ReceivedRow& row : rows) row.call = ShownCall(row.call, zero);
-  picRx_.ShowBeside(place, frame, tr("Received in last 12 hours") + u" ("_s + ShownCall(gridCall_, zero) + u"  )"_s,
-                    rows);
+  picRx_.ShowBeside(place, frame, u"Received in last 12 hours ("_s + ShownCall(gridCall_, zero) + u"  )"_s, rows);
 }
 
 void frmMapPropagation::HideLabel(const QString& name) {

@@ -77,7 +77,7 @@ void RxOkLookupPanel::SetTexts(const LanguageTexts& language, const QString& cal
 }
 
 void RxOkLookupPanel::TakeTexts() {
-  Label1_.setText(state_ == RxOkLookups::State::Failed ? tr("Connection failed") : asking_);
+  Label1_.setText(state_ == RxOkLookups::State::Failed ? u"Connection failed"_s : asking_);
   layout()->activate();
   resize(sizeHint());
   Q_EMIT Resized();
