@@ -2,7 +2,6 @@
 #include "onair/rx_ok_lookups.h"
 
 #include <QFileInfo>
-#include <cmath>
 
 #include "callbook/operator_picture.h"
 
@@ -12,10 +11,6 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr qsizetype kAtOnce = 2;
-
-bool IsPlace(double lat, double lon) {
-  return lat != 0 && std::abs(lat) <= 90 && std::abs(lon) <= 180;  // false for what is no number
-}
 
 }  // namespace
 
@@ -33,9 +28,12 @@ RxOkLookups::~RxOkLookups() {
 RxOkPlace RxOkLookups::PlaceOf(const QString& call) {
   const auto known = places_.constFind(call);
   if (known != places_.cend()) return *known;
+  if (notInDatabase_.contains(call)) return {};
   const TargetLocation found = deps_.database.LookupTargetLocation(call);
-  if (!IsPlace(found.TargetLat, found.TargetLon)) return {};
-  return *places_.insert(call, {found.TargetLat, found.TargetLon});
+  const RxOkPlace place{found.TargetLat, found.TargetLon};
+  if (place.IsKnown()) return *places_.insert(call, place);
+  notInDatabase_.insert(call);
+  return {};
 }
 
 void RxOkLookups::Ask(const QStringList& calls) {
@@ -84,7 +82,7 @@ void RxOkLookups::GotPage(const QString& call) {
   const RxOkPlace place{lookUp->Latitude(), lookUp->Longitude()};
   AskPicture(call);
   // Last, because the receiver may ask for other calls.
-  if (unknownCall_ || !IsPlace(place.lat, place.lon)) return;
+  if (unknownCall_ || !place.IsKnown()) return;
   places_.insert(call, place);
   Q_EMIT Found();
 }

@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QSet>
 #include <QTimer>
+#include <cmath>
 
 #include "callbook/call_database.h"
 #include "callbook/look_up.h"
@@ -14,10 +15,13 @@
 #include "platform/background.h"
 #include "platform/picture/picture_tool.h"
 
-// A place in degrees; a latitude of 0 is unknown.
+// A place in degrees.
 struct RxOkPlace {
   double lat = 0;
   double lon = 0;
+
+  // A latitude of 0 is unknown, one beyond the poles or that is no number is none. A longitude of 0 is as good as any.
+  bool IsKnown() const { return lat != 0 && std::abs(lat) <= 90 && std::abs(lon) <= 180; }
 };
 
 class RxOkLookups : public QObject {
@@ -42,6 +46,8 @@ class RxOkLookups : public QObject {
 
   // The known place of a call; unknown until the service has answered.
   RxOkPlace PlaceOf(const QString& call);
+  // The database may have learned of calls that it did not have.
+  void ReadDatabaseAgain() { notInDatabase_.clear(); }
   // The calls that are to be asked for, in this order, two at a time. Calls that were asked before are not asked again;
   // those that wait and are no longer among them are dropped.
   void Ask(const QStringList& calls);
@@ -70,6 +76,7 @@ class RxOkLookups : public QObject {
 
   const Dependencies deps_;
   QHash<QString, RxOkPlace> places_;
+  QSet<QString> notInDatabase_;
   QSet<QString> asked_;
   QStringList waiting_;
   // One for each call that is being asked for: a control reads its fields from the page that came last, and takes a

@@ -90,7 +90,7 @@ bool RxOkDrawing::Draw(qsizetype number, const RxOkStation& station) {
   const Config& config = program_.config;
   double lat = station.place.lat;
   double lon = station.place.lon;
-  if (lat == 0 || !own_) return false;
+  if (!station.place.IsKnown() || !own_) return false;
   const std::optional<QPointF> at = marks_.PointOf(lat, lon);
   if (!at) return false;
   const DistAz way = GetDistAz(config.MyLat, config.MyLon, station.place.lat, station.place.lon, config.DistUnit);
@@ -151,8 +151,9 @@ QList<RxOkStation> RxOkStations(const RxOkList& list, const SiteTable& sites, Rx
   QList<RxOkStation> stations;
   for (const RxOkRow& row : list.Rows()) {
     // A site whose stored latitude is 0 has no position of its own.
-    const RxOkPlace place = row.lat != 0 ? RxOkPlace{row.lat, row.lon} : places.PlaceOf(row.call);
-    stations.append({row, place, list.IsOfLastImage(row), calls.Has(row.call)});
+    const RxOkPlace site{row.lat, row.lon};
+    stations.append(
+        {row, site.IsKnown() ? site : places.PlaceOf(row.call), list.IsOfLastImage(row), calls.Has(row.call)});
   }
   return stations;
 }

@@ -22,7 +22,7 @@ frmMapRxOk::frmMapRxOk(const Parts& parts, QWidget* opener)
   Timer2.setInterval(100ms);
   connect(&Timer2, &QTimer::timeout, this, &frmMapRxOk::ShowMap);
   connect(&lstRxOk_, &RxOkList::Changed, this, &frmMapRxOk::RedrawMap2);
-  connect(&lookUps_, &RxOkLookups::Found, this, &frmMapRxOk::RedrawMap2);
+  connect(&lookUps_, &RxOkLookups::Found, this, &frmMapRxOk::Redraw);
   connect(&lookUps_, &RxOkLookups::StateChanged, &picLookUp_, [this]() { picLookUp_.Show(lookUps_.Shown()); });
   connect(&picLookUp_, &RxOkLookupPanel::Resized, this, &frmMapRxOk::PlacePanels);
   connect(&View(), &MapView::LabelPointed, this,
@@ -42,11 +42,21 @@ void frmMapRxOk::ShowMap() {
   SetMapIndex(last < 0 ? -1 : std::clamp(program_.config.MapIndex, 0, last));
   TakeList();
   Redraw_Map();
-  // Last, because the message that follows lets events run.
-  if (!HasOwnPosition()) Q_EMIT LocationMissing();
+}
+
+// The request for the own position comes over the map. Queued, because the message lets events run.
+void frmMapRxOk::showEvent(QShowEvent* event) {
+  CallMapWindow::showEvent(event);
+  if (!IsOpened() || HasOwnPosition() || std::exchange(positionWanted_, true)) return;
+  QMetaObject::invokeMethod(this, &frmMapRxOk::LocationMissing, Qt::QueuedConnection);
 }
 
 void frmMapRxOk::RedrawMap2() {
+  lookUps_.ReadDatabaseAgain();
+  Redraw();
+}
+
+void frmMapRxOk::Redraw() {
   if (!IsOpened() || Timer2.isActive()) return;
   TakeList();
   RedrawOverlay();
@@ -58,7 +68,7 @@ void frmMapRxOk::TakeList() {
   stations_ = RxOkStations(lstRxOk_, program_.sites, lookUps_);
   QStringList unknown;
   for (const RxOkStation& station : std::as_const(stations_)) {
-    if (station.place.lat == 0) unknown.append(station.row.call);
+    if (!station.place.IsKnown()) unknown.append(station.row.call);
   }
   lookUps_.Ask(HasOwnPosition() ? unknown : QStringList());
 }

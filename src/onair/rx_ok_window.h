@@ -37,10 +37,12 @@ class frmMapRxOk : public CallMapWindow {
   MapDrawing BuildDrawing(const MapSurface& surface) override;
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   bool HasOwnPosition() const { return program_.config.MyLat != 0 || program_.config.MyLon != 0; }
   void ShowMap();
+  void Redraw();
   void TakeList();
   void PlacePanels();
   // Hides the legend while pointer or focus are at what lies under it.
@@ -51,4 +53,5 @@ class frmMapRxOk : public CallMapWindow {
   QList<RxOkStation> stations_;
   RxOkLegend legend_;
   RxOkLookupPanel picLookUp_;
+  bool positionWanted_ = false;  // the user has been asked for the own position
 };

@@ -3,35 +3,47 @@
 
 #include <QFileDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 
 #include "core/program.h"
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// The role of the button that was pressed; InvalidRole where none was. A box is a child of its parent, which may be
+// closed and deleted with the program while the box is on the screen: then the box has gone with it.
+QMessageBox::ButtonRole Answer(const QPointer<QMessageBox>& box) {
+  box->setTextFormat(Qt::PlainText);
+  box->exec();
+  if (box == nullptr) return QMessageBox::InvalidRole;
+  const QMessageBox::ButtonRole role = box->buttonRole(box->clickedButton());
+  delete box;
+  return role;
+}
+
+}  // namespace
+
 void Dialogs::Inform(QWidget* parent, const QString& text, bool exclamation) {
-  QMessageBox box(exclamation ? QMessageBox::Warning : QMessageBox::Information, Program::Title(), text,
-                  QMessageBox::Ok, parent);
-  box.setTextFormat(Qt::PlainText);
-  box.exec();
+  Answer(new QMessageBox(exclamation ? QMessageBox::Warning : QMessageBox::Information, Program::Title(), text,
+                         QMessageBox::Ok, parent));
 }
 
 bool Dialogs::AskRetry(QWidget* parent, const QString& text) {
-  QMessageBox box(QMessageBox::Warning, Program::Title(), text, QMessageBox::Retry | QMessageBox::Cancel, parent);
-  box.setTextFormat(Qt::PlainText);
-  box.setDefaultButton(QMessageBox::Retry);
-  return box.exec() == QMessageBox::Retry;
+  auto* box =
+      new QMessageBox(QMessageBox::Warning, Program::Title(), text, QMessageBox::Retry | QMessageBox::Cancel, parent);
+  box->setDefaultButton(QMessageBox::Retry);
+  return Answer(box) == QMessageBox::AcceptRole;
 }
 
 bool Dialogs::AskSecond(QWidget* parent, const QString& text, const QString& first, const QString& second) {
-  QMessageBox box(QMessageBox::Question, Program::Title(), text, QMessageBox::NoButton, parent);
-  box.setTextFormat(Qt::PlainText);
-  QPushButton* firstButton = box.addButton(first, QMessageBox::RejectRole);
-  const QPushButton* secondButton = box.addButton(second, QMessageBox::AcceptRole);
-  box.setDefaultButton(firstButton);
-  box.setEscapeButton(firstButton);
-  box.exec();
-  return box.clickedButton() == secondButton;
+  auto* box = new QMessageBox(QMessageBox::Question, Program::Title(), text, QMessageBox::NoButton, parent);
+  QPushButton* firstButton = box->addButton(first, QMessageBox::RejectRole);
+  box->addButton(second, QMessageBox::AcceptRole);
+  box->setDefaultButton(firstButton);
+  box->setEscapeButton(firstButton);
+  return Answer(box) == QMessageBox::AcceptRole;
 }
 
 QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter) {

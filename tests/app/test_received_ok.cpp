@@ -15,6 +15,8 @@ class TestReceivedOk : public QObject {
     QDir(f.folder.path()).mkpath(u"Maps"_s);
     QFile::copy(u"" MAPS_DIR "/UK Map.jpg"_s, f.folder.filePath(u"Maps/UK Map.jpg"_s));
     QVERIFY(f.StartAndPoll());
+    // The start has moved the focus to the call field for the last time.
+    QTRY_COMPARE(f.State().page.txtActive, u"START"_s);
     ReceivedOk& received = *f.form->findChild<ReceivedOk*>();
     received.Timer3.setInterval(0);
     BarLabel& lblMap = *f.form->findChild<BarLabel*>(u"lblMap"_s);
