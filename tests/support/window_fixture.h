@@ -3,6 +3,8 @@
 // message boxes answer as the test has written down.
 #pragma once
 
+#include <QSignalSpy>
+
 #include "app/main_window.h"
 #include "page_fixture.h"
 
@@ -88,7 +90,9 @@ struct WindowFixture {
   }
   // The same until the window is shown and its first poll has ended.
   bool StartAndPoll() {
-    return Start() && QTest::qWaitFor([this]() { return form->isVisible() && !form->Logic().poll.Busy(); });
+    if (!Start()) return false;
+    const QSignalSpy loaded(form.get(), &Form1::Loaded);  // the first poll has begun by then
+    return QTest::qWaitFor([&]() { return !loaded.isEmpty() && form->isVisible() && !form->Logic().poll.Busy(); });
   }
   void Close() {
     QSignalSpy closed(form.get(), &Form1::Closed);
