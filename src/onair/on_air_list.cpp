@@ -2,6 +2,7 @@
 #include "onair/on_air_list.h"
 
 #include <QDirIterator>
+#include <QFileInfo>
 #include <cmath>
 
 #include "onair/bands.h"
@@ -14,6 +15,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kLongestCell = 100;  // characters of a stranger's text in a cell
+constexpr int kRestSeconds = 2;
+constexpr qsizetype kMostKnown = 50'000;  // calls that strangers have sent
 constexpr auto kPeanut = "PEANUT"_L1;
 constexpr auto kPeanutCode = "123"_L1;  // stands for it among the numbers
 
@@ -64,32 +67,6 @@ QHash<QString, QString> StoredPictures(const QString& appDataDir) {
   return pictures;
 }
 
-// Where a station is, and in which direction.
-struct Place {
-  QString azimuth;
-  std::optional<double> degrees;
-  double lat = 0;
-  double lon = 0;
-};
-
-Place PlaceOfCall(const QString& call, const OnAirSight& sight, CallDatabase& database) {
-  const TargetLocation target = database.LookupTargetLocation(call);
-  Place place;
-  if (!target.InDatabase) return place;
-  // What lies beyond the poles or once around the world was never a position.
-  const bool onEarth = std::abs(target.TargetLat) <= 90 && std::abs(target.TargetLon) <= 180;
-  if (!onEarth || !IsKnownPosition(target.TargetLat, target.TargetLon)) {
-    place.azimuth = sight.missing;
-    return place;
-  }
-  place.lat = target.TargetLat;
-  place.lon = target.TargetLon;
-  if (!IsKnownPosition(sight.myLat, sight.myLon)) return place;
-  place.degrees = GetDistAz(sight.myLat, sight.myLon, place.lat, place.lon, 0).azimuth;
-  place.azimuth = QString::number(*place.degrees, 'f', 0) + u'°';
-  return place;
-}
-
 bool IsNothing(const QString& text) {
   return text.isEmpty();
 }
@@ -121,6 +98,38 @@ void SortBy(QList<OnAirEntry>& entries, bool descending, const Value& valueOf, c
 }
 
 }  // namespace
+
+void OnAirPlaces::Begin(const OnAirSight& sight) {
+  const QFileInfo file(sight.appDataDir + u"/Omni-Perch-DB.db"_s);
+  const QDateTime changed = file.lastModified();
+  // A file that has just been written may be written again in the same tick of its clock.
+  const bool rested = changed.isValid() && changed.addSecs(kRestSeconds) < QDateTime::currentDateTime();
+  const bool same = rested && changed == changed_ && file.size() == size_ && sight == sight_;
+  if (!same || known_.size() > kMostKnown) known_.clear();
+  changed_ = rested ? changed : QDateTime();
+  size_ = file.size();
+  sight_ = sight;
+}
+
+OnAirPlace OnAirPlaces::Of(const QString& call) {
+  const auto known = known_.constFind(call);
+  if (known != known_.cend()) return *known;
+  OnAirPlace place;
+  const TargetLocation target = database_.LookupTargetLocation(call);
+  // What lies beyond the poles or once around the world was never a position.
+  const bool onEarth = std::abs(target.TargetLat) <= 90 && std::abs(target.TargetLon) <= 180;
+  if (target.InDatabase && onEarth && IsKnownPosition(target.TargetLat, target.TargetLon)) {
+    place.lat = target.TargetLat;
+    place.lon = target.TargetLon;
+    if (IsKnownPosition(sight_.myLat, sight_.myLon)) {
+      place.degrees = GetDistAz(sight_.myLat, sight_.myLon, place.lat, place.lon, 0).azimuth;
+      place.azimuth = QString::number(*place.degrees, 'f', 0) + u'°';
+    }
+  } else if (target.InDatabase) {
+    place.azimuth = sight_.missing;
+  }
+  return *known_.insert(call, place);
+}
 
 std::optional<double> KiloHertzOf(const QString& frequency) {
   bool ok = false;
@@ -164,19 +173,18 @@ QList<OnAirRow> FilteredRows(const QList<OnAirRow>& rows, const CheckBoxes& ckBa
   return shown;
 }
 
-QList<OnAirEntry> EntriesOf(const QList<OnAirRow>& rows, const OnAirSight& sight, CallDatabase& database) {
+QList<OnAirEntry> EntriesOf(const QList<OnAirRow>& rows, const OnAirSight& sight, OnAirPlaces& places) {
   const QHash<QString, QString> pictures = StoredPictures(sight.appDataDir);
-  QHash<QString, Place> places;
+  places.Begin(sight);
   QList<OnAirEntry> entries;
   entries.reserve(rows.size());
   for (const OnAirRow& row : rows) {
-    auto place = places.constFind(row.call);
-    if (place == places.constEnd()) place = places.insert(row.call, PlaceOfCall(row.call, sight, database));
+    const OnAirPlace place = places.Of(row.call);
     const QString frequency = FrequencyText(row.frequency);
     const std::optional<double> kiloHertz = frequency.isEmpty() ? std::nullopt : KiloHertzOf(row.frequency);
-    entries.append({row.call, ShownCall(row.call, sight.zeroGlyph), Cell(row.mode.trimmed()), frequency, place->azimuth,
-                    Cell(row.extra), pictures.value(row.call.toLower()), kiloHertz, place->degrees, place->lat,
-                    place->lon});
+    entries.append({row.call, ShownCall(row.call, sight.zeroGlyph), Cell(row.mode.trimmed()), frequency, place.azimuth,
+                    Cell(row.extra), pictures.value(row.call.toLower()), kiloHertz, place.degrees, place.lat,
+                    place.lon});
   }
   return entries;
 }

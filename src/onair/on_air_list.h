@@ -3,6 +3,8 @@
 // database, the order. Plain functions, run beside the event loop by the sessions of On Air Now and of the on-air map.
 #pragma once
 
+#include <QDateTime>
+#include <QHash>
 #include <QList>
 #include <optional>
 
@@ -34,6 +36,34 @@ struct OnAirSight {
   double myLon = 0;
   QString missing;  // the language's word for a missing location
   QChar zeroGlyph = u'0';
+
+  bool operator==(const OnAirSight&) const = default;
+};
+
+// Where a station is, and in which direction.
+struct OnAirPlace {
+  QString azimuth;
+  std::optional<double> degrees;
+  double lat = 0;
+  double lon = 0;
+};
+
+// The look into the call database. Remembers what it has found until the file or what the texts follow is another, as
+// nearly the same stations are on the air five minutes later. Serves one thread.
+class OnAirPlaces {
+ public:
+  explicit OnAirPlaces(const QString& appDataDir) : database_(appDataDir) {}
+
+  // Before the calls of a list are looked up.
+  void Begin(const OnAirSight& sight);
+  OnAirPlace Of(const QString& call);
+
+ private:
+  CallDatabase database_;
+  OnAirSight sight_;
+  QDateTime changed_;  // the file that known_ was found in; invalid: it may change without a trace
+  qint64 size_ = 0;
+  QHash<QString, OnAirPlace> known_;
 };
 
 // The columns of gridOnAir.
@@ -53,7 +83,7 @@ struct OnAirOrder {
 // come twice, as told in the source.
 QList<OnAirRow> FilteredRows(const QList<OnAirRow>& rows, const CheckBoxes& ckBand, const CheckBoxes& ckMode,
                              const QStringList& lstBadCalls);
-QList<OnAirEntry> EntriesOf(const QList<OnAirRow>& rows, const OnAirSight& sight, CallDatabase& database);
+QList<OnAirEntry> EntriesOf(const QList<OnAirRow>& rows, const OnAirSight& sight, OnAirPlaces& places);
 void SortEntries(QList<OnAirEntry>& entries, const OnAirOrder& order);
 
 // kHz as MHz with three decimals and no zero before the point; none for 0 and for what is no finite number.

@@ -14,7 +14,7 @@ OnAirSession::OnAirSession(const Dependencies& dependencies, OnAirWindow window,
       feed_(dependencies, window == OnAirWindow::List),
       ckBand_(kPeanutBand + 1),
       ckMode_(static_cast<int>(kModes.size()) + 1),
-      database_(std::make_shared<CallDatabase>(dependencies.program.AppDataDir)) {
+      places_(std::make_shared<OnAirPlaces>(dependencies.program.AppDataDir)) {
   connect(&feed_, &OnAirFeed::ListChanged, this, &OnAirSession::Rebuild);
 }
 
@@ -88,10 +88,10 @@ void OnAirSession::SortBy(OnAirColumn head) {
 
 void OnAirSession::Rebuild() {
   const auto make = [rows = feed_.List1(), ckBand = ckBand_, ckMode = ckMode_, lstBadCalls = program_.lstBadCalls,
-                     order = order_, database = database_,
+                     order = order_, places = places_,
                      sight = OnAirSight{program_.AppDataDir, program_.config.MyLat, program_.config.MyLon,
                                         program_.language[TextLine::kMissingLocation], program_.ZeroGlyph}]() {
-    QList<OnAirEntry> entries = EntriesOf(FilteredRows(rows, ckBand, ckMode, lstBadCalls), sight, *database);
+    QList<OnAirEntry> entries = EntriesOf(FilteredRows(rows, ckBand, ckMode, lstBadCalls), sight, *places);
     SortEntries(entries, order);
     return entries;
   };

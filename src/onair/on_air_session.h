@@ -78,5 +78,5 @@ class OnAirSession : public QObject {
   Wanted rebuild_;
   // A reader of its own on the same files, used by the background thread only: a CallDatabase serves one thread, and
   // ten thousand look-ups would hold the event loop.
-  std::shared_ptr<CallDatabase> database_;
+  std::shared_ptr<OnAirPlaces> places_;
 };

@@ -111,12 +111,30 @@ class TestOnAirList : public QObject {
 
     const QList<OnAirRow> rows = Rows({u"ZZ1A,EP,1"_s, u"ZZ2A,EP,1"_s, u"ZZ3A,EP,1"_s, u"ZZ4A,EP,1"_s, u"ZZ5A,EP,1"_s});
     OnAirSight sight{folder.path(), 40, -75, u"n/a"_s, u'Ø'};
+    OnAirPlaces places(folder.path());
     QStringList azimuths;
-    for (const OnAirEntry& entry : EntriesOf(rows, sight, database)) azimuths << entry.azimuth;
+    for (const OnAirEntry& entry : EntriesOf(rows, sight, places)) azimuths << entry.azimuth;
     QCOMPARE(azimuths, QStringList({u"50°"_s, u"n/a"_s, u"n/a"_s, u"n/a"_s, u""_s}));
-    QCOMPARE(EntriesOf(rows, sight, database).at(1).picture, picture.fileName());
+    QCOMPARE(EntriesOf(rows, sight, places).at(1).picture, picture.fileName());
     sight.myLat = 0;
-    QCOMPARE(EntriesOf(rows, sight, database).first().azimuth, u""_s);
+    QCOMPARE(EntriesOf(rows, sight, places).first().azimuth, u""_s);
+
+    // Of a file that has rested is remembered what was found, until it is written again.
+    QFile file(folder.filePath(u"Omni-Perch-DB.db"_s));
+    const QDateTime rested = QDateTime::currentDateTime().addSecs(-100);
+    const auto setRested = [&]() {
+      QVERIFY(file.open(QIODevice::ReadWrite) && file.setFileTime(rested, QFileDevice::FileModificationTime));
+      file.close();
+    };
+    setRested();
+    QCOMPARE(EntriesOf(rows, sight, places).first().lat, 51.5);
+    save(u"ZZ1A"_s, u"60"_s, u"5"_s);
+    QCOMPARE(EntriesOf(rows, sight, places).first().lat, 60.0);
+    for (const QString& lat : {u"61"_s, u"62"_s}) {
+      save(u"ZZ1A"_s, lat, u"5"_s);
+      setRested();
+      QCOMPARE(EntriesOf(rows, sight, places).first().lat, 61.0);
+    }
   }
 
   void SortsByNumberWithTheEmptyLast() {
