@@ -25,9 +25,9 @@ void MovePixels(QImage& image, const QRect& from, const QRect& to) {
 
 void MapLayer::Job::Paint() {
   const QRect whole(QPoint(0, 0), frame);
-  image = QImage(frame, QImage::Format_RGB32);
+  image = NewFrame(frame);
   if (scene.IsScaled() && ground.isNull()) {
-    ground = QImage(frame, QImage::Format_RGB32);
+    ground = NewFrame(frame);
     scene.PaintPicture(ground, whole, offset);
   }
   if (ground.isNull()) {
@@ -118,7 +118,7 @@ void MapLayer::Take(Job&& done) {
 
 void MapLayer::GrowImage(const QSize& size) {
   const QSize room = image_.size().expandedTo(size);
-  if (room != image_.size()) image_ = QImage(room, QImage::Format_RGB32);
+  if (room != image_.size()) image_ = NewFrame(room);
 }
 
 void MapLayer::Prepare(const QSize& frame) {
@@ -147,7 +147,7 @@ void MapLayer::UpdateGround(const QRegion& missing) {
   }
   ground_ = QImage();
   if (IsLarge(frame_)) return;
-  ground_ = QImage(frame_.size(), QImage::Format_RGB32);
+  ground_ = NewFrame(frame_.size());
   scene_.PaintPicture(ground_, frame_, offset_);
 }
 

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "maps/map_scene.h"
 
+#include <sys/mman.h>
+
 #include <QFontMetricsF>
 #include <QPainter>
 #include <QSemaphore>
 #include <QThreadPool>
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <cstring>
 #include <span>
 #include <vector>
@@ -111,6 +115,22 @@ void MapScene::PaintAnything(QImage& image) const {
   PaintText(painter, label);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.drawEllipse(label.place);
+}
+
+QImage NewFrame(const QSize& size) {
+  // Memory comes in pages of 4 KiB, each zeroed when it is first written: for a screen that takes longer than painting
+  // it. Pages of 2 MiB take a third of that.
+  constexpr std::size_t kLargePage = 2UL << 20;
+  const std::size_t line = sizeof(QRgb) * static_cast<std::size_t>(std::max(0, size.width()));
+  const std::size_t bytes = line * static_cast<std::size_t>(std::max(0, size.height()));
+  if (bytes < kLargePage) return QImage(size, QImage::Format_RGB32);
+  const std::size_t whole = (bytes + kLargePage - 1) / kLargePage * kLargePage;
+  void* memory = std::aligned_alloc(kLargePage, whole);
+  if (memory == nullptr) return QImage(size, QImage::Format_RGB32);
+  // Where the system has none to give, the pages are ordinary ones.
+  madvise(memory, whole, MADV_HUGEPAGE);
+  return QImage(static_cast<uchar*>(memory), size.width(), size.height(), static_cast<qsizetype>(line),
+                QImage::Format_RGB32, std::free, memory);
 }
 
 void CopyPixels(const QImage& from, const QRect& part, QImage& to, const QPoint& at) {

@@ -61,5 +61,7 @@ class MapScene {
   bool smoothLines_ = true;
 };
 
+// An image of that size for a frame, in memory that comes quickly.
+QImage NewFrame(const QSize& size);
 // Copies pixels between images of 32 bits a pixel.
 void CopyPixels(const QImage& from, const QRect& part, QImage& to, const QPoint& at);
