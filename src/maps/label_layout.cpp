@@ -47,6 +47,21 @@ class TakenCells {
   bool IsFree(const QRectF& place) {
     return Visit(place, [](const quint64& word, quint64 mask) { return (word & mask) == 0; });
   }
+  // The same for the square of one pixel around a point: of a leader line a hundred of them are tested.
+  bool IsFreeAt(const QPointF& point) const {
+    const auto firstCell = [this](double at) { return static_cast<int>((at - 0.5) * perPixel_); };
+    const auto lastCell = [this](double at) { return static_cast<int>((at + 0.5) * perPixel_ - 1e-9); };
+    const int right = std::min(lastCell(point.x()), columns_ - 1);
+    const int bottom = std::min(lastCell(point.y()), rows_ - 1);
+    for (int row = std::max(0, firstCell(point.y())); row <= bottom; ++row) {
+      for (int column = std::max(0, firstCell(point.x())); column <= right; ++column) {
+        const auto word =
+            static_cast<std::size_t>(row) * static_cast<std::size_t>(words_) + static_cast<std::size_t>(column / 64);
+        if (((bits_[word] >> (column % 64)) & 1) != 0) return false;
+      }
+    }
+    return true;
+  }
   double Cell() const { return cell_; }
 
  private:
@@ -72,6 +87,7 @@ class TakenCells {
   }
 
   double cell_;
+  double perPixel_ = 1 / cell_;
   int columns_;
   int rows_;
   int words_;  // of a row
@@ -169,9 +185,7 @@ class Layout {
     const QSizeF size = Covered(label).size();
     for (int ring = kFirstRing; ring <= kLastRing; ring += kRingStep) {
       for (int i = 0; i < kDirections; ++i) {
-        // From the top, to both sides in turn.
-        const double angle = (i % 2 == 0 ? 1 : -1) * ((i + 1) / 2) * 2 * std::numbers::pi / kDirections;
-        const QPointF direction(std::sin(angle), -std::cos(angle));
+        const QPointF& direction = directions_[static_cast<std::size_t>(i)];
         const QPointF reach(direction.x() * size.width() / 2, direction.y() * size.height() / 2);
         const QPointF middle = *label.anchor + direction * ring + reach;
         const QRectF place(middle - QPointF(size.width() / 2, size.height() / 2), size);
@@ -192,19 +206,30 @@ class Layout {
     const QPointF way = to - from;
     const double length = std::hypot(way.x(), way.y());
     const int steps = static_cast<int>(length / texts_.Cell());
-    const auto at = [&](int step) { return Around(from + way * (step + 0.5) / (steps + 1), 0.5); };
+    const QPointF step = way / (steps + 1);
     for (int i = 0; i <= steps && !underTexts; ++i) {
-      if (!texts_.IsFree(at(i))) return false;
+      if (!texts_.IsFreeAt(from + step * (i + 0.5))) return false;
     }
-    for (int i = 0; i <= steps; ++i) covered_.Take(at(i));
+    for (int i = 0; i <= steps; ++i) covered_.Take(Around(from + step * (i + 0.5), 0.5));
     overlay_.lines.append({from + way * (kMarkReach / length), to, kLeaderColour, kLeaderWidth});
     return true;
+  }
+
+  // From the top, to both sides in turn.
+  static std::array<QPointF, kDirections> Directions() {
+    std::array<QPointF, kDirections> all;
+    for (int i = 0; i < kDirections; ++i) {
+      const double angle = (i % 2 == 0 ? 1 : -1) * ((i + 1) / 2) * 2 * std::numbers::pi / kDirections;
+      all[static_cast<std::size_t>(i)] = QPointF(std::sin(angle), -std::cos(angle));
+    }
+    return all;
   }
 
   MapOverlay& overlay_;
   QRectF picture_;
   TakenCells covered_;  // labels, marks and leader lines: no label goes there
   TakenCells texts_;    // labels: no leader line goes there
+  const std::array<QPointF, kDirections> directions_ = Directions();
 };
 
 }  // namespace

@@ -16,6 +16,7 @@ constexpr QColor kBlue(0, 0, 255);
 constexpr QColor kPathRed(176, 32, 32);
 constexpr double kPathWidth = 2;
 constexpr double kFocusedWidth = 5;
+constexpr double kRimWidth = 9;        // of the white below it, which parts it from a crowd of others
 constexpr qsizetype kMostSpoken = 30;  // paths that a screen reader is told of beside the map
 
 // The label of a call, to be laid out beside its dot. It takes a dark text on the light ground of the desktop's tips.
@@ -61,13 +62,13 @@ MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& p
     if (!look.imgX.contains(call)) marks.Label(CallLabel(number, call, program.ZeroGlyph, *at, surface.measure));
   }
   QStringList unseen;
-  const auto draw = [&](const PropagationPath& path, double width) {
+  const auto draw = [&](const PropagationPath& path, const QColor& colour, double width) {
     const StationSpot& from = paths.spots[static_cast<std::size_t>(path.from)];
     const StationSpot& to = paths.spots[static_cast<std::size_t>(path.to)];
-    marks.Path(from.lat, from.lon, to.lat, to.lon, kPathRed, width);
+    marks.Path(from.lat, from.lon, to.lat, to.lon, colour, width);
   };
   for (const PropagationPath& path : paths.paths) {
-    draw(path, kPathWidth);
+    draw(path, kPathRed, kPathWidth);
     const bool whole = seen[static_cast<std::size_t>(path.from)] && seen[static_cast<std::size_t>(path.to)];
     if (!whole && unseen.size() < kMostSpoken)
       unseen.append(paths.calls.at(path.from) + u" - "_s + paths.calls.at(path.to));
@@ -76,7 +77,10 @@ MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& p
   const auto isChosen = [&chosen](const PropagationPath& path) {
     return path == chosen || path == PropagationPath{chosen.to, chosen.from};
   };
-  if (std::any_of(paths.paths.begin(), paths.paths.end(), isChosen)) draw(chosen, kFocusedWidth);
+  if (std::any_of(paths.paths.begin(), paths.paths.end(), isChosen)) {
+    draw(chosen, Qt::white, kRimWidth);
+    draw(chosen, kPathRed, kFocusedWidth);
+  }
   result.spoken = unseen.join(u", "_s);
   result.overlay = marks.Take();
   return result;

@@ -137,7 +137,7 @@ class TestPropagation : public QObject {
     QCOMPARE(world.overlay.labels.first().text, u" ZZ1AA "_s);
     const MapDrawing uk = drawn(MapName::Uk, QSize(1090, 1300), {{u"ZZ1CC"_s}, u"ZZ1AA"_s, u"ZZ2BB"_s, false});
     QCOMPARE(uk.overlay.labels.size(), 1);
-    QCOMPARE(uk.overlay.lines.size(), 3);
+    QCOMPARE(uk.overlay.lines.size(), 4);
     QVERIFY(uk.overlay.lines.last().width > 2);
     QVERIFY(uk.spoken.contains(u"ZZ1AA - ZZ2BB"_s));
     QCOMPARE(NextPartner(paths, u"ZZ2BB"_s, u"ZZ1AA"_s, 1), u"ZZ1CC"_s);
