@@ -2,20 +2,17 @@
 // A program on a temporary folder whose lookups go to the simulated callbook services and their picture store.
 #pragma once
 
-#include <QDir>
-#include <QFile>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QTemporaryDir>
 
 #include "callbook/lookup_session.h"
 #include "callbook_host.h"
 #include "plain_picture.h"
 #include "station_band.h"
-#include "test_suite.h"
+#include "test_folder.h"
 
 struct LookupFixture {
-  QTemporaryDir folder;
+  TestFolder folder;
   StationBand band;
   Hosts hosts;
   Program program;
@@ -93,14 +90,10 @@ struct LookupFixture {
 
   QString PicturePath(const QString& call) const { return OperatorPicturePath(folder.path(), call); }
   void WritePicture(const QString& call, const QByteArray& bytes) const {
-    QDir(folder.path()).mkpath(QStringLiteral("images/qrzImages"));
-    QFile file(PicturePath(call));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+    folder.PutFolder(u"images/qrzImages"_s);
+    folder.Put(u"images/qrzImages/%1.jpg"_s.arg(call), bytes);
   }
-  QByteArray Picture(const QString& call) const {
-    QFile file(PicturePath(call));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
+  QByteArray Picture(const QString& call) const { return ReadFileBytes(PicturePath(call)).value_or(QByteArray()); }
   int PictureRequests() const { return band.FindHost(QStringLiteral("Pictures"))->TotalRequests(); }
 };
 
@@ -136,4 +129,8 @@ struct SessionFixture : LookupFixture {
     QTRY_VERIFY(done);
   }
   QString Text(TextLine line) const { return program.language[line]; }
+  // All that the window shows of a record: call, name, three lines of the address, distance.
+  QString Shown() const {
+    return QStringList{view.call, view.name, view.add1, view.add2, view.ctry, view.dxAz}.join(u'|');
+  }
 };

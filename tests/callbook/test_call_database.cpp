@@ -1,100 +1,73 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The call database against a plain model of the file: records in memory, bisected, swapped and copied one by one.
 #include <QDateTime>
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
-#include <QTemporaryDir>
 
 #include "callbook/call_database.h"
 #include "demo_database.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
-
-namespace {
-
-QByteArray Padded(const QByteArray& text, qsizetype width) {
-  return text.leftJustified(width, ' ', true);
-}
-
-// A whole record; by its name a test knows it among others of the same call.
-QByteArray Stored(const QByteArray& call, const QByteArray& name = "") {
-  return Padded(call, 6) + Padded(name, kRecordSize - 6);
-}
-
-QByteArray Trimmed(QByteArray text) {
-  while (text.startsWith(' ')) text.remove(0, 1);
-  while (text.endsWith(' ')) text.chop(1);
-  return text;
-}
-
-QByteArray CallOf(const QByteArray& record) {
-  return Trimmed(record.left(6));
-}
-
-struct Model {
-  QList<QByteArray> records;
-
-  int Find(const QByteArray& call) const {
-    qsizetype high = std::max<qsizetype>(records.size(), 1);
-    qsizetype low = 1;
-    while (low <= high) {
-      const qsizetype middle = (low + high) / 2;
-      const QByteArray record = middle > records.size() ? QByteArray(kRecordSize, '\0') : records[middle - 1];
-      if (CallOf(record) == Trimmed(call)) return static_cast<int>(middle);
-      if (call > record.left(6)) {
-        low = middle + 1;
-      } else {
-        high = middle - 1;
-      }
-    }
-    return 0;
-  }
-
-  void Sort() {
-    const qsizetype count = records.size();
-    qsizetype gap = count;
-    bool again = true;
-    while (again) {
-      gap = static_cast<qsizetype>(static_cast<double>(gap + 1) * 0.65);
-      again = gap > 1;
-      for (qsizetype i = 0; i + gap < count; ++i) {
-        if (CallOf(records[i]) <= CallOf(records[i + gap])) continue;
-        again = true;
-        records.swapItemsAt(i, i + gap);
-      }
-    }
-  }
-};
-
-struct Folder {
-  QTemporaryDir dir;
-
-  QString File(const QString& name = u"Omni-Perch-DB.db"_s) const { return dir.filePath(name); }
-  void Put(const QByteArray& bytes, const QString& name = u"Omni-Perch-DB.db"_s) const {
-    QFile file(File(name));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-  }
-  QByteArray Bytes() const {
-    QFile file(File());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("no file");
-  }
-};
-
-}  // namespace
+#include "test_folder.h"
 
 class TestCallDatabase : public QObject {
   Q_OBJECT
+
+  inline static const QString kFile = u"Omni-Perch-DB.db"_s;
+
+  static QByteArray Padded(const QByteArray& text, qsizetype width) { return text.leftJustified(width, ' ', true); }
+  // A whole record; by its name a test knows it among others of the same call.
+  static QByteArray Stored(const QByteArray& call, const QByteArray& name = "") {
+    return Padded(call, 6) + Padded(name, kRecordSize - 6);
+  }
+  static QByteArray Trimmed(QByteArray text) {
+    while (text.startsWith(' ')) text.remove(0, 1);
+    while (text.endsWith(' ')) text.chop(1);
+    return text;
+  }
+  static QByteArray CallOf(const QByteArray& record) { return Trimmed(record.left(6)); }
+
+  // Records in memory.
+  struct Model {
+    QList<QByteArray> records;
+
+    int Find(const QByteArray& call) const {
+      qsizetype high = std::max<qsizetype>(records.size(), 1);
+      qsizetype low = 1;
+      while (low <= high) {
+        const qsizetype middle = (low + high) / 2;
+        const QByteArray record = middle > records.size() ? QByteArray(kRecordSize, '\0') : records[middle - 1];
+        if (CallOf(record) == Trimmed(call)) return static_cast<int>(middle);
+        if (call > record.left(6)) {
+          low = middle + 1;
+        } else {
+          high = middle - 1;
+        }
+      }
+      return 0;
+    }
+
+    void Sort() {
+      const qsizetype count = records.size();
+      qsizetype gap = count;
+      bool again = true;
+      while (again) {
+        gap = static_cast<qsizetype>(static_cast<double>(gap + 1) * 0.65);
+        again = gap > 1;
+        for (qsizetype i = 0; i + gap < count; ++i) {
+          if (CallOf(records[i]) <= CallOf(records[i + gap])) continue;
+          again = true;
+          records.swapItemsAt(i, i + gap);
+        }
+      }
+    }
+  };
 
  private Q_SLOTS:
   void MeetsTheModel() {
     // searchesFirst: each change searches first and sorts at once, as all callers do.
     const auto check = [](const char* what, const QByteArray& letters, bool searchesFirst) {
       const TableRow row(what);
-      const Folder folder;
-      CallDatabase database(folder.dir.path());
+      const TestFolder folder;
+      CallDatabase database(folder.path());
       Model model;
       QRandomGenerator random(41);
       const auto anyCall = [&] {
@@ -132,7 +105,7 @@ class TestCallDatabase : public QObject {
           QVERIFY(database.SortDatabase());
           model.Sort();
         }
-        QCOMPARE(folder.Bytes(), model.records.join());
+        QCOMPARE(folder.Bytes(kFile), model.records.join());
         QCOMPARE(database.RecordCount(), model.records.size());
       }
       QStringList calls{u"old"_s};
@@ -148,8 +121,8 @@ class TestCallDatabase : public QObject {
   }
 
   void KeepsFieldsInTheirPlaces() {
-    const Folder folder;
-    CallDatabase database(folder.dir.path());
+    const TestFolder folder;
+    CallDatabase database(folder.path());
     QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 0);
     DbRec& record = database.DbCurrent;
     record.Call = u"ZZ9QX"_s;
@@ -162,50 +135,45 @@ class TestCallDatabase : public QObject {
     record.Class = u"Extra"_s;
     record.YearBorn = u"1961"_s;
     QVERIFY(database.AddRecord());
-    QCOMPARE(folder.Bytes(), "ZZ9QX " + Padded("Abcdefghijklmnopqrstuvwxy", 25) +
-                                 Padded("?\xF3"
-                                        "dz ? \x80 \xF1",
-                                        30) +
-                                 Padded("1 Mill Lane", 30) + Padded("Nowhere", 30) + Padded("-40.25", 15) +
-                                 Padded("0", 15) + Padded("Extra", 12) + "1961");
-    CallDatabase other(folder.dir.path());
+    const QByteArray add1 = Padded(QString(u"?ódz ? \u0080 ñ"_s).toLatin1(), 30);
+    QCOMPARE(folder.Bytes(kFile), "ZZ9QX Abcdefghijklmnopqrstuvwxy" + add1 + Padded("1 Mill Lane", 30) +
+                                      Padded("Nowhere", 30) + Padded("-40.25", 15) + Padded("0", 15) +
+                                      Padded("Extra", 12) + "1961");
+    CallDatabase other(folder.path());
     QCOMPARE(other.FindRecord(u" ZZ9QX "_s), 1);
-    QCOMPARE(other.DbCurrent.Name.Text(), u"Abcdefghijklmnopqrstuvwxy"_s);
-    QCOMPARE(other.DbCurrent.Add1.Text(), u"?ódz ? € ñ"_s);
+    QCOMPARE(other.DbCurrent.Name.Text() + other.DbCurrent.Add1.Text(), u"Abcdefghijklmnopqrstuvwxy?ódz ? € ñ"_s);
   }
 
   void GoesOnWithoutAFile() {
-    const Folder folder;
-    folder.Put(Stored("LEFT"), u"temp.db"_s);
-    CallDatabase database(folder.dir.path());
+    const TestFolder folder;
+    folder.Put(u"temp.db"_s, Stored("LEFT"));
+    CallDatabase database(folder.path());
     database.DbCurrent.Call = u"ZZ9QX"_s;
     QStringList calls{u"old"_s};
     QVERIFY(!database.AddRecord() && !database.UpdateRecord(1) && !database.SortDatabase());
-    QVERIFY(!database.DeleteRecord(u"ZZ9QX"_s) && !database.FillCallList(calls));
-    QCOMPARE(database.RecordCount(), 0);
-    QCOMPARE(calls, QStringList{u"old"_s});
-    QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
-    QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"temp.db"_s});
+    QVERIFY(!database.DeleteRecord(u"ZZ9QX"_s) && !database.FillCallList(calls) && database.RecordCount() == 0);
+    QCOMPARE(calls + QStringList{database.DbCurrent.Call.Text()}, (QStringList{u"old"_s, u"ZZ9QX"_s}));
+    QCOMPARE(folder.Files(), QStringList{u"temp.db"_s});
 
     // The first search makes the file, and searching it leaves it empty.
     for (const QString& call : {u"ZZ9QX"_s, u""_s}) QCOMPARE(database.FindRecord(call), 0);
-    QCOMPARE(folder.Bytes(), QByteArray());
+    QCOMPARE(folder.Bytes(kFile), QByteArray());
     QCOMPARE(database.DbCurrent.Call.Text(), QString());
     QVERIFY(database.FillCallList(calls) && calls.isEmpty());
 
     // A number behind the last record writes nothing.
     QVERIFY(!database.UpdateRecord(1) && !database.UpdateRecord(0));
-    QCOMPARE(folder.Bytes(), QByteArray());
+    QCOMPARE(folder.Bytes(kFile), QByteArray());
 
     // A file of another spelling is the same file; no second one is made beside it.
-    QVERIFY(QFile::rename(folder.File(), folder.File(u"omni-perch-db.DB"_s)));
+    QVERIFY(QFile::rename(folder.filePath(kFile), folder.filePath(u"omni-perch-db.DB"_s)));
     database.DbCurrent.Call = u"ZZ9QX"_s;
     QVERIFY(database.AddRecord());
     QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 1);
-    QVERIFY(!QFile::exists(folder.File()));
+    QVERIFY(!QFile::exists(folder.filePath(kFile)));
 
     // A folder in the file's place cannot be opened: nothing is found or written, and the work record stays.
-    QVERIFY(QFile::remove(folder.File(u"omni-perch-db.DB"_s)) && QDir(folder.dir.path()).mkdir(u"Omni-Perch-DB.db"_s));
+    QVERIFY(QFile::remove(folder.filePath(u"omni-perch-db.DB"_s)) && QDir(folder.path()).mkdir(u"Omni-Perch-DB.db"_s));
     QCOMPARE(database.FindRecord(u"AB1CD"_s), 0);
     QVERIFY(!database.AddRecord() && !database.SortDatabase() && !database.DeleteRecord(u"ZZ9QX"_s));
     QCOMPARE(database.DbCurrent.Call.Text(), u"ZZ9QX"_s);
@@ -220,19 +188,19 @@ class TestCallDatabase : public QObject {
     const QByteArray zeros(kRecordSize, '\0');
     const auto check = [](const QByteArray& before, int count, const QByteArray& afterAddingC,
                           const QByteArray& afterDeletingB) {
-      const Folder folder;
-      CallDatabase database(folder.dir.path());
-      folder.Put(before);
+      const TestFolder folder;
+      CallDatabase database(folder.path());
+      folder.Put(kFile, before);
       QCOMPARE(database.RecordCount(), count);
       QCOMPARE(database.FindRecord(u"nowhere"_s), 0);
       database.DbCurrent.Call = u"C"_s;
       database.DbCurrent.Name = u"new"_s;
       QVERIFY(database.AddRecord() && database.SortDatabase());
-      QCOMPARE(folder.Bytes(), afterAddingC);
+      QCOMPARE(folder.Bytes(kFile), afterAddingC);
       QCOMPARE(database.DbCurrent.Name.Text(), u"new"_s);
-      folder.Put(before);
+      folder.Put(kFile, before);
       QVERIFY(database.DeleteRecord(u"B"_s));
-      QCOMPARE(folder.Bytes(), afterDeletingB);
+      QCOMPARE(folder.Bytes(kFile), afterDeletingB);
     };
     check("rest", 0, c + "rest", "rest");
     check(a + b + d + "\r\n", 3, a + b + c + d + "\r\n", a + d + "\r\n");
@@ -243,19 +211,19 @@ class TestCallDatabase : public QObject {
   }
 
   void TakesInWhatATemporaryFileHolds() {
-    const Folder folder;
-    folder.Put(Stored("A") + Stored("B") + Stored("C"));
-    folder.Put(Stored("X") + Stored("Y") + Stored("Z"), u"temp.db"_s);
-    CallDatabase database(folder.dir.path());
+    const TestFolder folder;
+    folder.Put(kFile, Stored("A") + Stored("B") + Stored("C"));
+    folder.Put(u"temp.db"_s, Stored("X") + Stored("Y") + Stored("Z"));
+    CallDatabase database(folder.path());
     QVERIFY(database.DeleteRecord(u"C"_s));
-    QCOMPARE(folder.Bytes(), Stored("A") + Stored("B") + Stored("Z"));
+    QCOMPARE(folder.Bytes(kFile), Stored("A") + Stored("B") + Stored("Z"));
     QCOMPARE(database.DbCurrent.Call.Text(), u"C"_s);
-    QCOMPARE(QDir(folder.dir.path()).entryList(QDir::Files), QStringList{u"Omni-Perch-DB.db"_s});
+    QCOMPARE(folder.Files(), QStringList{u"Omni-Perch-DB.db"_s});
   }
 
   // Searches remember the beginning of a file that has not changed for a while; its first change must end that.
   void SeesEveryChangeOfARestedFile() {
-    const Folder folder;
+    const TestFolder folder;
     const auto call = [](int number) { return u"ZZ%1"_s.arg(number, 4, 10, QLatin1Char('0')); };
     QByteArray even;
     QByteArray odd;
@@ -263,17 +231,17 @@ class TestCallDatabase : public QObject {
       even += Stored(call(2 * i).toLatin1(), "first");
       odd += Stored(call(2 * i + 1).toLatin1(), "second");
     }
-    folder.Put(even);
-    CallDatabase database(folder.dir.path());
+    folder.Put(kFile, even);
+    CallDatabase database(folder.path());
     const auto rested = [&folder]() {
-      return QFileInfo(folder.File()).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
+      return QFileInfo(folder.filePath(kFile)).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
     };
     QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
     for (int round = 0; round < 2; ++round) {
       for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 0 ? i / 2 + 1 : 0);
     }
     // Another program writes the same file, in place and of the same size.
-    folder.Put(odd);
+    folder.Put(kFile, odd);
     for (int i = 0; i < 600; ++i) QCOMPARE(database.FindRecord(call(i)), i % 2 == 1 ? i / 2 + 1 : 0);
     QTRY_VERIFY_WITH_TIMEOUT(rested(), 10000);
     QCOMPARE(database.FindRecord(call(299)), 150);
@@ -288,14 +256,14 @@ class TestCallDatabase : public QObject {
 
   // The demo's file is written by other code than reads it; repeated it is longer than what FillCallList reads at once.
   void ListsTheDemo() {
-    const Folder folder;
-    folder.Put(DemoDatabase().repeated(60));
-    CallDatabase database(folder.dir.path());
+    const TestFolder folder;
+    folder.Put(kFile, DemoDatabase().repeated(60));
+    CallDatabase database(folder.path());
     QStringList calls;
     QVERIFY(database.FillCallList(calls));
     QCOMPARE(calls.size(), DemoDatabase().size() / kRecordSize * 60);
     QCOMPARE(calls.last(), calls.at(calls.size() / 60 - 1));
-    folder.Put(DemoDatabase());
+    folder.Put(kFile, DemoDatabase());
     QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
   }
 };

@@ -5,8 +5,6 @@
 #include "callbook/place_page.h"
 #include "test_suite.h"
 
-using namespace Qt::StringLiterals;
-
 class TestCallEntry : public QObject {
   Q_OBJECT
 

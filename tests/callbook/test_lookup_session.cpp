@@ -1,14 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// What the lookup window shows and keeps, against the simulated services: over the network, with real pictures.
+// What the lookup window shows and keeps, against the simulated services: over the network, with real pictures;
+// and how a user signs in to a service and out again: the login state, the cookies and the record.
 
 #include "callbook/station_place.h"
 #include "lookup_fixture.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int kEham = 1;
 constexpr int kQrz = 2;
 constexpr int kQrzcq = 3;
 constexpr int kCallook = 4;
@@ -32,24 +31,20 @@ class TestLookupSession : public QObject {
       QVERIFY(f.view.busy);
       QTRY_VERIFY_WITH_TIMEOUT(!f.view.busy, 10'000);
       f.Settle();
-      QCOMPARE(f.view.status, f.Text(status));
-      QCOMPARE(f.LookupStatus, f.Text(status));
+      QCOMPARE(f.view.status + u'|' + f.LookupStatus, f.Text(status) + u'|' + f.Text(status));
+      QCOMPARE(f.Records(), hasData ? 1 : 0);
       if (!hasData) {
-        QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.ctry + f.view.dxAz, QString());
-        QCOMPARE(f.Records(), 0);
+        QCOMPARE(f.Shown(), u"|||||"_s);
         QCOMPARE(f.PictureRequests(), 0);
         return;
       }
-      QCOMPARE(f.view.call, u"K1QPE  (From %1)"_s.arg(f.program.config.CallbookName));
-      QCOMPARE(f.view.name, u"Marty  (Martha)"_s);
-      QCOMPARE(f.view.add1, u"88 Maple Street"_s);
-      QVERIFY2(f.view.add2.startsWith(u"East Harrow"_s), qPrintable(f.view.add2));
-      QVERIFY2(f.view.ctry == u"United States"_s || f.view.ctry == u"U.S.A."_s, qPrintable(f.view.ctry));
-      QCOMPARE(f.view.dxAz, u"604 km 39° "_s);
-      const QString filed = f.Filed(u"K1QPE"_s);
-      QVERIFY2(filed.startsWith(u"Martha*44.1*-70.2*Extra"_s), qPrintable(filed));
-      QCOMPARE(filed.section(u'*', 4, 6), (QStringList{f.view.add1, f.view.add2, f.view.ctry}.join(u'*')));
-      QCOMPARE(filed.section(u'*', 7), service == kQrz || service == kHamCall ? u"1951"_s : QString());
+      QCOMPARE(f.Shown().section(u'|', 0, 2),
+               u"K1QPE  (From %1)|Marty  (Martha)|88 Maple Street"_s.arg(f.program.config.CallbookName));
+      const QRegularExpression place(u"\\|East Harrow[^|]*\\|(United States|U.S.A.)\\|604 km 39° $"_s);
+      QVERIFY2(f.Shown().contains(place), qPrintable(f.Shown()));
+      const QStringList filed{u"Martha*44.1*-70.2*Extra"_s, f.view.add1, f.view.add2, f.view.ctry,
+                              service == kQrz || service == kHamCall ? u"1951"_s : QString()};
+      QCOMPARE(f.Filed(u"K1QPE"_s), filed.join(u'*'));
       QTRY_VERIFY(!f.view.picture.isNull());
       QVERIFY(!f.Picture(u"K1QPE"_s).isEmpty());
     };
@@ -75,17 +70,11 @@ class TestLookupSession : public QObject {
       f.File(u"K1QPE"_s, name, lat, lon);
       QSignalSpy front(&f.session, &LookupSession::FrontWanted);
       f.LookToTheEnd(u"K1QPE"_s);
-      QCOMPARE(front.isEmpty(), dxAz.isEmpty());
-      QCOMPARE(f.Service().TotalRequests(), dxAz.isEmpty() ? 1 : 0);
-      QCOMPARE(f.Records(), 1);
-      if (dxAz.isEmpty()) {
-        QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 1), u"Martha*44.1"_s);
-        return;
-      }
-      QCOMPARE(f.view.call, u"K1QPE  (from the local database)"_s);
-      QCOMPARE(f.view.name, u"Rob  (Robin)"_s);
-      QCOMPARE(f.view.add1 + u'/' + f.view.add2 + u'/' + f.view.ctry, u"1 Mill Lane//Nowhere"_s);
-      QCOMPARE(f.view.dxAz, dxAz);
+      const bool asks = dxAz.isEmpty();
+      QVERIFY(front.isEmpty() == asks && f.Service().TotalRequests() == (asks ? 1 : 0) && f.Records() == 1);
+      if (asks) QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 1), u"Martha*44.1"_s);
+      if (asks) return;
+      QCOMPARE(f.Shown(), u"K1QPE  (from the local database)|Rob  (Robin)|1 Mill Lane||Nowhere|"_s + dxAz);
       QTRY_VERIFY(!f.view.picture.isNull());
     };
     check("known", u"Robin"_s, u"51,5"_s, u" 0.1E"_s, 40.0, u"5,711 km 50° "_s);
@@ -100,11 +89,11 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"W1QXM"_s);
     QCOMPARE(f.view.dxAz, u"No coordinates on Callook"_s);
     QCOMPARE(f.Filed(u"W1QXM"_s).section(u'*', 0, 3), u"Nobody Knowsplace*0*0*Novice"_s);
+    SiteRec site;
+    site.Lat = 43.5;
+    site.Lon = -72.25;
     for (const QString& call : {u"W1QXM"_s, u"W0QXM"_s}) {
-      SiteRec site;
       site.Call = call;
-      site.Lat = 43.5;
-      site.Lon = -72.25;
       f.program.sites.Sites.append(site);
     }
     f.program.sites.SortSites();
@@ -152,9 +141,7 @@ class TestLookupSession : public QObject {
     // QRZ shows this one to others only.
     f.Choose(kQrz);
     f.LookToTheEnd(u"G3QXR"_s);
-    QCOMPARE(beeps.count(), 1);
-    QCOMPARE(f.view.name, QString());
-    QVERIFY(f.view.call.startsWith(u"G3QXR"_s));
+    QVERIFY(beeps.count() == 1 && f.view.name.isEmpty() && f.view.call.startsWith(u"G3QXR"_s));
     QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
     // Of the record that another service has given, the name goes and nothing else.
     f.Choose(kQrzcq);
@@ -197,9 +184,7 @@ class TestLookupSession : public QObject {
       SessionFixture f;
       f.LookToTheEnd(call);
       QCOMPARE(f.view.call, shown);
-      QCOMPARE(f.Records(), 0);
-      QVERIFY(QDir(f.folder.path()).entryList({u"*images*"_s}, QDir::AllEntries).isEmpty());
-      QCOMPARE(f.PictureRequests(), 0);
+      QVERIFY(f.Records() == 0 && f.PictureRequests() == 0 && !QFile::exists(f.folder.filePath(u"images"_s)));
       f.session.ChooseService(kCallook - 1);
       f.UpdateToTheEnd();
       QVERIFY(f.Service().Log().filter(u".."_s).isEmpty());
@@ -239,21 +224,16 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"K1QPE"_s);
     QTRY_VERIFY(f.Picture(u"K1QPE"_s) != old && !f.view.picture.isNull());
     QVERIFY(f.Picture(u"K1QPE"_s).startsWith("\xFF\xD8"));
-  }
-
-  void ReadsEmptyPicturesAgain() {
-    SessionFixture f;
-    f.File(u"K1QPE"_s, u"Robin"_s, u"51.5"_s, u"0.1"_s);
+    // An empty file is read again, and its record is not.
+    const int asked = f.Service().TotalRequests();
+    const int pictures = f.PictureRequests();
     f.WritePicture(u"K1QPE"_s, QByteArray());
-    f.Look(u"K1QPE"_s);
-    QTRY_VERIFY(!f.view.picture.isNull());
-    QCOMPARE(f.PictureRequests(), 1);
-    QVERIFY(!f.Picture(u"K1QPE"_s).isEmpty());
-    f.Look(u"K1QPE"_s);
-    QVERIFY(f.view.picture.isNull());
-    QTRY_VERIFY(!f.view.picture.isNull());
-    QCOMPARE(f.PictureRequests(), 1);
-    QCOMPARE(f.Service().TotalRequests(), 0);
+    for (int look = 0; look < 2; ++look) {
+      f.Look(u"K1QPE"_s);
+      QVERIFY(f.view.picture.isNull());
+      QTRY_VERIFY(!f.view.picture.isNull());
+    }
+    QVERIFY(f.PictureRequests() == pictures + 1 && f.Service().TotalRequests() == asked);
   }
 
   // A picture that is still being decoded when another read or another call begins is not shown.
@@ -277,13 +257,12 @@ class TestLookupSession : public QObject {
   }
 
   void SizesPictures() {
-    const QList<std::pair<QSize, QSizeF>> sizes{{{570, 100}, {57, 10}},   {{30, 20}, {57, 38}},
-                                                {{400, 280}, {57, 39.9}}, {{400, 300}, {52, 39}},
-                                                {{100, 390}, {10, 39}},   {{0, 10}, {-1, -1}}};
-    for (const auto& [pixels, units] : sizes) {
-      const QSizeF size = PictureUnits(pixels);
-      QVERIFY(std::abs(size.width() - units.width()) < 1e-9 && std::abs(size.height() - units.height()) < 1e-9);
+    QStringList sizes;
+    for (const QSize& pixels :
+         {QSize(570, 100), QSize(30, 20), QSize(400, 280), QSize(400, 300), QSize(100, 390), QSize(0, 10)}) {
+      sizes += u"%1x%2"_s.arg(PictureUnits(pixels).width()).arg(PictureUnits(pixels).height());
     }
+    QCOMPARE(sizes.join(u' '), u"57x10 57x38 57x39.9 52x39 10x39 -1x-1"_s);
   }
 
   void DropsFormerCalls() {
@@ -321,8 +300,7 @@ class TestLookupSession : public QObject {
     QVERIFY(!f.view.busy);
 
     f.session.Update();
-    QCOMPARE(f.view.call, u"Reading QRZCQ.com. . ."_s);
-    QCOMPARE(f.view.name + f.view.add1 + f.view.add2 + f.view.ctry + f.view.dxAz, QString());
+    QCOMPARE(f.Shown(), u"Reading QRZCQ.com. . .|||||"_s);
     QTRY_COMPARE(f.view.name, u"Martha"_s);
     f.Settle();
     QCOMPARE(f.Records(), 1);
@@ -332,8 +310,7 @@ class TestLookupSession : public QObject {
     f.session.ChooseService(0);
     QVERIFY(!f.view.name.isEmpty());
     QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
-    QCOMPARE(f.view.call + f.view.name + f.view.add1 + f.view.add2 + f.view.ctry + f.view.dxAz, QString());
-    QVERIFY(!f.view.busy && f.view.picture.isNull());
+    QVERIFY(f.Shown() == u"|||||" && !f.view.busy && f.view.picture.isNull());
   }
 
   // Neither the database nor a picture can be written, and the lookup shows all the same what it has read.
@@ -350,6 +327,87 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"W5QUJ"_s);
     QCOMPARE(f.view.name, u"Buck R."_s);
     QCOMPARE(inTheWay.size(), 0);
+  }
+
+  void SignsInAndOut() {
+    SessionFixture f(kEham);
+    f.LookToTheEnd(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    f.session.AwaitSignIn();
+    f.SignIn();
+    QTRY_COMPARE(f.view.name, u"Martha"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.Settle();
+    const int asked = f.Service().TotalRequests();
+    // The cookie has ended the waiting: closing the browser window afterwards reads nothing.
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+
+    // A login to eHam is none to QRZ, of which there are no cookies.
+    f.session.ChooseService(kQrz - 1);
+    QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+    f.session.EndLookup();
+    f.Choose(kEham);
+
+    // The next call has a record to show and reads no page: the session still knows of the login.
+    f.Look(u"K1QPE"_s);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
+    QCOMPARE(f.view.name, QString());
+    QVERIFY(f.cookies.All().isEmpty());
+    QCOMPARE(f.Service().TotalRequests(), asked + 1);
+
+    // A user who gives up closes the window: the call is read once.
+    f.session.AwaitSignIn();
+    f.session.SignInClosed();
+    QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
+    QTRY_VERIFY(!f.view.busy);
+
+    // Choosing another service ends the waiting.
+    f.session.AwaitSignIn();
+    f.session.ChooseService(kCallook - 1);
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
+  }
+
+  // A service that gives a new cookie with every page is not asked for ever while the user types the password.
+  void AwaitsTheSignInQuietly() {
+    SessionFixture f(kEham);
+    PageHost host(QHostAddress(QHostAddress::LocalHost), 0, nullptr);
+    f.hosts.eHam = host.Base();
+    const auto give = [&f](const QByteArray& value) { f.cookies.Add(QNetworkCookie("seen", value), u"127.0.0.1"_s); };
+    host.SetPage(u"callbook/K1QPE"_s, [&]() {
+      give(QByteArray::number(host.TotalRequests()));
+      return QByteArray("<p>Nothing for strangers</p>");
+    });
+    f.LookToTheEnd(u"K1QPE"_s);
+    f.session.AwaitSignIn();
+    give("the login page's");
+    QTRY_COMPARE(host.TotalRequests(), 3);
+    QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
+    // A cookie that the browser window gets later counts again.
+    give("the user's");
+    QTRY_COMPARE(host.TotalRequests(), 5);
+    // Signing out ends the waiting for a login: closing the browser window then reads nothing.
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignOut();
+    QTRY_VERIFY(!f.view.busy);
+    f.session.SignInClosed();
+    QVERIFY(!f.view.busy);
+  }
+
+  void KnowsOfASignOutWithoutACall() {
+    SessionFixture f(kEham);
+    f.SignIn();
+    f.Look(QString());
+    QSignalSpy changed(&f.session, &LookupSession::Changed);
+    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    f.session.SignOut();
+    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
+    QCOMPARE(changed.count(), 1);
   }
 };
 

@@ -9,11 +9,8 @@
 #include "core/translations.h"
 #include "lookup_fixture.h"
 #include "recording_menus.h"
-#include "test_suite.h"
 #include "ui/language_change.h"
 #include "ui/plain_tip.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -99,11 +96,9 @@ class TestLookupWindow : public QObject {
     f.program.config.CallbookIndex = 3;
     const PictureButton* image = f.OpenWithPicture(u"VK9QXL"_s, QSize(400, 300));
     QVERIFY(image != nullptr);
-    QCOMPARE(f.Form().windowTitle(), u"Callsign VK9QXL"_s);
-    QCOMPARE(f.Form().size(), QSize(350, 200));
-    QCOMPARE(f.Text(u"lblCall"_s), u"VK9QXL  (from the local database)"_s);
-    QCOMPARE(f.Part<QComboBox>(u"cboDB"_s)->currentText(), u"QRZCQ.com"_s);
-    QCOMPARE(image->height() - 4, 98);  // 39 units
+    const QStringList texts{f.Form().windowTitle(), f.Text(u"lblCall"_s), f.Part<QComboBox>(u"cboDB"_s)->currentText()};
+    QCOMPARE(texts.join(u'|'), u"Callsign VK9QXL|VK9QXL  (from the local database)|QRZCQ.com"_s);
+    QVERIFY(f.Form().size() == QSize(350, 200) && image->height() - 4 == 98);  // 39 units
     const auto showsPicture = [&f, image]() {
       const QColor middle = f.Form().grab().toImage().pixelColor(image->geometry().center());
       return std::abs(middle.blue() - 160) < 12 && std::abs(middle.red() - 40) < 12;
@@ -127,8 +122,7 @@ class TestLookupWindow : public QObject {
     f.Choose(1);
     f.Open(u"K1QPE"_s);
     QWidget* focus = f.Form().focusWidget();
-    QCOMPARE(focus->objectName(), u"cmdUpdate"_s);
-    QCOMPARE(focus->accessibleDescription(), u"Not logged in"_s);
+    QCOMPARE(focus->objectName() + u'|' + focus->accessibleDescription(), u"cmdUpdate|Not logged in"_s);
     // A screen reader names an empty field, too.
     for (const FieldLabel* label : f.Form().findChildren<FieldLabel*>()) {
       QVERIFY2(!label->accessibleName().isEmpty() && label->text().isEmpty(), qPrintable(label->objectName()));
@@ -150,8 +144,7 @@ class TestLookupWindow : public QObject {
     QTest::keyClick(image, Qt::Key_Return);
     const QPointer<Form13> whole = f.Form().findChild<Form13*>();
     QTRY_VERIFY(whole->isVisible());
-    QCOMPARE(whole->size(), QSize(260, 200));
-    QVERIFY(whole->windowTitle().contains(u"K1QPE"_s));
+    QVERIFY(whole->size() == QSize(260, 200) && whole->windowTitle().contains(u"K1QPE"_s));
     QTest::keyClick(whole, Qt::Key_Escape);
     QTRY_VERIFY(whole == nullptr);
     QVERIFY(f.IsOpen());
@@ -187,8 +180,7 @@ class TestLookupWindow : public QObject {
     QTest::keyClick(&f.Form(), Qt::Key_F5);
     QTRY_COMPARE(f.Service().TotalRequests(), 1);
     QTest::keyClick(f.Part<QWidget>(u"cmdUpdate"_s), Qt::Key_Escape);
-    QCOMPARE(f.closed, 2);
-    QVERIFY(!f.IsOpen());
+    QVERIFY(f.closed == 2 && !f.IsOpen());
     f.Open(u"W5QUJ"_s);
     QCOMPARE(f.Text(u"lblName"_s), u"Buck R."_s);
     QCOMPARE(f.Filed(u"K1QPE"_s).section(u'*', 0, 0), u"Robin"_s);
@@ -206,16 +198,14 @@ class TestLookupWindow : public QObject {
     f.commands.Do({Command::ShowCallOnMap, 0, {}, {}, {}});
     QCOMPARE(maps.first(), QVariantList({u"K1QPE"_s, 51.5, -0.1}));
     f.Form().MnuMapsClick(1);
-    QCOMPARE(views.count(), 1);
-    QVERIFY(views.first().first().toString().startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
+    QVERIFY(views.value(0).value(0).toString().startsWith(u"https://maps.example/maps/place/51.5,-0.1/@"_s));
     QVERIFY(!f.IsOpen());
 
     f.Open(u"W1QXM"_s);
     for (const int index : {0, 1, 2}) f.Form().MnuMapsClick(index);
     QCOMPARE(maps.count() + views.count(), 2);
     QTest::keyClick(f.Part<BarLabel>(u"lblMaps"_s), Qt::Key_Space);
-    QVERIFY(!f.menus.wanted.last().subject.placed);
-    QVERIFY(f.IsOpen());
+    QVERIFY(f.IsOpen() && !f.menus.wanted.last().subject.placed);
   }
 
   // The large picture: whole on the monitor whatever its size, and gone with a click or with the next call.
@@ -246,8 +236,7 @@ class TestLookupWindow : public QObject {
     f.hasBrowser = false;
     status->setFocus();
     for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) QTest::keyClick(status, key);
-    QCOMPARE(f.dialogs.told.size(), 3);
-    QVERIFY(!f.dialogs.told.first().isEmpty());
+    QVERIFY(f.dialogs.told.size() == 3 && !f.dialogs.told.first().isEmpty());
     f.hasBrowser = true;
     QTest::mouseClick(status, Qt::LeftButton);
     QCOMPARE(f.windows.done, QStringList{u"eHam /login"_s});
@@ -283,8 +272,7 @@ class TestLookupWindow : public QObject {
     FieldLabel label(u"lblName"_s, &window);
     label.resize(40, 20);
     label.SetField(u" Zoë\tof the\r\n<b>Hill</b> "_s, u"Name"_s);
-    QCOMPARE(label.text(), u"Zoë of the  <b>Hill</b>"_s);
-    QCOMPARE(label.toolTip(), PlainTip(label.text()));
+    QCOMPARE(label.text() + label.toolTip(), u"Zoë of the  <b>Hill</b>"_s + PlainTip(label.text()));
   }
 
   // Each of the six texts is reached by Tab and copied whole, also where the window shows only a part.
@@ -373,8 +361,7 @@ class TestLookupWindow : public QObject {
       status.SetStatus(text, u"Aanmelden"_s);
       QVERIFY(status.isVisible());
       status.resize(status.sizeHint().width() * percent / 100, status.height());
-      QCOMPARE(status.ShownText() == text, whole);
-      QCOMPARE(status.ShownText().endsWith(u'…'), !whole);
+      QVERIFY((status.ShownText() == text) == whole && status.ShownText().endsWith(u'…') == !whole);
       // Nothing of the text is cut at the label's edge: the last column stays empty.
       QImage drawn = status.grab().toImage().convertToFormat(QImage::Format_RGB32);
       const QRgb back = drawn.pixel(0, 0);
@@ -411,8 +398,7 @@ class TestLookupWindow : public QObject {
     f.owner.setGeometry(200, 150, 300, 200);
     control.setGeometry(20, 30, 50, 16);
     f.Form().PositionMe(&f.owner, u"lblCallFrom"_s);
-    QCOMPARE(f.Form().pos().x(), 220);
-    QVERIFY(f.Form().pos().y() > 195 && f.Form().pos().y() < 240);
+    QVERIFY(f.Form().pos().x() == 220 && f.Form().pos().y() > 195 && f.Form().pos().y() < 240);
     // An owner without that control: the lookup stands at the window's own edge.
     f.Form().PositionMe(&f.owner, u"lblCallTx"_s);
     QCOMPARE(f.Form().pos().x(), f.owner.frameGeometry().x());

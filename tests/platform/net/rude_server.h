@@ -45,29 +45,17 @@ class RudeServer : public LoopbackServer {
     const bool isKept = answer.then == RudeAnswer::Then::Keep || answer.then == RudeAnswer::Then::KeepOnce;
     const QByteArray end = isKept ? "\r\n"_ba : "Connection: close\r\n\r\n"_ba;
     if (!answer.head.isEmpty()) socket->write(answer.head + end + answer.body);
-    switch (answer.then) {
-      case RudeAnswer::Then::Close:
-        socket->disconnectFromHost();
-        break;
-      case RudeAnswer::Then::Stall:
-      case RudeAnswer::Then::Keep:
-        break;
-      case RudeAnswer::Then::KeepOnce:
-        socket->setProperty("isLast", true);
-        break;
-      case RudeAnswer::Then::Reset:
-        socket->flush();
-        socket->abort();
-        break;
-      case RudeAnswer::Then::Endless:
-        connect(socket, &QTcpSocket::bytesWritten, socket, [socket]() { socket->write(QByteArray(65536, 'x')); });
-        break;
-      case RudeAnswer::Then::Drip: {
-        auto* drip = new QTimer(socket);
-        connect(drip, &QTimer::timeout, socket, [socket]() { socket->write("x"); });
-        drip->start(20);
-        break;
-      }
+    if (answer.then == RudeAnswer::Then::Close) socket->disconnectFromHost();
+    if (answer.then == RudeAnswer::Then::KeepOnce) socket->setProperty("isLast", true);
+    if (answer.then == RudeAnswer::Then::Reset) socket->flush();
+    if (answer.then == RudeAnswer::Then::Reset) socket->abort();
+    if (answer.then == RudeAnswer::Then::Endless) {
+      connect(socket, &QTcpSocket::bytesWritten, socket, [socket]() { socket->write(QByteArray(65536, 'x')); });
+    }
+    if (answer.then == RudeAnswer::Then::Drip) {
+      auto* drip = new QTimer(socket);
+      connect(drip, &QTimer::timeout, socket, [socket]() { socket->write("x"); });
+      drip->start(20);
     }
   }
 

@@ -5,29 +5,18 @@
 #include "rude_server.h"
 #include "test_folder.h"
 
-namespace {
-
-QNetworkCookie Cookie(const QByteArray& line) {
-  return QNetworkCookie::parseCookies(line).value(0);
-}
-
-// name=value of all, in order of name.
-QByteArray Pairs(const QList<QNetworkCookie>& cookies) {
-  QByteArrayList pairs;
-  for (const QNetworkCookie& cookie : cookies) pairs += cookie.toRawForm(QNetworkCookie::NameAndValueOnly);
-  std::sort(pairs.begin(), pairs.end());
-  return pairs.join(' ');
-}
-
-QByteArray CookieLineOf(const RudeServer& server) {
-  return RudeServer::Field(server.lastRequest, "cookie");
-}
-
-}  // namespace
-
 class TestCookieStore : public QObject {
   Q_OBJECT
 
+  static QNetworkCookie Cookie(const QByteArray& line) { return QNetworkCookie::parseCookies(line).value(0); }
+  // name=value of all, in order of name.
+  static QByteArray Pairs(const QList<QNetworkCookie>& cookies) {
+    QByteArrayList pairs;
+    for (const QNetworkCookie& cookie : cookies) pairs += cookie.toRawForm(QNetworkCookie::NameAndValueOnly);
+    std::sort(pairs.begin(), pairs.end());
+    return pairs.join(' ');
+  }
+  static QByteArray CookieLineOf(const RudeServer& server) { return RudeServer::Field(server.lastRequest, "cookie"); }
   static void Read(UrlNetwork& network, const QUrl& url) {
     HeardReader reader(network);
     reader.Start(u"page"_s, url);
@@ -61,12 +50,6 @@ class TestCookieStore : public QObject {
                u"http://27.0.0.1/"_s});
   }
 
-  void LongestPathFirst() {
-    CookieList list;
-    for (const char* line : {"id=root", "id=deep; path=/db/call", "id=db; path=/db"}) list.Add(Cookie(line), u"h.x"_s);
-    QCOMPARE(list.HeaderFor(QUrl(u"http://h.x/db/call/1"_s)), QByteArray("id=deep; id=db; id=root"));
-  }
-
   void LinesKeptAndDropped() {
     const auto check = [](bool kept, const QByteArrayList& lines) {
       for (const QByteArray& line : lines) {
@@ -92,13 +75,10 @@ class TestCookieStore : public QObject {
     store.Add(Cookie("a=1"), u"h.x"_s);
     QCOMPARE(changed.count(), 1);
     store.Add(Cookie("a=2"), u"h.x"_s);
-    QCOMPARE(Pairs(store.All()), QByteArray("a=2"));
-    QCOMPARE(changed.count(), 2);
+    QVERIFY(Pairs(store.All()) == "a=2" && changed.count() == 2);
     store.Apply({{Cookie("b=1; domain=h.x")}, {Cookie("a=2; domain=h.x"), true}, {Cookie("c=1; domain=h.x")}});
-    QCOMPARE(Pairs(store.All()), QByteArray("b=1 c=1"));
-    QCOMPARE(changed.count(), 3);
     store.Remove(Cookie("none=1; domain=h.x"));
-    QCOMPARE(changed.count(), 3);
+    QVERIFY(Pairs(store.All()) == "b=1 c=1" && changed.count() == 3);
   }
 
   void EndOfASignIn() {
@@ -140,10 +120,7 @@ class TestCookieStore : public QObject {
     CookieStore store(folder.path());
     store.Add(Cookie("a=1"), u"h.x"_s);
     const QByteArray before = folder.Bytes(u"cookies"_s);
-    WithoutRoom([&store]() {
-      store.Add(Cookie("b=" + QByteArray(2000, 'b')), u"h.x"_s);
-      return 0;
-    });
+    WithoutRoom([&store]() { return store.Add(Cookie("b=" + QByteArray(2000, 'b')), u"h.x"_s), 0; });
     QCOMPARE(folder.Bytes(u"cookies"_s), before);
     QCOMPARE(store.All().size(), 2);
     store.Remove(Cookie("a=1; domain=h.x"));
@@ -184,8 +161,7 @@ class TestCookieStore : public QObject {
     QCOMPARE(CookieLineOf(other), QByteArray());
     Read(network, calls.Url(u"/db/2"_s));
     QCOMPARE(other.requests, 2);
-    QCOMPARE(CookieLineOf(other), QByteArray());
-    QCOMPARE(CookieLineOf(calls), QByteArray());  // of /home
+    QCOMPARE(CookieLineOf(other) + CookieLineOf(calls), QByteArray());  // the latter of /home
     store.Add(Cookie("second=1; path=/db/"), u"127.0.0.2"_s);
     Read(network, calls.Url(u"/db/2"_s));
     QCOMPARE(CookieLineOf(other), QByteArray("second=1"));
@@ -201,9 +177,8 @@ class TestCookieStore : public QObject {
         list.Add(Cookie("id=1"), u"127.0.0.1"_s);
         list.Add(Cookie("tls=1; secure"), u"127.0.0.1"_s);
         QVERIFY2(!list.Renew(QUrl(u"http://127.0.0.2/db/1"_s), {Cookie(told)}), told.constData());
-        QVERIFY2(list.Renew(QUrl(u"http://127.0.0.1/db/1"_s), {Cookie(told)}) == (left != "id=1 tls=1"),
-                 told.constData());
-        QVERIFY2(Pairs(list.All()) == left, told.constData());
+        const bool changes = list.Renew(QUrl(u"http://127.0.0.1/db/1"_s), {Cookie(told)});
+        QVERIFY2(changes == (left != "id=1 tls=1") && Pairs(list.All()) == left, told.constData());
       }
     };
     check("id=2 tls=1", {"id=2; path=/", "id=2; path=/; domain=127.0.0.1"});
