@@ -7,18 +7,14 @@
 #include <QLocalSocket>
 #include <QPushButton>
 
-#include "test_suite.h"
 #include "window_fixture.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 QStringList FilesBelow(const QString& folder) {
   QStringList names;
-  QDirIterator walk(folder, QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden,
-                    QDirIterator::Subdirectories);
-  while (walk.hasNext()) names.append(walk.next());
+  const auto kinds = QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot | QDir::Hidden;
+  for (QDirIterator walk(folder, kinds, QDirIterator::Subdirectories); walk.hasNext();) names.append(walk.next());
   names.sort();
   return names;
 }
@@ -42,8 +38,8 @@ class TestMainWindow : public QObject {
       f.form.reset();
       if (anotherRuns) QCOMPARE(FilesBelow(f.folder.path()), before);
     };
-    check("configuration", QByteArray("Omni-Perch.cfg"), false, u"Omni-Perch.cfg not found!"_s);
-    check("WX sites", QByteArray("WXsites.lst"), false, u"WXsites.lst not found!"_s);
+    check("configuration", "Omni-Perch.cfg", false, u"Omni-Perch.cfg not found!"_s);
+    check("WX sites", "WXsites.lst", false, u"WXsites.lst not found!"_s);
     check("second instance", {}, true, u"Omni-Perch is already running!"_s);
   }
 
@@ -52,15 +48,13 @@ class TestMainWindow : public QObject {
     Station& one = f.AddSite(u"ZZ2BB"_s, 2);
     f.AddSite(u"ZZ1AA"_s, 1);
     f.Write("info.txt", "left over");
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible());
-    QTRY_COMPARE(f.form->windowTitle(), u"Omni-Perch  -  2 sites"_s);
-    QTRY_VERIFY(!f.form->Logic().poll.Busy());
-    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(1).frames.isEmpty());
+    QVERIFY(f.StartAndPoll());
+    QTRY_VERIFY(f.HasPicture(1));
     QCOMPARE(f.band.FindHost(u"Time"_s)->Requests(u"cgi-bin/timer.pl"_s), 1);
-    QCOMPARE(f.State().page.txtActive, u"START"_s);
-    QCOMPARE(f.form->findChild<QToolButton*>(u"lblPages"_s)->text(), u"  Page 1 "_s);
-    QCOMPARE(f.form->findChild<QToolButton*>(u"lblRefresh"_s)->text(), u"Refresh (auto 2 min) "_s);
+    QString shown = f.form->windowTitle() + u'|' + f.State().page.txtActive;
+    for (const char* label : {"lblPages", "lblRefresh"})
+      shown += u'|' + f.form->findChild<QToolButton*>(QLatin1StringView(label))->text();
+    QCOMPARE(shown, u"Omni-Perch  -  2 sites|START|  Page 1 |Refresh (auto 2 min) "_s);
 
     // The heights and dates that the poll has changed are written after it, not first at the closing.
     const QByteArray height = "1-1-" + QByteArray::number(one.Marker().height());
@@ -79,8 +73,7 @@ class TestMainWindow : public QObject {
     QTRY_COMPARE(heard, QByteArray("Closed\n"));
     QVERIFY(f.dialogs.told.isEmpty());
     const QList<QByteArray> heights = f.Read("images/dsstv/ckNewHeight.txt").split('\n');
-    QCOMPARE(heights.size(), 721);
-    QCOMPARE(heights.at(1).trimmed(), height);
+    QVERIFY(heights.size() == 721 && heights.at(1).trimmed() == height);
     QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*0101*****0201*52.5*-1.25*"));
     QVERIFY(f.Read("Omni-Perch.cfg").startsWith("1\r\n1\r\n1\r\n2\r\n7\r\nEnglish\r\n52.5\r\n-1.25\r\n"));
     QCOMPARE(f.Read("Omni-Perch.cfg").count('\n'), 20);
@@ -90,17 +83,16 @@ class TestMainWindow : public QObject {
 
     // The next start shows the pictures on the disk and fetches none.
     QVERIFY(f.Start());
-    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(1).frames.isEmpty());
+    QTRY_VERIFY(f.HasPicture(1));
     QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy() && one.Requests(u"checknew.jpg"_s) == 2);
     QCOMPARE(one.Requests(u"image1"_s), 1);
-    f.Close();
   }
 
   // Left-over files go after the farewell has been seen, and a height file of any spelling goes with the thumbs.
   void CleansUpInItsOrder() {
     WindowFixture f;
-    f.closingPause = std::chrono::milliseconds(400);
-    QDir(f.folder.path()).mkpath(u"images/dsstv"_s);
+    f.closingPause = 400ms;
+    f.folder.PutFolder(u"images/dsstv"_s);
     f.Write("images/dsstv/cknewheight.txt", "1-0-300\r\n");
     QVERIFY(f.Start());
     QVERIFY(!QFile::exists(f.folder.filePath(u"images/dsstv/cknewheight.txt"_s)));
@@ -124,9 +116,8 @@ class TestMainWindow : public QObject {
     WindowFixture f;
     f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
     f.decoder = QStringLiteral(HOSTILE_HELPER);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && f.form->Logic().grid.Cells().at(0).errorBox);
-    QTRY_VERIFY(!f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
+    QTRY_VERIFY(f.CellOf(0).errorBox);
     const auto* view = f.form->findChild<PageView*>(u"picAll"_s);
     QSet<QString> said;
     for (qsizetype language = 0; language < f.State().lstLanguages.size(); ++language) {
@@ -146,9 +137,7 @@ class TestMainWindow : public QObject {
     f.decoder = QStringLiteral(PICTURE_TOOL);
     f.band.FindHost(u"Connectivity"_s)->Misbehave({}, Behaviour::Reset);
     QVERIFY(f.Start());
-    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(0).frames.isEmpty());
-    QVERIFY(!f.form->Logic().grid.Cells().at(0).errorBox);
-    f.Close();
+    QTRY_VERIFY(f.HasPicture(0) && !f.CellOf(0).errorBox);
   }
 
   // What the running program has changed is on the disk when the session manager may end it, and not before its lists
@@ -166,8 +155,7 @@ class TestMainWindow : public QObject {
     const QByteArray list = f.Read("Omni-Perch.lst");
     QVERIFY(sessionEnds());
     QCOMPARE(f.Read("Omni-Perch.lst"), list);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
     f.State().sites.Sites[0].LastSeen = u"1/2/2026 10:00"_s;
     f.State().config.AutoRefreshMinutes = 5;
     f.form->Logic().heights.SetHeight(1, 0, 4321);
@@ -177,15 +165,13 @@ class TestMainWindow : public QObject {
     QVERIFY(f.Read("images/dsstv/ckNewHeight.txt").startsWith("1-0-4321\r\n"));
     QVERIFY(f.Read("nicknames.txt").contains("ZZ2BB*Al"));
     QVERIFY(f.form->isVisible());
-    f.Close();
   }
 
   // By its key, which a text box keeps to itself, and by the line below the page.
   void TakesARemovalBack() {
     WindowFixture f;
     f.AddSite(u"ZZ1AA"_s, 1);
-    QVERIFY(f.Start());
-    QTRY_VERIFY(f.form->isVisible() && !f.form->Logic().poll.Busy());
+    QVERIFY(f.StartAndPoll());
     const auto* line = f.form->findChild<QWidget*>(u"undoLine"_s);
     auto* call = f.form->findChild<QLineEdit*>(u"txtCall"_s);
     auto* view = f.form->findChild<PageView*>(u"picAll"_s);
@@ -205,7 +191,6 @@ class TestMainWindow : public QObject {
       QVERIFY(!line->isVisible());
       QTRY_VERIFY(!f.form->Logic().poll.Busy());
     }
-    f.Close();
   }
 
   void GoesOnWithoutAConnection() {
@@ -229,15 +214,14 @@ class TestMainWindow : public QObject {
     WindowFixture f;
     f.AddSite(u"ZZ1AA"_s, 1).SetPicture(PlainPicture("AB1CD * EP snr -3 *03:15:2026 10:30"));
     QVERIFY(f.StartAndPoll());
-    QTRY_VERIFY(!f.form->Logic().grid.Cells().at(0).frames.isEmpty());
+    QTRY_VERIFY(f.HasPicture(0));
     auto* view = f.form->findChild<PageView*>(u"picAll"_s);
     ThumbCell* first = view->CellAt(0);
     QSignalSpy pressed(view, &PageView::CellPressed);
     QCOMPARE(first->accessibleName(), u"ZZ1AA"_s);
     const QString about = first->accessibleDescription();
-    for (const QString& part : {u"From AB1CD"_s, u"EP snr -3"_s, u"3/15/2026 10:30 UTC"_s}) {
-      QVERIFY2(about.contains(part), qPrintable(about));
-    }
+    const QRegularExpression parts(u"From AB1CD.*EP snr -3.*3/15/2026 10:30 UTC"_s);
+    QVERIFY2(about.contains(parts), qPrintable(about));
     QTest::keyClick(first, Qt::Key_Return);
     QCOMPARE(pressed.count(), 1);
     first->setFocus();
@@ -253,8 +237,7 @@ class TestMainWindow : public QObject {
     QTest::keyClick(f.form.get(), Qt::Key_PageUp);
     QTest::keyClick(f.form.get(), Qt::Key_PageUp);
     QCOMPARE(f.State().page.CurrentPage, PageState::WxPage);
-    QTRY_COMPARE(f.form->Logic().grid.Cells().at(0).lblCall, u"Radar"_s);
-    f.Close();
+    QTRY_COMPARE(f.CellOf(0).lblCall, u"Radar"_s);
   }
 
   void ChangesLayoutsAndSizes() {
@@ -294,14 +277,12 @@ class TestMainWindow : public QObject {
       QVERIFY2(f.Read("Omni-Perch.lst").contains(kept), f.Read("Omni-Perch.lst").constData());
     };
     check("empty", {}, {}, {});
-    check("a layout that is none", QByteArray("9\r\n99\r\n"), QByteArray("ZZ1AA*0101\r\nhttp://x/image1\r\n"),
-          QByteArray("ZZ1AA*0101"));
-    check("NULs", QByteArray(300, '\0'), QByteArray("\0\0*\0\r\nhttp://127.0.0.1/keep\r\n", 28),
-          QByteArray("http://127.0.0.1/keep"));
-    check("garbage", QByteArray("\xff\xfe*\x81***\r\r\r\n"), QByteArray("*::*99*\x90\x81\r\nhttp://127.0.0.1/keep"),
-          QByteArray("*::*99*\x90\x81"));
-    check("UTF-8", QByteArray("1\n1\n"), QByteArray("\xEF\xBB\xBFZZ\xC3\x98\x41\x41*0101\nhttp://127.0.0.1/\xD0\x96\n"),
-          QByteArray("http://127.0.0.1/\xD0\x96"));
+    check("a layout that is none", "9\r\n99\r\n", "ZZ1AA*0101\r\nhttp://x/image1\r\n", "ZZ1AA*0101");
+    const QByteArray keep = "http://127.0.0.1/keep";
+    check("NULs", QByteArray(300, '\0'), "\0\0*\0\r\n"_ba + keep, keep);
+    check("garbage", "\xff\xfe*\x81***\r\r\r\n", "*::*99*\x90\x81\r\n" + keep, "*::*99*\x90\x81");
+    const QByteArray cyrillic = "http://127.0.0.1/\xD0\x96";
+    check("UTF-8", "1\n1\n", "\xEF\xBB\xBFZZ\xC3\x98\x41\x41*0101\n" + cyrillic + '\n', cyrillic);
   }
 };
 

@@ -4,8 +4,6 @@
 #include "app/menu_strip.h"
 #include "test_suite.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 // A bar in German, whose captions are the longest, with letters so many times as large as usual.
@@ -39,8 +37,7 @@ struct Bar {
   }
   bool AnyElided() const {
     const QList<BarLabel*> labels = pic->findChildren<BarLabel*>();
-    return std::any_of(labels.begin(), labels.end(),
-                       [](BarLabel* label) { return label->ShownCaption().endsWith(u'…'); });
+    return std::any_of(labels.begin(), labels.end(), [](BarLabel* bar) { return bar->ShownCaption().endsWith(u'…'); });
   }
 };
 
@@ -73,8 +70,7 @@ class TestMenuStrip : public QObject {
           const QString whole = label->text().simplified();
           if (shown == whole) continue;
           QVERIFY2((shown.size() > 1 && shown.endsWith(u'…')) || shown == bar.refresh, qPrintable(shown));
-          QCOMPARE(label->toolTip(), whole);
-          QCOMPARE(label->accessibleName(), whole);
+          QVERIFY(label->toolTip() == whole && label->accessibleName() == whole);
         }
         QVERIFY(places.size() >= 8);
       }

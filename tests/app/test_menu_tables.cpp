@@ -4,24 +4,20 @@
 #include "app/menu_tables.h"
 #include "test_suite.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 LanguageTexts MadeTexts() {
+  using enum TextLine;
   LanguageTexts texts;
   for (std::size_t i = 0; i < texts.lines.size(); ++i) texts.lines[i] = u"text %1"_s.arg(i);
-  const auto set = [&texts](TextLine line, const QString& text) { texts.lines[static_cast<std::size_t>(line)] = text; };
-  set(TextLine::kEmptyWord, u" nobody"_s);
-  set(TextLine::kPopupHistory, u"see ** of ??"_s);
-  set(TextLine::kPopupCam, u" eye"_s);
-  set(TextLine::kPopupBlock, u"shun xxx"_s);
-  set(TextLine::kPopupUnblock, u"pardon xxx"_s);
-  set(TextLine::kPopupLookup, u"ask ***"_s);
-  set(TextLine::kSiteWord, u"here"_s);
-  set(TextLine::kSenderWord, u"there"_s);
-  set(TextLine::kViewByAddress, u"?? street"_s);
-  set(TextLine::kViewByCoordinates, u"?? degrees"_s);
+  for (const auto& [line, text] :
+       {std::pair(kEmptyWord, u" nobody"_s), std::pair(kPopupHistory, u"see ** of ??"_s),
+        std::pair(kPopupCam, u" eye"_s), std::pair(kPopupBlock, u"shun xxx"_s),
+        std::pair(kPopupUnblock, u"pardon xxx"_s), std::pair(kPopupLookup, u"ask ***"_s),
+        std::pair(kSiteWord, u"here"_s), std::pair(kSenderWord, u"there"_s), std::pair(kViewByAddress, u"?? street"_s),
+        std::pair(kViewByCoordinates, u"?? degrees"_s)}) {
+    texts.lines[static_cast<std::size_t>(line)] = text;
+  }
   return texts;
 }
 
@@ -41,10 +37,11 @@ QString Where(const QList<MenuEntry>& entries, bool MenuEntry::*flag, bool value
   return found.join(u' ');
 }
 
-QStringList TextsOf(const QList<MenuEntry>& entries) {
+// The texts of all, as "one / two".
+QString TextsOf(const QList<MenuEntry>& entries) {
   QStringList texts;
   for (const MenuEntry& entry : entries) texts.append(entry.text);
-  return texts;
+  return texts.join(u" / "_s);
 }
 
 // A program in which every command has a handler, and the menu of a cell with a picture.
@@ -103,12 +100,10 @@ class TestMenuTables : public QObject {
   void PopupTexts() {
     Made made;
     QList<MenuEntry> menu = made.Menu(MenuId::Picture);
-    QCOMPARE(TextsOf(menu.mid(2, 4)),
-             QStringList({u"see 30 of DLØABC"_s, u"see TX1-TX5 of DLØABC"_s, u"DLØABC eye"_s, u"shun PAØXYZ"_s}));
+    QCOMPARE(TextsOf(menu.mid(2, 4)), u"see 30 of DLØABC / see TX1-TX5 of DLØABC / DLØABC eye / shun PAØXYZ"_s);
     QCOMPARE(menu.at(9).text, u"ask QRZ"_s);
-    QCOMPARE(menu.at(6).subMenu, MenuId::MapOfCall);
-    QCOMPARE(menu.at(8).subMenu, MenuId::PageViews);
-    QCOMPARE(menu.at(9).subMenu, MenuId::Lookups);
+    const QList<MenuId> subMenus{menu.at(6).subMenu, menu.at(8).subMenu, menu.at(9).subMenu};
+    QCOMPARE(subMenus, (QList<MenuId>{MenuId::MapOfCall, MenuId::PageViews, MenuId::Lookups}));
     QCOMPARE(Where(menu, &MenuEntry::checked), QString());
 
     made.program.lstBlock = {u"G4AAA"_s, u"pa0xyz"_s};
@@ -125,13 +120,13 @@ class TestMenuTables : public QObject {
 
   void SiteAndSender() {
     Made made;
-    QCOMPARE(TextsOf(made.Menu(MenuId::MapOfCall)), QStringList({u"DLØABC here"_s, u"PAØXYZ there"_s}));
-    QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), TextsOf(made.Menu(MenuId::MapOfCall)));
+    QCOMPARE(TextsOf(made.Menu(MenuId::MapOfCall)), u"DLØABC here / PAØXYZ there"_s);
+    QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), u"DLØABC here / PAØXYZ there"_s);
     made.tables.LookupStatus = u"Not logged in"_s;
-    QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), TextsOf(made.Menu(MenuId::MapOfCall)) << u"Not logged in"_s);
+    QCOMPARE(TextsOf(made.Menu(MenuId::Lookups)), u"DLØABC here / PAØXYZ there / Not logged in"_s);
     QCOMPARE(Where(made.Menu(MenuId::Lookups), &MenuEntry::enabled, false), u"2"_s);
     QCOMPARE(TextsOf(made.Menu(MenuId::PageViews)),
-             QStringList({u"DLØABC street"_s, u"DLØABC degrees"_s, u"PAØXYZ street"_s, u"PAØXYZ degrees"_s}));
+             u"DLØABC street / DLØABC degrees / PAØXYZ street / PAØXYZ degrees"_s);
     made.subject.caller = u"Not found"_s;
     QCOMPARE(Where(made.Menu(MenuId::MapOfCall), &MenuEntry::enabled), u"0"_s);
     QCOMPARE(Where(made.Menu(MenuId::PageViews), &MenuEntry::enabled), u"0 1"_s);
@@ -140,14 +135,13 @@ class TestMenuTables : public QObject {
   // A call without a place has its lookup enabled and no map.
   void CallsOfOtherWindows() {
     Made made;
-    const QString all = TextsOf(made.Menu(MenuId::MapCall)).join(u" / "_s);
-    QCOMPARE(all, u"ask QRZ / PAØXYZ street / PAØXYZ degrees"_s);
+    QCOMPARE(TextsOf(made.Menu(MenuId::MapCall)), u"ask QRZ / PAØXYZ street / PAØXYZ degrees"_s);
     QCOMPARE(Where(made.Menu(MenuId::MapCall), &MenuEntry::enabled), u"0"_s);
     QCOMPARE(Where(made.Menu(MenuId::LookupMaps), &MenuEntry::enabled), QString());
     made.subject.placed = true;
     QCOMPARE(Where(made.Menu(MenuId::LookupMaps), &MenuEntry::enabled), u"0 1 2"_s);
     made.subject.offer = u"leave QRZ"_s;
-    QCOMPARE(TextsOf(made.Menu(MenuId::SignIn)), QStringList(u"leave QRZ"_s));
+    QCOMPARE(TextsOf(made.Menu(MenuId::SignIn)), u"leave QRZ"_s);
   }
 
   void PagesTellEmptyOnes() {
@@ -161,8 +155,7 @@ class TestMenuTables : public QObject {
     program.page.CurrentPage = 21;
     QList<MenuEntry> menu = made.Menu(MenuId::Pages);
     QCOMPARE(menu.size(), 21);
-    QCOMPARE(TextsOf(menu.first(2) + menu.last(2)),
-             QStringList({u" P1 nobody "_s, u" P2 "_s, u" P20 "_s, u" Sky nobody "_s}));
+    QCOMPARE(TextsOf(menu.first(2) + menu.last(2)), u" P1 nobody  /  P2  /  P20  /  Sky nobody "_s);
     QCOMPARE(Where(menu, &MenuEntry::checked), u"20"_s);
     program.sites.WxSites = {Site(u"Radar"_s, 2, u"1"_s)};
     QCOMPARE(made.Menu(MenuId::Pages).at(20).text, u" Sky "_s);
@@ -172,7 +165,7 @@ class TestMenuTables : public QObject {
     Made made;
     QVERIFY(made.Menu(MenuId::Find).isEmpty());
     made.program.page.List1 = {u"DL0ABC    10"_s, u"G4AAA    2"_s};
-    QCOMPARE(TextsOf(made.Menu(MenuId::Find)), QStringList({u"DLØABC    10"_s, u"G4AAA    2"_s}));
+    QCOMPARE(TextsOf(made.Menu(MenuId::Find)), u"DLØABC    10 / G4AAA    2"_s);
     QCOMPARE(TextsOf(made.Menu(MenuId::Alphabet)), TextsOf(made.Menu(MenuId::Find)));
   }
 
@@ -203,15 +196,13 @@ class TestMenuTables : public QObject {
 
   void SubMenuTexts() {
     Made made;
-    QCOMPARE(TextsOf(made.Menu(MenuId::RefreshRate)), QStringList({u"1 min"_s, u"2 min"_s, u"5 min"_s, u"text 28"_s}));
-    QCOMPARE(TextsOf(made.Menu(MenuId::Thumbs)), QStringList({u"5"_s, u"10"_s, u"15"_s, u"24"_s, u"35"_s, u"36"_s}));
+    QCOMPARE(TextsOf(made.Menu(MenuId::RefreshRate)), u"1 min / 2 min / 5 min / text 28"_s);
+    QCOMPARE(TextsOf(made.Menu(MenuId::Thumbs)), u"5 / 10 / 15 / 24 / 35 / 36"_s);
     for (int i = 0; i < 9; ++i) made.program.lstLanguages.append(u"L%1"_s.arg(i));
-    QStringList languages = TextsOf(made.Menu(MenuId::Language));
-    QCOMPARE(languages.size(), 9);
-    QCOMPARE(languages.first(), u"text 1"_s);
-    QCOMPARE(languages.last(), u"L8"_s);
+    const QList<MenuEntry> languages = made.Menu(MenuId::Language);
+    QVERIFY(languages.size() == 9 && languages.first().text == u"text 1" && languages.last().text == u"L8");
     made.tables.BuildMenuTables(LanguageTexts());
-    QCOMPARE(TextsOf(made.Menu(MenuId::Language)), made.program.lstLanguages);
+    QCOMPARE(TextsOf(made.Menu(MenuId::Language)), made.program.lstLanguages.join(u" / "_s));
   }
 };
 

@@ -2,15 +2,14 @@
 // The ways from the main window to the lookup and to the map of a station, on the simulated callbook services.
 #include <QClipboard>
 #include <QFileInfo>
+#include <QLocalSocket>
 #include <QPushButton>
 
 #include "callbook/lookup_window.h"
 #include "maps/map_location_window.h"
+#include "onair/rx_ok_window.h"
 #include "operators.h"
-#include "test_suite.h"
 #include "window_fixture.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -20,23 +19,17 @@ struct StationsFixture : WindowFixture {
   StationsFixture() {
     hosts.QRZCQ = band.HostUrl(u"QRZCQ"_s);
     hosts.Pictures = band.HostUrl(u"Pictures"_s);
-    QDir(folder.path()).mkpath(u"Maps"_s);
-    for (const char* name : {"Australia Map.jpg", "UK Map.jpg", "World Map.jpg"}) {
-      QFile::copy(QStringLiteral(MAPS_DIR "/") + QLatin1StringView(name),
-                  folder.filePath(u"Maps/"_s + QLatin1StringView(name)));
+    for (const QString& name : {u"Australia Map.jpg"_s, u"UK Map.jpg"_s, u"World Map.jpg"_s}) AddMap(name);
+    int slot = 0;
+    for (const QByteArray& caller : {"VK2QFW"_ba, "ZZ9SUN"_ba, "N0CALL"_ba}) {
+      AddSite(u"ZZ%1AA"_s.arg(slot + 1), slot + 1).SetPicture(PlainPicture(caller + " * EP snr -3 *03:15:2026 10:30"));
+      ++slot;
     }
-    Sender(u"ZZ1AA"_s, 1, "VK2QFW");
-    Sender(u"ZZ2AA"_s, 2, "ZZ9SUN");
-    Sender(u"ZZ3AA"_s, 3, "N0CALL");
     QVERIFY(StartAndPoll());
     State().config.CallbookIndex = 3;
     State().config.CallbookName = u"QRZCQ"_s;
     QTRY_COMPARE(State().page.Field(1, Caller), u"ZZ9SUN"_s);
     QTRY_COMPARE(State().page.Field(0, Caller), u"VK2QFW"_s);
-  }
-
-  void Sender(const QString& site, int slot, const QByteArray& caller) {
-    AddSite(site, slot).SetPicture(PlainPicture(caller + " * EP snr -3 *03:15:2026 10:30"));
   }
 
   QLineEdit& CallField() const { return *form->findChild<QLineEdit*>(u"txtCall"_s); }
@@ -115,7 +108,6 @@ class TestStationCalls : public QObject {
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"VK2QFW  (from the local database)"_s);
     f.ClickCaption(1);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
-    f.Close();
   }
 
   void LooksUpTextsAndSenders() {
@@ -147,7 +139,6 @@ class TestStationCalls : public QObject {
     f.ChooseInSubMenu(MenuId::Lookups, 1);
     QTRY_COMPARE(f.Shown(u"lblCall"_s), u"Not found: ZZ9SUN"_s);
     QCOMPARE(f.CallField().text(), QString());
-    f.Close();
   }
 
   void ShowsStationsOnMaps() {
@@ -188,7 +179,68 @@ class TestStationCalls : public QObject {
     f.Find<frmMapLoc>()->installEventFilter(&raises);
     f.CloseLookup();
     QVERIFY2(raises.count > 0, "an open map comes up again when the lookup goes");
-    f.Close();
+  }
+
+  // From the companion's lines to lblMap and the map.
+  void ShowsWhoHasReceivedAPicture() {
+    WindowFixture f;
+    f.AddMap(u"UK Map.jpg"_s);
+    QVERIFY(f.StartAndPoll());
+    // The start has moved the focus to the call field for the last time.
+    QTRY_COMPARE(f.State().page.txtActive, u"START"_s);
+    ReceivedOk& received = *f.form->findChild<ReceivedOk*>();
+    received.Timer3.setInterval(0);
+    BarLabel& lblMap = *f.form->findChild<BarLabel*>(u"lblMap"_s);
+    const auto find = [&f]() {
+      return qobject_cast<frmMapRxOk*>(f.form->AllWindows().Find(WindowKind::ReceivedOkMap));
+    };
+    // Without a row the map opens only when the user insists, without an own call not at all.
+    QVERIFY(!lblMap.isVisible());
+    received.OpenMap();
+    QCOMPARE(f.dialogs.told.takeLast(), u"No station reports a good reception of a picture from ZZ9QX yet."_s);
+    QVERIFY(find() == nullptr);
+    const QString own = std::exchange(f.State().config.MyCall, QString());
+    received.OpenMap();
+    QCOMPARE(f.dialogs.told.takeLast(), u"Please enter your own callsign first."_s);
+    f.State().config.MyCall = own;
+
+    QLocalSocket companion;
+    companion.connectToServer(f.folder.filePath(u"omni-perch-form1"_s));
+    companion.write("txtRxOk=ZZ2AA\tok\t11/22/2026 10:00\n");
+    QTRY_COMPARE(lblMap.isVisible() ? lblMap.text() : QString(), u"Map (1 rx sites)"_s);
+    DbRec record;
+    record.Lat = u"51.5"_s;
+    record.Lon = u"-0.5"_s;
+    for (const QString& call : {u"ZZ2AA"_s, u"ZZ3AA"_s}) {
+      record.Call = call;
+      QVERIFY(f.services->database.SaveStation(call, record));
+    }
+    lblMap.setFocus();
+    QTest::keyClick(&lblMap, Qt::Key_Space);
+    QTRY_VERIFY(find() != nullptr && find()->isVisible());
+    MapView& view = *find()->findChild<MapView*>();
+    QTRY_COMPARE(view.Labels().size(), 2);  // own position and the station
+
+    // The map follows the list, and the focus stays on the label.
+    companion.write("txtRxOk=ZZ2AA\tok\t11/22/2026 10:00\ntxtRxOk=ZZ2AA\tok\t11/22/2026 10:00*ZZ3AA\t\t\n");
+    QTRY_COMPARE(view.Labels().size(), 3);
+    QCOMPARE(lblMap.text(), u"Map (2 rx sites)"_s);
+    QCOMPARE(f.form->focusWidget(), &lblMap);
+    QSignalSpy refreshed(&f.form->Logic().poll, &PollCycle::HoverForgotten);
+    f.form->Logic().poll.RefreshClick();
+    const qsizetype signalsOfOne = refreshed.size();
+    // An empty text does not wait for the timer.
+    received.Timer3.stop();
+    companion.write("txtFromRxOk=Refresh\ntxtFromRxOk=Refresh\ntxtFromRxOk=refresh\ntxtRxOk=\n");
+    QTRY_VERIFY(!lblMap.isVisible());
+    QTRY_COMPARE(view.Labels().size(), 1);
+    QCOMPARE(refreshed.size(), 3 * signalsOfOne);
+
+    find()->close();
+    f.State().config.MyLat = f.State().config.MyLon = 0;
+    f.dialogs.second = true;
+    received.OpenMap();
+    QTRY_COMPARE(f.dialogs.told.last(), u"Please set your own location, the map needs it."_s);
   }
 };
 

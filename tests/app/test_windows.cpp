@@ -4,10 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 
-#include "test_suite.h"
 #include "window_fixture.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -47,8 +44,7 @@ class TestWindows : public QObject {
   // Russian shares no letter with English: a text with an English word in it has missed the change.
   void EveryTextFollowsTheLanguage() {
     WindowFixture f;
-    QDir(f.folder.path()).mkpath(u"Maps"_s);
-    QFile::copy(u"" MAPS_DIR "/UK Map.jpg"_s, f.folder.filePath(u"Maps/UK Map.jpg"_s));
+    f.AddMap(u"UK Map.jpg"_s);
     f.AddSite(u"ZZ1AA"_s, 1);
     QVERIFY(f.StartAndPoll());
     Windows& windows = f.form->AllWindows();
@@ -73,7 +69,6 @@ class TestWindows : public QObject {
         }
       }
     }
-    f.Close();
   }
 
   // Open windows close with the program, and a window that was closed is made anew.

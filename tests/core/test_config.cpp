@@ -13,14 +13,13 @@ QStringList LinesWith(int number, const QString& line) {
 }
 
 QString Described(const Config& config) {
-  return u"%1 %2 %3 %4 %5"_s.arg(config.GuiMode)
-             .arg(config.AutoRefreshMinutes)
-             .arg(config.AutoPollCams)
-             .arg(config.CallbookIndex)
-             .arg(config.CallbookName) +
-         u" %1 %2 %3 %4"_s.arg(config.LanguageName, config.OnAirCode, NumberText(config.MyLat),
-                               NumberText(config.MyLon)) +
-         u" %1 %2"_s.arg(config.SpareFlag).arg(DateText(config.LastRxOkTime));
+  QStringList fields;
+  for (const int number : {config.GuiMode, config.AutoRefreshMinutes, config.AutoPollCams, config.CallbookIndex}) {
+    fields += QString::number(number);
+  }
+  fields << config.CallbookName << config.LanguageName << config.OnAirCode << NumberText(config.MyLat);
+  fields << NumberText(config.MyLon) << QString::number(config.SpareFlag) << DateText(config.LastRxOkTime);
+  return fields.join(u' ');
 }
 
 }  // namespace
@@ -66,9 +65,7 @@ class TestConfig : public QObject {
     Config config;
     config.LastRxOkTime = ReadDate(u"2/3/2024 10:00"_s);
     config.Read({u"1"_s, u"6"_s});
-    QCOMPARE(config.ThumbLayout, 6);
-    QCOMPARE(config.AutoRefreshMinutes, 1);
-    QCOMPARE(config.CallbookName, u"eHam"_s);
+    QVERIFY(config.ThumbLayout == 6 && config.AutoRefreshMinutes == 1 && config.CallbookName == u"eHam");
     QCOMPARE(config.Lines(0, 0).size(), 20);
     QCOMPARE(config.Lines(0, 0).at(18), u"0*2/3/2024 10:00"_s);
   }

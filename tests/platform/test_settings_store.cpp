@@ -53,17 +53,6 @@ class TestSettingsStore : public QObject {
     }
   }
 
-  void WritesTheKnownForm() {
-    SettingsStore store(path_);
-    store.SetValue(kApp, u"Geometry"_s, u"showCmd"_s, u"9"_s);
-    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"1"_s);
-    store.SetValue(kApp, u"geometry"_s, u"SHOWCMD"_s, u"1"_s);
-    store.SetValue(kApp, u"Geometry"_s, u"Left"_s, u"-5"_s);
-    QVERIFY(store.Save());
-    QCOMPARE(dir_->Bytes(kFile),
-             "[Omni-Perch]\ngeometry\\SHOWCMD=1\nGeometry\\Left=-5\n\n[TV%20Echo]\nTX\\band0=1\n"_ba);
-  }
-
   void ReadsHandWrittenFiles() {
     const auto check = [this](const QByteArray& line, const QString& value) {
       dir_->Put(kFile, "[Omni-Perch]\n" + line);
@@ -94,12 +83,14 @@ class TestSettingsStore : public QObject {
               "\n[Omni-Perch]\nMaptop\\0=2\nMaptop\\1=7\n");
     SettingsStore store(path_);
     QCOMPARE(store.Value(kApp, u"MapTop"_s, u"0"_s, u"?"_s), u"2"_s);
+    store.SetValue(kApp, u"MAPTOP"_s, u"0"_s, u"9"_s);
+    store.SetValue(u"TV Echo"_s, u"TX"_s, u"band0"_s, u"1"_s);
     store.SetValue(kApp, u"MapTop"_s, u"0"_s, u"3"_s);
     store.SetValue(kApp, u"Block"_s, u"0"_s, u"ZZ9QX"_s);
     QVERIFY(store.Save());
     QCOMPARE(dir_->Bytes(kFile),
              "; mine\n[omni-perch]\nUnknown\\Thing=@Variant(\\0x)\nwhat is this\nBlock\\0=ZZ9QX\n\n[Foreign]\nx=a, b\n"
-             "\n[Omni-Perch]\nMapTop\\0=3\nMaptop\\1=7\n"_ba);
+             "\n[Omni-Perch]\nMapTop\\0=3\nMaptop\\1=7\n\n[TV%20Echo]\nTX\\band0=1\n"_ba);
   }
 
   void WritesWholeFilesOrNone() {

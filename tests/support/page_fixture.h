@@ -3,17 +3,12 @@
 // of the poll and of the windows stand on.
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <memory>
-
 #include "app/page_logic.h"
 #include "core/program.h"
 #include "plain_picture.h"
 #include "platform/clock.h"
 #include "station_band.h"
-#include "test_suite.h"
+#include "test_folder.h"
 
 // A clock that stands where a test puts it.
 class StandingClock : public Clock {
@@ -32,7 +27,7 @@ inline UrlLimits QuickLimits() {
 }
 
 struct PageFixture {
-  QTemporaryDir folder;
+  TestFolder folder;
   StandingClock clock;
   Program program;
   StationBand band;
@@ -47,9 +42,8 @@ struct PageFixture {
     program.config.ThumbLayout = 2;
     program.page.Online = true;
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), QStringLiteral("English"), 8, Program::ProgVersion(), program.language);
-    for (const char* sub : {"images/dsstv/thumbs", "images/wx"}) QDir(folder.path()).mkpath(QString::fromLatin1(sub));
-    QFile heights(folder.filePath(QStringLiteral("images/dsstv/ckNewHeight.txt")));
-    if (heights.open(QIODevice::WriteOnly)) heights.write("1-0-x\r\n");
+    for (const QString& sub : {u"images/dsstv/thumbs"_s, u"images/wx"_s}) folder.PutFolder(sub);
+    folder.Put(u"images/dsstv/ckNewHeight.txt"_s, "1-0-x\r\n");
   }
 
   // A station of the band as a site in the next free slot of a page; the picture carries its caller and a date.
@@ -59,12 +53,13 @@ struct PageFixture {
     SiteRec site;
     site.Call = call;
     site.Url = urlEnd.isEmpty() ? station.Url() : station.Base() + urlEnd;
-    for (std::size_t layout = 1; layout <= kLayouts; ++layout) {
-      site.PageSlots[layout] =
-          QStringLiteral("%1%2").arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
-    }
+    site.PageSlots.fill(PlaceText(page, slot));
     program.sites.Sites.append(site);
     return station;
+  }
+  // A page and a slot as a list of sites has them.
+  static QString PlaceText(int page, int slot) {
+    return u"%1%2"_s.arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
   }
   // A site in a slot of the weather page; slot 0: on the list alone.
   void AddWeatherSite(const QString& title, const QString& url, int slot) {
@@ -97,11 +92,10 @@ struct PageFixture {
   }
 
   const Cell& CellOf(int slot) const { return logic->grid.Cells().at(slot); }
-  QString Picture(int page, int slot) const {
-    return QStringLiteral("%1/images/dsstv/%2-%3").arg(folder.path()).arg(page).arg(slot + 1);
-  }
+  QString Picture(int page, int slot) const { return folder.filePath(PictureName(page, slot)); }
+  static QString PictureName(int page, int slot) { return u"images/dsstv/%1-%2"_s.arg(page).arg(slot + 1); }
   QString Thumb(int page, int slot) const {
-    return QStringLiteral("%1/images/dsstv/thumbs/%2-%3.jpg").arg(folder.path()).arg(page).arg(slot + 1);
+    return folder.filePath(u"images/dsstv/thumbs/%1-%2.jpg"_s.arg(page).arg(slot + 1));
   }
   // The two lines of a cell's error box in the present language.
   QString BoxFirst(int slot) const { return CellOf(slot).box.first.Text(program.language); }

@@ -3,10 +3,9 @@
 // message boxes answer as the test has written down.
 #pragma once
 
-#include <QSignalSpy>
-
 #include "app/main_window.h"
 #include "page_fixture.h"
+#include "test_folder.h"
 
 // Answers as a test has written them down, and remembers what was asked.
 class ScriptedDialogs : public Dialogs {
@@ -32,7 +31,7 @@ class ScriptedDialogs : public Dialogs {
 };
 
 struct WindowFixture {
-  QTemporaryDir folder;
+  TestFolder folder;
   StationBand band;
   ScriptedDialogs dialogs;
   StandingClock clock;
@@ -55,14 +54,14 @@ struct WindowFixture {
     hosts.Time = band.HostUrl(QStringLiteral("Time"));
   }
 
-  void Write(const char* name, const QByteArray& bytes) const {
-    QFile file(folder.filePath(QString::fromLatin1(name)));
-    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+  // A window that is still open goes through its closing sequence.
+  ~WindowFixture() {
+    if (form != nullptr && form->isVisible()) Close();
   }
-  QByteArray Read(const char* name) const {
-    QFile file(folder.filePath(QString::fromLatin1(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
+  Q_DISABLE_COPY_MOVE(WindowFixture)
+
+  void Write(const char* name, const QByteArray& bytes) const { folder.Put(QString::fromLatin1(name), bytes); }
+  QByteArray Read(const char* name) const { return folder.Bytes(QString::fromLatin1(name)); }
   // A site in the first free line of the list, on page 1 in layout 1 and on page 2 in layout 6.
   Station& AddSite(const QString& call, int slot) {
     Station& station = band.AddStation(call);
@@ -93,6 +92,13 @@ struct WindowFixture {
     if (!Start()) return false;
     const QSignalSpy loaded(form.get(), &Form1::Loaded);  // the first poll has begun by then
     return QTest::qWaitFor([&]() { return !loaded.isEmpty() && form->isVisible() && !form->Logic().poll.Busy(); });
+  }
+  const Cell& CellOf(int slot) const { return form->Logic().grid.Cells().at(slot); }
+  bool HasPicture(int slot) const { return !CellOf(slot).frames.isEmpty(); }
+  // The map of a name among the maps of the program.
+  void AddMap(const QString& name) const {
+    folder.PutFolder(u"Maps"_s);
+    QFile::copy(u"" MAPS_DIR "/"_s + name, folder.filePath(u"Maps/"_s + name));
   }
   void Close() {
     QSignalSpy closed(form.get(), &Form1::Closed);

@@ -40,8 +40,7 @@ class TestTextFile : public QObject {
     };
     check(u"ZZ9QX*1\r\n"_s, false);
     check(u"Ø é €"_s, false);
-    check(u"Москва"_s, true);
-    check(u"\U0001F426"_s, true);
+    for (const QString& text : {u"Москва"_s, u"\U0001F426"_s}) check(text, true);
     check(u"Ã©"_s, true);       // its bytes are valid UTF-8
     check(u"\uFEFFx"_s, true);  // begins with a mark
     check(u"ï»¿é"_s, false);    // begins with the bytes of one
