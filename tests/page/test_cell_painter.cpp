@@ -5,8 +5,6 @@
 #include "page/thumb_layout.h"
 #include "test_suite.h"
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 constexpr int kScale = 2;

@@ -5,8 +5,6 @@
 #include "page/thumb_cell.h"
 #include "test_suite.h"
 
-using namespace Qt::StringLiterals;
-
 class TestThumbCell : public QObject {
   Q_OBJECT
 

@@ -7,14 +7,10 @@
 #include "core/page_files.h"
 #include "no_room.h"
 #include "page_fixture.h"
-#include "test_suite.h"
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
 const QByteArray kTail = "AB1CD * EP snr -3 *03:15:2026 10:30";
-constexpr QSize kSmall(48, 36);
 
 // Sites whose station takes every request and never answers.
 struct SilentPage : PageFixture {
@@ -27,7 +23,7 @@ struct SilentPage : PageFixture {
       SiteRec site;
       site.Call = u"ZZ1%1"_s.arg(slot, 2, 10, QLatin1Char('0'));
       site.Url = silent.Base() + u"/%1/image1"_s.arg(slot);
-      site.PageSlots[5] = u"%1%2"_s.arg(page, 2, 10, QLatin1Char('0')).arg(slot + 1, 2, 10, QLatin1Char('0'));
+      site.PageSlots[5] = PlaceText(page, slot);
       program.sites.Sites.append(site);
     }
     Start();
@@ -42,12 +38,8 @@ struct SilentPage : PageFixture {
   }
   void Failure(int slot) const { Q_EMIT logic->ucDnLoad.NoImage(Key(slot)); }
   bool HasFile(int page, int slot) const { return QFile::exists(Picture(page, slot)); }
+  static QByteArray GoodBody() { return PlainPicture(kTail, QSize(48, 36)); }
 };
-
-QByteArray GoodBody() {
-  static const QByteArray body = PlainPicture(kTail, kSmall);
-  return body;
-}
 
 }  // namespace
 
@@ -87,7 +79,7 @@ class TestPollAnswers : public QObject {
           if (kind == 0) f.Failure(slot);
           if (kind > 0) f.Body(slot, QByteArray(kind == 1 ? 50 : 500, 'x'));
         } else if (!unchanged.contains(slot)) {
-          f.Body(slot, GoodBody());
+          f.Body(slot, f.GoodBody());
         }
         if (random.bounded(2) == 0) QCoreApplication::processEvents();
       }
@@ -112,7 +104,7 @@ class TestPollAnswers : public QObject {
     SilentPage f(2);
     f.logic->poll.FirstPoll();
     f.Marker(0);
-    f.Body(0, GoodBody());
+    f.Body(0, f.GoodBody());
     f.logic->poll.PageChange(2);
     QTRY_VERIFY(QFile::exists(f.Thumb(1, 0)) && f.HasFile(1, 0));
     QVERIFY(!f.HasPicture(0));
@@ -140,8 +132,7 @@ class TestPollAnswers : public QObject {
     QVERIFY(!f.CellOf(0).errorBox);
     f.logic->poll.PageChange(1);
     QVERIFY(f.CellOf(0).errorBox);
-    QCOMPARE(f.BoxSecond(0), english);
-    QCOMPARE(f.program.page.SitesDone, 0);
+    QVERIFY(f.BoxSecond(0) == english && f.program.page.SitesDone == 0);
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"German"_s, 8, Program::ProgVersion(), f.program.language);
     QVERIFY(f.BoxSecond(0) != english);
     f.Start();
@@ -153,9 +144,7 @@ class TestPollAnswers : public QObject {
     QVERIFY2(!f.logic->files.HasFailed(1, 0), "tried again on a reload");
     QTRY_VERIFY(f.logic->files.HasFailed(1, 0));
     // Another file in its place is another picture.
-    QFile file(f.Picture(1, 0));
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(GoodBody()) > 0);
-    file.close();
+    f.folder.Put(f.PictureName(1, 0), f.GoodBody());
     f.logic->poll.ShowStoredPage();
     QTRY_VERIFY(f.HasPicture(0));
   }
@@ -165,7 +154,7 @@ class TestPollAnswers : public QObject {
     f.logic->poll.FirstPoll();
     for (const bool former : {false, true}) {
       if (former) {
-        f.Body(0, GoodBody());
+        f.Body(0, f.GoodBody());
         QTRY_VERIFY(f.HasPicture(0));
         f.logic->poll.FirstPoll();
       }
@@ -195,7 +184,7 @@ class TestPollAnswers : public QObject {
       f.logic->poll.FirstPoll();
       f.Marker(1);
       if (step != 1) f.Marker(0);
-      if (step == 2) f.Body(0, GoodBody());
+      if (step == 2) f.Body(0, f.GoodBody());
       if (step == 3) {
         f.Body(0, PlainPicture(kTail, QSize(3000, 2000)));
         // Its thumb is asked for in the turn that puts the picture in place, and can answer in a later turn only.
@@ -203,12 +192,12 @@ class TestPollAnswers : public QObject {
       }
       f.program.page.SelectedSlot = 0;
       f.logic->sites.RemoveSite();
-      if (step == 0) f.Body(0, GoodBody());
+      if (step == 0) f.Body(0, f.GoodBody());
       if (step == 1) f.Marker(0);
       if (step == 4) f.Failure(0);
       QTRY_COMPARE(f.program.page.SitesDone, 1);
       QVERIFY(f.logic->poll.Busy());
-      f.Body(1, GoodBody());
+      f.Body(1, f.GoodBody());
       QTRY_VERIFY(!f.logic->poll.Busy());
       QCOMPARE(f.program.page.SitesDone, 2);
       QTRY_VERIFY(f.HasPicture(1));
