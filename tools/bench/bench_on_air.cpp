@@ -19,7 +19,9 @@
 #include <QThread>
 #include <QTimer>
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
+#include <functional>
 
 #include "bench_calls.h"
 #include "core/language_file.h"
