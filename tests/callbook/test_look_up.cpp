@@ -175,8 +175,7 @@ class TestLookUp : public QObject {
     f.lookUp->GetPage(u"ZZ9QZ"_s);
     QTRY_COMPARE_WITH_TIMEOUT(f.lookUp->LookupBytes, slow, kPatienceMs);
     f.lookUp->GetPicture(u"ZZ9QY"_s);
-    QVERIFY(f.Heard(4));
-    QVERIFY(f.said.contains(u"GotPage ZZ9QZ -"_s) && f.said.contains(u"GotPic ZZ9QY"_s));
+    QVERIFY(f.Heard(4) && f.said.contains(u"GotPage ZZ9QZ -"_s) && f.said.contains(u"GotPic ZZ9QY"_s));
   }
 
   void DropsWhatNobodyWaitsFor() {
@@ -319,8 +318,7 @@ class TestLookUp : public QObject {
     // Held for ever: the page is given up, the next one is read.
     QVERIFY(startAndStop());
     const pid_t held = process();
-    QVERIFY(read(u""_s) && f.Heard(2) && kill(held, 0) != 0);
-    QVERIFY(f.Reads(u""_s));
+    QVERIFY(read(u""_s) && f.Heard(2) && kill(held, 0) != 0 && f.Reads(u""_s));
     QCOMPARE(f.said, (QStringList{u"GotPage  -"_s, u"PageNotFound "_s, u"GotPage  -"_s}));
 
     // Dead in between: the next page gets another one.

@@ -5,18 +5,10 @@
 #include "callbook/station_place.h"
 #include "lookup_fixture.h"
 
-namespace {
-
-constexpr int kEham = 1;
-constexpr int kQrz = 2;
-constexpr int kQrzcq = 3;
-constexpr int kCallook = 4;
-constexpr int kHamCall = 5;
-
-}  // namespace
-
 class TestLookupSession : public QObject {
   Q_OBJECT
+
+  enum Service { kEham = 1, kQrz, kQrzcq, kCallook, kHamCall };
 
  private Q_SLOTS:
   void AsksEachService() {
@@ -119,10 +111,8 @@ class TestLookupSession : public QObject {
     f.program.config.CallbookIndex = 6;
     f.program.config.CallbookName.clear();
     f.LookToTheEnd(u"K1QPE"_s);
-    QCOMPARE(f.view.call, u"Reading . . ."_s);
-    QCOMPARE(f.view.status + f.view.name, QString());
-    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
-    QCOMPARE(f.Records(), 0);
+    QCOMPARE(f.Shown() + f.view.status, u"Reading . . .|||||"_s);
+    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None && f.Records() == 0);
     f.session.ChooseService(kCallook - 1);
     QTRY_COMPARE(f.view.name, u"Martha"_s);
   }
@@ -202,10 +192,10 @@ class TestLookupSession : public QObject {
     check("a zero alone", u"Ø"_s, u"Not found: 0"_s);
     check("a prefix first", u"VE3/ZZ9QX"_s, u"Not found: VE3"_s);
     check("a folder above", u"../../K1QPE"_s, progress);
-    check("200 characters", QString(200, u'A'), u"Not found: "_s + QString(200, u'A'));
-    check("200 digits", QString(200, u'7'), u"Not found: "_s + QString(200, u'7'));
+    for (const QString& call : {QString(200, u'A'), QString(200, u'7'), u"É1QPEX"_s}) {
+      check("a long one or an accent", call, u"Not found: "_s + call);
+    }
     check("a query", u"K1Q?x=1#y"_s, u"Not found: K1Q"_s);
-    check("an accent", u"É1QPEX"_s, u"Not found: É1QPEX"_s);
   }
 
   void KeepsPicturesWhole() {
@@ -267,21 +257,20 @@ class TestLookupSession : public QObject {
 
   void DropsFormerCalls() {
     SessionFixture f;
-    f.Service().SetLatency(std::chrono::milliseconds(150));
+    f.Service().SetLatency(150ms);
     f.Look(u"K1QPE"_s);
     QTRY_COMPARE(f.Service().TotalRequests(), 1);
-    f.Service().SetLatency(std::chrono::milliseconds(0));
+    f.Service().SetLatency(0ms);
     f.LookToTheEnd(u"W5QUJ"_s);
     QCOMPARE(f.view.name, u"Buck R."_s);
-    f.Service().SetLatency(std::chrono::milliseconds(150));
+    f.Service().SetLatency(150ms);
     QSignalSpy stored(&f.session, &LookupSession::Stored);
     f.Look(u"K6QVL"_s);
     f.session.EndLookup();
     QVERIFY(!f.view.busy);
     // By the time that a third has been through, the other two would have come.
     f.LookToTheEnd(u"N0QZP"_s);
-    QTRY_COMPARE(stored.count(), 1);
-    QCOMPARE(stored.first().first().toString(), u"N0QZP"_s);
+    QTRY_COMPARE(stored, QList<QVariantList>{{u"N0QZP"_s}});
     QVERIFY(f.view.call.startsWith(u"N0QZP"_s));
     QCOMPARE(f.Filed(u"K1QPE"_s) + f.Filed(u"K6QVL"_s), QString());
   }
@@ -291,13 +280,11 @@ class TestLookupSession : public QObject {
     f.LookToTheEnd(u"K1QPE"_s);
     QTRY_VERIFY(!f.view.picture.isNull());
     f.session.ChooseService(2);
-    QCOMPARE(f.program.config.CallbookName, u"QRZCQ.com"_s);
-    QCOMPARE(f.view.updateCaption, u"Update from QRZCQ.com"_s);
+    QCOMPARE(f.program.config.CallbookName + u'|' + f.view.updateCaption, u"QRZCQ.com|Update from QRZCQ.com"_s);
     QVERIFY(f.view.status.isEmpty() && f.view.picture.isNull() && f.view.busy);
     QTRY_COMPARE(f.view.call, u"K1QPE  (From QRZCQ.com)"_s);
     for (const int outside : {-1, 5}) f.session.ChooseService(outside);
-    QCOMPARE(f.program.config.CallbookIndex, kQrzcq);
-    QVERIFY(!f.view.busy);
+    QVERIFY(f.program.config.CallbookIndex == kQrzcq && !f.view.busy);
 
     f.session.Update();
     QCOMPARE(f.Shown(), u"Reading QRZCQ.com. . .|||||"_s);
@@ -316,17 +303,15 @@ class TestLookupSession : public QObject {
   // Neither the database nor a picture can be written, and the lookup shows all the same what it has read.
   void ShowsWhatItCannotKeep() {
     SessionFixture f;
-    QVERIFY(QDir(f.folder.path()).mkpath(u"Omni-Perch-DB.db"_s) && QDir(f.folder.path()).mkpath(u"images"_s));
-    QFile inTheWay(f.folder.filePath(u"images/qrzImages"_s));
-    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+    for (const QString& name : {u"Omni-Perch-DB.db"_s, u"images"_s}) f.folder.PutFolder(name);
+    f.folder.Put(u"images/qrzImages"_s, {});
     QSignalSpy stored(&f.session, &LookupSession::Stored);
     f.LookToTheEnd(u"K1QPE"_s);
     QCOMPARE(f.view.name, u"Martha"_s);
     QTRY_COMPARE(f.PictureRequests(), 1);
-    QVERIFY(stored.isEmpty());
     f.LookToTheEnd(u"W5QUJ"_s);
     QCOMPARE(f.view.name, u"Buck R."_s);
-    QCOMPARE(inTheWay.size(), 0);
+    QVERIFY(stored.isEmpty() && f.folder.Bytes(u"images/qrzImages"_s).isEmpty());
   }
 
   void SignsInAndOut() {
@@ -354,8 +339,7 @@ class TestLookupSession : public QObject {
     QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
     f.session.SignOut();
     QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
-    QCOMPARE(f.view.name, QString());
-    QVERIFY(f.cookies.All().isEmpty());
+    QVERIFY(f.view.name.isEmpty() && f.cookies.All().isEmpty());
     QCOMPARE(f.Service().TotalRequests(), asked + 1);
 
     // A user who gives up closes the window: the call is read once.
@@ -369,8 +353,7 @@ class TestLookupSession : public QObject {
     f.session.ChooseService(kCallook - 1);
     QTRY_VERIFY(!f.view.busy);
     f.session.SignInClosed();
-    QVERIFY(!f.view.busy);
-    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None);
+    QVERIFY(!f.view.busy && f.session.Offer().kind == SignInOffer::Kind::None);
   }
 
   // A service that gives a new cookie with every page is not asked for ever while the user types the password.
@@ -406,8 +389,7 @@ class TestLookupSession : public QObject {
     QSignalSpy changed(&f.session, &LookupSession::Changed);
     QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
     f.session.SignOut();
-    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
-    QCOMPARE(changed.count(), 1);
+    QVERIFY(f.session.Offer().text == u"Sign in to eHam" && changed.count() == 1);
   }
 };
 

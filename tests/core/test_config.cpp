@@ -74,16 +74,14 @@ class TestConfig : public QObject {
     const QString name = u"Omni-Perch.cfg"_s;
     const TestFolder folder;
     Config config;
-    QVERIFY(!config.ReadConfig(folder.path()));
-    QVERIFY(config.SaveConfig(folder.path(), 0, 0));
+    QVERIFY(!config.ReadConfig(folder.path()) && config.SaveConfig(folder.path(), 0, 0));
     QCOMPARE(folder.Bytes(name).count("\r\n"), 20);
     QVERIFY(config.ReadConfig(folder.path()));
 
     // Something with the file's name that cannot be read as a file is left alone.
     QVERIFY(QFile::remove(folder.filePath(name)));
     folder.PutFolder(name + u"/kept"_s);
-    QVERIFY(config.ReadConfig(folder.path()));
-    QVERIFY(!config.SaveConfig(folder.path(), 0, 0));
+    QVERIFY(config.ReadConfig(folder.path()) && !config.SaveConfig(folder.path(), 0, 0));
     QVERIFY(QFileInfo::exists(folder.filePath(name + u"/kept"_s)));
   }
 

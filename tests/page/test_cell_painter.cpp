@@ -26,9 +26,7 @@ QImage Render(const Cell& cell, const QColor& page) {
 }
 
 double Luminance(const QColor& colour) {
-  const auto linear = [](double part) {
-    return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
+  const auto linear = [](double p) { return p <= 0.04045 ? p / 12.92 : std::pow((p + 0.055) / 1.055, 2.4); };
   return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
 }
 

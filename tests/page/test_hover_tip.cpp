@@ -190,8 +190,7 @@ class TestHoverTip : public QObject {
 
     // By keyboard, closed by Escape.
     tip.Focus(2);
-    QVERIFY(shown.wait());
-    QVERIFY(tip.Close() && !tip.Close());
+    QVERIFY(shown.wait() && tip.Close() && !tip.Close());
     QCOMPARE(hidden.size(), 3);
   }
 

@@ -18,8 +18,7 @@ class TestThumbLayout : public QObject {
     check("last of 24", 4, 23, {666, 359, 130, 117});
     check("last of 35", 5, 34, {798, 478, 130, 117});
     check("last of 36", 6, 35, {666, 597, 130, 117});
-    check("beyond the layout", 1, 5, {});
-    check("no such layout", 7, 0, {});
+    for (const auto& [layout, slot] : {std::pair(1, 5), std::pair(7, 0)}) check("none", layout, slot, {});
   }
 
   void EveryCellLiesOnThePage() {
@@ -27,8 +26,7 @@ class TestThumbLayout : public QObject {
       const QRectF page(QPointF(0, 0), PageUnits(layout, 34));
       for (int slot = 0; slot < LayoutOf(layout).count; ++slot) QVERIFY(page.contains(CellRect(layout, slot)));
     }
-    QCOMPARE(PageUnits(3, 20), QSizeF(670, 367));
-    QCOMPARE(PageUnits(5, 20), QSizeF(934, 598));
+    QVERIFY(PageUnits(3, 20) == QSizeF(670, 367) && PageUnits(5, 20) == QSizeF(934, 598));
   }
 
   void FramesPictures() {
@@ -61,8 +59,7 @@ class TestThumbLayout : public QObject {
   }
 
   void FontsFollowTheScreen() {
-    QCOMPARE(CellFontPoints(0, 16200), 7.2);
-    QCOMPARE(CellFontPoints(3, 16200), 12.6);
+    QVERIFY(qFuzzyCompare(CellFontPoints(0, 16200), 7.2) && qFuzzyCompare(CellFontPoints(3, 16200), 12.6));
   }
 };
 

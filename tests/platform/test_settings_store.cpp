@@ -95,21 +95,18 @@ class TestSettingsStore : public QObject {
 
   void WritesWholeFilesOrNone() {
     SettingsStore store(path_);
-    QVERIFY(store.Save());
-    QVERIFY(!QFile::exists(path_));
+    QVERIFY(store.Save() && !QFile::exists(path_));
     store.SetValue(kApp, u"Print"_s, u"Size"_s, u"5"_s);
     QVERIFY(store.Save());
     const QByteArray before = dir_->Bytes(kFile);
     store.SetValue(kApp, u"Print"_s, u"Size"_s, QString(5'000, u'x'));
     QVERIFY(!WithoutRoom([&store]() { return store.Save(); }));
     QCOMPARE(dir_->Bytes(kFile), before);
-    QVERIFY(store.Save());
-    QVERIFY(dir_->Bytes(kFile) != before);
+    QVERIFY(store.Save() && dir_->Bytes(kFile) != before);
     // Without a change nothing is written: a file that another program has removed stays away.
     QVERIFY(QFile::remove(path_));
     store.SetValue(kApp, u"print"_s, u"size"_s, QString(5'000, u'x'));
-    QVERIFY(store.Save());
-    QVERIFY(!QFile::exists(path_));
+    QVERIFY(store.Save() && !QFile::exists(path_));
 
     dir_->PutFolder(u"folder"_s);
     for (const QString& noFile : {u"missing/settings.ini"_s, u"folder"_s}) {

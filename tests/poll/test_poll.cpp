@@ -160,8 +160,7 @@ class TestPoll : public QObject {
       f.logic->poll.IfAllDoneTick();
       QCOMPARE(wanted, rounds);
       QCOMPARE(updates.count(), 1);
-      QVERIFY(f.logic->poll.Timer6.isActive());
-      QVERIFY(!f.program.page.CamPollDue && !f.program.page.CamRoundHeld);
+      QVERIFY(f.logic->poll.Timer6.isActive() && !f.program.page.CamPollDue && !f.program.page.CamRoundHeld);
       f.logic->poll.IfAllDoneTick();
       QCOMPARE(updates.count(), 1);
     };
@@ -203,12 +202,10 @@ class TestPoll : public QObject {
     f.Start();
     PollCycle& poll = f.logic->poll;
     poll.MnuRateClick(2);
-    QCOMPARE(poll.RefreshCaption(), u"Refresh (auto 5 min) "_s);
-    QVERIFY(poll.Timer6.isActive());
+    QVERIFY(poll.RefreshCaption() == u"Refresh (auto 5 min) " && poll.Timer6.isActive());
     poll.MnuRateClick(3);
     QCOMPARE(poll.RefreshCaption(), u"Refresh (off) "_s);
-    QVERIFY(!poll.Timer6.isActive() && !poll.Timer4.isActive());
-    QCOMPARE(f.program.config.AutoRefreshMinutes, 5);
+    QVERIFY(!poll.Timer6.isActive() && !poll.Timer4.isActive() && f.program.config.AutoRefreshMinutes == 5);
     f.program.config.GuiMode = 0;
     QCOMPARE(poll.RefreshCaption(), u"  Refresh"_s);
   }

@@ -131,8 +131,7 @@ class TestPollAnswers : public QObject {
     f.logic->poll.PageChange(2);
     QVERIFY(!f.CellOf(0).errorBox);
     f.logic->poll.PageChange(1);
-    QVERIFY(f.CellOf(0).errorBox);
-    QVERIFY(f.BoxSecond(0) == english && f.program.page.SitesDone == 0);
+    QVERIFY(f.CellOf(0).errorBox && f.BoxSecond(0) == english && f.program.page.SitesDone == 0);
     LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"German"_s, 8, Program::ProgVersion(), f.program.language);
     QVERIFY(f.BoxSecond(0) != english);
     f.Start();
@@ -163,8 +162,7 @@ class TestPollAnswers : public QObject {
         f.Body(0, PlainPicture(kTail));
         return QTest::qWaitFor([&f]() { return f.CellOf(0).errorBox; });
       });
-      QVERIFY(failed);
-      QVERIFY(!f.logic->poll.Busy());
+      QVERIFY(failed && !f.logic->poll.Busy());
       const QDir pictures(f.folder.filePath(u"images/dsstv"_s));
       QCOMPARE(pictures.entryList(QDir::Files | QDir::Hidden), QStringList(u"ckNewHeight.txt"_s));
       QCOMPARE(QDir(pictures.filePath(u"thumbs"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());

@@ -206,8 +206,7 @@ class TestCookieStore : public QObject {
     QCOMPARE(Pairs(store.All()), QByteArray("id=1"));
     Read(network, calls.Url(u"/db/1"_s));
     QCOMPARE(CookieLineOf(calls), QByteArray("more=1; id=2"));
-    QTRY_COMPARE_WITH_TIMEOUT(Pairs(store.All()), QByteArray("id=2 more=1"), kPatienceMs);
-    QCOMPARE(Pairs(CookieStore(folder.path()).All()), QByteArray("id=2 more=1"));
+    QTRY_COMPARE_WITH_TIMEOUT(Pairs(CookieStore(folder.path()).All()), QByteArray("id=2 more=1"), kPatienceMs);
   }
 
   void NoneComesBackAfterTheEnd() {
@@ -219,8 +218,7 @@ class TestCookieStore : public QObject {
     QVERIFY(!list.Renew(QUrl(u"https://www.p.x/"_s), {Cookie("id=2; domain=x"), Cookie("id=2; domain=q.x")}));
     QCOMPARE(Pairs(list.All()), QByteArray("id=2"));
     list.RemoveOf(u"www.q.x"_s);
-    QVERIFY(!list.Renew(url, {Cookie("id=3; domain=q.x")}));
-    QVERIFY(list.All().isEmpty());
+    QVERIFY(!list.Renew(url, {Cookie("id=3; domain=q.x")}) && list.All().isEmpty());
   }
 };
 

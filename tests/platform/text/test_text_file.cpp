@@ -81,15 +81,14 @@ class TestTextFile : public QObject {
       QCOMPARE(ReadTextFile(path), u"日\r\n"_s);
     }
     QCOMPARE(dir.Files(), QStringList{u"list.txt"_s});
-    QVERIFY(!ReadFileBytes(dir.filePath(u"folder"_s)));
-    QVERIFY(!ReadTextFile(dir.filePath(u"none"_s)));
+    QVERIFY(!ReadFileBytes(dir.filePath(u"folder"_s)) && !ReadTextFile(dir.filePath(u"none"_s)));
   }
 
   void ResolvesNamesWithoutCase() {
     const TestFolder dir;
     dir.PutFolder(u"Images/DSSTV"_s);
-    for (const QString& name : {u"Nicknames.txt"_s, u"Images/B"_s, u"Images/b"_s, u"Images/DSSTV/1-1.jpg"_s, u"été"_s})
-      dir.Put(name, "x");
+    const QStringList names{u"Nicknames.txt"_s, u"Images/B"_s, u"Images/b"_s, u"Images/DSSTV/1-1.jpg"_s, u"été"_s};
+    for (const QString& name : names) dir.Put(name, "x");
     const auto check = [&dir](const QString& asked, const QString& found) {
       QCOMPARE(ResolvePath(dir.path(), asked), dir.filePath(found));
     };
