@@ -129,6 +129,13 @@
         <source>The newest report is older than this period</source>
         <translation>Die neueste Meldung ist älter als dieser Zeitraum</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>%n ältere Meldung wurde weggelassen.</numerusform>
+            <numerusform>%n ältere Meldungen wurden weggelassen.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

@@ -11,4 +11,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>PropagationMap</name>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>%n older report was left out.</numerusform>
+            <numerusform>%n older reports were left out.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

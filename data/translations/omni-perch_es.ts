@@ -129,6 +129,13 @@
         <source>The newest report is older than this period</source>
         <translation>El informe más reciente es anterior a este período</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>Se omitió %n informe más antiguo.</numerusform>
+            <numerusform>Se omitieron %n informes más antiguos.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

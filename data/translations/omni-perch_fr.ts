@@ -129,6 +129,13 @@
         <source>The newest report is older than this period</source>
         <translation>Le rapport le plus récent est antérieur à cette période</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>%n rapport plus ancien a été omis.</numerusform>
+            <numerusform>%n rapports plus anciens ont été omis.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

@@ -128,6 +128,12 @@
         <source>The newest report is older than this period</source>
         <translation>最新の報告はこの期間より前のものです</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>古い報告%n件は省かれました。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

@@ -129,6 +129,13 @@
         <source>The newest report is older than this period</source>
         <translation>De nieuwste melding is ouder dan deze periode</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>%n oudere melding is weggelaten.</numerusform>
+            <numerusform>%n oudere meldingen zijn weggelaten.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

@@ -130,6 +130,14 @@
         <source>The newest report is older than this period</source>
         <translation>Najnowszy raport jest starszy niż ten okres</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>Pominięto %n starszy raport.</numerusform>
+            <numerusform>Pominięto %n starsze raporty.</numerusform>
+            <numerusform>Pominięto %n starszych raportów.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

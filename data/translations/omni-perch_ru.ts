@@ -130,6 +130,14 @@
         <source>The newest report is older than this period</source>
         <translation>Самое новое сообщение старше этого периода</translation>
     </message>
+    <message numerus="yes">
+        <source>%n older report(s) were left out.</source>
+        <translation>
+            <numerusform>Опущено более старых отчётов: %n.</numerusform>
+            <numerusform>Опущено более старых отчётов: %n.</numerusform>
+            <numerusform>Опущено более старых отчётов: %n.</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ThumbCell</name>

@@ -34,11 +34,19 @@ MapOverlay::Label CallLabel(qsizetype number, const QString& call, QChar zeroGly
   return label;
 }
 
-QString InfoText(const Program& program, const PropagationPaths& paths, bool outdated) {
+// For lupdate, which wants a class.
+struct PropagationMap {
+  Q_DECLARE_TR_FUNCTIONS(PropagationMap)
+};
+
+QString InfoText(const Program& program, const PropagationPaths& paths, const PropagationLook& look) {
   QString text = QString(program.language[TextLine::kPathCount]).replace("xxx"_L1, QString::number(paths.pathCount));
-  if (outdated) {
+  if (look.outdated) {
+    text = text.trimmed() + u'\n' + PropagationMap::tr("The newest report is older than this period");
+  }
+  if (look.leftOut > 0) {
     text = text.trimmed() + u'\n' +
-           QCoreApplication::translate("PropagationMap", "The newest report is older than this period");
+           PropagationMap::tr("%n older report(s) were left out.", nullptr, static_cast<int>(look.leftOut));
   }
   return text.trimmed();
 }
@@ -48,7 +56,7 @@ QString InfoText(const Program& program, const PropagationPaths& paths, bool out
 MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& paths, const PropagationLook& look,
                                const MapSurface& surface) {
   MapDrawing result;
-  result.info = InfoText(program, paths, look.outdated);
+  result.info = InfoText(program, paths, look);
   StationMarks marks(surface);
   std::vector<bool> seen;
   for (std::size_t i = 0; i < paths.spots.size(); ++i) {

@@ -16,6 +16,7 @@ struct PropagationLook {
   QString focused;
   QString partner;
   bool outdated = false;  // the newest report of the file is older than the period
+  qsizetype leftOut = 0;  // reports beyond those that are kept
 };
 
 MapDrawing BuildPropagationMap(const Program& program, const PropagationPaths& paths, const PropagationLook& look,

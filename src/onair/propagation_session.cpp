@@ -21,6 +21,7 @@ const QString& Key() {
 struct Filtered {
   PropagationPaths paths;
   bool outdated = false;
+  qsizetype leftOut = 0;
 };
 
 }  // namespace
@@ -112,13 +113,15 @@ void PropagationSession::Filter(bool answered) {
     Filtered result;
     result.paths = ShownPaths(*reports, choice, now, bad, spotOf);
     result.outdated = IsOlderThan(reports->newest, choice.PeriodMinutes, now);
+    result.leftOut = reports->leftOut;
     return result;
   };
   parts_.background.Run<Filtered>(this, pass, [this, answered, token = filter_.Ask()](const Filtered& result) {
     if (!token.StillWanted()) return;
-    const bool same = result.paths == paths_ && result.outdated == outdated_;
+    const bool same = result.paths == paths_ && result.outdated == outdated_ && result.leftOut == leftOut_;
     paths_ = result.paths;
     outdated_ = result.outdated;
+    leftOut_ = result.leftOut;
     if (!same) Q_EMIT Changed();
     if (answered) Q_EMIT Refreshed();
   });

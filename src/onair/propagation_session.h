@@ -50,6 +50,8 @@ class PropagationSession : public QObject {
   const PropagationPaths& Paths() const { return paths_; }
   // The newest report of the file is older than the period.
   bool IsOutdated() const { return outdated_; }
+  // Reports of the file beyond the most that are kept.
+  qsizetype LeftOut() const { return leftOut_; }
   QList<ReceivedRow> Received(const QString& call) const;
 
  Q_SIGNALS:
@@ -72,6 +74,7 @@ class PropagationSession : public QObject {
   std::shared_ptr<const PropagationReports> reports_ = std::make_shared<PropagationReports>();
   PropagationPaths paths_;
   bool outdated_ = false;
+  qsizetype leftOut_ = 0;
   Wanted read_;
   Wanted filter_;
   std::shared_ptr<CallDatabase> database_;  // used beside the event loop only

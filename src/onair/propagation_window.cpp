@@ -93,8 +93,9 @@ void frmMapPropagation::FillLists() {
 
 MapDrawing frmMapPropagation::BuildDrawing(const MapSurface& surface) {
   const bool walking = !partner_.isEmpty();
-  return BuildPropagationMap(program_, session_.Paths(),
-                             {imgX_, walking ? walked_ : QString(), partner_, session_.IsOutdated()}, surface);
+  return BuildPropagationMap(
+      program_, session_.Paths(),
+      {imgX_, walking ? walked_ : QString(), partner_, session_.IsOutdated(), session_.LeftOut()}, surface);
 }
 
 // The labels are numbered as the stations of the paths.
