@@ -1,4 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+#include <fcntl.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
 #include <csignal>
 
 #include "platform/picture/picture_tool.h"
@@ -15,17 +19,37 @@ constexpr QSize kThumbBox(116, 86);
 class TestPictureHangs : public QObject {
   Q_OBJECT
 
-  // Both processes run and have decoded something.
+  // Both processes run and have decoded something: a round of jobs has left them as they were. On a slow machine a
+  // process that starts may be taken for a hanging one.
   void BothAreReady() {
     tool_->WarmUp();
-    int answers = 0;
-    for (int i = 0; i < 20; ++i) tool_->View(good_, kThumbBox, this, [&](const PictureAnswer&) { ++answers; });
-    QTRY_COMPARE(answers, 20);
-    QTRY_COMPARE(tool_->ProcessIds().size(), 2);
+    QList<qint64> before;
+    do {
+      before = tool_->ProcessIds();
+      int answers = 0;
+      for (int i = 0; i < 20; ++i) tool_->View(good_, kThumbBox, this, [&](const PictureAnswer&) { ++answers; });
+      QTRY_COMPARE(answers, 20);
+    } while (before.size() != 2 || tool_->ProcessIds() != before);
+  }
+  // A job's bytes are in the pipe to this process.
+  static bool HasJob(qint64 process) {
+    const int input = open(qPrintable(u"/proc/%1/fd/0"_s.arg(process)), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    int bytes = 0;
+    const bool isKnown = input >= 0 && ioctl(input, FIONREAD, &bytes) == 0;
+    if (input >= 0) close(input);
+    return isKnown && bytes > 0;
   }
   QList<qint64> Signalled(int signal) const {
     QList<qint64> processes = tool_->ProcessIds();
-    for (const qint64 process : processes) kill(static_cast<pid_t>(process), signal);
+    for (const qint64 process : processes) {
+      kill(static_cast<pid_t>(process), signal);
+      // A process that has not stopped yet may still take the next job.
+      const auto hasStopped = [process]() {
+        QFile state(u"/proc/%1/stat"_s.arg(process));
+        return state.open(QIODevice::ReadOnly) && state.readAll().contains(") T ");
+      };
+      if (signal == SIGSTOP) (void)QTest::qWaitFor(hasStopped);
+    }
     return processes;
   }
 
@@ -45,6 +69,7 @@ class TestPictureHangs : public QObject {
   void AKilledProcessCostsItsOwnJob() {
     const QList<qint64> stopped = Signalled(SIGSTOP);  // both have a job in hand when one of them is killed
     for (int i = 0; i < 2; ++i) tool_->View(good_, kThumbBox, this, note_);
+    QTRY_VERIFY(HasJob(stopped.first()) && HasJob(stopped.last()));
     kill(static_cast<pid_t>(stopped.first()), SIGKILL);
     QTRY_COMPARE(answers_, QList<bool>({false}));
     kill(static_cast<pid_t>(stopped.last()), SIGCONT);
