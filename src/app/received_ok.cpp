@@ -8,13 +8,13 @@ namespace {
 constexpr int kBuildTicks = 2;
 }  // namespace
 
-ReceivedOk::ReceivedOk(const Parts& parts, QWidget* window)
-    : QObject(window), parts_(parts), window_(window), link_(parts.services.run.socketDir) {
+ReceivedOk::ReceivedOk(const Dependencies& dependencies, QWidget* window)
+    : QObject(window), deps_(dependencies), window_(window), link_(dependencies.services.run.socketDir) {
   Timer3.setInterval(1s);
   connect(&Timer3, &QTimer::timeout, this, &ReceivedOk::Tick);
   connect(&link_, &CompanionLink::TextArrived, this, &ReceivedOk::TakeText);
-  connect(parts_.pic.lblMap, &BarLabel::clicked, this, &ReceivedOk::OpenMap);
-  parts_.services.commands.Register(Command::ShowReceivedOkMap, this, [this](const MenuChoice&) { OpenMap(); });
+  connect(deps_.pic.lblMap, &BarLabel::clicked, this, &ReceivedOk::OpenMap);
+  deps_.services.commands.Register(Command::ShowReceivedOkMap, this, [this](const MenuChoice&) { OpenMap(); });
 }
 
 void ReceivedOk::Start() {
@@ -27,15 +27,15 @@ void ReceivedOk::Tick() {
 }
 
 void ReceivedOk::Build() {
-  parts_.lstRxOk.BuildRxOkList(parts_.services.program);
+  deps_.lstRxOk.BuildRxOkList(deps_.services.program);
   ShowLabel();
 }
 
 // Caption and visibility are set once the list is complete: a label that is hidden for a moment flickers, and loses the
 // keyboard's focus.
 void ReceivedOk::ShowLabel() {
-  BarLabel* lblMap = parts_.pic.lblMap;
-  const qsizetype count = parts_.lstRxOk.Rows().size();
+  BarLabel* lblMap = deps_.pic.lblMap;
+  const qsizetype count = deps_.lstRxOk.Rows().size();
   const QString caption = u"Map (%1 rx sites)"_s.arg(count);
   if (count > 0 && lblMap->text() != caption) {
     lblMap->SetCaption(caption);
@@ -46,27 +46,27 @@ void ReceivedOk::ShowLabel() {
 
 void ReceivedOk::TakeText(const QString& item, const QString& text) {
   if (item == "txtRxOk"_L1) {
-    parts_.lstRxOk.SetReports(text, parts_.services.program.lstBadCalls);
+    deps_.lstRxOk.SetReports(text, deps_.services.program.lstBadCalls);
     // An empty text clears the list at once. What the thumbnails say comes back in the same step, not two seconds
     // later.
     if (text.isEmpty()) Build();
   } else if (text == "Refresh"_L1) {
-    parts_.poll.RefreshClick();
+    deps_.poll.RefreshClick();
   }
 }
 
 void ReceivedOk::LeavePage() {
-  parts_.lstRxOk.Clear();
-  parts_.pic.lblMap->hide();
+  deps_.lstRxOk.Clear();
+  deps_.pic.lblMap->hide();
 }
 
 void ReceivedOk::OpenMap() {
-  const Program& program = parts_.services.program;
-  Dialogs& dialogs = parts_.services.dialogs;
+  const Program& program = deps_.services.program;
+  Dialogs& dialogs = deps_.services.dialogs;
   const QString call = program.config.MyCall;
   if (call.isEmpty()) return dialogs.Inform(window_, program.language[TextLine::kCallMissing].trimmed(), false);
-  const bool isOpen = parts_.windows.Find(WindowKind::ReceivedOkMap) != nullptr;
-  if (parts_.lstRxOk.Rows().isEmpty() && !isOpen) {
+  const bool isOpen = deps_.windows.Find(WindowKind::ReceivedOkMap) != nullptr;
+  if (deps_.lstRxOk.Rows().isEmpty() && !isOpen) {
     if (std::exchange(asking_, true)) return;
     const QString text = QString(program.language[TextLine::kNoReports]).replace("xxx"_L1, call).trimmed();
     const bool show = dialogs.AskSecond(window_, text, program.language[TextLine::kCloseWord].trimmed(),
@@ -75,7 +75,7 @@ void ReceivedOk::OpenMap() {
     // The program may have been closed while the question was on the screen.
     if (!show || closed_) return;
   }
-  parts_.windows.ShowReceivedOkMap();
+  deps_.windows.ShowReceivedOkMap();
 }
 
 void ReceivedOk::SendClosed() {

@@ -18,7 +18,7 @@ class ReceivedOk : public QObject {
 
  public:
   // What it works on; all of it outlives it.
-  struct Parts {
+  struct Dependencies {
     Services& services;
     PollCycle& poll;
     MenuStrip& pic;
@@ -26,7 +26,7 @@ class ReceivedOk : public QObject {
     RxOkList& lstRxOk;
   };
 
-  ReceivedOk(const Parts& parts, QWidget* window);
+  ReceivedOk(const Dependencies& dependencies, QWidget* window);
 
   // Opens the channel and starts Timer3. Only for the instance that holds the lock: a second one must not take the
   // channel from the first.
@@ -46,7 +46,7 @@ class ReceivedOk : public QObject {
   void TakeText(const QString& item, const QString& text);
   void ShowLabel();
 
-  Parts parts_;
+  Dependencies deps_;
   QWidget* window_;
   CompanionLink link_;
   int ticks_ = 0;

@@ -97,8 +97,8 @@ BaseWindow* Windows::Connected(CallMapWindow* window) {
 
 BaseWindow* Windows::MakePropagationMap() {
   Services& s = services_;
-  const PropagationSession::Parts session{s.program, s.network, s.background,  s.run.hosts,
-                                          s.store,   s.clock,   PeriodMinutes_};
+  const PropagationSession::Dependencies session{s.program, s.network, s.background,  s.run.hosts,
+                                                 s.store,   s.clock,   PeriodMinutes_};
   auto* window = new frmMapPropagation({session, s.maps, menus_}, mainWindow_);
   return Connected(window);
 }

@@ -26,11 +26,11 @@ struct Filtered {
 
 }  // namespace
 
-PropagationSession::PropagationSession(const Parts& parts, QObject* parent)
+PropagationSession::PropagationSession(const Dependencies& dependencies, QObject* parent)
     : QObject(parent),
-      parts_(parts),
-      reader_(parts.network),
-      database_(std::make_shared<CallDatabase>(parts.program.AppDataDir)) {
+      deps_(dependencies),
+      reader_(dependencies.network),
+      database_(std::make_shared<CallDatabase>(dependencies.program.AppDataDir)) {
   Timer1_.setObjectName(u"Timer1"_s);
   connect(&Timer1_, &QTimer::timeout, this, [this]() {
     Timer1_.setInterval(kRefresh);
@@ -44,12 +44,12 @@ PropagationSession::PropagationSession(const Parts& parts, QObject* parent)
 }
 
 void PropagationSession::Open() {
-  const StoredSettings settings(parts_.store);
+  const StoredSettings settings(deps_.store);
   const auto stored = [&settings](Setting setting, std::size_t count) {
     const int index = settings.Number(setting);
     return index >= 0 && index <= static_cast<int>(count) ? index : 0;
   };
-  choice_.PeriodMinutes = parts_.PeriodMinutes;
+  choice_.PeriodMinutes = deps_.PeriodMinutes;
   choice_.band = stored(Setting::TxBand, kBands.size());
   choice_.mode = stored(Setting::TxMode, kModes.size());
   Timer1_.start(kRefresh);
@@ -57,13 +57,13 @@ void PropagationSession::Open() {
 }
 
 void PropagationSession::Request() {
-  reader_.Start(Key(), QUrl(parts_.hosts.OnAirText + u"/zz9qx/Files/PropagationPaths.txt"_s));
+  reader_.Start(Key(), QUrl(deps_.hosts.OnAirText + u"/zz9qx/Files/PropagationPaths.txt"_s));
 }
 
 void PropagationSession::SetPeriod(int minutes) {
   if (minutes == choice_.PeriodMinutes) return;
   choice_.PeriodMinutes = minutes;
-  parts_.PeriodMinutes = minutes;
+  deps_.PeriodMinutes = minutes;
   // A read that is under way is not waited for: the choice is to be seen at once.
   reader_.Cancel(Key());
   Timer1_.start(kSoon);
@@ -83,8 +83,8 @@ void PropagationSession::SetMode(int index) {
 }
 
 void PropagationSession::Store(Setting setting, int index) {
-  StoredSettings(parts_.store).SetNumber(setting, index);
-  parts_.store.SaveLater(parts_.background);
+  StoredSettings(deps_.store).SetNumber(setting, index);
+  deps_.store.SaveLater(deps_.background);
   Filter(false);
   Timer1_.start(kRefresh);
   Request();
@@ -94,7 +94,7 @@ void PropagationSession::Take(const QByteArray& file) {
   const auto read = [file]() {
     return std::shared_ptr<const PropagationReports>(std::make_shared<PropagationReports>(ReadPropagationFile(file)));
   };
-  parts_.background.Run<std::shared_ptr<const PropagationReports>>(
+  deps_.background.Run<std::shared_ptr<const PropagationReports>>(
       this, read, [this, token = read_.Ask()](const std::shared_ptr<const PropagationReports>& reports) {
         if (!token.StillWanted()) return;
         reports_ = reports;
@@ -103,7 +103,7 @@ void PropagationSession::Take(const QByteArray& file) {
 }
 
 void PropagationSession::Filter(bool answered) {
-  const auto pass = [reports = reports_, choice = choice_, now = Now(), bad = parts_.program.lstBadCalls,
+  const auto pass = [reports = reports_, choice = choice_, now = Now(), bad = deps_.program.lstBadCalls,
                      database = database_]() {
     const auto spotOf = [&database](const QString& call) -> std::optional<StationSpot> {
       const TargetLocation place = database->LookupTargetLocation(call);
@@ -116,7 +116,7 @@ void PropagationSession::Filter(bool answered) {
     result.leftOut = reports->leftOut;
     return result;
   };
-  parts_.background.Run<Filtered>(this, pass, [this, answered, token = filter_.Ask()](const Filtered& result) {
+  deps_.background.Run<Filtered>(this, pass, [this, answered, token = filter_.Ask()](const Filtered& result) {
     if (!token.StillWanted()) return;
     const bool same = result.paths == paths_ && result.outdated == outdated_ && result.leftOut == leftOut_;
     paths_ = result.paths;
@@ -128,7 +128,7 @@ void PropagationSession::Filter(bool answered) {
 }
 
 qint64 PropagationSession::Now() const {
-  return parts_.clock.Now().toSecsSinceEpoch();
+  return deps_.clock.Now().toSecsSinceEpoch();
 }
 
 QList<ReceivedRow> PropagationSession::Received(const QString& call) const {

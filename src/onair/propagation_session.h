@@ -24,7 +24,7 @@ class PropagationSession : public QObject {
 
  public:
   // What a session uses.
-  struct Parts {
+  struct Dependencies {
     Program& program;
     UrlNetwork& network;
     Background& background;
@@ -34,7 +34,7 @@ class PropagationSession : public QObject {
     int& PeriodMinutes;  // outlives the window: the period is kept for the run
   };
 
-  explicit PropagationSession(const Parts& parts, QObject* parent = nullptr);
+  explicit PropagationSession(const Dependencies& dependencies, QObject* parent = nullptr);
 
   // Reads the stored choice and asks for the file.
   void Open();
@@ -67,7 +67,7 @@ class PropagationSession : public QObject {
   void Store(Setting setting, int index);
   qint64 Now() const;
 
-  Parts parts_;
+  Dependencies deps_;
   UrlReader reader_;
   QTimer Timer1_;
   PropagationChoice choice_;

@@ -11,10 +11,10 @@
 
 using namespace Qt::StringLiterals;
 
-frmMapPropagation::frmMapPropagation(const Parts& parts, QWidget* opener)
-    : CallMapWindow({u"frmMapPropagation"_s, u"cmdMaps"_s, u"cboMaps"_s}, parts.program, parts.maps, parts.menus,
-                    opener),
-      session_(parts),
+frmMapPropagation::frmMapPropagation(const Dependencies& dependencies, QWidget* opener)
+    : CallMapWindow({u"frmMapPropagation"_s, u"cmdMaps"_s, u"cboMaps"_s}, dependencies.program, dependencies.maps,
+                    dependencies.menus, opener),
+      session_(dependencies),
       picRx_(this) {
   lblPropagation_.setObjectName(u"lblPeriod"_s);
   lblPropagation_.setTextFormat(Qt::PlainText);

@@ -16,12 +16,12 @@ class frmMapPropagation : public CallMapWindow {
 
  public:
   // What the window uses beside its session.
-  struct Parts : PropagationSession::Parts {
+  struct Dependencies : PropagationSession::Dependencies {
     MapStore& maps;
     MenuOpener& menus;
   };
 
-  frmMapPropagation(const Parts& parts, QWidget* opener);
+  frmMapPropagation(const Dependencies& dependencies, QWidget* opener);
 
   // Shows the map that was used last and begins to ask for the reports, or brings the open window to the front.
   void Open();

@@ -71,7 +71,7 @@ class RxOkDrawing {
   const MapSurface& surface_;
   StationMarks marks_;
   std::optional<QPointF> own_;
-  QList<QRectF> taken_;  // by labels that have their told place
+  QList<QRectF> taken_;  // by labels at the place that is given for a stub
 };
 
 MapOverlay::Label RxOkDrawing::Label(qsizetype number, const RxOkStation& station, const QString& text,

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A label whose colours are told, on a light and on a dark desktop.
+// A label of given colours, on a light and on a dark desktop.
 void Colour(QLabel& label, const QColor& back) {
   QPalette colours = label.palette();
   colours.setColor(QPalette::Window, back);

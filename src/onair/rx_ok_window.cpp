@@ -12,10 +12,10 @@ constexpr int kPanelGap = 8;  // between a panel and the window's edge
 
 }  // namespace
 
-frmMapRxOk::frmMapRxOk(const Parts& parts, QWidget* opener)
-    : CallMapWindow({u"frmMapRxOk"_s}, parts.program, parts.maps, parts.menus, opener),
-      lstRxOk_(parts.lstRxOk),
-      lookUps_(parts),
+frmMapRxOk::frmMapRxOk(const Dependencies& dependencies, QWidget* opener)
+    : CallMapWindow({u"frmMapRxOk"_s}, dependencies.program, dependencies.maps, dependencies.menus, opener),
+      lstRxOk_(dependencies.lstRxOk),
+      lookUps_(dependencies),
       legend_(this),
       picLookUp_(this) {
   Timer2.setSingleShot(true);

@@ -12,13 +12,13 @@ class frmMapRxOk : public CallMapWindow {
 
  public:
   // What the window uses beside its look-ups.
-  struct Parts : RxOkLookups::Dependencies {
+  struct Dependencies : RxOkLookups::Dependencies {
     const RxOkList& lstRxOk;
     MapStore& maps;
     MenuOpener& menus;
   };
 
-  frmMapRxOk(const Parts& parts, QWidget* opener);
+  frmMapRxOk(const Dependencies& dependencies, QWidget* opener);
 
   // Shows the map that was used last a moment later, or brings the open window to the front.
   void Open();

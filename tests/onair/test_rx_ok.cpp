@@ -177,7 +177,7 @@ class TestRxOk : public QObject {
     QTEST(drawn.join(u'|'), "drawn");
   }
 
-  // Two stubs in one direction: the first label has its told place, the second is laid out around the same end.
+  // Two stubs in one direction: the first label has its given place, the second is laid out around the same end.
   void LabelsOfStubsDoNotCoverEachOther() {
     Program program;
     const RxOkPlace own = Netherlands({500, 500});

@@ -12,7 +12,7 @@ Companion::Companion(const QString& socketDir, QObject* parent) : QObject(parent
   const QString own = socketDir + u"/tv-echo-form1"_s;
   QLocalServer::removeServer(own);
   server_.listen(own);
-  // The whole list, as the program knows nothing of what it was told in a former life.
+  // The whole list, as the program knows nothing of what it was told before it was started anew.
   connect(&link_, &QLocalSocket::connected, this, [this] { Send(List()); });
   connect(&retry_, &QTimer::timeout, this, [this] {
     if (link_.state() == QLocalSocket::UnconnectedState) link_.connectToServer(socketDir_ + u"/omni-perch-form1"_s);
