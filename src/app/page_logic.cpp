@@ -3,7 +3,7 @@
 
 PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, PictureTool& tool,
                      Background& background)
-    : grid(program, tool, background, clock),
+    : grid(program, tool, clock),
       ucCkNew1(network, tool),
       ucDnLoad(network),
       ucUpdates(network),

@@ -24,8 +24,7 @@ CellResult FailureOf(const PictureAnswer& answer) {
 
 }  // namespace
 
-PictureCells::PictureCells(PictureTool& tool, Background& background, QObject* parent)
-    : QObject(parent), tool_(tool), background_(background) {
+PictureCells::PictureCells(PictureTool& tool, QObject* parent) : QObject(parent), tool_(tool) {
   sharpenTimer_.setSingleShot(true);
   sharpenTimer_.setInterval(kQuiet);
   connect(&sharpenTimer_, &QTimer::timeout, this, &PictureCells::SharpenNext);
@@ -158,19 +157,8 @@ void PictureCells::ShowVideo(const Reading& reading) {
   film.size = imgMp4().size();
   Place(reading.slot, film);
   enlarged_.remove(reading.slot);
-  // The film strip replaces the video on the disk too, so that a cell's file is always a picture.
-  const QString part = PartPath(reading.picture.path);
-  background_.Run<bool>(
-      this, [part]() { return WriteStill(imgMp4(), part); },
-      [this, reading, part](bool written) {
-        if (written && reading.token.StillWanted()) {
-          PutInPlace(part, reading.picture.path);
-          standing_[reading.slot] = StandingOf(reading.picture);
-        } else {
-          QFile::remove(part);
-        }
-        if (GoesOn(reading)) reading.done(CellResult::Shown);
-      });
+  // Shown over the cell alone: the file stays a film, which the weather page and the history keep under this name.
+  reading.done(CellResult::Shown);
 }
 
 void PictureCells::Repair(const Reading& reading) {

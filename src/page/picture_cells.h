@@ -16,7 +16,6 @@
 
 #include "page/cell.h"
 #include "page/frame_budget.h"
-#include "platform/background.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/wanted.h"
 
@@ -57,7 +56,7 @@ class PictureCells : public QObject {
     int slot_;
   };
 
-  PictureCells(PictureTool& tool, Background& background, QObject* parent = nullptr);
+  explicit PictureCells(PictureTool& tool, QObject* parent = nullptr);
 
   // Changes the number of cells; new ones are empty, the others stay as they are.
   void MakeCells(int count);
@@ -121,7 +120,6 @@ class PictureCells : public QObject {
   void Timer2Tick();
 
   PictureTool& tool_;
-  Background& background_;
   QList<Cell> cells_;
   std::vector<Wanted> wanted_;  // by slot; never shortened, so that an answer for a cell of a larger layout stays void
   QList<Standing> standing_;

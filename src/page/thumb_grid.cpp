@@ -29,8 +29,8 @@ qint64 WholeDays(const QDateTime& from, const QDateTime& to) {
 
 }  // namespace
 
-ThumbGrid::ThumbGrid(Program& program, PictureTool& tool, Background& background, const Clock& clock, QObject* parent)
-    : QObject(parent), program_(program), clock_(clock), cells_(tool, background) {
+ThumbGrid::ThumbGrid(Program& program, PictureTool& tool, const Clock& clock, QObject* parent)
+    : QObject(parent), program_(program), clock_(clock), cells_(tool) {
   connect(&cells_, &PictureCells::CellChanged, this, &ThumbGrid::CellChanged);
 }
 
@@ -124,6 +124,10 @@ void ThumbGrid::ShowCamOnly(int slot) {
   cell->fromSender = true;
   cell->lblFrom = u"Cam only"_s;
   cells_.ShowStill(slot, imgCamOnly(), cell_part::kCamOnlyImg);
+}
+
+void ThumbGrid::ShowFilm(int slot) {
+  cells_.ShowStill(slot, imgMp4(), ThumbFrame(imgMp4().size()));
 }
 
 void ThumbGrid::ColourByAge(int slot) {

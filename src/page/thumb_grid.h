@@ -22,7 +22,7 @@ class ThumbGrid : public QObject {
   // Changes that belong together: their cells raise one CellChanged each when the last Edit ends.
   using Edit = PictureCells::Edit;
 
-  ThumbGrid(Program& program, PictureTool& tool, Background& background, const Clock& clock, QObject* parent = nullptr);
+  ThumbGrid(Program& program, PictureTool& tool, const Clock& clock, QObject* parent = nullptr);
 
   // Makes the cells of the layout, all empty; sets ThumbCount.
   void MakeGrid(int thumbLayout);
@@ -47,6 +47,8 @@ class ThumbGrid : public QObject {
   // Blanks a picture; reason 1: a blocked call, 2: a bad call. Leaves an error box as it is and returns false.
   bool ShowBlockedCall(int slot, int reason);
   void ShowCamOnly(int slot);
+  // The film strip in the place of the picture, which stays on the disk.
+  void ShowFilm(int slot);
   // Sets age suffix and state colour by the date of the cell's picture.
   void ColourByAge(int slot);
   // Writes the ages again after a change of language. Error boxes hold roles instead of texts and need nothing.

@@ -14,11 +14,6 @@ namespace {
 constexpr int kWxMinutes = 3;   // the WX page refreshes every three minutes whatever the chosen rate
 constexpr int kCamMinutes = 5;  // a cam round falls due every fifth minute
 
-// Starts a timer; one that is running already is not restarted, so that its minute goes on.
-void TurnOn(QTimer& timer) {
-  if (!timer.isActive()) timer.start();
-}
-
 }  // namespace
 
 PollCycle::PollCycle(Program& program, ThumbGrid& grid, SlotPictures& files, PictureIntake& intake, ucCkNew& check,
@@ -52,9 +47,26 @@ void PollCycle::SetBusy(bool busy) {
   Q_EMIT BusyChanged(busy);
 }
 
+void PollCycle::SetResting(bool resting) {
+  if (resting_ == resting) return;
+  resting_ = resting;
+  Q_EMIT RestChanged(resting);
+}
+
+void PollCycle::TurnOn(QTimer& timer) {
+  if (!timer.isActive()) timer.start();
+  SetResting(false);
+}
+
 void PollCycle::StopRefreshTimers() {
   Timer4.stop();
   Timer6.stop();
+}
+
+void PollCycle::Rest() {
+  StopRefreshTimers();
+  // Without automatic polling nothing rests.
+  SetResting(program_.config.AutoRefreshOn == 1);
 }
 
 void PollCycle::StartRefreshTimer() {
@@ -380,6 +392,7 @@ void PollCycle::MnuRateClick(int index) {
   } else {
     config.AutoRefreshOn = 0;
     StopRefreshTimers();
+    SetResting(false);
   }
   Q_EMIT RefreshCaptionChanged();
 }

@@ -46,6 +46,10 @@ class PollCycle : public QObject {
 
   void MnuRateClick(int index);
   void StopRefreshTimers();
+  // The user looks at a picture: automatic polling rests, also after the picture is closed, until a poll of a DSSTV
+  // page ends normally or the user refreshes, changes the page or chooses a rate.
+  void Rest();
+  bool Resting() const { return resting_; }
   void StartRefreshTimer();
   // Caption of lblRefresh for the present settings.
   QString RefreshCaption() const;
@@ -77,6 +81,7 @@ class PollCycle : public QObject {
   void BusyChanged(bool busy);
   void RefreshCaptionChanged();
   void PageChanged();
+  void RestChanged(bool resting);
   // A walk begins; a tip over cells that change now has to close.
   void HoverForgotten();
   // Once a run, at the end of the first poll.
@@ -88,6 +93,9 @@ class PollCycle : public QObject {
 
  private:
   void SetBusy(bool busy);
+  void SetResting(bool resting);
+  // Starts a refresh timer; one that is running already is not restarted, so that its minute goes on.
+  void TurnOn(QTimer& timer);
   void BeginStarter();
   void EndStarter();
   void Walk(bool clearGrid);
@@ -108,6 +116,7 @@ class PollCycle : public QObject {
   UserControl1& download_;
   const Clock& clock_;
   bool busy_ = false;
+  bool resting_ = false;
   QSet<int> waiting_;  // slots that this poll has asked and that have not answered
   // False: some counted slots are never asked, so the poll does not end when all asked ones have answered.
   bool allAsked_ = false;

@@ -34,6 +34,13 @@ void BarLabel::SetBriefCaption(const QString& caption) {
   updateGeometry();
 }
 
+void BarLabel::SetNote(const QString& note) {
+  if (note_ == note) return;
+  note_ = note;
+  setAccessibleDescription(note);
+  TakeTip();
+}
+
 void BarLabel::SetLit(bool lit) {
   if (lit_ == lit) return;
   lit_ = lit;
@@ -75,7 +82,9 @@ QString BarLabel::ShownCaption() const {
 }
 
 void BarLabel::TakeTip() {
-  setToolTip(ShownCaption() == text().trimmed() ? QString() : text().simplified());
+  QStringList lines{ShownCaption() == text().trimmed() ? QString() : text().simplified(), note_};
+  lines.removeAll(QString());
+  setToolTip(lines.join(u'\n'));
 }
 
 QSize BarLabel::sizeHint() const {

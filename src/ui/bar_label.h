@@ -18,6 +18,8 @@ class BarLabel : public QToolButton {
   // Sets the caption that is painted while the label is too narrow for the whole one; empty: the whole caption is
   // elided.
   void SetBriefCaption(const QString& caption);
+  // Sets a text that the tip says below the caption, and a screen reader as the description; empty: none.
+  void SetNote(const QString& note);
   // Paints the caption white on the highlight colour, or plain.
   void SetLit(bool lit);
   bool Lit() const { return lit_; }
@@ -47,6 +49,7 @@ class BarLabel : public QToolButton {
   void TakeTip();
 
   QString brief_;
+  QString note_;
   bool lit_ = false;
   bool wanted_ = true;
   bool moved_ = false;

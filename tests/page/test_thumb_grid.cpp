@@ -212,7 +212,7 @@ class TestThumbGrid : public QObject {
     constexpr QSize kSize(220, 160);
     constexpr qint64 kMiB = 1024LL * 1024;
     PageFixture f;
-    PictureCells cells(f.tool, f.background);
+    PictureCells cells(f.tool);
     cells.MakeCells(kSlots);
     QStringList paths;
     for (const QByteArray& gif : {PlainGif(kFrames, kSize), PlainGif(8, QSize(40, 30)), PlainGif(1, kSize)}) {
