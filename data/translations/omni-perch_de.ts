@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>CellGridView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -114,13 +121,6 @@
     <message>
         <source>The end of a list that is too long was not read.</source>
         <translation>Das Ende einer zu langen Liste wurde nicht gelesen.</translation>
-    </message>
-</context>
-<context>
-    <name>PageView</name>
-    <message>
-        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
-        <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>CellGridView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -114,13 +121,6 @@
     <message>
         <source>The end of a list that is too long was not read.</source>
         <translation>La fin d&apos;une liste trop longue n&apos;a pas été lue.</translation>
-    </message>
-</context>
-<context>
-    <name>PageView</name>
-    <message>
-        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
-        <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>CellGridView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -113,13 +120,6 @@
     <message>
         <source>The end of a list that is too long was not read.</source>
         <translation>長すぎる一覧の末尾は読み込まれませんでした。</translation>
-    </message>
-</context>
-<context>
-    <name>PageView</name>
-    <message>
-        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
-        <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>CellGridView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -115,13 +122,6 @@
     <message>
         <source>The end of a list that is too long was not read.</source>
         <translation>Końca zbyt długiej listy nie odczytano.</translation>
-    </message>
-</context>
-<context>
-    <name>PageView</name>
-    <message>
-        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
-        <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
     </message>
 </context>
 <context>

@@ -9,6 +9,13 @@
     </message>
 </context>
 <context>
+    <name>CellGridView</name>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Изображения не декодируются: в этой системе нет песочницы для декодера (нет фильтров seccomp)</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -115,13 +122,6 @@
     <message>
         <source>The end of a list that is too long was not read.</source>
         <translation>Конец слишком длинного списка не прочитан.</translation>
-    </message>
-</context>
-<context>
-    <name>PageView</name>
-    <message>
-        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
-        <translation>Изображения не декодируются: в этой системе нет песочницы для декодера (нет фильтров seccomp)</translation>
     </message>
 </context>
 <context>

@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QWindow>
 
+#include "page/cell_tips.h"
 #include "page/thumb_layout.h"
 #include "platform/text/numbers.h"
 #include "ui/language_change.h"
@@ -43,8 +44,7 @@ Form1::Form1(Services& services)
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
       undoLine_(new UndoLine(this)),
-      menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)),
-      picToolTip_(new TipWindow(this)) {
+      menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)) {
   windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
@@ -98,40 +98,10 @@ void Form1::RegisterCommands() {
 }
 
 void Form1::ConnectHover() {
+  new CellTips(*picAll_, hover_, services_.tool, this);
   hover_.MenuIsOpen = [this]() { return menus_->IsOpen(); };
-  hover_.BoxReason = [this](int slot) {
-    const ThumbCell* cell = picAll_->CellAt(slot);
-    return cell != nullptr ? cell->Shown().boxReason : QString();
-  };
-  connect(picAll_, &PageView::Hovered, &hover_, &HoverTip::Enter);
-  connect(picAll_, &PageView::HoverLeft, &hover_, &HoverTip::Leave);
-  connect(picAll_, &PageView::FocusChanged, &hover_, [this](int slot, bool in) { hover_.Focus(in ? slot : -1); });
-  connect(picAll_, &PageView::CellPressed, &hover_, &HoverTip::Close);
-  connect(picAll_, &PageView::SenderPressed, &hover_, &HoverTip::Close);
   connect(menus_, &WindowMenus::AboutToOpen, &hover_, &HoverTip::Close);
   connect(&logic_.poll, &PollCycle::HoverForgotten, &hover_, &HoverTip::Close);
-  connect(&hover_, &HoverTip::Show, this, &Form1::ShowTip);
-  connect(&hover_, &HoverTip::Hide, picToolTip_, &TipWindow::hide);
-  connect(&hover_, &HoverTip::Built, this, [this](int slot, const QString& text) {
-    if (ThumbCell* cell = picAll_->CellAt(slot)) cell->SetTipText(text);
-  });
-}
-
-void Form1::ShowTip(int slot, const QString& text, const QString& picturePath) {
-  const ThumbCell* cell = picAll_->CellAt(slot);
-  if (cell == nullptr) return;
-  const QRect place(cell->mapTo(this, QPoint(0, 0)), cell->size());
-  picToolTip_->ShowTip(text, place, picAll_->FontPixels());
-  const Wanted::Token token = tipPicture_.Ask();
-  if (picturePath.isEmpty()) return;
-  PictureOptions options;
-  options.wanted = [token]() { return token.StillWanted(); };
-  const auto viewed = [this, token](const PictureAnswer& answer) {
-    // Another tip may have opened meanwhile.
-    if (token.StillWanted() && answer.ok && !answer.frames.isEmpty())
-      picToolTip_->ShowPicture(answer.frames.first().image);
-  };
-  services_.tool.View(picturePath, picToolTip_->PictureBox(), picToolTip_, viewed, options);
 }
 
 void Form1::ReadScreen() {

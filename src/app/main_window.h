@@ -19,8 +19,6 @@
 #include "app/windows.h"
 #include "page/hover_tip.h"
 #include "page/page_view.h"
-#include "page/tip_window.h"
-#include "platform/wanted.h"
 #include "ui/show_msg_window.h"
 
 // The main window.
@@ -66,7 +64,6 @@ class Form1 : public QWidget {
   void ConnectSignals();
   void RegisterCommands();
   void ConnectHover();
-  void ShowTip(int slot, const QString& text, const QString& picturePath);
   // Shows every text of the bar and the page in the present language.
   void ShowTexts();
   void ReadScreen();
@@ -104,8 +101,6 @@ class Form1 : public QWidget {
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;
-  TipWindow* picToolTip_;
-  Wanted tipPicture_;  // the operator's picture of the open tip
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;

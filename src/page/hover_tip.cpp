@@ -32,8 +32,8 @@ struct Operator {
 
 // The sender's call. Empty if there is no picture, or if the picture is one that the site itself has transmitted (its
 // caller is the name of the file, "TX...").
-QString SenderOf(const Program& program, int slot) {
-  const QString& caller = program.page.Field(slot, Caller);
+QString SenderOf(const TipSubject& subject) {
+  const QString& caller = subject.caller;
   if (caller.startsWith("TX"_L1) || caller == "Not found"_L1) return {};
   return QString(caller).replace(u'Ø', u'0');
 }
@@ -88,9 +88,16 @@ QString TipTexts::Shown() const {
   return HoverText + kLineEnd + u' ' + imgTip + u' ';
 }
 
-TipTexts PictureTip(const Program& program, CallDatabase& database, int slot) {
-  const QString sender = SenderOf(program, slot);
-  if (!program.page.OnDsstvPage() || CutAtFirstOther(sender).isEmpty()) return {};
+std::optional<TipSubject> TipSubjectOf(const Program& program, int slot) {
+  const PageState& page = program.page;
+  if (!page.OnDsstvPage()) return std::nullopt;
+  return TipSubject{page.Field(slot, Caller), page.Field(slot, ModeText), page.Field(slot, SentTime),
+                    page.Field(slot, SlotCall)};
+}
+
+TipTexts PictureTip(const Program& program, CallDatabase& database, const std::optional<TipSubject>& subject) {
+  const QString sender = subject ? SenderOf(*subject) : QString();
+  if (CutAtFirstOther(sender).isEmpty()) return {};
   TipTexts tip;
   tip.call = CutAtFirstOther(sender);
   const QString shownCall = ShownCall(tip.call, program.ZeroGlyph);
@@ -102,16 +109,17 @@ TipTexts PictureTip(const Program& program, CallDatabase& database, int slot) {
   if (!IsKnownPosition(station.lat, station.lon)) {
     tip.imgTip = QString(program.language[TextLine::kNoLocation]).replace("??"_L1, shownCall);
   }
-  tip.HoverText = u' ' + shownCall + u"  "_s + OperatorLines(station) + program.page.Field(slot, ModeText) + u"   "_s +
+  tip.HoverText = u' ' + shownCall + u"  "_s + OperatorLines(station) + subject->modeText + u"   "_s +
                   DistanceOf(program, station) + kLineEnd +
-                  SentText(program.page.Field(slot, SentTime), LanguageLocale(program.config.LanguageName));
+                  SentText(subject->sentTime, LanguageLocale(program.config.LanguageName));
   return tip;
 }
 
-TipTexts CaptionTip(const Program& program, CallDatabase& database, int slot, TipPart part) {
-  if (!program.page.OnDsstvPage()) return {};
-  const QString sender = part == TipPart::Call ? QString() : SenderOf(program, slot);
-  const QString whose = sender.isEmpty() ? program.page.Field(slot, SlotCall) : sender;
+TipTexts CaptionTip(const Program& program, CallDatabase& database, const std::optional<TipSubject>& subject,
+                    TipPart part) {
+  if (!subject) return {};
+  const QString sender = part == TipPart::Call ? QString() : SenderOf(*subject);
+  const QString whose = sender.isEmpty() ? subject->site : sender;
   TipTexts tip;
   tip.call = CutAtFirstOther(whose);
   if (tip.call.isEmpty()) return tip;
@@ -129,7 +137,11 @@ TipTexts CaptionTip(const Program& program, CallDatabase& database, int slot, Ti
 }
 
 HoverTip::HoverTip(const Program& program, CallDatabase& database, QObject* parent)
-    : QObject(parent), program_(program), database_(database) {
+    : HoverTip(
+          program, database, [&program](int slot) { return TipSubjectOf(program, slot); }, parent) {}
+
+HoverTip::HoverTip(const Program& program, CallDatabase& database, const SubjectOf& subjectOf, QObject* parent)
+    : QObject(parent), program_(program), database_(database), subjectOf_(subjectOf) {
   for (QTimer* timer : {&Timer7, &Timer8}) {
     timer->setSingleShot(true);
     timer->setInterval(kTipDelay);
@@ -151,9 +163,9 @@ void HoverTip::Enter(int slot, TipPart part) {
   if (!reason.isEmpty()) {
     texts_ = {{}, {}, reason};
   } else if (part == TipPart::Picture) {
-    texts_ = PictureTip(program_, database_, slot);
+    texts_ = PictureTip(program_, database_, subjectOf_(slot));
   } else {
-    texts_ = CaptionTip(program_, database_, slot, part);
+    texts_ = CaptionTip(program_, database_, subjectOf_(slot), part);
   }
   // The cell's description has the reason already, and keeps it when the pointer has left.
   Q_EMIT Built(slot, reason.isEmpty() ? texts_.Shown() : QString());

@@ -7,12 +7,23 @@
 #include <QString>
 #include <QTimer>
 #include <functional>
+#include <optional>
 
 #include "callbook/call_database.h"
 #include "core/program.h"
 
 // Parts of a cell that have a tip: img, lblFrom, lblCall.
 enum class TipPart { Picture, From, Call };
+
+// What a cell tells about its picture.
+struct TipSubject {
+  QString caller;  // as the cell's fields have it
+  QString modeText;
+  QString sentTime;
+  QString site;  // call of the site
+};
+// The subject of a cell of the page; nothing on the WX page, which has no tips.
+std::optional<TipSubject> TipSubjectOf(const Program& program, int slot);
 
 // The texts of one tip.
 struct TipTexts {
@@ -24,17 +35,24 @@ struct TipTexts {
   QString Shown() const;
 };
 
-// Tip of a cell's picture: its sender. None on the WX page and for a cell without a sender.
-TipTexts PictureTip(const Program& program, CallDatabase& database, int slot);
-// Tip of a caption: the sender (where there is none, the site) for lblFrom, the site for lblCall. None on the WX page.
-TipTexts CaptionTip(const Program& program, CallDatabase& database, int slot, TipPart part);
+// Tip of a cell's picture: its sender. None for a cell without a subject or a sender.
+TipTexts PictureTip(const Program& program, CallDatabase& database, const std::optional<TipSubject>& subject);
+// Tip of a caption: the sender (where there is none, the site) for lblFrom, the site for lblCall.
+TipTexts CaptionTip(const Program& program, CallDatabase& database, const std::optional<TipSubject>& subject,
+                    TipPart part);
 
 // Decides when a tip opens and closes, and composes its text.
 class HoverTip : public QObject {
   Q_OBJECT
 
  public:
+  // Says what a cell is about.
+  using SubjectOf = std::function<std::optional<TipSubject>(int slot)>;
+
+  // The tips of the page.
   HoverTip(const Program& program, CallDatabase& database, QObject* parent = nullptr);
+  // The tips of another grid of cells.
+  HoverTip(const Program& program, CallDatabase& database, const SubjectOf& subjectOf, QObject* parent = nullptr);
 
   QTimer Timer7;                     // from the pointer's arrival to the opening of the tip
   QTimer Timer8;                     // from the pointer's leaving to the closing of the tip
@@ -74,6 +92,7 @@ class HoverTip : public QObject {
 
   const Program& program_;
   CallDatabase& database_;
+  const SubjectOf subjectOf_;
   Place under_;  // where the pointer is
   Place shown_;  // cell of the open tip; slot -1: none is open
   TipTexts texts_;

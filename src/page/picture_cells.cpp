@@ -10,12 +10,19 @@
 #include "platform/picture/file_type.h"
 #include "platform/whole_file.h"
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr auto kBlink = std::chrono::milliseconds(150);
 constexpr int kBlinks = 20;
 constexpr auto kQuiet = std::chrono::milliseconds(150);  // pause after the last new picture before thumbs are sharpened
 constexpr int kDeepest = 24;                             // bits a pixel; a deeper file is not repaired
+
+// Whether a cell would show this picture, at once or after a repair.
+bool IsShowable(const PictureAnswer& answer) {
+  return answer.type == "gif"_L1 || answer.type == "bmp"_L1 || (answer.depth >= 1 && answer.depth <= kDeepest);
+}
 
 // Why a picture could not be shown.
 CellResult FailureOf(const PictureAnswer& answer) {
@@ -116,9 +123,19 @@ bool PictureCells::Show(int slot, const CellPicture& picture, const Done& done) 
   Empty(slot);
   standing_[slot] = standing;
   const Reading reading{slot, picture, done, wanted_[static_cast<std::size_t>(slot)].Ask()};
-  const auto loaded = [this, reading](const PictureAnswer& answer) { Loaded(reading, answer); };
-  tool_.Load(picture.path, box_, this, loaded, OptionsOf(reading));
+  Load(reading, [this, reading](const PictureAnswer& answer) { Loaded(reading, answer); });
   return true;
+}
+
+// A file that is kept is viewed, which takes every type at once: the page's way would be to load it, to repair it, and
+// to load it again.
+void PictureCells::Load(const Reading& reading, const PictureTool::Done& loaded) {
+  const QString& path = reading.picture.path;
+  if (reading.picture.keepFile) {
+    tool_.View(path, box_, this, loaded, OptionsOf(reading));
+  } else {
+    tool_.Load(path, box_, this, loaded, OptionsOf(reading));
+  }
 }
 
 PictureOptions PictureCells::OptionsOf(const Reading& reading) {
@@ -138,11 +155,11 @@ void PictureCells::Loaded(const Reading& reading, const PictureAnswer& answer) {
   if (!GoesOn(reading)) return;
   if (IsVideoType(answer.type)) {
     ShowVideo(reading);
-  } else if (answer.ok) {
+  } else if (answer.ok && (!reading.picture.keepFile || IsShowable(answer))) {
     const Edit cell(*this, reading.slot);
     Place(reading.slot, answer);
     reading.done(CellResult::Shown);
-  } else if (answer.depth >= 1 && answer.depth <= kDeepest) {
+  } else if (!reading.picture.keepFile && answer.depth >= 1 && answer.depth <= kDeepest) {
     Repair(reading);
   } else {
     // A deeper file, or one that is no picture, is not repaired.

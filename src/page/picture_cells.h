@@ -25,6 +25,8 @@ struct CellPicture {
   QString sharpPath;  // a larger version of the picture, read when nothing else is waiting; empty: none
   QString host;       // the station's, by which the picture tool holds back pictures that hang; empty: by path
   bool anew = false;  // read the file even if the cell shows this very file already
+  // The file is no thumb but the picture itself, which others read too: nothing is repaired in it or written over it.
+  bool keepFile = false;
 };
 
 // How the showing of a picture ended.
@@ -112,6 +114,7 @@ class PictureCells : public QObject {
   // True if the reading is still wanted; otherwise calls its done with Overtaken.
   bool GoesOn(const Reading& reading) const;
   void Loaded(const Reading& reading, const PictureAnswer& answer);
+  void Load(const Reading& reading, const PictureTool::Done& loaded);
   void ShowVideo(const Reading& reading);
   void Repair(const Reading& reading);
   void Place(int slot, const PictureAnswer& answer);

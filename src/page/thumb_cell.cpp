@@ -51,6 +51,10 @@ void ThumbCell::SetDetails(const QString& modeText, const QString& sentTime, con
   Describe();
 }
 
+void ThumbCell::SetName(const QString& name) {
+  name_ = name;
+}
+
 void ThumbCell::SetTipText(const QString& text) {
   tipText_ = text;
   Describe();
@@ -67,7 +71,10 @@ QString ThumbCell::Age() const {
 
 // Writes the accessible name and description: all texts of the cell, and the meaning of its colour.
 void ThumbCell::Describe() {
-  const QString name = cell_.lblDisk.isEmpty() ? (cell_.lblCall.isEmpty() ? emptyName_ : cell_.lblCall) : cell_.lblDisk;
+  const QString name = !name_.isEmpty()           ? name_
+                       : !cell_.lblDisk.isEmpty() ? cell_.lblDisk
+                       : !cell_.lblCall.isEmpty() ? cell_.lblCall
+                                                  : emptyName_;
   QStringList details = {Age()};
   if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2 << cell_.boxReason;

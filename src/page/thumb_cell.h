@@ -29,6 +29,8 @@ class ThumbCell : public QWidget {
   void SetTipText(const QString& text);
   // The caption that names the sender, in pixels of the cell.
   QRect SenderPlace() const;
+  // The accessible name; empty: the call or the caption of the cell.
+  void SetName(const QString& name);
   // Adds to the description the details that Cell does not hold. emptyName: the accessible name of a cell without a
   // site.
   void SetDetails(const QString& modeText, const QString& sentTime, const QString& emptyName);
@@ -71,6 +73,7 @@ class ThumbCell : public QWidget {
   Cell cell_;
   Cell painted_;  // the value that the screen shows
   CellTheme theme_;
+  QString name_;
   QString modeText_;
   QString sentTime_;
   QString emptyName_;

@@ -4,6 +4,7 @@
 #include <QUrl>
 
 #include "core/page_files.h"
+#include "page/cell_signs.h"
 #include "page/still_pictures.h"
 #include "page/thumb_layout.h"
 #include "station/callsign.h"
@@ -15,13 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kStaleDays = 30;  // a site is stale above this
-
-// Colour of a mode tag; the colour of an empty tag is never shown.
-QColor ModeColour(const QString& tag) {
-  if (tag.contains("EP"_L1)) return {192, 192, 0};
-  if (tag.contains("QK"_L1)) return {0, 192, 192};
-  return {255, 120, 120};
-}
 
 qint64 WholeDays(const QDateTime& from, const QDateTime& to) {
   return from.secsTo(to) / (24 * 60 * 60);
@@ -78,9 +72,7 @@ void ThumbGrid::ShowNotFound(int slot, int site, bool corrupt) {
   const bool dsstv = program_.page.OnDsstvPage();
   program_.page.Field(slot, Caller) = u"Not found"_s;
   const Edit cell(cells_, slot);
-  cells_.ShowBox(slot, {{TextLine::kErrorCaption, {}},
-                        {TextLine::kErrorWord, dsstv ? u" 1"_s : QString()},
-                        {corrupt ? TextLine::kCorruptText : TextLine::kNoPictureText, {}}});
+  cells_.ShowBox(slot, NotFoundBox({TextLine::kErrorWord, dsstv ? u" 1"_s : QString()}, corrupt));
   if (dsstv) AgeOfNotFound(slot, site);
 }
 
@@ -110,9 +102,7 @@ void ThumbGrid::AgeOfNotFound(int slot, int site) {
 bool ThumbGrid::ShowBlockedCall(int slot, int reason) {
   if (!HasSlot(slot) || program_.page.Field(slot, Caller) == "Not found"_L1) return false;
   const QString call = ShownCall(program_.page.Field(slot, Caller), program_.ZeroGlyph);
-  cells_.ShowBox(slot, {{TextLine::kBlockedCaption, {}},
-                        {reason == 1 ? TextLine::kBlockedText : TextLine::kIllegalText, {}},
-                        {std::nullopt, call}});
+  cells_.ShowBox(slot, BlockedBox(reason, call));
   return true;
 }
 

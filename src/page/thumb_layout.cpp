@@ -38,8 +38,12 @@ ThumbLayoutInfo LayoutOf(int thumbLayout) {
 QRectF CellRect(int thumbLayout, int slot) {
   const ThumbLayoutInfo layout = LayoutOf(thumbLayout);
   if (slot < 0 || slot >= layout.count) return {};
-  const int row = slot / layout.columns;
-  const int column = slot % layout.columns;
+  return GridCellRect(layout.columns, slot);
+}
+
+QRectF GridCellRect(int columns, int slot) {
+  const int row = slot / columns;
+  const int column = slot % columns;
   return QRectF(QPointF(column * kPitchX + 6, row * kPitchY + 2), cell_part::kCell);
 }
 
@@ -79,4 +83,8 @@ QSize ClientSize(int thumbLayout, int guiMode, long screenHTwips, int menuBarHei
 
 double CellFontPoints(int guiMode, long screenHTwips) {
   return static_cast<double>(screenHTwips) * (std::clamp(guiMode, 0, 3) + 4) / 9000.0;
+}
+
+double FontPixelsOf(double points) {
+  return points * 96 / 72;
 }

@@ -31,6 +31,8 @@ inline constexpr QRectF kCam(2, 98, 17, 17);
 inline constexpr QRectF kCamOnlyImg(18, 3, 94, 88);
 }  // namespace cell_part
 
+// Frame of a cell in a grid of that many columns, in page units; slot from 0.
+QRectF GridCellRect(int columns, int slot);
 // Frame of a cell on the page, in page units; slot from 0. Empty for a slot outside the layout.
 QRectF CellRect(int thumbLayout, int slot);
 // Inner size of the page (picAll) in units; menuBarHeight in pixels. Never smaller than the cells need.
@@ -43,3 +45,5 @@ QRectF ThumbFrame(QSize picture);
 QSize ClientSize(int thumbLayout, int guiMode, long screenHTwips, int menuBarHeight, int twips);
 // Font value of the cells, in points at 96 dpi.
 double CellFontPoints(int guiMode, long screenHTwips);
+// Height in pixels of a text of these points at 96 dpi.
+double FontPixelsOf(double points);

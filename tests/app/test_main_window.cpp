@@ -7,6 +7,7 @@
 #include <QLocalSocket>
 #include <QPushButton>
 
+#include "page/tip_window.h"
 #include "window_fixture.h"
 
 namespace {

@@ -2,6 +2,7 @@
 // The main window's menus and tips as a user meets them: by mouse and by keyboard, in any language.
 
 #include "open_menu.h"
+#include "page/tip_window.h"
 #include "window_fixture.h"
 
 class TestWindowMenus : public QObject {

@@ -70,7 +70,7 @@ class TestHoverTip : public QObject {
       const TableRow row(what);
       Page page;
       page.program.page.Field(kSlot, Caller) = caller;
-      QCOMPARE(PictureTip(page.program, page.database, kSlot).Shown(), text);
+      QCOMPARE(PictureTip(page.program, page.database, TipSubjectOf(page.program, kSlot)).Shown(), text);
     };
     const auto tip = [](const QString& who, const QString& distance) {
       return QString(u" %1\r\n\r\n EP snr -7   %2\r\n 3/15/2026  12:34 UTC  "_s).arg(who, distance);
@@ -95,8 +95,9 @@ class TestHoverTip : public QObject {
       const TableRow row(what);
       Page page;
       page.program.page.Field(kSlot, Caller) = caller;
-      QCOMPARE(CaptionTip(page.program, page.database, kSlot, TipPart::From).Shown(), ofFrom);
-      QCOMPARE(CaptionTip(page.program, page.database, kSlot, TipPart::Call).Shown(), site);
+      QCOMPARE(CaptionTip(page.program, page.database, TipSubjectOf(page.program, kSlot), TipPart::From).Shown(),
+               ofFrom);
+      QCOMPARE(CaptionTip(page.program, page.database, TipSubjectOf(page.program, kSlot), TipPart::Call).Shown(), site);
     };
     check("sender", u"AB0CD"_s, u" Jane \r\n 1 Mill Lane \r\n Erewhon \r\n\r\n 5,711 km 50° "_s);
     check("one place", u"ZZ9NIC"_s, u" Old Fox \r\n 1 Mill Lane \r\n Erewhon \r\n\r\n 0 km0° "_s);
@@ -110,19 +111,22 @@ class TestHoverTip : public QObject {
     page.program.page.Field(kSlot, Caller) = u"AB0CD"_s;
     page.program.page.Field(kSlot, SentTime).clear();
     page.program.config.DistUnit = 1;
-    QVERIFY(PictureTip(page.program, page.database, kSlot).HoverText.endsWith(u"   3,549 mi 50° \r\n    "_s));
+    QVERIFY(PictureTip(page.program, page.database, TipSubjectOf(page.program, kSlot))
+                .HoverText.endsWith(u"   3,549 mi 50° \r\n    "_s));
 
     for (double Config::*coordinate : {&Config::MyLat, &Config::MyLon}) {
       Page lost;
       lost.program.page.Field(kSlot, Caller) = u"ZZ9NP"_s;
       lost.program.config.*coordinate = 0;
-      QCOMPARE(PictureTip(lost.program, lost.database, kSlot).Shown(), u"where are you"_s);
-      QCOMPARE(CaptionTip(lost.program, lost.database, kSlot, TipPart::From).Shown(), u"where are you"_s);
+      QCOMPARE(PictureTip(lost.program, lost.database, TipSubjectOf(lost.program, kSlot)).Shown(), u"where are you"_s);
+      QCOMPARE(CaptionTip(lost.program, lost.database, TipSubjectOf(lost.program, kSlot), TipPart::From).Shown(),
+               u"where are you"_s);
     }
 
     page.program.page.CurrentPage = kWxPage;
-    QVERIFY(PictureTip(page.program, page.database, kSlot).Shown().isEmpty());
-    QVERIFY(CaptionTip(page.program, page.database, kSlot, TipPart::Call).Shown().isEmpty());
+    QVERIFY(PictureTip(page.program, page.database, TipSubjectOf(page.program, kSlot)).Shown().isEmpty());
+    QVERIFY(
+        CaptionTip(page.program, page.database, TipSubjectOf(page.program, kSlot), TipPart::Call).Shown().isEmpty());
   }
 
   // Stored dates have the month first and are shown in the order of the language; a text that is no date is shown as it
@@ -133,11 +137,12 @@ class TestHoverTip : public QObject {
       Page page;
       page.program.config.LanguageName = QString::fromLatin1(what);
       page.program.page.Field(kSlot, Caller) = u"AB0CD"_s;
-      const QString tip = PictureTip(page.program, page.database, kSlot).HoverText;
+      const QString tip = PictureTip(page.program, page.database, TipSubjectOf(page.program, kSlot)).HoverText;
       const QString end = u"   %1 50° \r\n %2  12:34 UTC  "_s.arg(distance, date);
       QVERIFY2(tip.endsWith(end), qPrintable(tip));
       page.program.page.Field(kSlot, SentTime) = u"yesterday 12:34"_s;
-      QVERIFY(PictureTip(page.program, page.database, kSlot).HoverText.endsWith(u" yesterday  12:34 UTC  "_s));
+      QVERIFY(PictureTip(page.program, page.database, TipSubjectOf(page.program, kSlot))
+                  .HoverText.endsWith(u" yesterday  12:34 UTC  "_s));
     };
     check("English", u"5,711 km"_s, u"3/15/2026"_s);
     check("German", u"5.711 km"_s, u"15.03.2026"_s);
