@@ -4,6 +4,7 @@
 
 #include "app/main_window.h"
 #include "app/services.h"
+#include "platform/heap.h"
 #include "platform/instance_lock.h"
 #include "platform/termination.h"
 #include "ui/menu_accessible.h"
@@ -11,6 +12,7 @@
 using namespace Qt::StringLiterals;
 
 int main(int argc, char** argv) {
+  ReturnFreedMemory();
   QApplication app(argc, argv);
   QApplication::setApplicationName(u"omni-perch"_s);
   QApplication::setApplicationVersion(u"6.50"_s);

@@ -106,8 +106,8 @@ QSize DecodedSize(const QSize& size) {
 }
 
 QImage Opaque(QImage picture) {
-  if (!picture.hasAlphaChannel()) return std::move(picture).convertToFormat(QImage::Format_RGB32);
-  QImage opaque(picture.size(), QImage::Format_RGB32);
+  if (!picture.hasAlphaChannel()) return std::move(picture).convertToFormat(kMapFormat);
+  QImage opaque(picture.size(), kMapFormat);
   opaque.fill(Qt::white);
   QPainter(&opaque).drawImage(0, 0, picture);
   return opaque;

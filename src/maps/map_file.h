@@ -6,9 +6,12 @@
 #include <QImage>
 #include <QString>
 
+// Three bytes a pixel: a map window keeps its picture for as long as it is open, and a fourth byte would hold nothing.
+inline constexpr QImage::Format kMapFormat = QImage::Format_RGB888;
+
 // A map's picture as it is drawn.
 struct MapPicture {
-  QImage pixels;        // 32 bits a pixel; null: none
+  QImage pixels;        // of kMapFormat; null: none
   QSize size;           // as the file's header tells, in which all marks are placed; pixels may be fewer
   bool failed = false;  // the file is not there, is cut off or cannot be decoded
 };

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype kKeptPictures = 2;
-constexpr qint64 kKeptBytes = 96LL << 20;  // two ordinary maps; a huge one is kept alone
+constexpr qint64 kKeptBytes = 72LL << 20;  // two ordinary maps; a huge one is kept alone
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <QThreadPool>
 
 #include "map_pattern.h"
+#include "maps/map_file.h"
 #include "maps/map_layer.h"
 #include "maps/map_line.h"
 #include "plain_picture.h"
@@ -153,7 +154,8 @@ class TestMapLayer : public QObject {
     MapOverlay overlay;
     QImage expected(size, QImage::Format_RGB32);
     expected.fill(Qt::white);
-    const QImage white = expected;
+    // Converted here, because Qt would do it with the threads that are busy below.
+    const QImage white = expected.convertToFormat(kMapFormat);
     MapLineCanvas canvas(expected, expected.rect());
     for (int i = 0; i < 2400; ++i) {
       const QPointF from(i * 7 % 1100, i * 13 % 600);

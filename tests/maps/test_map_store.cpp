@@ -29,7 +29,7 @@ class TestMapStore : public QObject {
       QCOMPARE(read->size, size);
       QCOMPARE(read->failed, read->size.isEmpty());
       if (read->failed) return;
-      QCOMPARE(read->pixels.format(), QImage::Format_RGB32);
+      QCOMPARE(read->pixels.format(), kMapFormat);
       QVERIFY(read->pixels.width() <= 32000 && read->pixels.sizeInBytes() <= 128'000'000);
     };
     check("Europe Map.jpg", {300, 200});
