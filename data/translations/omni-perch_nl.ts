@@ -34,6 +34,17 @@
     </message>
 </context>
 <context>
+    <name>Form15</name>
+    <message>
+        <source>Rows of pictures</source>
+        <translation>Rijen beelden</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures</source>
+        <translation>%1 van %2 beelden</translation>
+    </message>
+</context>
+<context>
     <name>LookupSession</name>
     <message>
         <source>Sign in to %1</source>

@@ -27,10 +27,6 @@ LoadStop NotFound(const QString& name) {
 
 }  // namespace
 
-int ClampTwips(int twips) {
-  return twips < 10 || twips > 20 ? 15 : twips;
-}
-
 int UtcOffset(const QDateTime& local) {
   return local.toUTC().time().hour() - local.time().hour();
 }
@@ -176,7 +172,7 @@ void LoadSequence::WriteState(const std::optional<WindowPlacement>& placement, c
 }
 
 void LoadSequence::CleanTemporaryFiles() const {
-  for (const QString& folder : {u"images/dsstv/thumbs"_s, u"images/dsstv"_s, u"images/wx"_s}) {
+  for (const QString& folder : {u"images/dsstv/thumbs"_s, u"images/dsstv"_s, u"images/wx"_s, u"images/last15"_s}) {
     QDir pictures(program_.AppDataDir + u'/' + folder);
     const QStringList left = pictures.entryList({u".part-*"_s}, QDir::Files | QDir::Hidden);
     for (const QString& name : left) pictures.remove(name);

@@ -84,7 +84,5 @@ class LoadSequence {
   QStringList written_;  // heights and dates that SaveAfterPoll wrote last
 };
 
-// A plausible number of twips a pixel: 15 for values below 10 or above 20, which no real screen has.
-int ClampTwips(int twips);
 // UTC hour minus local hour, not wrapped at midnight: -20 may mean +4.
 int UtcOffset(const QDateTime& local);

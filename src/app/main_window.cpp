@@ -25,12 +25,6 @@ constexpr std::chrono::milliseconds kPaintFirst = 30ms;
 constexpr QSize kFrameGuess(2, 32);  // pixels; the real decoration is unknown before the first show
 constexpr QColor kClosingGreen(0, 255, 0);
 
-// Twips a pixel as the screen reports it; 15 for implausible values.
-int TwipsPerPixel(double dotsPerInch) {
-  const int twips = dotsPerInch > 0 ? static_cast<int>(std::lround(1440 / dotsPerInch)) : 0;
-  return ClampTwips(twips);
-}
-
 }  // namespace
 
 Form1::Form1(Services& services)
@@ -74,6 +68,9 @@ void Form1::ConnectSignals() {
   });
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
+  connect(windows_.get(), &Windows::HistoryFetching, this, [this]() {
+    if (program_.config.AutoRefreshOn == 1) logic_.poll.StartRefreshTimer();
+  });
   connect(windows_.get(), &Windows::LookupStatusChanged, menus_, &WindowMenus::SetLookupStatus);
 }
 
@@ -255,6 +252,8 @@ void Form1::MnuPagesClick(int index) {
   const int page = index + 1;
   if (page < 1 || page > PageState::WxPage) return;
   received_->LeavePage();
+  menus_->CloseMenus();
+  windows_->Close(WindowKind::History);
   logic_.poll.PageChange(page);
 }
 

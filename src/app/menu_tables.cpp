@@ -18,6 +18,9 @@ constexpr int kCam = 4;
 constexpr int kBlock = 5;
 constexpr int kHeading = 7;  // a heading above the views and lookups, without a command
 constexpr int kLookup = 9;
+// The same of a history's menu; from the first output entry on all are about the picture itself.
+constexpr int kHistoryLookup = 3;
+constexpr int kHistoryFirstOutput = 4;
 
 // Separators and sub-menus of an entry, in the given notation; entries without a mark have neither.
 struct Mark {
@@ -70,6 +73,18 @@ constexpr std::array kPictureCommands = {
     Command::MailPicture,     Command::PasteToEasyPal, Command::SavePictureAs,  Command::PrintPicture,
     Command::ShowPictureInfo, Command::CompactPage,    Command::RemoveFromPage, Command::RemoveAllFromPage,
     Command::OpenSiteIndex};
+
+// Marks as in the page's picture menu.
+constexpr std::array kHistoryMarks = {
+    Mark{0, "="},
+    Mark{1, "=>", MenuId::MapOfCall},
+    Mark{2, ">", MenuId::HistoryPageViews},
+    Mark{kHistoryLookup, "=>", MenuId::Lookups},
+};
+constexpr std::array kHistoryCommands = {
+    Command::ReloadHistoryPicture, Command::ShowOnMap,     Command::ShowPageView,   Command::LookUp,
+    Command::CopyPicture,          Command::SaveToDesktop, Command::MailPicture,    Command::PasteToEasyPal,
+    Command::SavePictureAs,        Command::PrintPicture,  Command::ShowPictureInfo};
 
 constexpr std::array kMapCallCommands = {Command::LookUpMapCall, Command::ShowCallByAddress,
                                          Command::ShowCallByCoordinates};
@@ -181,6 +196,10 @@ void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   TranslateMarks(picture, kPictureMarks, &MenuEntry::separatorAfter);
   menus_.insert(MenuId::Picture, picture);
 
+  QList<MenuEntry> history = Different(texts, MenuLines::kHistory, kHistoryCommands);
+  TranslateMarks(history, kHistoryMarks, &MenuEntry::separatorAfter);
+  menus_.insert(MenuId::History, history);
+
   QList<MenuEntry> camMode = Plain(TextsOf(texts, MenuLines::kCamMode), Command::SetCamMode, true);
   TranslateMarks(camMode, kCamModeMarks, &MenuEntry::separatorBefore);
   menus_.insert(MenuId::CamMode, camMode);
@@ -202,6 +221,7 @@ void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   menus_.insert(MenuId::LookupMaps, Different(texts, MenuLines::kLookupMaps, kLookupMapsCommands));
   menus_.insert(MenuId::LookupPicture, Different(texts, MenuLines::kLookupPicture, kLookupPictureCommands));
   menus_.insert(MenuId::PageViews, Plain(TextsOf(texts, MenuLines::kViews), Command::ShowPageView));
+  menus_.insert(MenuId::HistoryPageViews, menus_.value(MenuId::PageViews));
 }
 
 QList<MenuEntry> MenuTables::Menu(MenuId menu, const MenuSubject& subject) const {
@@ -222,6 +242,8 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
       return FindMenu();
     case MenuId::Picture:
       return PictureMenu(subject);
+    case MenuId::History:
+      return HistoryMenu(subject);
     case MenuId::Language:
       return LanguageMenu();
     case MenuId::MapOfCall:
@@ -229,6 +251,7 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
     case MenuId::Lookups:
       return LookupMenu(subject);
     case MenuId::PageViews:
+    case MenuId::HistoryPageViews:
       return PageViews(subject);
     case MenuId::MapCall:
     case MenuId::ListCall:
@@ -347,6 +370,16 @@ QList<MenuEntry> MenuTables::PictureMenu(const MenuSubject& subject) const {
   if (subject.weather) Grey(entries, 2, 10);
   if (subject.empty) Grey(entries, 1, 19);
   // Style 0 has no entry; any other style has its check at the entry of its number.
+  if (program_.config.MenuStyle > 0) Check(entries, program_.config.MenuStyle);
+  return entries;
+}
+
+QList<MenuEntry> MenuTables::HistoryMenu(const MenuSubject& subject) const {
+  QList<MenuEntry> entries = menus_.value(MenuId::History);
+  entries[kHistoryLookup].text.replace(u"***"_s, program_.config.CallbookName);
+  if (subject.caller == "Not found"_L1 || subject.empty) {
+    Grey(entries, kHistoryFirstOutput, static_cast<int>(entries.size()) - 1);
+  }
   if (program_.config.MenuStyle > 0) Check(entries, program_.config.MenuStyle);
   return entries;
 }

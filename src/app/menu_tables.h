@@ -30,6 +30,7 @@ class MenuTables {
   QList<MenuEntry> Entries(MenuId menu, const MenuSubject& subject) const;
   QList<MenuEntry> SetupChoices(MenuId menu) const;
   QList<MenuEntry> PictureMenu(const MenuSubject& subject) const;
+  QList<MenuEntry> HistoryMenu(const MenuSubject& subject) const;
   QList<MenuEntry> LanguageMenu() const;
   QList<MenuEntry> SiteOrSender(MenuId menu, const MenuSubject& subject) const;
   QList<MenuEntry> LookupMenu(const MenuSubject& subject) const;

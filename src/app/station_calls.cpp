@@ -25,8 +25,10 @@ StationCalls::StationCalls(const MainWindow& mainWindow, QWidget* window)
   connect(pic_.cmdGo, &QPushButton::clicked, this, &StationCalls::GoClick);
   connect(&picAll_, &PageView::SenderPressed, this, &StationCalls::SenderClick);
   Commands& commands = services_.commands;
-  commands.Register(Command::LookUp, this, [this](const MenuChoice& choice) { MnuQrzFromClick(choice.text); });
-  commands.Register(Command::ShowOnMap, this, [this](const MenuChoice& choice) { MnuMapLocCallClick(choice.index); });
+  commands.Register(Command::LookUp, this,
+                    [this](const MenuChoice& choice) { MnuQrzFromClick(choice.text, choice.subject); });
+  commands.Register(Command::ShowOnMap, this,
+                    [this](const MenuChoice& choice) { MnuMapLocCallClick(choice.index, choice.subject); });
 }
 
 QRect StationCalls::CallFieldPlace() const {
@@ -71,18 +73,17 @@ void StationCalls::SenderClick(int slot) {
   if (!call.isEmpty()) windows_.LookUp(call, picAll_.SenderPlace(slot));
 }
 
-void StationCalls::MnuQrzFromClick(const QString& text) {
+void StationCalls::MnuQrzFromClick(const QString& text, const MenuSubject& subject) {
   menus_.CloseMenus();
   pic_.txtCall->clear();
   const QString call = CallOfCaption(text, program_.lstBadCalls);
   if (call.isEmpty()) return;
-  windows_.LookUp(call, picAll_.SenderPlace(program_.page.SelectedSlot)).CentrePointer();
+  windows_.LookUp(call, subject.senderPlace).CentrePointer();
 }
 
-void StationCalls::MnuMapLocCallClick(int index) {
-  const int slot = program_.page.SelectedSlot;
-  if (!logic_.grid.HasSlot(slot)) return;
-  QString call = CutAtFirstOther(program_.page.Field(slot, index == 0 ? SlotCall : Caller));
+void StationCalls::MnuMapLocCallClick(int index, const MenuSubject& subject) {
+  QString call = CutAtFirstOther(index == 0 ? subject.site : subject.caller);
+  if (call.isEmpty()) return;
   call.replace(u'Ø', u'0');
   const TargetLocation target = PlaceOf(program_, services_.database, call);
   if (!IsKnownPosition(target.TargetLat, target.TargetLon)) return;

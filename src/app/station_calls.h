@@ -35,10 +35,10 @@ class StationCalls : public QObject {
   void GoClick();
   // A click on the caption that names a sender.
   void SenderClick(int slot);
-  // An entry of the lookup menu was chosen; its text begins with the call.
-  void MnuQrzFromClick(const QString& text);
-  // Shows a station on the map; 0: the site of the selected cell, any other index: its sender.
-  void MnuMapLocCallClick(int index);
+  // An entry of the lookup menu was chosen; its text begins with the call. The menu may be that of any window's cell.
+  void MnuQrzFromClick(const QString& text, const MenuSubject& subject);
+  // Shows a station on the map; 0: the site of the cell, any other index: its sender.
+  void MnuMapLocCallClick(int index, const MenuSubject& subject);
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

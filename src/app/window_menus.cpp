@@ -8,6 +8,7 @@ WindowMenus::WindowMenus(Program& program, const Commands& commands, PageLogic& 
       commands_(commands),
       logic_(logic),
       pic_(pic),
+      picAll_(picAll),
       window_(window),
       tables_(program, commands) {
   const auto opens = [this](BarLabel* label, MenuId menu) {
@@ -60,8 +61,10 @@ void WindowMenus::OpenCellMenu(int slot, QPoint globalPoint, bool byKeyboard) {
   if (!logic_.grid.HasSlot(slot)) return;
   program_.page.SelectedSlot = slot;
   const QString& caption = logic_.grid.Cells().at(slot).lblCall;
+  MenuSubject subject = SubjectOf(slot);
+  subject.senderPlace = picAll_.SenderPlace(slot);
   OpenMenu({.menu = MenuId::Picture,
-            .subject = SubjectOf(slot),
+            .subject = subject,
             .owner = window_,
             .name = caption.isEmpty() ? program_.language[TextLine::kEmptyCellName] : caption,
             .at = globalPoint,

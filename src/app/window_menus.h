@@ -45,6 +45,7 @@ class WindowMenus : public QObject, public MenuOpener {
   const Commands& commands_;
   PageLogic& logic_;
   MenuStrip& pic_;
+  PageView& picAll_;
   QWidget* window_;
   MenuTables tables_;
   QPointer<frmMenu> menu_;  // the menu opened last

@@ -15,9 +15,13 @@ struct Windows::Registration {
 
 const QList<Windows::Registration>& Windows::Registrations() {
   static const QList<Registration> registrations = {
-      {WindowKind::Lookup, &Windows::MakeLookup},     {WindowKind::LocationMap, &Windows::MakeLocationMap},
-      {WindowKind::OnAirNow, &Windows::MakeOnAirNow}, {WindowKind::PropagationMap, &Windows::MakePropagationMap},
-      {WindowKind::OnAirMap, &Windows::MakeOnAirMap}, {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
+      {WindowKind::Lookup, &Windows::MakeLookup},
+      {WindowKind::History, &Windows::MakeHistory},
+      {WindowKind::LocationMap, &Windows::MakeLocationMap},
+      {WindowKind::OnAirNow, &Windows::MakeOnAirNow},
+      {WindowKind::PropagationMap, &Windows::MakePropagationMap},
+      {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
+      {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
   };
   return registrations;
 }
@@ -30,6 +34,7 @@ Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk,
       mainWindow_(mainWindow),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
   RegisterOnAirCommands();
+  RegisterHistoryCommands();
   services_.commands.Register(Command::LookUpMapCall, this, [](const MenuChoice& choice) {
     if (auto* map = qobject_cast<MapWindow*>(choice.owner.data())) map->MnuPopupClick(choice.index);
   });
@@ -71,6 +76,16 @@ BaseWindow* Windows::MakeLookup() {
     }
   });
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
+  return window;
+}
+
+BaseWindow* Windows::MakeHistory() {
+  Services& s = services_;
+  const History::Dependencies history{s.program, s.network, s.tool, s.background};
+  auto* window = new Form15({history, s.database, menus_}, mainWindow_);
+  connect(window, &Form15::Fetching, this, &Windows::HistoryFetching);
+  connect(window, &Form15::LookupWanted, this,
+          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
 }
 
@@ -143,6 +158,28 @@ void Windows::RegisterOnAirCommands() {
   });
 }
 
+void Windows::RegisterHistoryCommands() {
+  Commands& commands = services_.commands;
+  const auto opens = [this, &commands](Command command, bool txMode) {
+    commands.Register(command, this, [this, txMode](const MenuChoice& choice) {
+      ShowHistory({.Last15Slot = choice.subject.source.slot + 1, .TxMode = txMode});
+    });
+  };
+  opens(Command::ShowHistory, false);
+  opens(Command::ShowTxHistory, true);
+  commands.Register(Command::ReloadHistoryPicture, this, [](const MenuChoice& choice) {
+    if (auto* history = qobject_cast<Form15*>(choice.owner.data())) history->MnuPopupClick(choice.index);
+  });
+}
+
+void Windows::ShowHistory(const HistoryOrigin& origin) {
+  static_cast<Form15&>(Get(WindowKind::History)).Open(origin);
+}
+
+void Windows::Close(WindowKind kind) {
+  if (BaseWindow* window = Find(kind)) window->close();
+}
+
 void Windows::Show(WindowKind kind) {
   BaseWindow& window = Get(kind);
   window.show();
@@ -170,11 +207,12 @@ void Windows::ShowReceivedOkMap() {
   static_cast<frmMapRxOk&>(Get(WindowKind::ReceivedOkMap)).Open();
 }
 
-// The lookup window has covered the maps.
+// The lookup window has covered the maps and the history.
 void Windows::RaiseMaps() {
   for (const WindowKind kind : Kinds()) {
-    auto* map = qobject_cast<MapWindow*>(Find(kind));
-    if (map != nullptr && map->isVisible()) map->raise();
+    BaseWindow* window = Find(kind);
+    const bool covered = qobject_cast<MapWindow*>(window) != nullptr || kind == WindowKind::History;
+    if (covered && window != nullptr && window->isVisible()) window->raise();
   }
 }
 

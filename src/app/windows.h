@@ -11,6 +11,7 @@
 
 #include "app/services.h"
 #include "callbook/lookup_window.h"
+#include "display/last15_window.h"
 #include "maps/map_location_window.h"
 #include "onair/map_on_air_window.h"
 #include "onair/on_air_caption.h"
@@ -21,7 +22,7 @@
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap };
+enum class WindowKind { Lookup, History, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap };
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -47,6 +48,10 @@ class Windows : public QObject {
   // Shows a place, in degrees, on the map that suits it best.
   void ShowOnMap(const QString& call, double lat, double lon);
   void ShowReceivedOkMap();
+  // Shows the history of a site, in the open window if there is one.
+  void ShowHistory(const HistoryOrigin& origin);
+  // Closes the window of a kind; none may be open.
+  void Close(WindowKind kind);
 
   void ShowPropagationMap();
 
@@ -61,6 +66,8 @@ class Windows : public QObject {
  Q_SIGNALS:
   // The login state that a lookup has shown, for the menus.
   void LookupStatusChanged(const QString& status);
+  // The window of a site's history has begun to fetch.
+  void HistoryFetching();
   // What lblOnAirNow says from now on.
   void OnAirCaptionChanged(const QString& caption);
 
@@ -68,6 +75,7 @@ class Windows : public QObject {
   struct Registration;
   static const QList<Registration>& Registrations();
   BaseWindow* MakeLookup();
+  BaseWindow* MakeHistory();
   BaseWindow* MakeLocationMap();
   BaseWindow* MakeOnAirNow();
   BaseWindow* MakePropagationMap();
@@ -76,6 +84,7 @@ class Windows : public QObject {
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
+  void RegisterHistoryCommands();
   void RaiseMaps();
 
   Services& services_;

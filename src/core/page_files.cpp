@@ -18,3 +18,11 @@ QString FailurePath(const QString& appDataDir, int page, int slot) {
 QString WxPath(const QString& appDataDir, int slot) {
   return u"%1/images/wx/%2"_s.arg(appDataDir).arg(slot);
 }
+
+QString HistoryFolder(const QString& appDataDir) {
+  return appDataDir + u"/images/last15"_s;
+}
+
+QString HistoryPath(const QString& appDataDir, int number, bool sent) {
+  return HistoryFolder(appDataDir) + (sent ? u"/TX%1.jpg"_s : u"/%1"_s).arg(number);
+}

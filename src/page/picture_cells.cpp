@@ -204,7 +204,9 @@ void PictureCells::Place(int slot, const PictureAnswer& answer) {
   cell->animated = answer.frames.size() > 1;
   cell->img = ThumbFrame(answer.size);
   const bool smaller = answer.size.width() < box_.width() && answer.size.height() < box_.height();
-  if (!cell->animated && smaller && !standing_.at(slot).sharpPath.isEmpty()) {
+  const Standing& standing = standing_.at(slot);
+  const bool hasSharper = !standing.sharpPath.isEmpty() && standing.sharpPath != standing.path;
+  if (!cell->animated && smaller && hasSharper) {
     enlarged_.insert(slot);
     sharpenTimer_.start();
   }

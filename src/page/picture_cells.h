@@ -22,7 +22,8 @@
 // A picture that a cell is to show.
 struct CellPicture {
   QString path;
-  QString sharpPath;  // a larger version of the picture, read when nothing else is waiting; empty: none
+  QString sharpPath;  // a larger version of the picture, read when nothing else is waiting; empty: none. A picture that
+                      // is its own one is read again when the cells have grown.
   QString host;       // the station's, by which the picture tool holds back pictures that hang; empty: by path
   bool anew = false;  // read the file even if the cell shows this very file already
   // The file is no thumb but the picture itself, which others read too: nothing is repaired in it or written over it.

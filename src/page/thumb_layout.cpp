@@ -88,3 +88,8 @@ double CellFontPoints(int guiMode, long screenHTwips) {
 double FontPixelsOf(double points) {
   return points * 96 / 72;
 }
+
+int TwipsPerPixel(double dotsPerInch) {
+  const int twips = dotsPerInch > 0 ? static_cast<int>(std::lround(1440 / dotsPerInch)) : 0;
+  return twips < 10 || twips > 20 ? kTwips : twips;
+}

@@ -40,6 +40,8 @@ QSizeF PageUnits(int thumbLayout, int menuBarHeight);
 // Frame of a picture of these pixels, centred on (65, 47) of its cell.
 QRectF ThumbFrame(QSize picture);
 
+// Twips a pixel of a screen; 15 where that would be below 10 or above 20, which no real screen has.
+int TwipsPerPixel(double dotsPerInch);
 // Size of the window's client area in pixels for a screen height in twips; layouts other than 1 to 6 give an empty
 // size.
 QSize ClientSize(int thumbLayout, int guiMode, long screenHTwips, int menuBarHeight, int twips);

@@ -2,17 +2,27 @@
 #include "poll/download_control.h"
 
 namespace {
+constexpr qint64 kUnknownLength = 30000;  // bytes that fill the bar if the server announces no length
+constexpr qint64 kBeyond = 5000;  // bytes by which the bar's end moves ahead of a body that is longer than announced
 constexpr qsizetype kMeasuredBytes = 1024LL * 1024;  // of markers whose sizes are remembered: about 1,500 of them
+}  // namespace
+
+std::optional<int> PercentRead(qint64 max, qint64 read) {
+  if (max <= 0) max = kUnknownLength;
+  if (read > max) max = read + kBeyond;
+  if (read >= max) return std::nullopt;
+  return static_cast<int>(read * 100 / max);
 }
 
-UserControl1::UserControl1(UrlNetwork& network, QObject* parent) : QObject(parent), reader_(network) {
+UserControl1::UserControl1(UrlNetwork& network, QObject* parent, UrlPriority priority)
+    : QObject(parent), reader_(network), priority_(priority) {
   connect(&reader_, &UrlReader::Done, this, &UserControl1::PictureReady);
   connect(&reader_, &UrlReader::Failed, this, &UserControl1::NoImage);
   connect(&reader_, &UrlReader::Progress, this, &UserControl1::Progress);
 }
 
 void UserControl1::DownloadFile(const QString& url, const QString& key) {
-  reader_.Start(key, QUrl(url));
+  reader_.Start(key, QUrl(url), priority_);
 }
 
 ucCkNew::ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The hidden download controls of the main window: UserControl1 (ucDnLoad) delivers bytes, ucCkNew (ucCkNew1) the size
-// of a marker picture. A new read under a pending key replaces the pending one. The poll, the check and the intake use
-// them.
+// The hidden download controls: UserControl1 delivers bytes (ucDnLoad of the main window, ucLast15 of a site's
+// history), ucCkNew (ucCkNew1) the size of a marker picture. A new read under a pending key replaces the pending one;
+// each control has keys of its own. The poll, the check, the intake and the history use them.
 #pragma once
 
 #include <QByteArray>
@@ -10,20 +10,26 @@
 #include <QSize>
 #include <QString>
 #include <map>
+#include <optional>
 
 #include "platform/net/url_reader.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/wanted.h"
+
+// How much of a picture has come, in percent; nothing once all of it has. max: bytes as announced, 0 if unknown.
+std::optional<int> PercentRead(qint64 max, qint64 read);
 
 // Reads pictures as bytes.
 class UserControl1 : public QObject {
   Q_OBJECT
 
  public:
-  explicit UserControl1(UrlNetwork& network, QObject* parent = nullptr);
+  explicit UserControl1(UrlNetwork& network, QObject* parent = nullptr, UrlPriority priority = UrlPriority::Page);
 
   // Begins to read a picture past any cache; one of the signals answers later under the key.
   void DownloadFile(const QString& url, const QString& key);
+  // Ends a read, which then raises no signal.
+  void Cancel(const QString& key) { reader_.Cancel(key); }
 
  Q_SIGNALS:
   // The whole body, whatever the server's status: error pages are recognised by their content.
@@ -33,6 +39,7 @@ class UserControl1 : public QObject {
 
  private:
   UrlReader reader_;
+  const UrlPriority priority_;
 };
 
 // Reads marker pictures and has them measured.

@@ -4,15 +4,13 @@
 #include <QFile>
 
 #include "core/page_files.h"
-#include "station/callsign.h"
+#include "poll/blocked_caller.h"
 #include "station/date_text.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kUnknownLength = 30000;  // bytes that fill the bar if the server announces no length
-constexpr qint64 kBeyond = 5000;  // bytes by which the bar's end moves ahead of a body that is longer than announced
 constexpr qint64 kFileTail = 100;
 constexpr qsizetype kLongestTail = 60;
 
@@ -141,13 +139,7 @@ void PictureIntake::Shown(const Answer& answer, CellResult result) {
 }
 
 int PictureIntake::BlockReason(int slot) const {
-  QString caller = program_.page.Field(slot, Caller);
-  if (!caller.isEmpty() && IsBadCall(caller, program_.lstBadCalls)) return 2;
-  for (QString entry : program_.lstBlock) {
-    entry.replace(u'Ø', u'0');
-    if (!entry.isEmpty() && caller.toUpper().contains(entry)) return 1;
-  }
-  return 0;
+  return ::BlockReason(program_, program_.page.Field(slot, Caller));
 }
 
 void PictureIntake::NoImage(const QString& text) {
@@ -169,12 +161,11 @@ void PictureIntake::NoImage(const QString& text) {
 void PictureIntake::Progress(const QString& text, qint64 max, qint64 read) {
   const std::optional<PictureKey> key = KeyOf(text);
   if (!key || !files_.Stands(*key)) return;
-  if (max <= 0) max = kUnknownLength;
-  if (read > max) max = read + kBeyond;
+  const std::optional<int> percent = PercentRead(max, read);
   const ThumbGrid::Edit cell = grid_.EditCell(key->slot);
-  if (read >= max) return grid_.HideProgress(key->slot);
+  if (!percent) return grid_.HideProgress(key->slot);
   grid_.SetConnecting(key->slot, false);
-  grid_.SetProgress(key->slot, static_cast<int>(read * 100 / max));
+  grid_.SetProgress(key->slot, *percent);
 }
 
 StoredCaption PictureIntake::ReadCaptionFromFile(int page, int slot, int site) {

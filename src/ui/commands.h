@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QPoint>
 #include <QPointer>
+#include <QRect>
 #include <QString>
 #include <functional>
 
@@ -17,7 +18,8 @@ enum class MenuId : int {
   Find = 2,
   Alphabet = 3,
   Setup = 4,
-  Picture = 5,   // of a cell; the history window has a shorter one
+  Picture = 5,   // of a cell of the page
+  History = 8,   // of a cell of a site's history
   MapCall = 10,  // of a call on any map
   LookupMaps = 11,
   LookupPicture = 12,
@@ -34,6 +36,7 @@ enum class MenuId : int {
   MapOfCall = 130,
   PageViews = 131,
   Lookups = 132,
+  HistoryPageViews = 150,
 };
 
 // The commands. A comment names the menu where the command's name does not.
@@ -80,6 +83,8 @@ enum class Command : int {
   RemoveFromPage,
   RemoveAllFromPage,
   OpenSiteIndex,
+  // Menu of a site's history.
+  ReloadHistoryPicture,
   // Lookup window: the call's place, and the operator's picture.
   ShowCallOnMap,
   ShowCallByCoordinates,
@@ -120,6 +125,7 @@ struct MenuSubject {
   bool weather = false;  // a cell of the weather page
   bool placed = false;   // the call's position is known
   QString offer;         // text of the SignInOffer of the lookup window
+  QRect senderPlace;     // of the sender's caption in the cell, on the screen; a lookup opens beside it
 };
 
 // One choice from a menu. index is the entry's place in its menu, from 0; text the entry as it was shown.

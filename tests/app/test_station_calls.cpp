@@ -54,7 +54,8 @@ struct StationsFixture : WindowFixture {
   }
   void ChooseInSubMenu(MenuId subMenu, int index) const {
     const MenuEntry entry = SubEntry(subMenu, index);
-    services->commands.Do({entry.command, index, entry.text, {}, {}});
+    const auto* menus = form->findChild<WindowMenus*>();
+    services->commands.Do({entry.command, index, entry.text, menus->SubjectOf(State().page.SelectedSlot), {}});
   }
   // The texts of all sub-menus in the menu of a cell.
   QStringList SubMenuRows(int slot) const {
