@@ -87,21 +87,21 @@ SiteRec History::SiteOfSlot(int Last15Slot) {
 }
 
 void History::FetchHistory(int Last15Slot) {
-  Last15Key_ = Last15Slot - 1;
+  Last15Key = Last15Slot - 1;
   site_ = SiteOfSlot(Last15Slot);
   FetchAll();
 }
 
 void History::FetchHistoryOfSite(int Last15Site) {
   const bool known = Last15Site >= 0 && Last15Site < program_.sites.Sites.size();
-  Last15Key_ = 1;
+  Last15Key = 1;
   siteIndex_ = known ? Last15Site : PictureKey::kNoSite;
   site_ = known ? program_.sites.Sites.at(Last15Site) : SiteRec();
   FetchAll();
 }
 
 void History::ShowTxPictures(int Last15Slot) {
-  Last15Key_ = Last15Slot - 1;
+  Last15Key = Last15Slot - 1;
   site_ = SiteOfSlot(Last15Slot);
   siteIndex_ = PictureKey::kNoSite;  // the keys of these pictures name no site
   FetchAll();
@@ -131,12 +131,12 @@ QString History::PathOf(int slot) const {
 }
 
 QString History::KeyOf(int slot) const {
-  return PictureKey{Last15Key_, slot, siteIndex_}.Text();
+  return PictureKey{Last15Key, slot, siteIndex_}.Text();
 }
 
 int History::SlotOf(const QString& key) const {
   const std::optional<PictureKey> read = PictureKey::Read(key);
-  return read && read->page == Last15Key_ && read->slot < Count() ? read->slot : -1;
+  return read && read->page == Last15Key && read->slot < Count() ? read->slot : -1;
 }
 
 void History::Fetch(int slot) {

@@ -122,6 +122,6 @@ class History : public QObject {
   std::vector<Picture> pictures_;
   SiteRec site_;
   int siteIndex_ = PictureKey::kNoSite;
-  int Last15Key_ = 0;  // Last15Key: stands for the page in the keys, so that they tell two slots apart
+  int Last15Key = 0;  // stands for the page in the keys, so that they tell two slots apart
   bool txMode_ = false;
 };

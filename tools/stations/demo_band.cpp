@@ -171,6 +171,20 @@ void GivePlaces(std::vector<DemoSite>& sites, const std::vector<int>& regionSize
   }
 }
 
+// Stations have been on the air for different times, and some are slow with single pictures.
+void GiveHistory(int index, Station& station) {
+  if (index % 3 == 1) {
+    for (const int old : {23, 28, 29, 30}) station.Misbehave(u"image%1"_s.arg(old), Behaviour::NotFound);
+  }
+  if (index % 2 == 1) {
+    for (const int late : {3, 12, 17}) {
+      station.SetLatency(u"image%1"_s.arg(late), std::chrono::milliseconds(400 * late));
+    }
+  }
+  const int sent = 1 + index % 5;  // of TX1.jpg to TX5.jpg
+  for (int none = sent + 1; none <= 5; ++none) station.Misbehave(u"TX%1.jpg"_s.arg(none), Behaviour::NotFound);
+}
+
 void AddRegion(StationBand& band, Demo& demo, const QString& region, const std::vector<Land>& lands,
                const QDateTime& now) {
   for (const Land& land : lands) {
@@ -179,6 +193,7 @@ void AddRegion(StationBand& band, Demo& demo, const QString& region, const std::
     PictureRecipe recipe = RecipeOf(index, now);
     MakeParticular(index, recipe, station);
     station.SetRecipe(recipe);
+    GiveHistory(index, station);
     station.SetOnAir(index % 4 == 1);
     DemoSite site;
     site.call = station.Call();

@@ -140,11 +140,11 @@ void Host::Take(HttpConnection* connection, Request request) {
     return;
   }
   const QPointer<HttpConnection> caller(connection);
-  const Deliver deliver = [this, caller, behaviour, target = request.target](const Answer& answer) {
+  const Deliver deliver = [this, caller, behaviour, path, target = request.target](const Answer& answer) {
     if (!caller) return;
-    QTimer::singleShot(latency_, caller.data(), [caller, behaviour, told = Altered(answer, behaviour, target)] {
-      caller->Send(told, behaviour);
-    });
+    QTimer::singleShot(
+        latencies_.value(path, latency_), caller.data(),
+        [caller, behaviour, told = Altered(answer, behaviour, target)] { caller->Send(told, behaviour); });
   };
   if (!NeedsBody(behaviour)) {
     deliver({});

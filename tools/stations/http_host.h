@@ -72,6 +72,8 @@ class Host : public QObject {
   void SetAnswer(const QString& path, const Answer& answer) { answers_.insert(path, answer); }
   // Time before the first byte of each answer.
   void SetLatency(std::chrono::milliseconds latency) { latency_ = latency; }
+  // The same for one path alone.
+  void SetLatency(const QString& path, std::chrono::milliseconds latency) { latencies_.insert(path, latency); }
 
   // How often a path was asked for, whatever the query; "" is the root page.
   int Requests(const QString& path) const;
@@ -102,4 +104,5 @@ class Host : public QObject {
   QStringList log_;
   int total_ = 0;
   std::chrono::milliseconds latency_{0};
+  QHash<QString, std::chrono::milliseconds> latencies_;
 };
