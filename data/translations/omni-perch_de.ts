@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>Die automatische Aktualisierung ruht, weil ein Bild geöffnet wurde. Sie geht nach der nächsten Aktualisierung oder einem Seitenwechsel weiter.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%1 von %2 Bildern</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>Bild</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>Das Bild wird dekodiert …</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>Dieses Bild kann nicht gezeigt werden: Seine Datei fehlt oder ist beschädigt.</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>La actualización automática descansa porque se abrió una imagen. Continúa tras la próxima actualización o cambio de página.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%1 de %2 imágenes</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>Se está decodificando la imagen …</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>No se puede mostrar esta imagen: su archivo falta o está dañado.</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Las imágenes no se decodifican: este sistema no tiene un entorno aislado para el decodificador (faltan los filtros seccomp)</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>L&apos;actualisation automatique est en pause car une image a été ouverte. Elle reprend après la prochaine actualisation ou un changement de page.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%1 images sur %2</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>Décodage de l&apos;image …</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>Cette image ne peut pas être affichée : son fichier a disparu ou est endommagé.</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
     </message>
 </context>
 <context>

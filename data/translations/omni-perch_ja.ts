@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>画像を開いたため自動更新は休止しています。次の更新またはページの切り替えで再開します。</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%2枚中%1枚</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>画像をデコードしています…</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>この画像は表示できません。ファイルがないか、壊れています。</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
     </message>
 </context>
 <context>

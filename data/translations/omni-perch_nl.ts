@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>Automatisch verversen rust omdat een beeld is geopend. Het gaat verder na de volgende verversing of paginawissel.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%1 van %2 beelden</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>Beeld</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>Het beeld wordt gedecodeerd …</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>Dit beeld kan niet worden getoond: het bestand is weg of beschadigd.</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Afbeeldingen worden niet gedecodeerd: dit systeem heeft geen sandbox voor de decoder (geen seccomp-filters)</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>Form1</name>
+    <message>
+        <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
+        <translation>Automatyczne odświeżanie jest wstrzymane, ponieważ otwarto obraz. Zostanie wznowione po następnym odświeżeniu lub zmianie strony.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>The window for web pages could not be opened.</source>
@@ -42,6 +49,25 @@
     <message>
         <source>%1 of %2 pictures</source>
         <translation>%1 z %2 obrazów</translation>
+    </message>
+</context>
+<context>
+    <name>Form2</name>
+    <message>
+        <source>Picture</source>
+        <translation>Obraz</translation>
+    </message>
+    <message>
+        <source>The picture is being decoded …</source>
+        <translation>Obraz jest dekodowany …</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown: its file is gone, or damaged.</source>
+        <translation>Nie można pokazać tego obrazu: jego plik zniknął lub jest uszkodzony.</translation>
+    </message>
+    <message>
+        <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
+        <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,11 @@ Form1::~Form1() = default;
 void Form1::ConnectSignals() {
   connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
+  connect(picAll_, &PageView::CellPressed, &logic_.click, &PageClick::Press);
+  connect(&logic_.click, &PageClick::ViewerWanted, windows_.get(), &Windows::ShowViewer);
+  connect(windows_.get(), &Windows::HistoryPictureWanted, &logic_.poll, &PollCycle::Rest);
+  connect(windows_.get(), &Windows::FilmFound, &logic_.click, &PageClick::MarkFilm);
+  connect(&logic_.poll, &PollCycle::RestChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
   connect(windows_.get(), &Windows::OnAirCaptionChanged, pic_->lblOnAirNow, &BarLabel::SetCaption);
@@ -242,6 +247,9 @@ void Form1::SessionEnds() {
 
 void Form1::RefreshCaptions() {
   pic_->lblRefresh->SetCaption(logic_.poll.RefreshCaption());
+  pic_->lblRefresh->SetNote(logic_.poll.Resting() ? tr("Automatic refresh rests because a picture was opened. "
+                                                       "It goes on after the next refresh or change of page.")
+                                                  : QString());
 }
 
 void Form1::ShowPageLabel() {

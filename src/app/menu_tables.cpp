@@ -16,11 +16,14 @@ constexpr int kHistory = 2;
 constexpr int kTxHistory = 3;
 constexpr int kCam = 4;
 constexpr int kBlock = 5;
+constexpr int kMap = 6;
 constexpr int kHeading = 7;  // a heading above the views and lookups, without a command
 constexpr int kLookup = 9;
 // The same of a history's menu; from the first output entry on all are about the picture itself.
 constexpr int kHistoryLookup = 3;
 constexpr int kHistoryFirstOutput = 4;
+constexpr int kFirstOutput = 10;
+constexpr int kLastOutput = 16;
 
 // Separators and sub-menus of an entry, in the given notation; entries without a mark have neither.
 struct Mark {
@@ -244,6 +247,8 @@ QList<MenuEntry> MenuTables::Entries(MenuId menu, const MenuSubject& subject) co
       return PictureMenu(subject);
     case MenuId::History:
       return HistoryMenu(subject);
+    case MenuId::Viewer:
+      return ViewerMenu(subject);
     case MenuId::Language:
       return LanguageMenu();
     case MenuId::MapOfCall:
@@ -362,10 +367,10 @@ QList<MenuEntry> MenuTables::PictureMenu(const MenuSubject& subject) const {
   entries[kLookup].text.replace(u"***"_s, program_.config.CallbookName);
 
   if (!subject.hasCam) Grey(entries, kCam, kCam);
-  if (subject.caller == "Not found"_L1) Grey(entries, 10, 16);
+  if (subject.caller == "Not found"_L1) Grey(entries, kFirstOutput, kLastOutput);
   if (subject.camOnly) {
     Grey(entries, 0, 4);
-    Grey(entries, 9, 16);
+    Grey(entries, kLookup, kLastOutput);
   }
   if (subject.weather) Grey(entries, 2, 10);
   if (subject.empty) Grey(entries, 1, 19);
@@ -381,6 +386,15 @@ QList<MenuEntry> MenuTables::HistoryMenu(const MenuSubject& subject) const {
     Grey(entries, kHistoryFirstOutput, static_cast<int>(entries.size()) - 1);
   }
   if (program_.config.MenuStyle > 0) Check(entries, program_.config.MenuStyle);
+  return entries;
+}
+
+// What can be done with a picture wherever it is shown: the map, the lookup and the output.
+QList<MenuEntry> MenuTables::ViewerMenu(const MenuSubject& subject) const {
+  QList<MenuEntry> entries = PictureMenu(subject);
+  entries.removeIf([](const MenuEntry& entry) {
+    return entry.index != kMap && entry.index != kLookup && (entry.index < kFirstOutput || entry.index > kLastOutput);
+  });
   return entries;
 }
 

@@ -31,6 +31,7 @@ class MenuTables {
   QList<MenuEntry> SetupChoices(MenuId menu) const;
   QList<MenuEntry> PictureMenu(const MenuSubject& subject) const;
   QList<MenuEntry> HistoryMenu(const MenuSubject& subject) const;
+  QList<MenuEntry> ViewerMenu(const MenuSubject& subject) const;
   QList<MenuEntry> LanguageMenu() const;
   QList<MenuEntry> SiteOrSender(MenuId menu, const MenuSubject& subject) const;
   QList<MenuEntry> LookupMenu(const MenuSubject& subject) const;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "core/program.h"
+#include "display/page_click.h"
 #include "page/thumb_grid.h"
 #include "platform/background.h"
 #include "platform/clock.h"
@@ -31,4 +32,5 @@ struct PageLogic {
   NewImageCheck check;
   PollCycle poll;
   PageSites sites;
+  PageClick click;
 };

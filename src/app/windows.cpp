@@ -22,6 +22,7 @@ const QList<Windows::Registration>& Windows::Registrations() {
       {WindowKind::PropagationMap, &Windows::MakePropagationMap},
       {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
       {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
+      {WindowKind::Viewer, &Windows::MakeViewer},
   };
   return registrations;
 }
@@ -84,6 +85,10 @@ BaseWindow* Windows::MakeHistory() {
   const History::Dependencies history{s.program, s.network, s.tool, s.background};
   auto* window = new Form15({history, s.database, menus_}, mainWindow_);
   connect(window, &Form15::Fetching, this, &Windows::HistoryFetching);
+  connect(window, &Form15::ViewWanted, this, [this](const PictureList& pictures) {
+    Q_EMIT HistoryPictureWanted();
+    ShowViewer(pictures);
+  });
   connect(window, &Form15::LookupWanted, this,
           [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
@@ -135,6 +140,13 @@ BaseWindow* Windows::MakeReceivedOkMap() {
     services_.dialogs.Inform(window, services_.program.language[TextLine::kMapNeedsLocation].trimmed(), false);
   });
   return Connected(window);
+}
+
+BaseWindow* Windows::MakeViewer() {
+  Services& s = services_;
+  auto* window = new Form2({{s.tool, s.background}, drawing_, s.program, menus_}, mainWindow_);
+  connect(window, &Form2::FilmFound, this, &Windows::FilmFound);
+  return window;
 }
 
 void Windows::RegisterOnAirCommands() {
@@ -193,6 +205,7 @@ void Windows::ShowPropagationMap() {
 
 Form12& Windows::LookUp(const QString& call, const QRect& beside) {
   auto& window = static_cast<Form12&>(Get(WindowKind::Lookup));
+  LowerViewer();
   window.Open(call, beside);
   return window;
 }
@@ -200,11 +213,20 @@ Form12& Windows::LookUp(const QString& call, const QRect& beside) {
 // Also called with one coordinate 0: a station on the equator or on the prime meridian is drawn there.
 void Windows::ShowOnMap(const QString& call, double lat, double lon) {
   const QString shown = ShownCall(call, services_.program.ZeroGlyph);
+  LowerViewer();
   static_cast<frmMapLoc&>(Get(WindowKind::LocationMap)).PickMapForTarget(shown, lat, lon);
 }
 
 void Windows::ShowReceivedOkMap() {
   static_cast<frmMapRxOk&>(Get(WindowKind::ReceivedOkMap)).Open();
+}
+
+void Windows::ShowViewer(const PictureList& pictures) {
+  static_cast<Form2&>(Get(WindowKind::Viewer)).Open(pictures);
+}
+
+void Windows::LowerViewer() {
+  if (auto* viewer = qobject_cast<Form2*>(Find(WindowKind::Viewer))) viewer->LeaveTop();
 }
 
 // The lookup window has covered the maps and the history.

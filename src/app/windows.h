@@ -12,6 +12,7 @@
 #include "app/services.h"
 #include "callbook/lookup_window.h"
 #include "display/last15_window.h"
+#include "display/viewer_window.h"
 #include "maps/map_location_window.h"
 #include "onair/map_on_air_window.h"
 #include "onair/on_air_caption.h"
@@ -22,7 +23,7 @@
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, History, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap };
+enum class WindowKind { Lookup, History, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap, Viewer };
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -52,7 +53,8 @@ class Windows : public QObject {
   void ShowHistory(const HistoryOrigin& origin);
   // Closes the window of a kind; none may be open.
   void Close(WindowKind kind);
-
+  // Shows the meant picture of a window in full size; the viewer steps among the others.
+  void ShowViewer(const PictureList& pictures);
   void ShowPropagationMap();
 
   // A language has been read; before the windows show their texts in it.
@@ -68,6 +70,10 @@ class Windows : public QObject {
   void LookupStatusChanged(const QString& status);
   // The window of a site's history has begun to fetch.
   void HistoryFetching();
+  // A picture of the history was clicked, which stops the refresh timers as a click on the page does.
+  void HistoryPictureWanted();
+  // A picture that the viewer was asked for is a film.
+  void FilmFound(const SourcePicture& picture);
   // What lblOnAirNow says from now on.
   void OnAirCaptionChanged(const QString& caption);
 
@@ -81,11 +87,14 @@ class Windows : public QObject {
   BaseWindow* MakePropagationMap();
   BaseWindow* MakeOnAirMap();
   BaseWindow* MakeReceivedOkMap();
+  BaseWindow* MakeViewer();
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
   void RegisterHistoryCommands();
   void RaiseMaps();
+  // The viewer lies above all windows until one of them is wanted.
+  void LowerViewer();
 
   Services& services_;
   MenuOpener& menus_;
@@ -93,5 +102,6 @@ class Windows : public QObject {
   QWidget* mainWindow_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;
+  Background drawing_;      // smooths what the viewer shows, beside the disk's work
   int PeriodMinutes_ = 60;  // of the propagation map; kept while it is closed
 };

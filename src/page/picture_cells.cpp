@@ -247,6 +247,10 @@ void PictureCells::ShowStill(int slot, const QImage& still, const QRectF& frame)
   cell->animated = false;
 }
 
+void PictureCells::ShowFilm(int slot) {
+  ShowStill(slot, imgMp4(), ThumbFrame(imgMp4().size()));
+}
+
 void PictureCells::ShowBox(int slot, const BoxLines& box) {
   if (!HasSlot(slot)) return;
   const Edit cell(*this, slot);

@@ -78,6 +78,8 @@ class PictureCells : public QObject {
   bool Show(int slot, const CellPicture& picture, const Done& done);
   // Shows a picture that the program itself has drawn; frame in page units within the cell.
   void ShowStill(int slot, const QImage& still, const QRectF& frame);
+  // The mark of a film in the place of the picture; the file stays as it is.
+  void ShowFilm(int slot);
   // The error box in the picture's place.
   void ShowBox(int slot, const BoxLines& box);
   // Removes picture and error box, and voids all that is under way for the cell.

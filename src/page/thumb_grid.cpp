@@ -116,10 +116,6 @@ void ThumbGrid::ShowCamOnly(int slot) {
   cells_.ShowStill(slot, imgCamOnly(), cell_part::kCamOnlyImg);
 }
 
-void ThumbGrid::ShowFilm(int slot) {
-  cells_.ShowStill(slot, imgMp4(), ThumbFrame(imgMp4().size()));
-}
-
 void ThumbGrid::ColourByAge(int slot) {
   if (!HasSlot(slot)) return;
   const QDateTime sent = ReadDate(program_.page.Field(slot, SentTime));

@@ -47,8 +47,7 @@ class ThumbGrid : public QObject {
   // Blanks a picture; reason 1: a blocked call, 2: a bad call. Leaves an error box as it is and returns false.
   bool ShowBlockedCall(int slot, int reason);
   void ShowCamOnly(int slot);
-  // The film strip in the place of the picture, which stays on the disk.
-  void ShowFilm(int slot);
+  void ShowFilm(int slot) { cells_.ShowFilm(slot); }
   // Sets age suffix and state colour by the date of the cell's picture.
   void ColourByAge(int slot);
   // Writes the ages again after a change of language. Error boxes hold roles instead of texts and need nothing.

@@ -27,6 +27,7 @@ enum class MenuId : int {
   SignIn = 16,
   More = 17,      // labels for which the main window's bar has no room
   ListCall = 18,  // of a call in a list
+  Viewer = 19,    // of the picture in the viewer
   CamView = 108,
   CamMode = 109,
   RefreshRate = 110,

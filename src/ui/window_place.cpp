@@ -13,8 +13,17 @@ constexpr int kSides = 8;  // pixels of a frame, left and right together
 
 QRect MonitorAt(const QPoint& at) {
   const QScreen* monitor = QGuiApplication::screenAt(at);
-  if (monitor == nullptr) monitor = QGuiApplication::primaryScreen();
-  return monitor->availableGeometry();
+  if (monitor != nullptr) return monitor->availableGeometry();
+  const auto distance = [&at](const QScreen* screen) {
+    const QRect area = screen->geometry();
+    const QPoint nearest(std::clamp(at.x(), area.left(), area.right()), std::clamp(at.y(), area.top(), area.bottom()));
+    return (at - nearest).manhattanLength();
+  };
+  const QList<QScreen*> screens = QGuiApplication::screens();
+  return (*std::min_element(
+              screens.begin(), screens.end(),
+              [&distance](const QScreen* one, const QScreen* other) { return distance(one) < distance(other); }))
+      ->availableGeometry();
 }
 
 QSize FrameOf(const QWidget* window) {

@@ -7,8 +7,8 @@
 #include <QSize>
 #include <QWidget>
 
-// The part of the monitor at a point of the screen that is free of panels; of the first monitor if the point is outside
-// all.
+// The part of the monitor at a point of the screen that is free of panels; of the nearest monitor if the point is
+// outside all.
 QRect MonitorAt(const QPoint& at);
 // Width and height that the desktop's frame adds to a window; an estimate until the window has been shown.
 QSize FrameOf(const QWidget* window);

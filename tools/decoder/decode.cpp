@@ -7,6 +7,7 @@
 #include <QImageWriter>
 #include <algorithm>
 #include <chrono>
+#include <cmath>
 
 #include "jpeg2000.h"
 #include "platform/picture/picture_protocol.h"
@@ -19,6 +20,7 @@ constexpr int kJpegQuality = 90;
 // An animation that takes longer than this to decode plays the frames that were decoded by then: it is shown before the
 // program's patience with the job ends.
 constexpr std::chrono::milliseconds kAnimationTime = 2500ms;
+constexpr std::chrono::milliseconds kWholeTime = 4000ms;  // of one that is to be played whole; see above
 
 const char* ReaderName(PictureKind kind) {
   switch (kind) {
@@ -133,26 +135,59 @@ QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize s
   return Finished(reader.read(), size);
 }
 
-QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes) {
-  if (header.kind != PictureKind::Gif) {
-    const QImage still = DecodeStill(bytes, header, size);
-    return still.isNull() ? QList<DecodedFrame>() : QList<DecodedFrame>{{still, 0}};
-  }
+namespace {
+
+QList<DecodedFrame> OneFrame(const QImage& still) {
+  return still.isNull() ? QList<DecodedFrame>() : QList<DecodedFrame>{{still, 0}};
+}
+
+QList<DecodedFrame> PlayGif(const QByteArray& bytes, QSize size, qint64 mostFrames, std::chrono::milliseconds time) {
   QBuffer buffer;
   buffer.setData(bytes);
   QImageReader reader(&buffer, "gif");
   reader.setAutoDetectImageFormat(false);
-  const qint64 granted = frameBytes > 0 ? frameBytes : PictureLimits::kAnimationBytes;
-  ThinnedFrames frames(
-      std::clamp<qint64>(granted / (qint64{4} * size.width() * size.height()), 1, PictureLimits::kFrames));
+  ThinnedFrames frames(mostFrames);
   QElapsedTimer watch;
   watch.start();
-  while (std::chrono::milliseconds(watch.elapsed()) < kAnimationTime) {
+  while (std::chrono::milliseconds(watch.elapsed()) < time) {
     const QImage frame = reader.read();
     if (frame.isNull()) break;
     frames.Add(frame, size, PlayedDelay(reader.nextImageDelay()));
   }
   return frames.Take();
+}
+
+// The size in which so many frames of this size take no more than the limit together: of a still the largest whole
+// reduction, of an animation as much as there is room for.
+QSize WholeSize(QSize size, qint64 frames) {
+  const auto fits = [frames](QSize reduced) {
+    return qint64{4} * reduced.width() * reduced.height() * frames <= PictureLimits::kDecodedBytes;
+  };
+  if (fits(size)) return size;
+  if (frames == 1) {
+    int divisor = 2;
+    while (!fits(QSize(std::max(1, size.width() / divisor), std::max(1, size.height() / divisor)))) ++divisor;
+    return {std::max(1, size.width() / divisor), std::max(1, size.height() / divisor)};
+  }
+  const double pixels = static_cast<double>(size.width()) * size.height() * static_cast<double>(frames);
+  const double scale = std::sqrt(static_cast<double>(PictureLimits::kDecodedBytes) / 4 / pixels);
+  return {std::max(1, static_cast<int>(size.width() * scale)), std::max(1, static_cast<int>(size.height() * scale))};
+}
+
+}  // namespace
+
+QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes) {
+  if (header.kind != PictureKind::Gif) return OneFrame(DecodeStill(bytes, header, size));
+  const qint64 granted = frameBytes > 0 ? frameBytes : PictureLimits::kAnimationBytes;
+  return PlayGif(bytes, size,
+                 std::clamp<qint64>(granted / (qint64{4} * size.width() * size.height()), 1, PictureLimits::kFrames),
+                 kAnimationTime);
+}
+
+QList<DecodedFrame> DecodeWhole(const QByteArray& bytes, const PictureHeader& header) {
+  if (header.kind != PictureKind::Gif) return OneFrame(DecodeStill(bytes, header, WholeSize(header.size, 1)));
+  const qint64 frames = std::clamp<qint64>(CountGifFrames(bytes), 1, PictureLimits::kWholeFrames);
+  return PlayGif(bytes, WholeSize(header.size, frames), frames, kWholeTime);
 }
 
 QByteArray Encode24(const QImage& image, WrittenFormat format) {

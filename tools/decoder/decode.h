@@ -28,6 +28,11 @@ QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize s
 // frame before them. At least the first, as a still; one frame for any other picture.
 QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes);
 
+// The frames of an animation, all of them, each reduced until together they take no more than
+// PictureLimits::kDecodedBytes; of any other picture one frame in full size, or in the largest whole reduction (a half,
+// a third) within that.
+QList<DecodedFrame> DecodeWhole(const QByteArray& bytes, const PictureHeader& header);
+
 // The formats of files that are stored.
 enum class WrittenFormat { Jpeg, Bmp };
 // A file of 24 bits a pixel; see-through parts become white. Empty where it cannot be written.

@@ -157,6 +157,25 @@ PictureHeader ReadPictureHeader(const QByteArray& bytes) {
   return header;
 }
 
+qint64 CountGifFrames(const QByteArray& content) {
+  constexpr quint8 kExtension = 0x21;
+  constexpr quint8 kImage = 0x2C;
+  const Bytes bytes(content);
+  const auto table = [](quint8 flags) { return (flags & 0x80) != 0 ? qint64{3} << ((flags & 7) + 1) : qint64{0}; };
+  qint64 count = 0;
+  qint64 at = 13 + table(bytes.U8(10));
+  while (at < bytes.Size()) {
+    const quint8 block = bytes.U8(at);
+    if (block != kExtension && block != kImage) break;
+    if (block == kImage) ++count;
+    // The head of an image is ten bytes, its colours and one byte more; that of an extension two.
+    at += block == kImage ? 11 + table(bytes.U8(at + 9)) : 2;
+    while (bytes.U8(at) != 0) at += 1 + bytes.U8(at);
+    ++at;
+  }
+  return count;
+}
+
 bool WithinLimits(const PictureHeader& header) {
   if (header.kind == PictureKind::Unknown || header.size.isEmpty()) return false;
   if (qint64{header.size.width()} * header.size.height() > PictureLimits::kPixels) return false;

@@ -29,5 +29,7 @@ struct PictureHeader {
 // Reads the header of the format whose signature the bytes begin with. Neither the file's name nor GetFileType decides
 // here.
 PictureHeader ReadPictureHeader(const QByteArray& bytes);
+// The frames of a GIF as far as its blocks are whole; nothing is decoded for it.
+qint64 CountGifFrames(const QByteArray& content);
 // False where the claims are beyond what the helper decodes.
 bool WithinLimits(const PictureHeader& header);

@@ -49,6 +49,15 @@ bool RunVerb(const PictureRequest& request, const QByteArray& bytes, const Pictu
       if (request.box.isEmpty()) return false;
       result.frames = DecodeFrames(bytes, header, FitInto(header.size, request.box, Fit::DownOnly), request.frameBytes);
       return !result.frames.isEmpty();
+    case PictureVerb::Glance: {
+      if (request.box.isEmpty()) return false;
+      const QImage still = DecodeStill(bytes, header, FitInto(header.size, request.box, Fit::DownOnly));
+      if (!still.isNull()) result.frames.append({still, 0});
+      return !result.frames.isEmpty();
+    }
+    case PictureVerb::Whole:
+      result.frames = DecodeWhole(bytes, header);
+      return !result.frames.isEmpty();
   }
   return false;
 }

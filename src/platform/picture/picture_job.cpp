@@ -90,7 +90,8 @@ QImage WindowOn(const QByteArray& body, qint64 at, const PictureFrameHead& head)
       [](void* bytesOfImage) { delete static_cast<QByteArray*>(bytesOfImage); }, owner);
 }
 
-bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer& answer) {
+// copied: each frame frees its own pixels.
+bool TakeFrames(const PictureReply& reply, const QByteArray& body, bool copied, PictureAnswer& answer) {
   qint64 at = 0;
   while (at < body.size()) {
     PictureFrameHead head;
@@ -99,15 +100,13 @@ bool TakeFrames(const PictureReply& reply, const QByteArray& body, PictureAnswer
     std::memcpy(&head, body.constData() + at, kHead);
     at += kHead;
     const qint64 bytes = qint64{head.width} * head.height * 4;
-    if (head.width < 1 || head.height < 1 || head.width > PictureLimits::kBoxSide ||
-        head.height > PictureLimits::kBoxSide || head.delay < 0 || bytes > body.size() - at) {
+    if (head.width < 1 || head.height < 1 || head.width > PictureLimits::kSide || head.height > PictureLimits::kSide ||
+        head.delay < 0 || bytes > body.size() - at) {
       return false;
     }
     const QImage window = WindowOn(body, at, head);
     at += bytes;
-    // The frames of an animation are copied: a page that is over its budget leaves some of them out, and each must free
-    // its own pixels.
-    answer.frames.append({reply.frames > 1 ? window.copy() : window, std::chrono::milliseconds(head.delay)});
+    answer.frames.append({copied && reply.frames > 1 ? window.copy() : window, std::chrono::milliseconds(head.delay)});
   }
   return answer.frames.size() == reply.frames && !answer.frames.isEmpty();
 }
@@ -132,7 +131,11 @@ void TakeAnswer(const PictureTask& task, int part, const HelperAnswer& given, Pi
       break;
     case PictureVerb::Load:
     case PictureVerb::View:
-      answer.ok = TakeFrames(*reply, given.body, answer);
+    case PictureVerb::Glance:
+    case PictureVerb::Whole:
+      // Frames of a cell's animation are copied, because a page that is over its budget leaves some of them out. Copies
+      // of a whole one would take its memory twice.
+      answer.ok = TakeFrames(*reply, given.body, task.request.verb != PictureVerb::Whole, answer);
       if (!answer.ok) answer.frames.clear();
       break;
   }
@@ -154,6 +157,10 @@ qint64 MostBytes(const PictureRequest& request) {
     case PictureVerb::Load:
     case PictureVerb::View:
       return std::min(std::max(box, animation) + kHeads, PictureLimits::kPayloadBytes);
+    case PictureVerb::Glance:
+      return std::min(box + kHeads, PictureLimits::kPayloadBytes);
+    case PictureVerb::Whole:
+      return PictureLimits::kPayloadBytes;
   }
   return 0;
 }

@@ -7,7 +7,8 @@
 
 namespace {
 
-constexpr std::array<const char*, 6> kVerbNames{"measure", "thumb", "convert", "convert-bmp", "load", "view"};
+constexpr std::array<const char*, 8> kVerbNames{"measure", "thumb", "convert", "convert-bmp",
+                                                "load",    "view",  "glance",  "whole"};
 
 constexpr qint64 kMaxId = 1LL << 62;
 constexpr qint64 kMaxSide = 1LL << 30;
@@ -56,7 +57,7 @@ std::optional<PictureReply> ReadReply(const QByteArray& line) {
   reply.size.setWidth(fields.Int(0, kMaxSide));
   reply.size.setHeight(fields.Int(0, kMaxSide));
   reply.depth = fields.Int(0, 1024);
-  reply.frames = fields.Int(0, PictureLimits::kFrames);
+  reply.frames = fields.Int(0, PictureLimits::kWholeFrames);
   reply.payloadBytes = fields.Number(0, PictureLimits::kPayloadBytes);
   if (!fields.Good()) return std::nullopt;
   return reply;

@@ -8,7 +8,7 @@
 #include <optional>
 
 // What is to be done with a picture.
-enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View };
+enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View, Glance, Whole };
 
 // A job's line.
 struct PictureRequest {
@@ -45,10 +45,12 @@ namespace PictureLimits {
 inline constexpr qint64 kFileBytes = 64LL * 1024 * 1024;            // of a source or a measured body
 inline constexpr qint64 kPixels = 64LL * 1000 * 1000;               // the most that a header may claim
 inline constexpr qint64 kDecodedBytes = 128LL * 1024 * 1024;        // of one picture in memory
-inline constexpr int kFrames = 200;                                 // of one animation
+inline constexpr int kFrames = 200;                                 // of one animation in a cell
+inline constexpr int kWholeFrames = 10'000;                         // of one animation that is played whole
 inline constexpr qint64 kAnimationBytes = 16LL * 1024 * 1024;       // scaled pixels of one animation
 inline constexpr qint64 kPayloadBytes = kDecodedBytes + (1 << 20);  // of one answer
 inline constexpr int kBoxSide = 16384;                              // of the box that a caller may ask for
+inline constexpr int kSide = 64 * 1000 * 1000;                      // of a frame: one row of kPixels
 }  // namespace PictureLimits
 
 // The line of a request, with its LF.

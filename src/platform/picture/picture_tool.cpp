@@ -83,6 +83,19 @@ void PictureTool::View(const QString& path, QSize box, QObject* context, Done do
   Add(Task(PictureVerb::View, path, {}, box), context, std::move(done), options, PicturePriority::Screen);
 }
 
+void PictureTool::Glance(const QByteArray& bytes, QSize box, QObject* context, Done done,
+                         const PictureOptions& options) {
+  PictureTask task = Task(PictureVerb::Glance, {}, {}, box);
+  if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
+  Add(std::move(task), context, std::move(done), options, PicturePriority::Screen);
+}
+
+void PictureTool::Whole(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
+  PictureTask task = Task(PictureVerb::Whole, {}, {}, {});
+  if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
+  Add(std::move(task), context, std::move(done), options, PicturePriority::Screen);
+}
+
 void PictureTool::Suspect(const QString& host) {
   RecallReady();
   queue_.Suspect(host);

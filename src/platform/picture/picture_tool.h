@@ -62,6 +62,12 @@ class PictureTool : public QObject {
   // Loads any picture that decodes, scaled down to fit box (pixels).
   void View(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
 
+  // Like View, of bytes in memory, and of an animation the first frame alone.
+  void Glance(const QByteArray& bytes, QSize box, QObject* context, Done done, const PictureOptions& options = {});
+  // Decodes bytes in full resolution: a still of more than 128 MB of pixels in the largest whole reduction below that
+  // (a half, a third), an animation with all its frames, each reduced so that together they stay below it.
+  void Whole(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
+
   // The host has flooded a read, or done worse: its pictures wait behind all others until one of them was done quickly.
   void Suspect(const QString& host);
 
