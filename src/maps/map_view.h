@@ -9,7 +9,7 @@
 #include "maps/map_fit.h"
 #include "maps/map_labels.h"
 #include "maps/map_layer.h"
-#include "platform/background.h"
+#include "platform/loose_background.h"
 
 // The widget picOuter. A window sets picture and overlay, and fits the view to itself.
 class MapView : public QWidget, public MapLabels {
@@ -106,5 +106,5 @@ class MapView : public QWidget, public MapLabels {
   qsizetype pointed_ = -1;       // label under the pointer, or that the focus has reached last
   qsizetype focused_ = -1;
   bool painting_ = false;  // another thread paints a frame
-  Background painter_;
+  LooseBackground painter_;
 };

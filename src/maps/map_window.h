@@ -12,7 +12,7 @@
 #include "maps/map_chooser.h"
 #include "maps/map_store.h"
 #include "maps/map_view.h"
-#include "platform/background.h"
+#include "platform/loose_background.h"
 #include "platform/wanted.h"
 #include "ui/base_window.h"
 #include "ui/menu_opener.h"
@@ -103,6 +103,6 @@ class MapWindow : public BaseWindow {
   BarLabel cmdClose_;
   QFrame picInfo_;
   QLabel lblMapInfo1_;
-  QLabel lblPointer_;  // where the pointer is on the earth
-  Background layout_;  // of labels
+  QLabel lblPointer_;       // where the pointer is on the earth
+  LooseBackground layout_;  // of labels
 };
