@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "onair/rx_ok_window.h"
+#include "platform/heap.h"
 #include "station/callsign.h"
 
 // A row of the table: how a kind of window is made, and whether it is a setup window.
@@ -57,6 +58,14 @@ BaseWindow& Windows::Get(WindowKind kind) {
   BaseWindow* window = (this->*std::find_if(Registrations().begin(), Registrations().end(), registered)->make)();
   // A closed window is deleted when the event loop turns, and must not be opened again until then.
   connect(window, &BaseWindow::Closed, this, [this, kind]() { open_.remove(kind); });
+  connect(window, &QObject::destroyed, this, [this]() {
+    services_.background.Run<bool>(nullptr,
+                                   []() {
+                                     GiveBackFreeMemory();
+                                     return true;
+                                   },
+                                   {});
+  });
   open_.insert(kind, window);
   return *window;
 }
@@ -104,8 +113,11 @@ BaseWindow* Windows::MakeLocationMap() {
 BaseWindow* Windows::MakeOnAirNow() {
   Services& s = services_;
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
-  auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_}, mainWindow_);
-  connect(window, &frmOnAirNow::CaptionChanged, this, &Windows::OnAirCaptionChanged);
+  auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_, lblOnAirNow_}, mainWindow_);
+  connect(window, &frmOnAirNow::CaptionChanged, this, [this](const QString& caption) {
+    lblOnAirNow_ = caption;
+    Q_EMIT OnAirCaptionChanged(caption);
+  });
   return window;
 }
 
@@ -147,6 +159,11 @@ BaseWindow* Windows::MakeViewer() {
   auto* window = new Form2({{s.tool, s.background}, drawing_, s.program, menus_}, mainWindow_);
   connect(window, &Form2::FilmFound, this, &Windows::FilmFound);
   return window;
+}
+
+void Windows::LanguageLoaded() {
+  onAirCaption_.TakeLanguage();
+  lblOnAirNow_.clear();
 }
 
 void Windows::RegisterOnAirCommands() {

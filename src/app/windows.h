@@ -58,7 +58,7 @@ class Windows : public QObject {
   void ShowPropagationMap();
 
   // A language has been read; before the windows show their texts in it.
-  void LanguageLoaded() { onAirCaption_.TakeLanguage(); }
+  void LanguageLoaded();
 
   // Closes setup windows: before another one opens, and before others change the tables that they show.
   void CloseSetupWindows();
@@ -103,5 +103,6 @@ class Windows : public QObject {
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;
   Background drawing_;      // smooths what the viewer shows, beside the disk's work
+  QString lblOnAirNow_;     // what it was last made to say in the present language
   int PeriodMinutes_ = 60;  // of the propagation map; kept while it is closed
 };

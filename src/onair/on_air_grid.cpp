@@ -96,7 +96,7 @@ MenuRequest OnAirGrid::MenuOf(int row, const QPoint& at, bool byKeyboard) {
   MenuRequest request;
   request.menu = MenuId::ListCall;
   request.subject.caller = entry.call;
-  request.subject.placed = entry.lat != 0;
+  request.subject.placed = entry.lat != 0 || entry.lon != 0;
   request.owner = window();
   request.name = entry.shownCall;
   request.at = at;
@@ -110,6 +110,7 @@ void OnAirGrid::Take(const QList<OnAirEntry>& entries) {
     Q_EMIT Moved();
     Restore();
     thumbs_.start();
+    hovered_ = -1;  // another station may now be under the resting pointer
   }
   restoring_ = false;
 }
@@ -176,6 +177,12 @@ void OnAirGrid::scrollContentsBy(int dx, int dy) {
 void OnAirGrid::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   thumbs_.start();
+}
+
+// A tip that the keyboard has opened would stay above whatever other program the user turns to.
+void OnAirGrid::focusOutEvent(QFocusEvent* event) {
+  QTableView::focusOutEvent(event);
+  Q_EMIT Moved();
 }
 
 void OnAirGrid::changeEvent(QEvent* event) {

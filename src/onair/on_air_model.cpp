@@ -29,10 +29,6 @@ void OnAirModel::SetThumb(const QString& path, const QImage& thumb, int firstRow
   }
 }
 
-void OnAirModel::ForgetThumbs() {
-  thumbs_.clear();
-}
-
 QString OnAirModel::TextOf(const QList<int>& rows) const {
   QStringList lines;
   for (const int row : rows) {

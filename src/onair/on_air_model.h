@@ -24,7 +24,6 @@ class OnAirModel : public QAbstractTableModel {
   void ShowTexts();
   // The small picture that a file holds; a null one stays an empty cell.
   void SetThumb(const QString& path, const QImage& thumb, int firstRow, int lastRow);
-  void ForgetThumbs();
   bool HasThumb(const QString& path) const { return thumbs_.contains(path); }
   // Rows as tab-separated lines, pictures left out, calls with plain zeros.
   QString TextOf(const QList<int>& rows) const;

@@ -34,7 +34,8 @@ frmOnAirNow::frmOnAirNow(const Dependencies& dependencies, QWidget* owner)
       gridOnAir_(dependencies.tool, this),
       lblLeftOut_(this),
       tip_(this),
-      picBig_(dependencies.tool, this) {
+      picBig_(dependencies.tool, this),
+      caption_(dependencies.caption) {
   setObjectName(u"frmOnAirNow"_s);
   MakeLayout();
   ConnectSignals();
@@ -94,7 +95,8 @@ void frmOnAirNow::ShowTexts() {
   lblRefresh_.setToolTip(BuiltInText(program_.config.OnAirCode, OnAirText::kRefreshTip));
   gridOnAir_.Model().ShowTexts();
   gridOnAir_.setAccessibleName(language[TextLine::kOnAirListTitle].trimmed());
-  setWindowTitle(language[TextLine::kOnAirText]);
+  // Until the first answer the window is called like the label that opens it, which has the count of its last opening.
+  setWindowTitle(opened_ || caption_.isEmpty() ? language[TextLine::kOnAirText] : caption_);
   if (opened_) session_.Rebuild();
 }
 

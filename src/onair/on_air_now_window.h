@@ -21,6 +21,7 @@ class frmOnAirNow : public BaseWindow {
     CallDatabase& database;
     PictureTool& tool;
     MenuOpener& menus;
+    QString caption;  // what lblOnAirNow says
   };
 
   frmOnAirNow(const Dependencies& dependencies, QWidget* owner);
@@ -58,5 +59,6 @@ class frmOnAirNow : public BaseWindow {
   QLabel lblLeftOut_;
   frmTipOnAir tip_;
   OperatorPictureTip picBig_;
+  const QString caption_;
   bool opened_ = false;
 };

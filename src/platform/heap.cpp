@@ -12,3 +12,7 @@ void ReturnFreedMemory() {
   mallopt(M_TRIM_THRESHOLD, kLargeBlock);
   mallopt(M_ARENA_MAX, 2);
 }
+
+void GiveBackFreeMemory() {
+  malloc_trim(0);
+}

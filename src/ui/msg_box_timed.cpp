@@ -14,9 +14,13 @@ constexpr QColor kBack(255, 100, 100);
 }  // namespace
 
 void frmMsgBoxTimed::ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration) {
-  auto* box = owner->findChild<frmMsgBoxTimed*>(QString(), Qt::FindDirectChildrenOnly);
-  if (box == nullptr) box = new frmMsgBoxTimed(owner);
-  box->ShowText(text, duration);
+  frmMsgBoxTimed* shown = nullptr;
+  const auto boxes = owner->findChildren<frmMsgBoxTimed*>(QString(), Qt::FindDirectChildrenOnly);
+  for (frmMsgBoxTimed* box : boxes) {
+    if (!box->ended_) shown = box;
+  }
+  if (shown == nullptr) shown = new frmMsgBoxTimed(owner);
+  shown->ShowText(text, duration);
 }
 
 frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
@@ -38,7 +42,7 @@ frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
   column->addWidget(&label_);
   Timer1.setInterval(1s);
   connect(&Timer1, &QTimer::timeout, this, [this]() {
-    if (++ticks_ > last_) deleteLater();
+    if (++ticks_ > last_) End();
   });
   owner->installEventFilter(this);
 }
@@ -82,5 +86,11 @@ bool frmMsgBoxTimed::eventFilter(QObject* watched, QEvent* event) {
 
 void frmMsgBoxTimed::mouseReleaseEvent(QMouseEvent* event) {
   QFrame::mouseReleaseEvent(event);
+  End();
+}
+
+void frmMsgBoxTimed::End() {
+  ended_ = true;
+  hide();
   deleteLater();
 }

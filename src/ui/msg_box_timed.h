@@ -25,9 +25,12 @@ class frmMsgBoxTimed : public QFrame {
   explicit frmMsgBoxTimed(QWidget* owner);
   void ShowText(const QString& text, std::chrono::seconds duration);
   void Place();
+  // The next message makes a box of its own: this one is gone when the event loop turns.
+  void End();
 
   QLabel label_;
   QTimer Timer1;  // seconds
   int ticks_ = 0;
   int last_ = 0;
+  bool ended_ = false;
 };

@@ -20,9 +20,10 @@ struct ListFixture : FeedFixture {
   QString caption;
 
   void Open() {
-    window = new frmOnAirNow({AllDependencies(), database, tool, menus}, &owner);
+    window = new frmOnAirNow({AllDependencies(), database, tool, menus, caption}, &owner);
     QObject::connect(window, &frmOnAirNow::CaptionChanged, &owner, [this](const QString& text) { caption = text; });
     window->show();
+    QCOMPARE(window->windowTitle(), caption.isEmpty() ? u"On Air Now"_s : caption);
     QVERIFY(QTest::qWaitForWindowActive(window));
   }
   ~ListFixture() { delete window; }
@@ -64,6 +65,7 @@ class TestOnAirNow : public QObject {
     f.program.ZeroGlyph = QChar(u'Ø');
     f.Station(u"ZZ10Q"_s, u"51.5"_s, u"-0.1"_s);
     f.Answer("head\nZZ10Q-EP 14.233_\n", "head\r\n");
+    f.caption = u"On Air Now (7)"_s;  // from the opening before
     f.Open();
     QTRY_COMPARE(f.caption, u"On Air Now (1)"_s);
     QCOMPARE(f.window->windowTitle(), u"On Air Now  (1)"_s);
@@ -155,6 +157,12 @@ class TestOnAirNow : public QObject {
     QCOMPARE(tip->text(), u"  ZZ1QX  \nRobin\nPerch Lane 1\nFernbach, Germany"_s);
     QTest::keyClick(f.window, Qt::Key_Escape);
     QVERIFY(!tip->isVisible() && f.window->isVisible());
+    // The user turns to another program.
+    QTest::keyClick(&f.Grid(), Qt::Key_Return);
+    QVERIFY(tip->isVisible());
+    QFocusEvent left(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
+    QApplication::sendEvent(&f.Grid(), &left);
+    QVERIFY(!tip->isVisible());
 
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, QPoint(), QPoint());
     QApplication::sendEvent(f.Grid().viewport(), &menu);
@@ -179,6 +187,12 @@ class TestOnAirNow : public QObject {
     frmMsgBoxTimed::ShowMsg(f.window, u"again"_s, std::chrono::seconds(0));
     QCOMPARE(f.window->findChildren<frmMsgBoxTimed*>().size(), 1);
     QTRY_VERIFY(first == nullptr);
+    // A message that comes in the turn in which another ends is not taken away with it.
+    frmMsgBoxTimed::ShowMsg(f.window, u"one"_s, 10s);
+    QTest::mouseClick(f.window->findChild<frmMsgBoxTimed*>(), Qt::LeftButton);
+    frmMsgBoxTimed::ShowMsg(f.window, u"two"_s, 10s);
+    QTRY_COMPARE(f.window->findChildren<frmMsgBoxTimed*>().size(), 1);
+    QCOMPARE(f.window->findChild<frmMsgBoxTimed*>()->accessibleName(), u"two"_s);
   }
 };
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/net/url_reader.h"
 
+#include "platform/heap.h"
 #include "platform/net/cookie_store.h"
 #include "platform/net/url_worker.h"
 
@@ -12,6 +13,7 @@ constexpr qint64 kHandOutMs = 4;  // for which answers are handed out at a time
 // A handler is done with a small body when it returns. A large one may still be on its way to the disk, so a timer
 // looks now and then whether anybody else still holds it.
 constexpr qsizetype kLargeBody = 256LL * 1024;
+constexpr qint64 kFlood = 8LL << 20;  // bytes let go of at once, more than any picture has
 constexpr auto kReleaseEvery = 20ms;
 
 }  // namespace
@@ -111,6 +113,8 @@ void UrlNetwork::ReleaseUnused() {
   });
   if (bytes > 0) GiveBack(bytes);
   if (bodiesInUse_.isEmpty()) releaseTimer_.stop();
+  // On the network thread, which nobody looks at.
+  if (bytes >= kFlood) QMetaObject::invokeMethod(worker_, &GiveBackFreeMemory, Qt::QueuedConnection);
 }
 
 void UrlNetwork::GiveBack(qint64 bytes) {
