@@ -44,6 +44,19 @@ void RxOkLookups::Ask(const QStringList& calls) {
   AskNext();
 }
 
+void RxOkLookups::Keep(const QSet<QString>& listed) {
+  if (listed.isEmpty()) return;
+  const QStringList calls = running_.keys();
+  for (const QString& call : calls) {
+    if (listed.contains(call)) continue;
+    // It has had no answer, so it is asked for again should the station come back.
+    asked_.remove(call);
+    ucLookUp* lookUp = running_.take(call);
+    lookUp->disconnect(this);
+    lookUp->deleteLater();
+  }
+}
+
 void RxOkLookups::Stop() {
   waiting_.clear();
   Timer1.stop();

@@ -51,6 +51,9 @@ class RxOkLookups : public QObject {
   // The calls that are to be asked for, in this order, two at a time. Calls that were asked before are not asked again;
   // those that wait and are no longer among them are dropped.
   void Ask(const QStringList& calls);
+  // Ends the look-ups of calls that are no longer listed. An empty list ends none: a change of the page empties it for
+  // two seconds, and no call is to be asked for twice because of that.
+  void Keep(const QSet<QString>& listed);
   // Drops everything that is under way.
   void Stop();
   State Shown() const { return state_; }

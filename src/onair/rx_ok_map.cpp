@@ -15,6 +15,7 @@ constexpr double kLineWidth = 2;
 constexpr double kToStubWidth = 2;
 constexpr double kFromStubWidth = 3;
 constexpr double kStubLabelGap = 2;
+constexpr double kStubSpot = 16;  // pixels along and across, under the pointer
 constexpr double kHalfTurn = 180;
 constexpr qsizetype kMostSpoken = 30;  // stations that are not drawn and of which a screen reader is told
 
@@ -63,7 +64,7 @@ class RxOkDrawing {
   }
   MapOverlay::Label Label(qsizetype number, const RxOkStation& station, const QString& text, const DistAz& way) const;
   void AddAtStub(MapOverlay::Label label, const QPointF& from, const QPointF& end);
-  void DrawStubTo(const MapOverlay::Label& label, const QColor& colour, double azimuth);
+  void DrawStubTo(qsizetype number, const MapOverlay::Label& label, const QColor& colour, double azimuth);
   void DrawStubFromMe(qsizetype number, const MapOverlay::Label& label, const QPointF& at, const QColor& colour,
                       double azimuth);
 
@@ -97,7 +98,8 @@ bool RxOkDrawing::Draw(qsizetype number, const RxOkStation& station) {
   const QColor colour = station.hasSite ? kRxHasSite : kRxNoSite;
   if (marks_.IsOff(*at)) {
     if (marks_.IsOff(*own_)) return false;
-    DrawStubTo(Label(number, station, u" To "_s + Shown(station) + u"  "_s + WayText(way), way), colour, way.azimuth);
+    DrawStubTo(number, Label(number, station, u" To "_s + Shown(station) + u"  "_s + WayText(way), way), colour,
+               way.azimuth);
     return true;
   }
   MapOverlay::Label label = Label(number, station, Shown(station), way);
@@ -128,9 +130,19 @@ void RxOkDrawing::AddAtStub(MapOverlay::Label label, const QPointF& from, const 
   marks_.Label(label);
 }
 
-// A stub from the own position towards a station that is off the picture, with its label at the end.
-void RxOkDrawing::DrawStubTo(const MapOverlay::Label& label, const QColor& colour, double azimuth) {
-  AddAtStub(label, *own_, marks_.Stub(*own_, azimuth, colour, kToStubWidth));
+// A stub from the own position towards a station that is off the picture, with its label at the end. lblFrom has no
+// text of its own here: it is a spot on the stub whose tool text says what the label says.
+void RxOkDrawing::DrawStubTo(qsizetype number, const MapOverlay::Label& label, const QColor& colour, double azimuth) {
+  const QPointF end = marks_.Stub(*own_, azimuth, colour, kToStubWidth);
+  const QPointF reach(kStubSpot / 2, kStubSpot / 2);
+  const QPointF middle = (*own_ + end) / 2;
+  MapOverlay::Label from;
+  from.name = u"lblFrom(%1)"_s.arg(number);
+  from.text = label.text;
+  from.place = QRectF(middle - reach, middle + reach);
+  from.dot = true;
+  marks_.Label(from);
+  AddAtStub(label, *own_, end);
 }
 
 // A stub from a station towards the own position, which is off the picture. azimuth: from the own position to the

@@ -67,9 +67,12 @@ void frmMapRxOk::Redraw() {
 void frmMapRxOk::TakeList() {
   stations_ = RxOkStations(lstRxOk_, program_.sites, lookUps_);
   QStringList unknown;
+  QSet<QString> listed;
   for (const RxOkStation& station : std::as_const(stations_)) {
+    listed.insert(station.row.call);
     if (!station.place.IsKnown()) unknown.append(station.row.call);
   }
+  lookUps_.Keep(listed);
   lookUps_.Ask(HasOwnPosition() ? unknown : QStringList());
 }
 

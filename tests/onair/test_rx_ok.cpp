@@ -143,10 +143,10 @@ class TestRxOk : public QObject {
                                          << u"lblMe 50,48|lblCall(0)=ZZ1AA 50,30|line 2 50,50|to 50,30"_s;
     QTest::newRow("station above the picture")
         << middle << QPointF(500, -900)
-        << u"lblMe 50,48|lblCall(0)= To ZZ1AA  403 km   0°  50,39|line 2 50,50|to 50,40"_s;
+        << u"lblMe 50,48|lblFrom(0)~ To ZZ1AA  403 km   0°  50,45|lblCall(0)= To ZZ1AA  403 km   0°  50,39|line 2 50,50|to 50,40"_s;
     QTest::newRow("station below it: the label hangs below the stub")
         << middle << QPointF(500, 1900)
-        << u"lblMe 50,48|lblCall(0)= To ZZ1AA  403 km   180°  50,61|line 2 50,50|to 50,60"_s;
+        << u"lblMe 50,48|lblFrom(0)~ To ZZ1AA  403 km   180°  50,55|lblCall(0)= To ZZ1AA  403 km   180°  50,61|line 2 50,50|to 50,60"_s;
     QTest::newRow("own position off it: the station is named, and the stub points back")
         << QPointF(500, -900) << above << u"lblCall(0)=ZZ1AA 50,30|lblFrom(0)= From Me  50,19|line 3 50,30|to 50,20"_s;
     QTest::newRow("both off") << QPointF(500, -900) << QPointF(500, 1900) << u"not drawn: ZZ1AA"_s;
@@ -164,8 +164,9 @@ class TestRxOk : public QObject {
     QStringList drawn;
     for (const MapOverlay::Label& label : map.overlay.labels) {
       const QPointF point = label.anchor.value_or(label.place.center());
-      drawn.append(At(label.name + (label.name == "lblMe"_L1 ? QString() : u'=' + label.text), point));
-      if (label.name == "lblMe"_L1) continue;
+      const QString text = (label.dot ? u'~' : u'=') + label.text;  // of a dot it is the tool text
+      drawn.append(At(label.name + (label.name == "lblMe"_L1 ? QString() : text), point));
+      if (label.name == "lblMe"_L1 || label.dot) continue;
       QVERIFY(label.tip.startsWith("fine   "_L1) && label.tip.endsWith(u"° \r\n 11/22/2026 10:00 UTC "_s));
       QCOMPARE(label.back, label.clickable ? QColor(140, 255, 140) : QColor());
     }
@@ -185,9 +186,9 @@ class TestRxOk : public QObject {
     program.config.MyLon = own.lon;
     const RxOkStation station{{u"ZZ1AA"_s, 0, 0, {}, {}, {}}, Netherlands({500, -900}), false, false};
     const MapDrawing map = BuildRxOkMap(program, {station, station}, {MapName::NNederland, QSize(1010, 1180), Measure});
-    QCOMPARE(map.overlay.labels.size(), 3);  // and the own
-    QVERIFY(!map.overlay.labels.at(1).anchor);
-    QCOMPARE(map.overlay.labels.at(2).anchor, std::optional(map.overlay.lines.at(1).to));
+    QCOMPARE(map.overlay.labels.size(), 5);  // and the own, and the spots on both stubs
+    QVERIFY(!map.overlay.labels.at(2).anchor);
+    QCOMPARE(map.overlay.labels.at(4).anchor, std::optional(map.overlay.lines.at(1).to));
   }
 
   // The service keeps its answers back, so that the test sees how many are asked at a time.
@@ -245,6 +246,27 @@ class TestRxOk : public QObject {
     QSignalSpy changed(&f.lookUps, &RxOkLookups::StateChanged);
     QTRY_VERIFY(f.lookUps.findChildren<ucLookUp*>().isEmpty());
     QVERIFY(!f.lookUps.Timer1.isActive() && changed.isEmpty());
+  }
+
+  // The service is silent. A station that leaves the list makes way for the next, and is asked for again once it is
+  // back; an empty list is that of a page change and ends nothing.
+  void EndsTheLookUpOfARemovedStation() {
+    LookupFixture f;
+    UrlNetwork patient;
+    RxOkLookups lookUps({f.program, patient, f.hosts, f.pageText, f.tool, f.background, f.database});
+    f.EHam().SetLatency(std::chrono::minutes(10));
+    const auto list = [&lookUps](const QStringList& calls) {
+      lookUps.Keep(QSet<QString>(calls.cbegin(), calls.cend()));
+      lookUps.Ask(calls);
+    };
+    list({u"ZZ1AA"_s, u"ZZ2AA"_s, u"ZZ3AA"_s});
+    QTRY_COMPARE(f.EHam().TotalRequests(), 2);
+    list({});
+    list({u"ZZ2AA"_s, u"ZZ3AA"_s});
+    QTRY_COMPARE(f.EHam().Requests(u"callbook/ZZ3AA"_s), 1);
+    list({u"ZZ3AA"_s, u"ZZ1AA"_s});
+    QTRY_COMPARE(f.EHam().Requests(u"callbook/ZZ1AA"_s), 2);
+    QCOMPARE(f.EHam().TotalRequests(), 4);
   }
 };
 
