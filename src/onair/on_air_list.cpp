@@ -67,6 +67,13 @@ QHash<QString, QString> StoredPictures(const QString& appDataDir) {
   return pictures;
 }
 
+// Whether the database holds a number there. The look-up reads anything else as 0, which is a coordinate like any
+// other.
+bool IsCoordinate(const QString& text) {
+  bool ok = false;
+  return std::isfinite(QString(text).replace(u',', u'.').trimmed().toDouble(&ok)) && ok;
+}
+
 bool IsNothing(const QString& text) {
   return text.isEmpty();
 }
@@ -118,10 +125,13 @@ OnAirPlace OnAirPlaces::Of(const QString& call) {
   const TargetLocation target = database_.LookupTargetLocation(call);
   // What lies beyond the poles or once around the world was never a position.
   const bool onEarth = std::abs(target.TargetLat) <= 90 && std::abs(target.TargetLon) <= 180;
-  if (target.InDatabase && onEarth && IsKnownPosition(target.TargetLat, target.TargetLon)) {
+  // Only both coordinates at 0 are no place here: a station on the prime meridian has a direction.
+  const bool hasPlace = (target.TargetLat != 0 || target.TargetLon != 0) &&
+                        IsCoordinate(database_.DbCurrent.Lat.Text()) && IsCoordinate(database_.DbCurrent.Lon.Text());
+  if (target.InDatabase && onEarth && hasPlace) {
     place.lat = target.TargetLat;
     place.lon = target.TargetLon;
-    if (IsKnownPosition(sight_.myLat, sight_.myLon)) {
+    if (sight_.myLat != 0 || sight_.myLon != 0) {
       place.degrees = GetDistAz(sight_.myLat, sight_.myLon, place.lat, place.lon, 0).azimuth;
       place.azimuth = QString::number(*place.degrees, 'f', 0) + u'°';
     }

@@ -104,19 +104,21 @@ class TestOnAirList : public QObject {
     save(u"ZZ2A"_s, u"0"_s, u"0"_s);
     save(u"ZZ3A"_s, u"95"_s, u"10"_s);
     save(u"ZZ4A"_s, u"nan"_s, u"10"_s);
+    save(u"ZZ6A"_s, u"51.5"_s, u"0"_s);
     QVERIFY(QDir(folder.path()).mkpath(u"images/qrzImages"_s));
     QFile picture(folder.filePath(u"images/qrzImages/zz2a.JPG"_s));
     QVERIFY(picture.open(QIODevice::WriteOnly) && picture.write("x") == 1);
     picture.close();
 
-    const QList<OnAirRow> rows = Rows({u"ZZ1A,EP,1"_s, u"ZZ2A,EP,1"_s, u"ZZ3A,EP,1"_s, u"ZZ4A,EP,1"_s, u"ZZ5A,EP,1"_s});
+    const QList<OnAirRow> rows =
+        Rows({u"ZZ1A,EP,1"_s, u"ZZ2A,EP,1"_s, u"ZZ3A,EP,1"_s, u"ZZ4A,EP,1"_s, u"ZZ5A,EP,1"_s, u"ZZ6A,EP,1"_s});
     OnAirSight sight{folder.path(), 40, -75, u"n/a"_s, u'Ø'};
     OnAirPlaces places(folder.path());
     QStringList azimuths;
     for (const OnAirEntry& entry : EntriesOf(rows, sight, places)) azimuths << entry.azimuth;
-    QCOMPARE(azimuths, QStringList({u"50°"_s, u"n/a"_s, u"n/a"_s, u"n/a"_s, u""_s}));
+    QCOMPARE(azimuths, QStringList({u"50°"_s, u"n/a"_s, u"n/a"_s, u"n/a"_s, u""_s, u"50°"_s}));
     QCOMPARE(EntriesOf(rows, sight, places).at(1).picture, picture.fileName());
-    sight.myLat = 0;
+    sight.myLat = sight.myLon = 0;
     QCOMPARE(EntriesOf(rows, sight, places).first().azimuth, u""_s);
 
     // Of a file that has rested is remembered what was found, until it is written again.
