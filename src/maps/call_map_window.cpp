@@ -37,6 +37,8 @@ void CallMapWindow::MnuPopupClick(int index) {
 
 bool CallMapWindow::BringToFront() {
   if (!std::exchange(opened_, true)) return false;
+  // Its picture is still being read and will show it: shown now it would be empty, and in a place of its own.
+  if (!isVisible()) return true;
   // A minimized window would stay where nobody sees it.
   setWindowState(windowState() & ~Qt::WindowMinimized);
   show();

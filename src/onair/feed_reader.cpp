@@ -2,6 +2,7 @@
 #include "onair/feed_reader.h"
 
 #include "onair/html_entities.h"
+#include "platform/picture/page_text_protocol.h"
 #include "platform/text/ansi_text.h"
 
 namespace {
@@ -12,6 +13,12 @@ std::optional<FeedRows> RowsOf(FeedSource source, const QString& raw, const QStr
   // The text file is tested as decoded and read as it came, entities and all.
   return source == FeedSource::Cgi ? ParseCgiReply(decoded, FeedLoop::ToLastButOne, lstBadCalls)
                                    : ParseTextFile(raw, FeedLoop::ToLastButOne, lstBadCalls);
+}
+
+// Whether some of the reply's end was not read. Of a page less is rendered than of a list of lines is read.
+bool IsCut(FeedSource source, qsizetype bytes, const QString& decoded) {
+  if (source == FeedSource::TextFile || decoded.isEmpty()) return bytes > kMostFeedCharacters;
+  return bytes > PageTextLimits::kPageBytes || decoded.size() >= PageTextLimits::kTextCharacters;
 }
 
 }  // namespace
@@ -64,7 +71,7 @@ void FeedReader::Render(const Step& step) {
 // decoded: a page's text; empty for a reply without tags, whose entities are decoded here.
 void FeedReader::Parse(const Step& step, const QString& decoded) {
   const auto parse = [source = step.source, raw = step.raw, decoded, lstBadCalls = step.lstBadCalls,
-                      cut = step.body.size() > kMostFeedCharacters]() {
+                      cut = IsCut(step.source, step.body.size(), decoded)]() {
     std::optional<FeedRows> rows =
         RowsOf(source, raw, decoded.isEmpty() ? WithEntitiesDecoded(raw) : decoded, lstBadCalls);
     if (rows) rows->cut = cut;

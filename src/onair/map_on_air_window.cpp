@@ -87,6 +87,10 @@ void frmMapOnAir::ConnectSignals() {
   connect(&cmdHelp_, &QToolButton::clicked, this,
           [this]() { dialogs_.Inform(this, program_.language[TextLine::kMapHelp].trimmed(), false); });
   connect(&View(), &MapView::LabelPointed, this, &frmMapOnAir::ShowInfoOf);
+  // The map has been moved under the open text, by the keys or by a drag that began at the label.
+  connect(&View(), &MapView::Panned, this, [this]() {
+    if (lstInfo_.isVisible()) PlaceInfoOf(LabelOf(infoCall_));
+  });
   connect(&List2_, &OnAirGrid::HeadClicked, this, [this](OnAirColumn head) {
     session_.SortBy(head);
     List2_.ShowOrder(session_.Order());
@@ -172,18 +176,23 @@ QString frmMapOnAir::TextOf(const QString& call) {
 }
 
 void frmMapOnAir::ShowInfoOf(qsizetype label) {
-  if (label < 0 || label >= View().Labels().size() || View().Labels().at(label).id.isEmpty()) return lstInfo_.hide();
-  lstInfo_.setText(TextOf(View().Labels().at(label).id).remove(u'\r'));
+  infoCall_ = label < 0 ? QString() : View().Labels().value(label).id;
+  if (infoCall_.isEmpty()) return lstInfo_.hide();
+  lstInfo_.setText(TextOf(infoCall_).remove(u'\r'));
   lstInfo_.setAccessibleName(lstInfo_.text().simplified());
   lstInfo_.adjustSize();
+  PlaceInfoOf(label);
+  lstInfo_.show();
+  lstInfo_.raise();
+}
+
+void frmMapOnAir::PlaceInfoOf(qsizetype label) {
   // Beside the label, on its other side where there is no room.
   const QRect place = View().LabelRect(label).translated(View().pos());
   QPoint at = place.bottomRight() + QPoint(kGap, kGap);
   if (at.x() + lstInfo_.width() > width()) at.setX(place.left() - kGap - lstInfo_.width());
   if (at.y() + lstInfo_.height() > height()) at.setY(place.top() - kGap - lstInfo_.height());
   lstInfo_.move(std::max(0, at.x()), std::max(0, at.y()));
-  lstInfo_.show();
-  lstInfo_.raise();
 }
 
 void frmMapOnAir::ShowList(bool shown) {

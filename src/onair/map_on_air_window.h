@@ -56,6 +56,7 @@ class frmMapOnAir : public CallMapWindow {
   void ShowList(bool shown);
   void PlaceList();
   void ShowInfoOf(qsizetype label);
+  void PlaceInfoOf(qsizetype label);
   QString TextOf(const QString& call);
 
   SettingsStore& store_;
@@ -72,6 +73,7 @@ class frmMapOnAir : public CallMapWindow {
   QToolButton lblList2_;
   OnAirGrid List2_;
   QLabel lstInfo_;
+  QString infoCall_;  // whose text lstInfo shows
   frmTipOnAir tip_;
   QList<OnAirEntry> drawn_;
   QString leftOut_;

@@ -48,6 +48,7 @@ void frmMapPropagation::ConnectParts() {
     RedrawOverlay();
   });
   connect(&View(), &MapView::LabelPointed, this, &frmMapPropagation::PointAt);
+  connect(&View(), &MapView::Panned, this, &frmMapPropagation::FollowPan);
   connect(&View(), &MapView::LabelClosed, this, &frmMapPropagation::HideLabel);
   connect(&View(), &MapView::NextPartnerWanted, this, &frmMapPropagation::GoToPartner);
 }
@@ -122,12 +123,17 @@ void frmMapPropagation::ShowGrid(qsizetype label) {
     return;
   }
   gridCall_ = View().Labels().at(label).id;
-  const QRect place = View().LabelRect(label).translated(View().pos());
-  const QRect frame = View().geometry() & rect();
   const QChar zero = program_.ZeroGlyph;
   QList<ReceivedRow> rows = session_.Received(gridCall_);
   for (ReceivedRow& row : rows) row.call = ShownCall(row.call, zero);
-  picRx_.ShowBeside(place, frame, u"Received in last 12 hours ("_s + ShownCall(gridCall_, zero) + u"  )"_s, rows);
+  picRx_.ShowBeside(View().LabelRect(label).translated(View().pos()), View().geometry() & rect(),
+                    u"Received in last 12 hours ("_s + ShownCall(gridCall_, zero) + u"  )"_s, rows);
+}
+
+// The map has been moved under the open grid, by the keys or by a drag that began at the label.
+void frmMapPropagation::FollowPan() {
+  const qsizetype label = picRx_.isVisible() ? LabelOf(gridCall_) : -1;
+  if (label >= 0) picRx_.Place(View().LabelRect(label).translated(View().pos()), View().geometry() & rect());
 }
 
 void frmMapPropagation::HideLabel(const QString& name) {

@@ -39,6 +39,7 @@ class frmMapPropagation : public CallMapWindow {
   QString CallOf(const QString& labelName) const;
   void PointAt(qsizetype label);
   void ShowGrid(qsizetype label);
+  void FollowPan();
   void EndWalk();
   void HideLabel(const QString& name);
   void GoToPartner(qsizetype label, int step);

@@ -21,6 +21,8 @@ constexpr auto kHideDelay = 400ms;
 }  // namespace
 
 void ReceivedModel::SetRows(const QList<ReceivedRow>& rows) {
+  // A refresh that brings the same rows leaves the grid where the user has turned it to.
+  if (rows == rows_) return;
   beginResetModel();
   rows_ = rows;
   endResetModel();
@@ -90,15 +92,19 @@ void ReceivedGrid::ShowBeside(const QRect& label, const QRect& frame, const QStr
   }
   width = std::max(width + gridRx_.verticalScrollBar()->sizeHint().width(), lblGrid_.sizeHint().width()) + 14;
   const int shown = std::min(kMostRows, std::max(1, model_.rowCount()));
-  const int height = lblGrid_.sizeHint().height() + shown * rowHeight + 20;
-  const QSize size = QSize(width, height).boundedTo(frame.size());
+  wanted_ = QSize(width, lblGrid_.sizeHint().height() + shown * rowHeight + 20);
+  Place(label, frame);
+  show();
+  raise();
+}
+
+void ReceivedGrid::Place(const QRect& label, const QRect& frame) {
+  const QSize size = wanted_.boundedTo(frame.size());
   QPoint place(label.left(), label.bottom() + kGap);
   if (place.y() + size.height() > frame.bottom()) place.setY(label.top() - kGap - size.height());
   place.setX(std::clamp(place.x(), frame.left(), frame.right() + 1 - size.width()));
   place.setY(std::clamp(place.y(), frame.top(), frame.bottom() + 1 - size.height()));
   setGeometry(QRect(place, size));
-  show();
-  raise();
 }
 
 void ReceivedGrid::HideSoon() {

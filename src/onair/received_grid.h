@@ -33,6 +33,8 @@ class ReceivedGrid : public QFrame {
 
   // Near a label, inside of the map's frame; both in pixels of the window.
   void ShowBeside(const QRect& label, const QRect& frame, const QString& title, const QList<ReceivedRow>& rows);
+  // The same grid beside a label that has moved.
+  void Place(const QRect& label, const QRect& frame);
   // A little later, so that the pointer can move from the label into the grid; not while it is there.
   void HideSoon();
   // Keys of the map's label: Escape closes the grid, Page Up and Page Down turn it. False: another key.
@@ -46,4 +48,5 @@ class ReceivedGrid : public QFrame {
   QTableView gridRx_;
   ReceivedModel model_;
   QTimer hide_;
+  QSize wanted_;  // where the frame has room for it
 };

@@ -63,6 +63,10 @@ class TestOnAirFeed : public QObject {
     QCOMPARE(calls(OnAirForm::Html), plain);
     QCOMPARE(calls(OnAirForm::Empty), u""_s);
     QCOMPARE(calls(OnAirForm::Many).count(u' '), 9999);
+    QVERIFY(!f.feed.IsCut());
+    f.Answer("<p>head<br>" + QByteArray(3'000'000, ' ') + "ZZ9QX-EP 14.233_<br>", "head");
+    f.Ask();
+    QVERIFY2(f.feed.IsCut(), "of a page less is read than of a list");
     QCOMPARE(f.failed.count(), 0);
     QCOMPARE(calls(OnAirForm::ErrorPage), u""_s);
     QCOMPARE(f.failed.count(), 2);

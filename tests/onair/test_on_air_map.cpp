@@ -44,6 +44,8 @@ struct OnAirMapFixture : FeedFixture {
   void Open() {
     window = new frmMapOnAir({AllDependencies(), program, maps, database, tool, menus, dialogs, caption}, &owner);
     window->Open();
+    window->Open();
+    QVERIFY2(!window->isVisible(), "a second click does not show it without its picture");
     QTRY_VERIFY(window->isVisible());
     QVERIFY(QTest::qWaitForWindowActive(window));
   }
@@ -104,6 +106,11 @@ class TestOnAirMap : public QObject {
     f.View().FocusLabel(1);
     QVERIFY(f.Part<QLabel>(u"lstInfo"_s).isVisible());
     QCOMPARE(f.Part<QLabel>(u"lstInfo"_s).text(), u"  ZZ1ØQ  \nRobin\nPerch Lane 1\nFernbach, Germany"_s);
+    // It stays with its label when the map is moved.
+    const auto beside = [&f]() { return f.Part<QLabel>(u"lstInfo"_s).pos() - f.View().LabelRect(1).topLeft(); };
+    const QPoint before = beside();
+    QTest::keyClick(&f.View(), Qt::Key_Right);
+    QCOMPARE(beside(), before);
     QTest::keyClick(&f.View(), Qt::Key_Return);
     QCOMPARE(f.menus.wanted.last().subject.caller, u"ZZ10Q"_s);
     QSignalSpy lookup(f.window, &CallMapWindow::LookupWanted);

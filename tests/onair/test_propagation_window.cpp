@@ -122,10 +122,16 @@ class TestPropagationWindow : public QObject {
     const auto* gridRx = picRx->findChild<QTableView*>(u"gridRx"_s);
     QVERIFY(picRx->isVisible());
     QCOMPARE(gridRx->model()->rowCount(), 0);  // it has received nothing
+    // A refresh with other rows, none of them of this station: its grid stays as the user has turned it.
+    QSignalSpy reset(gridRx->model(), &QAbstractItemModel::modelReset);
+    f.Serve(Report("ZZ1QA_ZZ2QB_EP_14233", 5) + Report("ZZ1QA_ZZ2QB_EP_7100", 6) + Report("ZZ1QA_ZZ3QC_FT8_500", 700));
+    f.Choose(u"cboPropagation"_s, 0);
+    QTRY_COMPARE(f.Info(), u"Paths shown: 2"_s);
+    QVERIFY(picRx->isVisible() && reset.isEmpty());
     f.Point(f.View().LabelRect(0).center());
     QCOMPARE(picRx->findChild<QLabel*>(u"lblGrid"_s)->text(), u"Received in last 12 hours (ZZ1QA  )"_s);
-    QCOMPARE(gridRx->model()->rowCount(), 2);
-    QCOMPARE(gridRx->model()->index(1, 2).data().toString(), u".500"_s);
+    QCOMPARE(gridRx->model()->rowCount(), 3);
+    QCOMPARE(gridRx->model()->index(2, 2).data().toString(), u".500"_s);
     QVERIFY(f.window->rect().contains(picRx->geometry()));
     QTest::keyClick(&f.View(), Qt::Key_Escape);
     QVERIFY(!picRx->isVisible() && f.window->isVisible());
