@@ -92,6 +92,8 @@ void CheckPanel::ShowCaption() {
 }
 
 void CheckPanel::SetBoxes(const CheckBoxes& boxes) {
+  // What the user is ticking counts more than what is in force.
+  if (isVisible()) return;
   boxes_ = boxes;
   ShowBoxes();
 }

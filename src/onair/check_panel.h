@@ -34,7 +34,7 @@ class CheckPanel : public QFrame {
   void SetTexts(const QString& title, const QStringList& captions, const QString& close);
   // The summary is cut to the button's told width, and heard whole.
   void SetSummary(const QString& summary);
-  // Takes effect when the panel is closed, or opens next.
+  // Not while the panel is open: then the user's ticks are kept.
   void SetBoxes(const CheckBoxes& boxes);
   // Hands the boxes out and hides; nothing where it is not open.
   void Close();

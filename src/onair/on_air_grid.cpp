@@ -138,6 +138,12 @@ void OnAirGrid::Restore() {
   }
   endRun(static_cast<int>(entries.size()));
   doItemsLayout();
+  // Where a station has gone off the air, the place is kept by its number.
+  if (current.isValid()) currentRow_ = current.row();
+  if (top >= 0) topRow_ = top;
+  const int last = static_cast<int>(entries.size()) - 1;
+  if (!current.isValid() && !currentCall_.isEmpty()) current = model_.index(std::min(currentRow_, last), 0);
+  if (top < 0 && !topCall_.isEmpty()) top = std::min(topRow_, last);
   if (current.isValid()) selectionModel()->setCurrentIndex(current, QItemSelectionModel::NoUpdate);
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
   if (topCall_.isEmpty()) scrollToTop();
@@ -148,6 +154,7 @@ void OnAirGrid::RememberTop() {
   const int row = rowAt(0);
   // Who looks at the beginning goes on to do so, whoever stands there next.
   topCall_ = row > 0 && row < model_.Entries().size() ? model_.Entries().at(row).call : QString();
+  topRow_ = row;
 }
 
 void OnAirGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -163,6 +170,7 @@ void OnAirGrid::currentChanged(const QModelIndex& current, const QModelIndex& pr
   QTableView::currentChanged(current, previous);
   if (restoring_ || !current.isValid()) return;
   currentCall_ = model_.Entries().at(current.row()).call;
+  currentRow_ = current.row();
   Q_EMIT Moved();
 }
 

@@ -69,6 +69,8 @@ class OnAirGrid : public QTableView {
   QString topCall_;
   QString currentCall_;
   QSet<QString> selectedCalls_;
+  int topRow_ = 0;
+  int currentRow_ = 0;
   bool restoring_ = false;
   int hovered_ = -1;
 };

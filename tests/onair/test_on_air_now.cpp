@@ -130,6 +130,15 @@ class TestOnAirNow : public QObject {
     QCOMPARE(f.Grid().currentIndex().siblingAtColumn(0).data().toString(), chosen);
     QCOMPARE(f.Grid().selectionModel()->selectedRows().size(), 1);
     QCOMPARE(reset.count(), 2);
+    // The station at the top has gone off the air, and so has the chosen one: both places are kept by their number.
+    f.Answer("head\n", Lines(100, 200 - 2) + Lines(205, 299).mid(6));
+    QTest::keyClick(f.window, Qt::Key_F5);
+    QTRY_COMPARE(f.Grid().model()->rowCount(), 194);
+    QCOMPARE(f.Grid().rowAt(0), 101);
+    QCOMPARE(f.Grid().currentIndex().row(), 105);
+    f.Answer("head\nZZ1QX-EP 14.233_\n", Lines(100, 299));
+    QTest::keyClick(f.window, Qt::Key_F5);
+    QTRY_COMPARE(f.Grid().model()->rowCount(), 201);
     // The third click on a head brings the told order back.
     for (const QString& first : {u"ZZ100Q"_s, u"ZZ1QX"_s, u"ZZ1QX"_s}) {
       f.Grid().verticalScrollBar()->setValue(0);
