@@ -68,7 +68,8 @@ void History::Open(const HistoryOrigin& origin) {
 }
 
 void History::Stop() {
-  for (int slot = 0; slot < Count(); ++slot) {
+  // From the last to the first: a read that ends lets the next waiting one begin, and those wait at the end.
+  for (int slot = Count() - 1; slot >= 0; --slot) {
     ucLast15.Cancel(KeyOf(slot));
     At(slot).wanted.Withdraw();
     cells_.HidePicture(slot);
@@ -162,7 +163,7 @@ void History::Answer(int slot) {
   Picture& picture = At(slot);
   picture.answered = true;
   picture.found = false;
-  picture.blanked = false;
+  picture.blockReason = 0;
   picture.fields = {};
   picture.fromCall.clear();
   const PictureCells::Edit cell(cells_, slot);
@@ -231,10 +232,9 @@ void History::Shown(int slot, CellResult result) {
   }
   Picture& picture = At(slot);
   picture.found = true;
-  const int reason = BlockReason(program_, picture.fields.Caller);
-  picture.blanked = reason != 0;
-  if (picture.blanked) {
-    cells_.ShowBox(slot, BlockedBox(reason, ShownCall(picture.fields.Caller, program_.ZeroGlyph)));
+  picture.blockReason = BlockReason(program_, picture.fields.Caller);
+  if (picture.blockReason != 0) {
+    cells_.ShowBox(slot, BlockedBox(picture.blockReason, ShownCall(picture.fields.Caller, program_.ZeroGlyph)));
   }
   Q_EMIT Progressed();
 }
@@ -291,12 +291,18 @@ int History::Found() const {
   return static_cast<int>(std::count_if(pictures_.begin(), pictures_.end(), [](const Picture& p) { return p.found; }));
 }
 
+// Not a bad call's, as on the page.
+bool History::Opens(int slot) const {
+  const Picture& picture = pictures_.at(static_cast<std::size_t>(slot));
+  return picture.found && picture.blockReason != 2 && !Cells().at(slot).picProg;
+}
+
 PictureList History::Pictures(int slot) const {
   PictureList list;
   list.at = -1;
   for (int each = 0; each < Count(); ++each) {
     const Picture& picture = pictures_.at(static_cast<std::size_t>(each));
-    if (!picture.found || picture.blanked) continue;
+    if (!Opens(each)) continue;
     if (each == slot) list.at = list.pictures.size();
     list.pictures.append({PathOf(each),
                           site_.Call,

@@ -68,7 +68,8 @@ class History : public QObject {
   int Answered() const;
   // Pictures that are there and can be shown.
   int Found() const;
-  // The pictures that are there, for the viewer; at: that of the slot, or -1 where it has none to show.
+  // The pictures that a click opens, blocked senders' among them as on the page; at: that of the slot, or -1 where the
+  // slot has none.
   PictureList Pictures(int slot) const;
   std::optional<TipSubject> TipSubjectOf(int slot) const;
 
@@ -86,8 +87,8 @@ class History : public QObject {
     QString fromCall;  // of the sender, as shown
     bool answered = false;
     bool found = false;
-    bool blanked = false;
-    Wanted wanted;  // the answer that is being dealt with
+    int blockReason = 0;  // the picture is blanked if not 0, see BlockReason
+    Wanted wanted;        // the answer that is being dealt with
   };
 
   void FetchHistory(int Last15Slot);
@@ -101,6 +102,7 @@ class History : public QObject {
   QString KeyOf(int slot) const;
   // The slot in a key; -1 if it is not one of this opening.
   int SlotOf(const QString& key) const;
+  bool Opens(int slot) const;
   Picture& At(int slot) { return pictures_[static_cast<std::size_t>(slot)]; }
 
   void PictureReady(const QString& key, const QByteArray& body);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/history_view.h"
 
-#include <QApplication>
 #include <QStyle>
 #include <QWheelEvent>
 #include <algorithm>
@@ -16,6 +15,7 @@ namespace {
 constexpr int kColumns = 5;
 constexpr int kRowsInSight = 3;
 constexpr double kWidth = 670;  // of the page's layouts with five columns
+constexpr double kNotch = 120;  // of a wheel, which moves by a row
 constexpr double kMargin = 2;   // above the first and below the last row
 
 // Size of so many rows in page units.
@@ -95,10 +95,10 @@ void HistoryView::Place() {
   const QSizeF sight = InSight();
   const double scale = std::min(room.width() / sight.width(), room.height() / sight.height());
   const int tall = static_cast<int>(std::lround(cells_.Units().height() * scale));
-  const int row = static_cast<int>(std::lround(RowsSize(2).height() * scale - RowsSize(1).height() * scale));
+  rowHeight_ = (RowsSize(2).height() - RowsSize(1).height()) * scale;
   ScrollBar1.setRange(0, std::max(0, tall - room.height()));
   ScrollBar1.setPageStep(room.height());
-  ScrollBar1.setSingleStep(std::max(1, row / std::max(1, QApplication::wheelScrollLines())));
+  ScrollBar1.setSingleStep(static_cast<int>(std::lround(rowHeight_)));
   cells_.setGeometry(0, -ScrollBar1.value(), room.width(), tall);
   cells_.SetScale(nominalScale_, fontPixels_);
 }
@@ -107,8 +107,14 @@ void HistoryView::Scroll() {
   cells_.move(0, -ScrollBar1.value());
 }
 
+// Not handed to ScrollBar1, which would hand it back where it cannot move any further.
 void HistoryView::wheelEvent(QWheelEvent* event) {
-  if (ScrollBar1.isVisible()) QApplication::sendEvent(&ScrollBar1, event);
+  event->accept();
+  if (!ScrollBar1.isVisible()) return;
+  wheel_ += event->pixelDelta().isNull() ? event->angleDelta().y() * rowHeight_ / kNotch : event->pixelDelta().y();
+  const int pixels = static_cast<int>(wheel_);
+  wheel_ -= pixels;
+  ScrollBar1.setValue(ScrollBar1.value() - pixels);
 }
 
 void HistoryView::EnsureVisible(int slot) {

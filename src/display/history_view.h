@@ -61,6 +61,8 @@ class HistoryView : public QWidget {
   History& history_;
   QWidget clip_;
   HistoryCells cells_;
+  double rowHeight_ = 119;  // pixels
+  double wheel_ = 0;        // pixels of wheel that have not moved the rows yet
   double nominalScale_ = 1;
   double fontPixels_ = 12;
 };
