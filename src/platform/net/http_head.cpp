@@ -56,6 +56,8 @@ bool TakeField(QByteArrayView name, QByteArrayView value, HttpHead& head) {
     if (HasWord(value, "keep-alive")) head.isKeepAlive = true;
   } else if (IsName(name, "Location")) {
     if (head.location.isEmpty()) head.location = value.toByteArray();
+  } else if (IsName(name, "Content-Type")) {
+    head.contentType = value.toByteArray();
   } else if (IsName(name, "Set-Cookie")) {
     head.cookies += QNetworkCookie::parseCookies(value.toByteArray());
   }
@@ -75,6 +77,11 @@ QByteArrayView TakeLine(QByteArrayView& bytes) {
 bool HttpHead::IsRedirect() const {
   const bool isMoved = status == 301 || status == 302 || status == 303 || status == 307 || status == 308;
   return isMoved && !location.isEmpty();
+}
+
+bool HttpHead::IsStream() const {
+  return contentType.first(std::max<qsizetype>(contentType.indexOf(';'), 0)).trimmed().toLower() ==
+         "multipart/x-mixed-replace";
 }
 
 qsizetype HeadLength(QByteArrayView bytes, qsizetype from) {

@@ -19,10 +19,13 @@ struct HttpHead {
   qint64 length = -1;  // of the body as it is sent; -1: not announced
   Packing packing = Packing::None;
   QByteArray location;
+  QByteArray contentType;
   QList<QNetworkCookie> cookies;
 
   // 301, 302, 303, 307 or 308 with a place to go to.
   bool IsRedirect() const;
+  // The body's parts replace each other, as the pictures of a cam do.
+  bool IsStream() const;
   // 100 to 199: another head follows.
   bool IsInterim() const { return status >= 100 && status < 200; }
 };

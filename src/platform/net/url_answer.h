@@ -8,8 +8,8 @@
 
 // One step of a read, or its end.
 struct UrlAnswer {
-  // Progress may come several times, one of the others ends the read.
-  enum class Kind { Progress, Done, Failed };
+  // Begun, of UrlPriority::Behind alone, and Progress may come several times; one of the others ends the read.
+  enum class Kind { Begun, Progress, Done, Failed };
   Kind kind = Kind::Failed;
   quint64 id = 0;
   qint64 max = 0;   // bytes of the body as the server announced them; 0: unknown

@@ -16,9 +16,20 @@ struct UrlLimits {
   int maxRedirects = 10;
   int maxReads = 24;  // at once
   int maxReadsPerHost = 6;
+  int maxReadsBehind = 12;  // of UrlPriority::Behind
   int maxSockets = 40;
 };
 
 // User: a read for which a user is waiting. It begins before all others, and two of the reads at once are kept for such
-// reads.
-enum class UrlPriority { Page, User };
+// reads. Behind: it begins only while no read of the other kinds waits or has just begun, and gives its place to one
+// that waits.
+enum class UrlPriority { Behind, Page, User };
+
+// What one read asks for beside its address. The limits hold beside those of all reads.
+struct ReadOptions {
+  UrlPriority priority = UrlPriority::Page;
+  std::chrono::milliseconds opening{0};   // until the connection stands; 0: no limit of its own
+  std::chrono::milliseconds deadline{0};  // in all; 0: that of UrlLimits
+  qint64 maxBody = 0;                     // unpacked bytes; 0: that of UrlLimits
+  bool firstPart = false;                 // of an answer whose parts replace each other, the first is the whole body
+};

@@ -63,11 +63,11 @@ void UrlNetwork::RenewCookies(const QUrl& url, const QList<QNetworkCookie>& rece
   if (cookies_) cookies_->Renew(url, received);
 }
 
-quint64 UrlNetwork::Begin(UrlReader* reader, const QString& key, const QUrl& url, UrlPriority priority) {
+quint64 UrlNetwork::Begin(UrlReader* reader, const QString& key, const QUrl& url, const ReadOptions& options) {
   const quint64 id = ++lastId_;
   askers_.insert(id, {reader, key});
   QMetaObject::invokeMethod(
-      worker_, [worker = worker_, id, url, priority]() { worker->Add(id, url, priority); }, Qt::QueuedConnection);
+      worker_, [worker = worker_, id, url, options]() { worker->Add(id, url, options); }, Qt::QueuedConnection);
   return id;
 }
 
@@ -128,6 +128,10 @@ void UrlNetwork::Raise(const UrlAnswer& answer) {
   if (!answer.floodingHost.isEmpty()) Q_EMIT HostFlooded(answer.floodingHost);
   const Asker asker = askers_.value(answer.id);
   if (!asker.reader) return;  // cancelled meanwhile
+  if (answer.kind == UrlAnswer::Kind::Begun) {
+    Q_EMIT asker.reader->Begun(asker.key);
+    return;
+  }
   if (answer.kind == UrlAnswer::Kind::Progress) {
     Q_EMIT asker.reader->Progress(asker.key, answer.max, answer.read);
     return;
@@ -149,8 +153,14 @@ UrlReader::~UrlReader() {
 }
 
 void UrlReader::Start(const QString& key, const QUrl& url, UrlPriority priority) {
+  ReadOptions options;
+  options.priority = priority;
+  StartWith(key, url, options);
+}
+
+void UrlReader::StartWith(const QString& key, const QUrl& url, const ReadOptions& options) {
   Cancel(key);
-  if (network_) pending_.insert(key, network_->Begin(this, key, url, priority));
+  if (network_) pending_.insert(key, network_->Begin(this, key, url, options));
 }
 
 void UrlReader::Cancel(const QString& key) {

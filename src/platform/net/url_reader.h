@@ -51,7 +51,7 @@ class UrlNetwork : public QObject {
     QString key;
   };
 
-  quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url, UrlPriority priority);
+  quint64 Begin(UrlReader* reader, const QString& key, const QUrl& url, const ReadOptions& options);
   void End(quint64 id);
   void PassCookies();
   void RenewCookies(const QUrl& url, const QList<QNetworkCookie>& received);
@@ -88,11 +88,14 @@ class UrlReader : public QObject {
   // Begins a read. A read that is pending under the same key is cancelled first and raises no signal. Never answers
   // before it returns.
   void Start(const QString& key, const QUrl& url, UrlPriority priority = UrlPriority::Page);
+  void StartWith(const QString& key, const QUrl& url, const ReadOptions& options);
   // Ends a read, which then raises no signal; a key that is not pending is ignored.
   void Cancel(const QString& key);
   bool IsPending(const QString& key) const;
 
  Q_SIGNALS:
+  // A read of UrlPriority::Behind has its place among the running ones; again, when it had to give that place away.
+  void Begun(const QString& key);
   // Bytes: max of the whole body, 0 where the server announced none or those of a packed body; read so far. Every 30 ms
   // at the most, and once just before Done.
   void Progress(const QString& key, qint64 max, qint64 read);

@@ -21,15 +21,14 @@ QByteArray Languages() {
   return name.startsWith("en") ? name + ",*" : name + ",en,*";
 }
 
-QByteArray RequestFor(const QUrl& url, const QByteArray& cookies) {
-  static const QByteArray fixed =
-      "Connection: Keep-Alive\r\nAccept-Encoding: gzip, deflate\r\nAccept-Language: " + Languages() +
-      "\r\nUser-Agent: Omni-Perch/6.50\r\nCache-Control: no-cache\r\nPragma: no-cache\r\n";
+QByteArray RequestFor(const QUrl& url, const QByteArray& cookies, bool isKeepAlive) {
+  static const QByteArray fixed = "\r\nAccept-Encoding: gzip, deflate\r\nAccept-Language: " + Languages() +
+                                  "\r\nUser-Agent: Omni-Perch/6.50\r\nCache-Control: no-cache\r\nPragma: no-cache\r\n";
   const QByteArray path = url.path(QUrl::FullyEncoded).toLatin1();
   QByteArray request = "GET " + (path.startsWith('/') ? path : '/' + path);
   if (url.hasQuery()) request += '?' + url.query(QUrl::FullyEncoded).toLatin1();
   request += " HTTP/1.1\r\nHost: " + url.adjusted(QUrl::RemoveUserInfo).authority(QUrl::FullyEncoded).toLatin1() +
-             "\r\n" + fixed;
+             "\r\nConnection: " + (isKeepAlive ? "Keep-Alive" : "close") + fixed;
   if (!url.userName().isEmpty()) {
     const QString who = url.userName(QUrl::FullyDecoded) + u':' + url.password(QUrl::FullyDecoded);
     request += "Authorization: Basic " + who.toUtf8().toBase64() + "\r\n";
@@ -40,13 +39,20 @@ QByteArray RequestFor(const QUrl& url, const QByteArray& cookies) {
 
 }  // namespace
 
-UrlTransfer::UrlTransfer(const Shared& shared, std::function<bool(qint64)> mayGrow, QObject* parent)
-    : QObject(parent), shared_(shared), mayGrow_(std::move(mayGrow)), stall_(this), deadline_(this) {
-  stall_.setSingleShot(true);
-  deadline_.setSingleShot(true);
+UrlTransfer::UrlTransfer(const Shared& shared, const ReadOptions& options, std::function<bool(qint64)> mayGrow,
+                         QObject* parent)
+    : QObject(parent),
+      shared_(shared),
+      options_(options),
+      mayGrow_(std::move(mayGrow)),
+      stall_(this),
+      opening_(this),
+      deadline_(this) {
+  for (QTimer* limit : {&stall_, &opening_, &deadline_}) limit->setSingleShot(true);
+  connect(&opening_, &QTimer::timeout, this, &UrlTransfer::Fail);
   connect(&stall_, &QTimer::timeout, this, &UrlTransfer::Fail);
   connect(&deadline_, &QTimer::timeout, this, &UrlTransfer::Fail);
-  deadline_.start(shared.limits.deadline);
+  deadline_.start(options.deadline.count() > 0 ? options.deadline : shared.limits.deadline);
 }
 
 UrlTransfer::~UrlTransfer() {
@@ -77,13 +83,15 @@ void UrlTransfer::Ask(const ConnectionPool::Taken& taken) {
   if (isUsed_) {
     SendRequest();
   } else {
+    if (options_.opening.count() > 0) opening_.start(options_.opening);
     connection_->Open();
   }
 }
 
 void UrlTransfer::SendRequest() {
+  opening_.stop();
   if (!connection_->LeadsIntoPrivate()) wasPublic_ = true;
-  connection_->Send(RequestFor(url_, shared_.cookies.HeaderFor(url_)));
+  connection_->Send(RequestFor(url_, shared_.cookies.HeaderFor(url_), KeepsConnection()));
 }
 
 void UrlTransfer::OnReadable() {
@@ -116,6 +124,7 @@ void UrlTransfer::Pump() {
     if (!(head_ ? TakeBody() : TakeHead())) return;
   }
   if (!connection_ || isPaused_ || !connection_->HasEnded()) return;
+  if (part_) return OnPart(part_->AtEnd(body_));
   if (reader_ && reader_->End() == HttpBody::State::Whole) return OnWhole();
   Fail();
 }
@@ -161,8 +170,11 @@ bool UrlTransfer::OnHead() {
   const qint64 announced = AnnouncedLength();
   if (head_->IsRedirect()) {
     Follow();
-  } else if (announced > shared_.limits.maxBody) {
-    FailAsFlood();
+  } else if (options_.firstPart && head_->IsStream()) {
+    part_ = std::make_unique<FirstPart>();
+    return true;
+  } else if (IsTooLong(announced)) {
+    return false;
   } else if (reader_->Now() == HttpBody::State::Whole) {
     OnWhole();
   } else {
@@ -170,6 +182,26 @@ bool UrlTransfer::OnHead() {
     return true;
   }
   return false;
+}
+
+// Fails the read if its body is longer than allowed. One that only this read does not allow is no flood.
+bool UrlTransfer::IsTooLong(qint64 bytes) {
+  if (bytes > shared_.limits.maxBody) {
+    FailAsFlood();
+  } else if (options_.maxBody > 0 && bytes > options_.maxBody) {
+    Fail();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// The stream goes on for ever: its connection is closed.
+void UrlTransfer::OnPart(const QByteArray& part) {
+  if (part.isEmpty()) return Fail();
+  shared_.budget.Give(body_.size() - part.size());
+  body_ = part;
+  OnWhole();
 }
 
 // False when the read has ended or stands still.
@@ -189,12 +221,17 @@ bool UrlTransfer::Step() {
   const qsizetype before = body_.size();
   used_ += reader_->Step(QByteArrayView(input_).sliced(used_), body_);
   shared_.budget.Take(body_.size() - before);
-  if (body_.size() > shared_.limits.maxBody) {
-    FailAsFlood();
+  if (part_ && part_->IsWhole(body_)) {
+    OnPart(part_->In(body_));
+  } else if (IsTooLong(body_.size())) {
+    return false;
   } else if (reader_->Now() == HttpBody::State::Broken) {
     Fail();
   } else if (reader_->Now() == HttpBody::State::Whole) {
-    OnWhole();
+    if (part_)
+      OnPart(part_->AtEnd(body_));
+    else
+      OnWhole();
   } else {
     return true;
   }
@@ -246,6 +283,7 @@ void UrlTransfer::Finish(bool isFlood) {
 void UrlTransfer::Stop() {
   isPaused_ = false;
   stall_.stop();
+  opening_.stop();
   deadline_.stop();
   DropConnection();
   ForgetBody();
@@ -267,7 +305,7 @@ void UrlTransfer::DropConnection() {
 void UrlTransfer::ReleaseConnection() {
   if (!connection_) return;
   const bool isAtEnd = reader_->Now() == HttpBody::State::Whole && used_ == input_.size();
-  if (!isAtEnd || !head_->isKeepAlive) return DropConnection();
+  if (!isAtEnd || !head_->isKeepAlive || !KeepsConnection()) return DropConnection();
   UrlConnection* connection = std::exchange(connection_, nullptr);
   connection->disconnect(this);
   shared_.pool.GiveBack(connection);

@@ -13,6 +13,7 @@
 #include "platform/net/body_budget.h"
 #include "platform/net/connection_pool.h"
 #include "platform/net/cookie_list.h"
+#include "platform/net/first_part.h"
 #include "platform/net/http_body.h"
 #include "platform/net/http_head.h"
 #include "platform/net/url_limits.h"
@@ -32,7 +33,8 @@ class UrlTransfer : public QObject {
 
   // mayGrow: called with the size of the body so far before more of it is taken. If it returns false, the read is
   // paused until Resume.
-  UrlTransfer(const Shared& shared, std::function<bool(qint64 size)> mayGrow, QObject* parent = nullptr);
+  UrlTransfer(const Shared& shared, const ReadOptions& options, std::function<bool(qint64 size)> mayGrow,
+              QObject* parent = nullptr);
   ~UrlTransfer() override;
 
   // Reads the first address, or the target that Moved has handed out. Never answers before it returns.
@@ -55,6 +57,9 @@ class UrlTransfer : public QObject {
 
  private:
   void Ask(const ConnectionPool::Taken& taken);
+  // Sites that are read one after the other, each once in minutes, would push the connections of the page out of the
+  // pool.
+  bool KeepsConnection() const { return options_.priority != UrlPriority::Behind; }
   void SendRequest();
   void OnReadable();
   void OnLost();
@@ -64,6 +69,8 @@ class UrlTransfer : public QObject {
   bool Step();
   void Pause();
   bool OnHead();
+  bool IsTooLong(qint64 bytes);
+  void OnPart(const QByteArray& part);
   void OnWhole();
   void Follow();
   void Fail() { Finish(false); }
@@ -76,6 +83,7 @@ class UrlTransfer : public QObject {
   qint64 AnnouncedLength() const;
 
   const Shared shared_;
+  const ReadOptions options_;
   const std::function<bool(qint64)> mayGrow_;
   QUrl url_;
   UrlConnection* connection_ = nullptr;
@@ -84,6 +92,7 @@ class UrlTransfer : public QObject {
   bool isPaused_ = false;
   bool wasPublic_ = false;                     // one of the servers so far was outside of the user's own network
   QTimer stall_;                               // runs out when no byte comes
+  QTimer opening_;                             // runs out when a connection takes too long to open
   QTimer deadline_;                            // runs out when the read takes too long in all
   std::chrono::milliseconds deadlineRest_{0};  // while paused
   QElapsedTimer sinceProgress_;
@@ -93,6 +102,7 @@ class UrlTransfer : public QObject {
   qsizetype headBytes_ = 0;  // of this head and the interim ones before it
   std::optional<HttpHead> head_;
   std::unique_ptr<HttpBody> reader_;
+  std::unique_ptr<FirstPart> part_;  // of a stream of which one part is wanted
   QByteArray body_;
   int redirects_ = 0;
 };

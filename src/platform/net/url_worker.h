@@ -7,7 +7,9 @@
 #include <QList>
 #include <QMap>
 #include <QObject>
+#include <QTimer>
 #include <QUrl>
+#include <chrono>
 #include <functional>
 
 #include "platform/net/address_rules.h"
@@ -33,7 +35,7 @@ class UrlWorker : public QObject {
   UrlWorker(const UrlLimits& limits, const AddressRules& rules, BodyBudget& budget, Callbacks callbacks);
   ~UrlWorker() override;
 
-  void Add(quint64 id, const QUrl& url, UrlPriority priority);
+  void Add(quint64 id, const QUrl& url, const ReadOptions& options);
   void Drop(quint64 id);
   void TakeCookies(const CookieList& cookies) { cookies_ = cookies; }
   // Lets paused reads go on, as bytes have been given back to the budget.
@@ -43,22 +45,28 @@ class UrlWorker : public QObject {
   // A read that has not begun, or waits for the server that it was redirected to.
   struct Waiting {
     quint64 id = 0;
-    QUrl url;
-    UrlPriority priority = UrlPriority::Page;
+    QUrl url;    // where it goes next
+    QUrl first;  // where it began
+    ReadOptions options;
     UrlTransfer* transfer = nullptr;  // of a redirected read; else null
   };
   // A read that has begun.
   struct Running {
     UrlTransfer* transfer = nullptr;
     QString host;
-    UrlPriority priority = UrlPriority::Page;
+    QUrl first;
+    ReadOptions options;
+    std::chrono::steady_clock::time_point begun{};
   };
 
   void Enqueue(const Waiting& read);
   void BeginWaiting();
-  bool MayBegin(const Waiting& read) const;
+  bool MayBegin(const Waiting& read);
+  bool MayBeginBehind() const;
+  bool PutOneBack();
   void BeginRead(const Waiting& read);
-  UrlTransfer* MakeTransfer(quint64 id);
+  UrlTransfer* MakeTransfer(quint64 id, const ReadOptions& options);
+  void EndTransfer(quint64 id);
   void Move(quint64 id, const QUrl& target);
   void Answer(const UrlAnswer& answer);
   bool MayGrow(quint64 id, qint64 size);
@@ -73,4 +81,6 @@ class UrlWorker : public QObject {
   QList<Waiting> waiting_;           // those of users first, each kind in the order of their coming
   QMap<quint64, Running> running_;   // the oldest first
   QHash<QString, int> readsByHost_;  // reads that run, by host
+  int readsBehind_ = 0;              // reads of UrlPriority::Behind that run
+  QTimer again_;                     // while such reads wait for the others to have had their time
 };
