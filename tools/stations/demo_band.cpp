@@ -150,6 +150,28 @@ void MakeParticular(int index, PictureRecipe& recipe, Station& station) {
   }
 }
 
+// The address of a station's cam, of which each kind is there: still pictures for most.
+QString CamOf(Station& station, int kind) {
+  const QString still = station.Base() + u"/cam.jpg"_s;
+  switch (kind % 9) {
+    case 1:
+      return station.Base() + u"/cam.mjpg"_s;
+    case 3:
+      station.Misbehave(u"cam.jpg"_s, Behaviour::WrongType);
+      return still;
+    case 4:
+      station.SetLatency(u"cam.jpg"_s, std::chrono::seconds(3));
+      return still;
+    case 6:
+      station.Misbehave(u"cam.jpg"_s, Behaviour::Stall);
+      return still;
+    case 7:
+      return QString(still).replace(u"http://"_s, u"http://shack:perch@"_s).replace(u"/cam"_s, u"/private/cam"_s);
+    default:
+      return still;
+  }
+}
+
 // Region r stands on page r + 1 as far as the layout has room; the rest fills the pages behind the last region.
 void GivePlaces(std::vector<DemoSite>& sites, const std::vector<int>& regionSizes) {
   for (std::size_t layout = 0; layout < kDemoLayouts; ++layout) {
@@ -199,7 +221,7 @@ void AddRegion(StationBand& band, Demo& demo, const QString& region, const std::
     site.call = station.Call();
     site.url = station.Url();
     site.region = region;
-    if (index % 6 == 2) site.camUrl = station.Base() + u"/cam.jpg"_s;
+    if (index % 3 == 2) site.camUrl = CamOf(station, index / 3);
     if (index == 21) site.lastSeen = now.addDays(-12);
     if (index == 50) site.url.prepend(u"NoDelete"_s);
     if (index == 76) {

@@ -31,7 +31,7 @@ QByteArray Configuration(const Demo& demo, const QDateTime& now) {
                 u"10.4"_s,
                 u"0"_s,  // own place, kilometres
                 u"0"_s,
-                u"0"_s,       // cams
+                u"1"_s,       // cams: all, every five minutes
                 demo.MyCall,  //
                 u"2"_s,
                 u"0"_s,

@@ -12,6 +12,9 @@ namespace {
 constexpr qsizetype kMaxHead = 32768;
 constexpr qint64 kFloodAhead = 262144;  // bytes in flight of an answer without end
 constexpr auto kDripEvery = 100ms;
+constexpr auto kPartEvery = 400ms;
+const QByteArray kStreamType = "multipart/x-mixed-replace; boundary=shackcam";
+const QByteArray kPartHead = "--shackcam\r\nContent-Type: image/jpeg\r\n";
 constexpr qint64 kMissing = 5000;  // bytes that a short body claims beyond what it sends
 
 QByteArray StatusLine(int status) {
@@ -24,6 +27,8 @@ QByteArray StatusLine(int status) {
       return "HTTP/1.1 303 See Other\r\n";
     case 400:
       return "HTTP/1.1 400 Bad Request\r\n";
+    case 401:
+      return "HTTP/1.1 401 Unauthorized\r\n";
     case 404:
       return "HTTP/1.1 404 Not Found\r\n";
     case 405:
@@ -111,6 +116,15 @@ void HttpConnection::Send(const Answer& answer, Behaviour behaviour) {
       socket_->write(StatusLine(answer.status));
       BeginFlood(QByteArray("X-Log: sent again and again\r\n").repeated(200));
       return;
+    case Behaviour::Stream:
+      BeginStream(answer);
+      return;
+    case Behaviour::StreamOpen:
+      keepAlive_ = false;
+      WriteHead({200, kStreamType, {}, {}}, -1);
+      socket_->write(kPartHead + "\r\n");
+      BeginFlood(QByteArray(4096, 'x'));
+      return;
     case Behaviour::Drip:
       BeginDrip(answer);
       return;
@@ -161,6 +175,17 @@ void HttpConnection::Flood() {
   while (socket_->state() == QAbstractSocket::ConnectedState && socket_->bytesToWrite() < kFloodAhead) {
     socket_->write(rest_);
   }
+}
+
+void HttpConnection::BeginStream(const Answer& answer) {
+  keepAlive_ = false;
+  WriteHead({200, kStreamType, {}, {}}, -1);
+  rest_ = kPartHead + "Content-Length: " + QByteArray::number(answer.body.size()) + "\r\n\r\n" + answer.body + "\r\n";
+  const auto sendPart = [this]() { socket_->write(rest_); };
+  sendPart();
+  auto* parts = new QTimer(this);
+  connect(parts, &QTimer::timeout, this, sendPart);
+  parts->start(kPartEvery);
 }
 
 void HttpConnection::BeginDrip(const Answer& answer) {

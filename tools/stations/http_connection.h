@@ -31,6 +31,7 @@ class HttpConnection : public QObject {
   void WritePart(const Answer& answer, qint64 claimed, qint64 sent);
   void BeginFlood(const QByteArray& bytes);
   void Flood();
+  void BeginStream(const Answer& answer);
   void BeginDrip(const Answer& answer);
   void DripByte();
   void Finish();

@@ -29,6 +29,8 @@ enum class Behaviour {
   Stall,           // takes the request and never answers
   StallMidBody,    // falls silent in the middle of the body
   Drip,            // a byte now and then
+  Stream,          // the picture again and again, as parts that replace each other
+  StreamOpen,      // a first such part that never ends
   Reset,           // the connection is reset
   Refuse,          // the connection is refused: holds for the whole host, whatever path is named
   RedirectLoop,    // to the same address, for ever

@@ -27,6 +27,8 @@ constexpr int kCamNumber = -200000;
 constexpr int kAhead = 0;
 constexpr int kAsked = 1;
 
+const QByteArray kCamPassword = "Basic " + QByteArray("shack:perch").toBase64();
+
 constexpr std::array kAllHosts{"Connectivity"_L1, "Author"_L1, "Time"_L1,    "OnAirCgi"_L1, "OnAirText"_L1, "eHam"_L1,
                                "QRZ"_L1,          "QRZCQ"_L1,  "Callook"_L1, "HamCall"_L1,  "Pictures"_L1,  "Maps"_L1};
 
@@ -74,6 +76,7 @@ Station::Station(const QString& call, const QHostAddress& address, quint16 port,
   recipe_.scene = u"testcard"_s;
   recipe_.type = PictureType::Jpeg;
   recipe_.size = QSize(320, 256);
+  Misbehave(u"cam.mjpg"_s, Behaviour::Stream);
   marker_ = QSize(2, kMarkerLow + static_cast<int>(recipe_.seed % (kMarkerHigh - kMarkerLow)));
 }
 
@@ -156,7 +159,9 @@ void Station::Handle(const Request& request, const Deliver& deliver) {
     WithPicture(newest_ - image + 1, kAsked, deliverFile);
   } else if (sent > 0) {
     WithPicture(kSentNumber - sent, kAsked, deliverFile);
-  } else if (path == "cam.jpg"_L1) {
+  } else if (path == "private/cam.jpg"_L1 && request.headers.value("authorization") != kCamPassword) {
+    deliver({401, "text/html", "<html><body>Who are you?</body></html>", {}});
+  } else if (path.endsWith("cam.jpg"_L1) || path == "cam.mjpg"_L1) {
     WithPicture(kCamNumber, kAsked, deliverFile);
   } else {
     deliver(NoSuchPage());

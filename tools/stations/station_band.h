@@ -14,7 +14,8 @@
 #include "band_pictures.h"
 #include "http_host.h"
 
-// One receiving station: image1 to image30 (the newest first), TX1.jpg to TX5.jpg, cam.jpg, latest.jpg
+// One receiving station: image1 to image30 (the newest first), TX1.jpg to TX5.jpg, cam.jpg, cam.mjpg
+// (the same as a stream without end), private/cam.jpg (for whoever gives a user name and a password), latest.jpg
 // (the newest again, for weather sites), and the marker checknew.jpg. Pictures are painted beside the event loop when
 // they are first asked for.
 class Station : public Host {
