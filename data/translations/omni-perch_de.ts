@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>auf dieser Seite</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>Kamera wird geprüft</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>Kamera antwortet</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>Kamera antwortet nicht</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>keine Kamera geprüft</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

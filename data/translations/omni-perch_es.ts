@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>en esta página</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>se está probando la cámara</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>la cámara responde</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>la cámara no responde</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>ninguna cámara probada</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>sur cette page</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>caméra en cours de test</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>la caméra répond</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>la caméra ne répond pas</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>aucune caméra testée</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>このページ</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>カメラを確認中</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>カメラ応答あり</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>カメラ応答なし</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>確認したカメラなし</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

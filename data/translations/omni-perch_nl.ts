@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>op deze pagina</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>camera wordt getest</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>camera antwoordt</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>camera antwoordt niet</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>geen camera getest</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>na tej stronie</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>kamera jest sprawdzana</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>kamera odpowiada</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>kamera nie odpowiada</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>brak sprawdzonej kamery</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

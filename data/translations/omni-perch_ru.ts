@@ -9,6 +9,32 @@
     </message>
 </context>
 <context>
+    <name>CamModel</name>
+    <message>
+        <source>on this page</source>
+        <translation>на этой странице</translation>
+    </message>
+</context>
+<context>
+    <name>CamWords</name>
+    <message>
+        <source>cam is being tested</source>
+        <translation>камера проверяется</translation>
+    </message>
+    <message>
+        <source>cam answers</source>
+        <translation>камера отвечает</translation>
+    </message>
+    <message>
+        <source>cam does not answer</source>
+        <translation>камера не отвечает</translation>
+    </message>
+    <message>
+        <source>no cam tested</source>
+        <translation>камера не проверялась</translation>
+    </message>
+</context>
+<context>
     <name>CellGridView</name>
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>

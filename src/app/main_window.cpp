@@ -39,9 +39,10 @@ Form1::Form1(Services& services)
       picAll_(new PageView(program_, logic_.grid, this)),
       undoLine_(new UndoLine(this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)) {
-  windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, this);
+  windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, logic_.cams, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
+  cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -88,8 +89,6 @@ void Form1::RegisterCommands() {
   does(Command::SetThumbs, [](Form1& form, const MenuChoice& choice) { form.MnuThumbsClick(choice.index); });
   does(Command::SetWindowSize, [](Form1& form, const MenuChoice& choice) { form.MnuGuiClick(choice.index); });
   does(Command::SetLanguage, [](Form1& form, const MenuChoice& choice) { form.MnuLanguageClick(choice.index); });
-  does(Command::SetCamMode, [](Form1& form, const MenuChoice& choice) { form.MnuCamModeClick(choice.index); });
-  does(Command::SetCamView, [](Form1& form, const MenuChoice& choice) { form.MnuCamViewClick(choice.index); });
   does(Command::SetRefreshRate, [](Form1& form, const MenuChoice& choice) { form.MnuRateClick(choice.index); });
   does(Command::ReloadPicture, [](Form1& form, const MenuChoice&) { form.logic_.sites.ReloadSlot(); });
   does(Command::ReloadPage, [](Form1& form, const MenuChoice&) { form.ReloadPage(); });
@@ -124,14 +123,12 @@ bool Form1::Load(bool anotherRuns) {
   setFont(QApplication::font("QMenu"));
   pic_->setFont(font());
   ShowTexts();
-  pic_->lblCam->setVisible(program_.config.CamMode == 0);
   pic_->lblMap->hide();
-  // Opens a window that does not exist yet.
-  pic_->lblCam->setEnabled(false);
   if (const LoadStop stop = load_.ReadLists()) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;
   }
+  logic_.cams.ListsRead();
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
   ApplyPlacement();
@@ -263,6 +260,7 @@ void Form1::MnuPagesClick(int index) {
   menus_->CloseMenus();
   windows_->Close(WindowKind::History);
   logic_.poll.PageChange(page);
+  cams_->PageChanged();
 }
 
 void Form1::MnuAlphaClick(int index) {
@@ -278,24 +276,13 @@ void Form1::MnuThumbsClick(int index) {
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
   logic_.poll.LayoutChange();
+  cams_->PageChanged();
 }
 
 void Form1::MnuGuiClick(int index) {
   program_.config.GuiMode = index;
   RefreshCaptions();
   ApplyLayout();
-}
-
-void Form1::MnuCamModeClick(int index) {
-  Config& config = program_.config;
-  config.AutoPollCams = index == 3 ? 0 : 1;
-  if (index < 0 || index > 2) return;
-  config.CamMode = index;
-  pic_->lblCam->setVisible(index < 2);
-  if (index < 2) return;
-  program_.page.txtActive.clear();
-  program_.sites.lstCams.clear();
-  for (int slot = 0; slot < program_.page.ThumbCount; ++slot) logic_.grid.ShowCamLight(slot, CamLight::Hidden);
 }
 
 void Form1::MnuLanguageClick(int index) {
@@ -310,6 +297,7 @@ void Form1::MnuLanguageClick(int index) {
 
 void Form1::ShowTexts() {
   pic_->SetTexts(program_.language);
+  cams_->ShowLabel();
   menus_->BuildMenuTables();
   RefreshCaptions();
   ShowPageLabel();
@@ -365,6 +353,7 @@ void Form1::closeEvent(QCloseEvent* event) {
 void Form1::FirstClosingStep() {
   const auto sendClosed = [this]() { received_->SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
+  cams_->Stop();
   message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
   message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);
   QTimer::singleShot(services_.run.closingPause, this, &Form1::SecondClosingStep);

@@ -9,6 +9,7 @@
 
 #include "app/connectivity.h"
 #include "app/load_sequence.h"
+#include "app/main_cams.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
 #include "app/received_ok.h"
@@ -40,8 +41,6 @@ class Form1 : public QWidget {
   void MnuThumbsClick(int index);
   void MnuGuiClick(int index);
   void MnuLanguageClick(int index);
-  void MnuCamModeClick(int index);
-  void MnuCamViewClick(int index) { program_.config.CamView = index; }
   void MnuRateClick(int index) { logic_.poll.MnuRateClick(index); }
   void ReloadPage() { logic_.poll.ReloadPage(); }
 
@@ -101,6 +100,7 @@ class Form1 : public QWidget {
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;
+  MainCams* cams_ = nullptr;
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;

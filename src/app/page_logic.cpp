@@ -12,7 +12,9 @@ PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, 
       check(program, heights, grid, ucCkNew1, ucDnLoad),
       poll(program, grid, files, intake, ucCkNew1, ucDnLoad, clock),
       sites(program, grid, files, poll, ucCkNew1, ucDnLoad),
-      click(program, grid, poll) {
+      click(program, grid, poll),
+      ucCam(network, tool),
+      cams(program, grid, ucCam) {
   QObject::connect(&check, &NewImageCheck::Checked, &poll, &PollCycle::AfterCheck);
   // Unique, because a test makes several PageLogic over the same network and tool.
   QObject::connect(&network, &UrlNetwork::HostFlooded, &tool, &PictureTool::Suspect, Qt::UniqueConnection);

@@ -3,6 +3,8 @@
 // polls without a screen.
 #pragma once
 
+#include "cams/cam_reader.h"
+#include "cams/cam_round.h"
 #include "core/program.h"
 #include "display/page_click.h"
 #include "page/thumb_grid.h"
@@ -33,4 +35,6 @@ struct PageLogic {
   PollCycle poll;
   PageSites sites;
   PageClick click;
+  ucPollCam ucCam;
+  CamRound cams;
 };

@@ -24,15 +24,18 @@ const QList<Windows::Registration>& Windows::Registrations() {
       {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
       {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
       {WindowKind::Viewer, &Windows::MakeViewer},
+      {WindowKind::SiteIndex, &Windows::MakeSiteIndex},
+      {WindowKind::CamStatus, &Windows::MakeCamStatus},
   };
   return registrations;
 }
 
-Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, QWidget* mainWindow)
+Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, CamRound& cams, QWidget* mainWindow)
     : QObject(mainWindow),
       services_(services),
       menus_(menus),
       lstRxOk_(lstRxOk),
+      cams_(cams),
       mainWindow_(mainWindow),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
   RegisterOnAirCommands();
@@ -166,6 +169,18 @@ void Windows::LanguageLoaded() {
   lblOnAirNow_.clear();
 }
 
+BaseWindow* Windows::MakeSiteIndex() {
+  auto* window = new Form19(services_.program, cams_, siteIndexPlace_, mainWindow_);
+  connect(window, &BaseWindow::Closed, this, [this, window]() { siteIndexPlace_ = window->Place(); });
+  return window;
+}
+
+BaseWindow* Windows::MakeCamStatus() {
+  auto* window = new Form20(services_.program, cams_, mainWindow_);
+  connect(window, &Form20::CamWanted, this, &Windows::CamWanted);
+  return window;
+}
+
 void Windows::RegisterOnAirCommands() {
   Commands& commands = services_.commands;
   commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
@@ -214,6 +229,12 @@ void Windows::Show(WindowKind kind) {
   window.show();
   window.raise();
   window.activateWindow();
+}
+
+Form19& Windows::ShowSiteIndex() {
+  Close(WindowKind::SiteIndex);
+  Show(WindowKind::SiteIndex);
+  return static_cast<Form19&>(Get(WindowKind::SiteIndex));
 }
 
 void Windows::ShowPropagationMap() {

@@ -11,6 +11,8 @@
 
 #include "app/services.h"
 #include "callbook/lookup_window.h"
+#include "cams/cam_status_window.h"
+#include "cams/site_index_window.h"
 #include "display/last15_window.h"
 #include "display/viewer_window.h"
 #include "maps/map_location_window.h"
@@ -23,7 +25,18 @@
 #include "ui/menu_opener.h"
 
 // The kinds of windows, one for each class.
-enum class WindowKind { Lookup, History, LocationMap, OnAirNow, PropagationMap, OnAirMap, ReceivedOkMap, Viewer };
+enum class WindowKind {
+  Lookup,
+  History,
+  LocationMap,
+  OnAirNow,
+  PropagationMap,
+  OnAirMap,
+  ReceivedOkMap,
+  SiteIndex,
+  Viewer,
+  CamStatus
+};
 
 // All windows beside Form1.
 class Windows : public QObject {
@@ -31,7 +44,8 @@ class Windows : public QObject {
 
  public:
   // menus opens the menus of all windows. The windows stay above mainWindow. lstRxOk: what frmMapRxOk draws.
-  Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, QWidget* mainWindow);
+  // cams: whose lights Form19 and Form20 show.
+  Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, CamRound& cams, QWidget* mainWindow);
   // Deletes the windows that are still open, before the objects that they refer to.
   ~Windows() override;
 
@@ -56,6 +70,8 @@ class Windows : public QObject {
   // Shows the meant picture of a window in full size; the viewer steps among the others.
   void ShowViewer(const PictureList& pictures);
   void ShowPropagationMap();
+  // Opens the site index where it was when it was closed last; one that is open is closed first.
+  Form19& ShowSiteIndex();
 
   // A language has been read; before the windows show their texts in it.
   void LanguageLoaded();
@@ -76,6 +92,8 @@ class Windows : public QObject {
   void FilmFound(const SourcePicture& picture);
   // What lblOnAirNow says from now on.
   void OnAirCaptionChanged(const QString& caption);
+  // A cam of the window of all cams was pressed.
+  void CamWanted(const QString& call);
 
  private:
   struct Registration;
@@ -88,6 +106,8 @@ class Windows : public QObject {
   BaseWindow* MakeOnAirMap();
   BaseWindow* MakeReceivedOkMap();
   BaseWindow* MakeViewer();
+  BaseWindow* MakeSiteIndex();
+  BaseWindow* MakeCamStatus();
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
@@ -99,10 +119,12 @@ class Windows : public QObject {
   Services& services_;
   MenuOpener& menus_;
   const RxOkList& lstRxOk_;
+  CamRound& cams_;
   QWidget* mainWindow_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;
-  Background drawing_;      // smooths what the viewer shows, beside the disk's work
-  QString lblOnAirNow_;     // what it was last made to say in the present language
-  int PeriodMinutes_ = 60;  // of the propagation map; kept while it is closed
+  Background drawing_;             // smooths what the viewer shows, beside the disk's work
+  QString lblOnAirNow_;            // what it was last made to say in the present language
+  SiteIndexPlace siteIndexPlace_;  // of the site index; kept while it is closed
+  int PeriodMinutes_ = 60;         // of the propagation map; kept while it is closed
 };

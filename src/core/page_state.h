@@ -43,7 +43,8 @@ struct PageState {
   int AutoRefreshCounter = 0;  // minutes
   int WxRefreshCounter = 0;    // minutes
   int CamMinuteCount = 0;      // minutes until a cam round is due at 5; a count of 6 or more never gets there
-  QString txtActive;           // "START" lets the cams be polled
+  QString txtActive;           // "START" lets the cams be polled; then the calls of those that have answered
+  QString ActiveCamNames;      // "*" and the call of each cam that has answered
   QStringList List1;           // calls of the page: call, four blanks, slot + 1
 
   std::array<std::array<QString, 11>, 37> ThumbFields;  // slot, field

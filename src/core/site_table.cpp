@@ -273,6 +273,43 @@ void SiteTable::AddCams(const QStringList& calls) {
   std::sort(lstCams.begin(), lstCams.end(), ListBoxLess);
 }
 
+void SiteTable::ListCams(int page) {
+  QStringList calls;
+  for (int site = 0; site < Sites.size(); ++site) {
+    const bool isMeant = page == 0 || GetSiteSlot(site, page) > 0;
+    if (isMeant && !Sites.at(site).CamUrl.isEmpty() && !Sites.at(site).Call.isEmpty()) {
+      calls.append(Sites.at(site).Call);
+    }
+  }
+  lstCams.clear();
+  AddCams(calls);
+}
+
+// The first item that begins with the call, so a call without an item of its own can find that of a longer call which
+// begins like it. This is wanted.
+qsizetype SiteTable::FindCam(const QString& call) const {
+  if (call.isEmpty()) {
+    return -1;
+  }
+  const auto found = std::lower_bound(lstCams.cbegin(), lstCams.cend(), call, ListBoxLess);
+  return found != lstCams.cend() && found->startsWith(call, Qt::CaseInsensitive) ? found - lstCams.cbegin() : -1;
+}
+
+void SiteTable::SetCamMark(const QString& call, QChar mark) {
+  const qsizetype at = FindCam(call);
+  if (at < 0) {
+    return;
+  }
+  const QString item = call + u'*' + mark;
+  lstCams.removeAt(at);
+  lstCams.insert(std::lower_bound(lstCams.cbegin(), lstCams.cend(), item, ListBoxLess) - lstCams.cbegin(), item);
+}
+
+QChar SiteTable::CamMark(const QString& call) const {
+  const qsizetype at = FindCam(call);
+  return at < 0 ? QChar() : lstCams.at(at).back();
+}
+
 QString PlainUrl(const QString& url) {
   return QString(url).remove("NoDelete"_L1);
 }

@@ -64,8 +64,16 @@ class SiteTable {
   int FindCall(const QString& call) const;
   // Adds each call with "*Y" (not yet polled) to lstCams.
   void AddCams(const QStringList& calls);
+  // Empties lstCams and adds the sites that have a cam; with a page (1 to 20) only those that have a slot on it.
+  void ListCams(int page = 0);
+  // Writes a new state mark into the item of a call; nothing where no item is found.
+  void SetCamMark(const QString& call, QChar mark);
+  // State mark of a call's item: 'Y', 'G' or 'R'; null where no item is found.
+  QChar CamMark(const QString& call) const;
 
  private:
+  qsizetype FindCam(const QString& call) const;
+
   // Index by case-folded call, and the lstCalls that it was made from. The index is valid while the two lists share
   // their data.
   mutable QHash<QString, int> callIndex_;

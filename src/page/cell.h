@@ -14,8 +14,8 @@
 
 // State colour of Shape1.
 enum class CellColour { Window, OnAir, Stale };
-// Status light of a site's cam.
-enum class CamLight { Hidden, Yellow, Green, Red };
+// Status light of a site's cam. Yellow: it is being tested; gray: the site has none, or it is not tested.
+enum class CamLight { Hidden, Yellow, Green, Red, Gray };
 
 inline constexpr QColor kOnAirColour(242, 242, 214);
 inline constexpr QColor kStaleColour(255, 136, 136);

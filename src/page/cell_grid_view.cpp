@@ -47,6 +47,7 @@ void CellGridView::MakeCells() {
     auto* cell = new ThumbCell(static_cast<int>(cells_.size()), this);
     connect(cell, &ThumbCell::Pressed, this, &CellGridView::CellPressed);
     connect(cell, &ThumbCell::SenderPressed, this, &CellGridView::SenderPressed);
+    connect(cell, &ThumbCell::CamPressed, this, &CellGridView::CamPressed);
     connect(cell, &ThumbCell::MenuWanted, this, &CellGridView::MenuWanted);
     connect(cell, &ThumbCell::Hovered, this, &CellGridView::Hovered);
     connect(cell, &ThumbCell::HoverLeft, this, &CellGridView::HoverLeft);
@@ -101,6 +102,7 @@ void CellGridView::Place() {
   theme.font = font();
   theme.fontPixels = measures_.fontPixels * (measures_.nominalScale > 0 ? scale / measures_.nominalScale : 1);
   fontPixels_ = theme.fontPixels;
+  theme.camTip = texts_[TextLine::kCamTip];
   theme.connectingText = texts_[TextLine::kConnectingText];
   for (ThumbCell* cell : std::as_const(cells_)) {
     const QRectF inUnits = GridCellRect(Columns(), cell->Slot());

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "page/cam_light.h"
 #include "page/thumb_layout.h"
 
 namespace {
@@ -188,19 +189,7 @@ class CellBrush {
   }
 
   void CamDot() const {
-    if (cell_.imgCam == CamLight::Hidden) return;
-    const QColor colour = cell_.imgCam == CamLight::Green    ? QColor(40, 180, 70)
-                          : cell_.imgCam == CamLight::Yellow ? QColor(245, 200, 40)
-                                                             : QColor(225, 60, 50);
-    painter_.setRenderHint(QPainter::Antialiasing);
-    const QRectF light = Scaled(cell_part::kCam.adjusted(3, 3, -3, -3));
-    painter_.setPen(QPen(QColor(60, 60, 60), std::max(1.0, theme_.scale * 0.7)));
-    painter_.setBrush(colour);
-    painter_.drawEllipse(light);
-    painter_.setPen(Qt::NoPen);
-    painter_.setBrush(QColor(255, 255, 255, 150));
-    painter_.drawEllipse(QPointF(light.left() + light.width() * 0.36, light.top() + light.height() * 0.34),
-                         light.width() * 0.14, light.height() * 0.14);
+    PaintCamLight(painter_, Scaled(cell_part::kCam.adjusted(2.5, 2.5, -2.5, -2.5)), cell_.imgCam, kTagOutline);
   }
 
   QPainter& painter_;

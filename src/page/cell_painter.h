@@ -16,6 +16,7 @@ struct CellTheme {
   QFont font;              // face
   QPalette palette;
   QString connectingText;
+  QString camTip;  // of the cam light
   bool focused = false;
   bool hovered = false;
 };

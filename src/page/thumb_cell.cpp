@@ -5,7 +5,9 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
+#include <QToolTip>
 
+#include "page/cam_light.h"
 #include "page/thumb_layout.h"
 
 using namespace Qt::StringLiterals;
@@ -79,7 +81,7 @@ void ThumbCell::Describe() {
   if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2 << cell_.boxReason;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
-  details << sentTime_ << cell_.onAirTip << tipText_;
+  details << CamLightName(cell_.imgCam) << sentTime_ << cell_.onAirTip << tipText_;
   details.removeAll(QString());
   const QString description = details.join(u", "_s).simplified();
   if (accessibleName() != name) setAccessibleName(name);
@@ -123,6 +125,10 @@ void ThumbCell::paintEvent(QPaintEvent* event) {
 
 void ThumbCell::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
+  if (IsOnCam(event->position())) {
+    Q_EMIT CamPressed(slot_);
+    return;
+  }
   if (PartAt(event->position()) == TipPart::From && cell_.fromVisible && !cell_.lblFrom.isEmpty()) {
     Q_EMIT SenderPressed(slot_);
   } else {
@@ -143,6 +149,10 @@ void ThumbCell::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Space:
       Q_EMIT Pressed(slot_);
       return;
+    case Qt::Key_C:
+      if (cell_.imgCam == CamLight::Hidden || event->modifiers() != Qt::NoModifier) break;
+      Q_EMIT CamPressed(slot_);
+      return;
     case Qt::Key_Left:
     case Qt::Key_Right:
     case Qt::Key_Up:
@@ -152,8 +162,9 @@ void ThumbCell::keyPressEvent(QKeyEvent* event) {
       Q_EMIT Moved(slot_, static_cast<Qt::Key>(key));
       return;
     default:
-      QWidget::keyPressEvent(event);
+      break;
   }
+  QWidget::keyPressEvent(event);
 }
 
 void ThumbCell::contextMenuEvent(QContextMenuEvent* event) {
@@ -172,7 +183,12 @@ void ThumbCell::leaveEvent(QEvent* event) {
   update();
 }
 
+bool ThumbCell::IsOnCam(const QPointF& place) const {
+  return cell_.imgCam != CamLight::Hidden && cell_part::kCam.contains(place / theme_.scale);
+}
+
 std::optional<TipPart> ThumbCell::PartAt(const QPointF& place) const {
+  if (IsOnCam(place)) return std::nullopt;
   const QPointF units = place / theme_.scale;
   if (cell_.img.contains(units)) return TipPart::Picture;
   if (cell_part::kFrom.contains(units)) return TipPart::From;
@@ -211,6 +227,15 @@ void ThumbCell::resizeEvent(QResizeEvent* event) {
 // Qt repaints every widget of a window that becomes active or inactive if its two palettes differ in any colour; often
 // they do in a single one that a cell without focus does not use.
 bool ThumbCell::event(QEvent* event) {
+  if (event->type() == QEvent::ToolTip) {
+    const auto* help = static_cast<QHelpEvent*>(event);
+    if (IsOnCam(help->pos())) {
+      QToolTip::showText(help->globalPos(), theme_.camTip, this);
+    } else {
+      QToolTip::hideText();
+    }
+    return true;
+  }
   const bool activation = event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate;
   const auto same = [this](QPalette::ColorRole role) {
     return palette().color(QPalette::Active, role) == palette().color(QPalette::Inactive, role);

@@ -40,6 +40,8 @@ class ThumbCell : public QWidget {
   void Pressed(int slot);
   // A press on the caption that names the sender.
   void SenderPressed(int slot);
+  // A press on the light of the site's cam, or the key C.
+  void CamPressed(int slot);
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
   // The pointer has come to a part that has a tip, or left the last one.
   void Hovered(int slot, TipPart part);
@@ -67,6 +69,7 @@ class ThumbCell : public QWidget {
   void MakePixmap();
   void Describe();
   QString Age() const;
+  bool IsOnCam(const QPointF& place) const;
   std::optional<TipPart> PartAt(const QPointF& place) const;
 
   int slot_;

@@ -6,6 +6,7 @@
 
 #include "core/page_files.h"
 #include "core/picture_key.h"
+#include "page/cam_light.h"
 
 using namespace Qt::StringLiterals;
 
@@ -56,7 +57,8 @@ FilledSlot StoredPage::FillSlot(int slot, int site, const QString& call) {
     if (caption == StoredCaption::Read) intake_.ShowStored(page.CurrentPage, slot, site);
   }
   const SiteRec& record = program_.sites.Sites.at(site);
-  if (!record.CamUrl.isEmpty() && program_.config.CamMode < 2) grid_.ShowCamLight(slot, CamLight::Yellow);
+  if (!record.CamUrl.isEmpty() && program_.config.CamMode < 2)
+    grid_.ShowCamLight(slot, LightOfSite(program_, record.Call));
   return filled;
 }
 

@@ -31,7 +31,7 @@ QHash<QString, QString> TextsOf(const QWidget& window) {
 // told captions of the filter panels.
 bool IsOfNoLanguage(const QString& text) {
   static const QRegularExpression names(
-      u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|PEANUT|EPH?|FT[48]|JS8|JT|PSK|Select (bands|modes) to monitor|All ([Bb]ands|[Mm]odes)|meters|cm|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
+      u"^(eHam|QRZ|QRZCQ|UK|Callook|HamCall|PEANUT|EPH?|FT[48]|JS8|JT|PSK|Select (bands|modes) to monitor|All ([Bb]ands|[Mm]odes)|meters|cm|Cam sites status|active|ZZ[0-9A-Z/]+|Omni-Perch|\\W|\\d|com|info|net)*$"_s);
   return names.match(text).hasMatch();
 }
 
