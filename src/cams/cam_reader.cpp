@@ -62,7 +62,7 @@ void ucPollCam::HandOut() {
     options.firstPart = true;
     reader_.StartWith(key, QUrl(read.url.trimmed()), options);
   }
-  if (waiting_.isEmpty()) {
+  if (handed_ == 0) {
     silence_.stop();
   } else if (!silence_.isActive()) {
     silence_.start();
@@ -79,10 +79,16 @@ QString ucPollCam::TakeNext() {
 // turn.
 void ucPollCam::PutSilentLast() {
   QList<QString> silent;
+  bool othersWait = !waiting_.isEmpty();
   for (const auto& [key, read] : inFlight_) {
-    if (read.at != Read::At::Handed || read.isPatient || read.isHeard || !read.running.isValid()) continue;
-    if (std::chrono::milliseconds(read.running.elapsed()) >= limits_.silence) silent.append(key);
+    if (read.at != Read::At::Handed || read.isPatient) continue;
+    if (!read.running.isValid()) {
+      othersWait = true;
+    } else if (!read.isHeard && std::chrono::milliseconds(read.running.elapsed()) >= limits_.silence) {
+      silent.append(key);
+    }
   }
+  if (!othersWait) return;
   for (const QString& key : std::as_const(silent)) {
     reader_.Cancel(key);
     --handed_;

@@ -1,12 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The parts of reading an HTTP answer that need no network: heads, bodies, and which addresses are private.
 #include "platform/net/address_rules.h"
+#include "platform/net/first_part.h"
 #include "platform/net/http_body.h"
 #include "test_suite.h"
 
 namespace {
 
 const QByteArray kHead = "HTTP/1.1 200 OK\r\n";
+
+// The first part of a stream that comes in pieces of that many bytes; "none" where its end is not reached.
+QByteArray PartOf(const QByteArray& bytes, qsizetype piece, bool isClosed) {
+  FirstPart part;
+  for (qsizetype size = 0; size < bytes.size(); size += piece) {
+    const QByteArrayView seen = QByteArrayView(bytes).first(std::min(size + piece, bytes.size()));
+    if (part.IsWhole(seen)) return part.In(seen);
+  }
+  const QByteArray rest = isClosed ? part.AtEnd(bytes) : QByteArray();
+  return rest.isEmpty() ? "none"_ba : rest;
+}
 
 // The body, or "broken" or "more". Given in pieces of that many bytes, the connection's end behind them.
 QByteArray BodyOf(const HttpHead& head, const QByteArray& bytes, qsizetype piece, bool isClosed) {
@@ -31,6 +43,24 @@ class TestHttpValues : public QObject {
   Q_OBJECT
 
  private Q_SLOTS:
+  // The first part ends with its announced length, with the next delimiter, or with the connection.
+  void FirstParts() {
+    const auto check = [](const char* name, const QByteArray& stream, const QByteArray& part, bool isClosed = false) {
+      const TableRow row(name);
+      for (const qsizetype piece : {1, 2, 7, 100000}) QCOMPARE(PartOf(stream, piece, isClosed), part);
+    };
+    const QByteArray head = "--b\r\nContent-Type: image/jpeg\r\n";
+    check("told length", head + "content-length: 4\r\n\r\nabcd", "abcd");
+    check("no length", head + "\r\nab\r\n--\r\ncd\r\n--b\r\n", "ab\r\n--\r\ncd");
+    check("bare line ends and a preamble", "hello\n\n--b c\nX: y\n\nab\n--b c--", "ab");
+    check("a length that is too large", head + "Content-Length: 900\r\n\r\nabcd\r\n--b", "abcd");
+    check("the connection ends", head + "\r\nabcd", "abcd", true);
+    check("it ends too early", head + "Content-Length: 9\r\n\r\nabcd", "none", true);
+    check("no end", head + "\r\n" + QByteArray("ab\n--").repeated(500), "none");
+    check("no delimiter", QByteArray("GIF89a").repeated(500) + '\n', "none", true);
+    check("an empty part", head + "\r\n--b\r\n", "");
+  }
+
   // reading: status, keep-alive, length or chunked, location; empty for bytes that are no head.
   void Heads() {
     const auto check = [](const QByteArray& head, const QByteArray& reading) {

@@ -82,6 +82,27 @@ class TestUrlBudget : public QObject {
     QVERIFY(reader.IsPending(u"page"_s));
   }
 
+  // Reads behind the page's give their places to these, and wait until these have had their time.
+  void BehindThePage() {
+    const Servers behind = Hosts(20, {{}, {}, Then::Stall});
+    const Servers page = Hosts(60, {{}, {}, Then::Stall});
+    const auto heard = [](const Servers& servers) { return SumOf(servers, &RudeServer::requests); };
+    UrlNetwork network({.stall = 30s});
+    HeardReader reader(network);
+    const auto start = [&](const Servers& servers, size_t i, UrlPriority priority) {
+      reader.Start(servers[i]->Url(u"/x"_s).host(), servers[i]->Url(u"/x"_s), priority);
+    };
+    for (size_t i = 0; i < 20; ++i) start(behind, i, UrlPriority::Behind);
+    QTRY_COMPARE_WITH_TIMEOUT(heard(behind), 12, kPatienceMs);
+    for (size_t i = 20; i < 60; ++i) start(page, i, UrlPriority::Page);
+    QTRY_COMPARE_WITH_TIMEOUT(heard(page), 22, kPatienceMs);
+    QTRY_COMPARE_WITH_TIMEOUT(SumOf(behind, &RudeServer::open), 0, kPatienceMs);
+    for (size_t i = 30; i < 60; ++i) reader.Cancel(page[i]->Url(u"/x"_s).host());
+    // The page's reads are silent still, but have become old.
+    QTRY_COMPARE_WITH_TIMEOUT(heard(behind), 24, kPatienceMs);
+    QCOMPARE(heard(page), 22);
+  }
+
   // Beyond forty the oldest are closed, and each after its time without a read.
   void SocketsAreClosed() {
     const Servers kept = Hosts(120, {"HTTP/1.1 200 OK\r\nContent-Length: 1\r\n", "x", Then::Keep});
