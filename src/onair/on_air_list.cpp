@@ -14,8 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kLongestCell = 100;  // characters of a stranger's text in a cell
-constexpr int kRestSeconds = 2;
+constexpr qsizetype kLongestCell = 100;   // characters of a stranger's text in a cell
 constexpr qsizetype kMostKnown = 50'000;  // calls that strangers have sent
 constexpr auto kPeanut = "PEANUT"_L1;
 constexpr auto kPeanutCode = "123"_L1;  // stands for it among the numbers
@@ -107,14 +106,7 @@ void SortBy(QList<OnAirEntry>& entries, bool descending, const Value& valueOf, c
 }  // namespace
 
 void OnAirPlaces::Begin(const OnAirSight& sight) {
-  const QFileInfo file(sight.appDataDir + u"/Omni-Perch-DB.db"_s);
-  const QDateTime changed = file.lastModified();
-  // A file that has just been written may be written again in the same tick of its clock.
-  const bool rested = changed.isValid() && changed.addSecs(kRestSeconds) < QDateTime::currentDateTime();
-  const bool same = rested && changed == changed_ && file.size() == size_ && sight == sight_;
-  if (!same || known_.size() > kMostKnown) known_.clear();
-  changed_ = rested ? changed : QDateTime();
-  size_ = file.size();
+  if (stamp_.HasChanged(sight.appDataDir) || sight != sight_ || known_.size() > kMostKnown) known_.clear();
   sight_ = sight;
 }
 

@@ -3,13 +3,13 @@
 // database, the order. Plain functions, run beside the event loop by the sessions of On Air Now and of the on-air map.
 #pragma once
 
-#include <QDateTime>
 #include <QHash>
 #include <QList>
 #include <optional>
 
 #include "callbook/call_database.h"
 #include "onair/check_boxes.h"
+#include "onair/database_stamp.h"
 #include "onair/on_air_row.h"
 
 // One station as a row of gridOnAir, and as a point of the map.
@@ -61,8 +61,7 @@ class OnAirPlaces {
  private:
   CallDatabase database_;
   OnAirSight sight_;
-  QDateTime changed_;  // the file that known_ was found in; invalid: it may change without a trace
-  qint64 size_ = 0;
+  DatabaseStamp stamp_;
   QHash<QString, OnAirPlace> known_;
 };
 

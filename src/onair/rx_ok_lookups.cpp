@@ -36,6 +36,10 @@ RxOkPlace RxOkLookups::PlaceOf(const QString& call) {
   return {};
 }
 
+void RxOkLookups::ReadDatabaseAgain() {
+  if (stamp_.HasChanged(deps_.program.AppDataDir)) notInDatabase_.clear();
+}
+
 void RxOkLookups::Ask(const QStringList& calls) {
   waiting_.clear();
   for (const QString& call : calls) {

@@ -12,6 +12,7 @@
 #include "callbook/call_database.h"
 #include "callbook/look_up.h"
 #include "core/program.h"
+#include "onair/database_stamp.h"
 #include "platform/background.h"
 #include "platform/picture/picture_tool.h"
 
@@ -46,8 +47,9 @@ class RxOkLookups : public QObject {
 
   // The known place of a call; unknown until the service has answered.
   RxOkPlace PlaceOf(const QString& call);
-  // The database may have learned of calls that it did not have.
-  void ReadDatabaseAgain() { notInDatabase_.clear(); }
+  // The database may have learned of calls that it did not have. Where its file is the same, none of a thousand calls
+  // is looked up for nothing.
+  void ReadDatabaseAgain();
   // The calls that are to be asked for, in this order, two at a time. Calls that were asked before are not asked again;
   // those that wait and are no longer among them are dropped.
   void Ask(const QStringList& calls);
@@ -80,6 +82,7 @@ class RxOkLookups : public QObject {
   const Dependencies deps_;
   QHash<QString, RxOkPlace> places_;
   QSet<QString> notInDatabase_;
+  DatabaseStamp stamp_;  // of the file that lacks them
   QSet<QString> asked_;
   QStringList waiting_;
   // One for each call that is being asked for: a control reads its fields from the page that came last, and takes a

@@ -198,9 +198,11 @@ class TestOnAirNow : public QObject {
     QTRY_VERIFY(first == nullptr);
     // A message that comes in the turn in which another ends is not taken away with it.
     frmMsgBoxTimed::ShowMsg(f.window, u"one"_s, 10s);
-    QTest::mouseClick(f.window->findChild<frmMsgBoxTimed*>(), Qt::LeftButton);
+    first = f.window->findChild<frmMsgBoxTimed*>();
+    QTest::mouseClick(first, Qt::LeftButton);
     frmMsgBoxTimed::ShowMsg(f.window, u"two"_s, 10s);
-    QTRY_COMPARE(f.window->findChildren<frmMsgBoxTimed*>().size(), 1);
+    QTRY_VERIFY(first == nullptr);
+    QCOMPARE(f.window->findChildren<frmMsgBoxTimed*>().size(), 1);
     QCOMPARE(f.window->findChild<frmMsgBoxTimed*>()->accessibleName(), u"two"_s);
   }
 };

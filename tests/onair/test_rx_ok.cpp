@@ -201,6 +201,11 @@ class TestRxOk : public QObject {
     }
     f.Station(u"ZZ9DB"_s, u"48.5"_s, u"2"_s);
     QCOMPARE(f.lookUps.PlaceOf(u"ZZ9DB"_s).lat, 48.5);
+    QCOMPARE(f.lookUps.PlaceOf(u"ZZ8DB"_s).lat, 0.0);
+    f.Station(u"ZZ8DB"_s, u"47.5"_s, u"2"_s);
+    QCOMPARE(f.lookUps.PlaceOf(u"ZZ8DB"_s).lat, 0.0);
+    f.lookUps.ReadDatabaseAgain();
+    QCOMPARE(f.lookUps.PlaceOf(u"ZZ8DB"_s).lat, 47.5);
     QSignalSpy found(&f.lookUps, &RxOkLookups::Found);
     f.EHam().SetLatency(std::chrono::milliseconds(150));
     f.lookUps.Ask(calls);
