@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>Imagen</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>Comparación</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>No se puede mostrar esta imagen.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -205,6 +220,10 @@
     <message>
         <source>stale</source>
         <translation>anticuada</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>marcada para comparar</translation>
     </message>
 </context>
 <context>

@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>Image</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>Comparaison</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>Cette image ne peut pas être affichée.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -205,6 +220,10 @@
     <message>
         <source>stale</source>
         <translation>périmée</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>marquée pour la comparaison</translation>
     </message>
 </context>
 <context>

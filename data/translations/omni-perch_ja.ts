@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>画像</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>比較</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>この画像は表示できません。</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -203,6 +218,10 @@
     <message>
         <source>stale</source>
         <translation>古い画像</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>比較用に選択済み</translation>
     </message>
 </context>
 <context>

@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>Beeld</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>Vergelijking</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>Dit beeld kan niet worden getoond.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -205,6 +220,10 @@
     <message>
         <source>stale</source>
         <translation>verouderd</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>gemarkeerd om te vergelijken</translation>
     </message>
 </context>
 <context>

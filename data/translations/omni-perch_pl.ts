@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>Obraz</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>Porównanie</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>Nie można pokazać tego obrazu.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -207,6 +222,10 @@
     <message>
         <source>stale</source>
         <translation>nieaktualne</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>zaznaczony do porównania</translation>
     </message>
 </context>
 <context>

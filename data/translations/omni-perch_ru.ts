@@ -42,6 +42,21 @@
     </message>
 </context>
 <context>
+    <name>CompareWindow</name>
+    <message>
+        <source>Picture</source>
+        <translation>Изображение</translation>
+    </message>
+    <message>
+        <source>Comparison</source>
+        <translation>Сравнение</translation>
+    </message>
+    <message>
+        <source>This picture cannot be shown.</source>
+        <translation>Это изображение нельзя показать.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -207,6 +222,10 @@
     <message>
         <source>stale</source>
         <translation>устарело</translation>
+    </message>
+    <message>
+        <source>marked for comparison</source>
+        <translation>отмечено для сравнения</translation>
     </message>
 </context>
 <context>

@@ -59,6 +59,8 @@ void Form1::ConnectSignals() {
   connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(picAll_, &PageView::CellPressed, &logic_.click, &PageClick::Press);
+  connect(picAll_, &PageView::MarkPressed, &logic_.click, &PageClick::Mark);
+  connect(&logic_.click, &PageClick::ComparisonWanted, windows_.get(), &Windows::ShowComparison);
   connect(&logic_.click, &PageClick::ViewerWanted, windows_.get(), &Windows::ShowViewer);
   connect(windows_.get(), &Windows::HistoryPictureWanted, &logic_.poll, &PollCycle::Rest);
   connect(windows_.get(), &Windows::FilmFound, &logic_.click, &PageClick::MarkFilm);
@@ -325,6 +327,7 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   // In a text box the same keys undo the typing.
   const bool typing = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
   if (event->matches(QKeySequence::Undo) && !typing) return logic_.sites.Undo();
+  if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier && logic_.click.Compare()) return;
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   QWidget::keyPressEvent(event);
 }

@@ -26,6 +26,7 @@ const QList<Windows::Registration>& Windows::Registrations() {
       {WindowKind::Viewer, &Windows::MakeViewer},
       {WindowKind::SiteIndex, &Windows::MakeSiteIndex},
       {WindowKind::CamStatus, &Windows::MakeCamStatus},
+      {WindowKind::Comparison, &Windows::MakeComparison},
   };
   return registrations;
 }
@@ -181,6 +182,11 @@ BaseWindow* Windows::MakeCamStatus() {
   return window;
 }
 
+BaseWindow* Windows::MakeComparison() {
+  Services& s = services_;
+  return new CompareWindow({{s.tool, s.background}, drawing_, s.program}, mainWindow_);
+}
+
 void Windows::RegisterOnAirCommands() {
   Commands& commands = services_.commands;
   commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
@@ -261,6 +267,11 @@ void Windows::ShowReceivedOkMap() {
 
 void Windows::ShowViewer(const PictureList& pictures) {
   static_cast<Form2&>(Get(WindowKind::Viewer)).Open(pictures);
+}
+
+void Windows::ShowComparison(const PictureList& pair) {
+  LowerViewer();
+  static_cast<CompareWindow&>(Get(WindowKind::Comparison)).Open(pair);
 }
 
 void Windows::LowerViewer() {

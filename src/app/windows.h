@@ -13,6 +13,7 @@
 #include "callbook/lookup_window.h"
 #include "cams/cam_status_window.h"
 #include "cams/site_index_window.h"
+#include "display/compare_window.h"
 #include "display/last15_window.h"
 #include "display/viewer_window.h"
 #include "maps/map_location_window.h"
@@ -35,7 +36,8 @@ enum class WindowKind {
   ReceivedOkMap,
   SiteIndex,
   Viewer,
-  CamStatus
+  CamStatus,
+  Comparison
 };
 
 // All windows beside Form1.
@@ -69,6 +71,8 @@ class Windows : public QObject {
   void Close(WindowKind kind);
   // Shows the meant picture of a window in full size; the viewer steps among the others.
   void ShowViewer(const PictureList& pictures);
+  // Shows two pictures side by side.
+  void ShowComparison(const PictureList& pair);
   void ShowPropagationMap();
   // Opens the site index where it was when it was closed last; one that is open is closed first.
   Form19& ShowSiteIndex();
@@ -108,6 +112,7 @@ class Windows : public QObject {
   BaseWindow* MakeViewer();
   BaseWindow* MakeSiteIndex();
   BaseWindow* MakeCamStatus();
+  BaseWindow* MakeComparison();
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();

@@ -59,6 +59,22 @@ void PageClick::Press(int slot) {
   Q_EMIT ViewerWanted(Pictures(slot));
 }
 
+void PageClick::Mark(int slot) {
+  if (Opens(slot)) grid_.ToggleMark(slot);
+}
+
+bool PageClick::Compare() {
+  PictureList pair;
+  for (const int slot : grid_.Marked()) {
+    // A mark stays while its picture is replaced, even by an error box.
+    if (Opens(slot)) pair.pictures.append(PictureOf(slot));
+  }
+  if (pair.pictures.size() != 2) return false;
+  poll_.Rest();
+  Q_EMIT ComparisonWanted(pair);
+  return true;
+}
+
 void PageClick::MarkFilm(const SourcePicture& picture) {
   const int slot = picture.source.slot;
   if (picture.source.window != PictureSource::Window::Page || !Opens(slot)) return;

@@ -24,12 +24,17 @@ class PageClick : public QObject {
   PictureList Pictures(int slot) const;
   // True if the cell has a picture that a click may open.
   bool Opens(int slot) const;
+  // Ctrl and the left button or Space: marks a picture for the comparison.
+  void Mark(int slot);
+  // Asks for the comparison of the two marked pictures; false where there are no two.
+  bool Compare();
   // A picture of the page has turned out to be a film: shows the mark of a film over its cell, unless another page or
   // another picture is there by now.
   void MarkFilm(const SourcePicture& picture);
 
  Q_SIGNALS:
   void ViewerWanted(const PictureList& pictures);
+  void ComparisonWanted(const PictureList& pair);
 
  private:
   Program& program_;

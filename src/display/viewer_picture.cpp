@@ -7,6 +7,7 @@
 
 #include "platform/picture/file_type.h"
 #include "platform/picture/picture_protocol.h"
+#include "station/callsign.h"
 
 using namespace Qt::StringLiterals;
 
@@ -31,6 +32,19 @@ QByteArray BytesOf(const QString& name) {
 }
 
 }  // namespace
+
+QStringList DetailsOf(const Program& program, const SourcePicture& picture, QSize size) {
+  const auto shown = [&program](const QString& call) { return ShownCall(call, program.ZeroGlyph); };
+  QStringList details{shown(picture.site)};
+  if (!picture.sender.isEmpty() && picture.sender != "Not found"_L1) {
+    details.append(program.language[TextLine::kFromWord].trimmed() + u' ' + shown(picture.sender));
+  }
+  details.append(picture.mode.trimmed());
+  if (!picture.sentTime.isEmpty()) details.append(picture.sentTime.trimmed() + u" UTC"_s);
+  if (!size.isEmpty()) details.append(u"%1 × %2"_s.arg(size.width()).arg(size.height()));
+  details.removeAll(QString());
+  return details;
+}
 
 ViewerPicture::ViewerPicture(const Dependencies& services, QObject* parent) : QObject(parent), services_(services) {}
 

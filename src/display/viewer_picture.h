@@ -9,11 +9,15 @@
 #include <QSize>
 #include <QString>
 
+#include "core/program.h"
 #include "display/picture_scales.h"
 #include "display/picture_source.h"
 #include "platform/background.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/wanted.h"
+
+// What is said of a picture: site, sender, mode, time, and its size where it is known; none of them empty.
+QStringList DetailsOf(const Program& program, const SourcePicture& picture, QSize size);
 
 // One picture at a time. What it shows stays until another has been decoded.
 class ViewerPicture : public QObject {

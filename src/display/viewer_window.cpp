@@ -8,7 +8,6 @@
 #include <QWindow>
 
 #include "page/still_pictures.h"
-#include "station/callsign.h"
 #include "ui/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -32,6 +31,7 @@ Form2::Form2(const Dependencies& services, QWidget* mainWindow)
       program_(services.program),
       menus_(services.menus),
       picture_(services.picture),
+      zoom_(this),
       AniGIF(new PictureCanvas(zoom_, services.drawing, this)),
       lblInfo(new QLabel(AniGIF)) {
   setObjectName(u"Form2"_s);
@@ -186,16 +186,7 @@ QString Form2::NoteText() const {
 }
 
 QString Form2::Details() const {
-  QStringList details{ShownCall(source_.site, program_.ZeroGlyph)};
-  if (!source_.sender.isEmpty() && source_.sender != "Not found"_L1) {
-    details.append(program_.language[TextLine::kFromWord].trimmed() + u' ' +
-                   ShownCall(source_.sender, program_.ZeroGlyph));
-  }
-  details.append(source_.mode);
-  if (!source_.sentTime.isEmpty()) details.append(source_.sentTime + u" UTC"_s);
-  if (!size_.isEmpty()) details.append(u"%1 × %2"_s.arg(size_.width()).arg(size_.height()));
-  details.removeAll(QString());
-  return details.join(u"   "_s);
+  return DetailsOf(program_, source_, size_).join(u"   "_s);
 }
 
 void Form2::ShowTexts() {
@@ -206,7 +197,7 @@ void Form2::ShowTexts() {
   AniGIF->setAccessibleName(name);
   AniGIF->setAccessibleDescription(NoteText());
   AniGIF->SetNote(NoteText());
-  lblInfo->setText(details.split(u"   "_s).join(u'\n'));
+  lblInfo->setText(DetailsOf(program_, source_, size_).join(u'\n'));
   lblInfo->setAccessibleName(lblInfo->text());
   lblInfo->adjustSize();
 }

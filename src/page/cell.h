@@ -22,6 +22,7 @@ inline constexpr QColor kStaleColour(255, 136, 136);
 inline constexpr QColor kConnectColour(150, 180, 255);
 inline constexpr QColor kFlashColour(0, 0, 255);
 inline constexpr QColor kErrorColour(50, 50, 50);
+inline constexpr QColor kCompareColour(255, 165, 0);
 
 // A line of the error box: a text of the language file, by its role, and `rest`, which follows it in every language.
 struct BoxLine {
@@ -58,6 +59,7 @@ struct Cell {
   QString lblDisk;          // the site's call with plain zeros (Tag of lblDisk)
   bool reloadMark = false;  // Tag of img: "1" after a forced reload, else "0"
   CamLight imgCam = CamLight::Hidden;
+  int compareMark = 0;  // marked for the comparison; the higher, the later; 0: not marked
 
   // The picture, or the error box in its place.
   QRectF img;                  // frame of the picture within the cell

@@ -46,6 +46,7 @@ void CellGridView::MakeCells() {
   while (cells_.size() < count) {
     auto* cell = new ThumbCell(static_cast<int>(cells_.size()), this);
     connect(cell, &ThumbCell::Pressed, this, &CellGridView::CellPressed);
+    connect(cell, &ThumbCell::MarkPressed, this, &CellGridView::MarkPressed);
     connect(cell, &ThumbCell::SenderPressed, this, &CellGridView::SenderPressed);
     connect(cell, &ThumbCell::CamPressed, this, &CellGridView::CamPressed);
     connect(cell, &ThumbCell::MenuWanted, this, &CellGridView::MenuWanted);

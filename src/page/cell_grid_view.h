@@ -44,6 +44,8 @@ class CellGridView : public QWidget {
 
  Q_SIGNALS:
   void CellPressed(int slot);
+  // Ctrl and a press, or Ctrl and Space: the cell's picture is to be compared with another one.
+  void MarkPressed(int slot);
   void SenderPressed(int slot);
   // The light of the site's cam was pressed.
   void CamPressed(int slot);

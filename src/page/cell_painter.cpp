@@ -105,6 +105,20 @@ class CellBrush {
     CamDot();
   }
 
+  // Two panes side by side in the picture's corner, and a frame: told apart from the focus without any colour.
+  void CompareMark() const {
+    if (cell_.compareMark == 0) return;
+    painter_.setRenderHint(QPainter::Antialiasing);
+    const double line = std::max(2.0, theme_.scale * 2);
+    painter_.setPen(QPen(kCompareColour, line));
+    painter_.setBrush(Qt::NoBrush);
+    painter_.drawRect(Whole().adjusted(line, line, -line, -line));
+    painter_.setPen(QPen(Qt::black, std::max(1.0, theme_.scale * 0.7)));
+    painter_.setBrush(kCompareColour);
+    painter_.drawRect(Scaled(QRectF(6, 6, 8, 13)));
+    painter_.drawRect(Scaled(QRectF(16, 6, 8, 13)));
+  }
+
   void Focus() const {
     if (!theme_.focused && !theme_.hovered) return;
     painter_.setRenderHint(QPainter::Antialiasing);
@@ -222,5 +236,6 @@ void PaintCell(QPainter& painter, const Cell& cell, const CellTheme& theme, cons
   brush.Background();
   brush.Picture(picture);
   brush.Captions();
+  brush.CompareMark();
   brush.Focus();
 }

@@ -263,6 +263,28 @@ void PictureCells::ShowBox(int slot, const BoxLines& box) {
   cell->box = box;
 }
 
+QList<int> PictureCells::Marked() const {
+  QList<int> found;
+  for (int slot = 0; slot < cells_.size(); ++slot) {
+    if (cells_.at(slot).compareMark != 0) found.append(slot);
+  }
+  std::sort(found.begin(), found.end(),
+            [this](int one, int other) { return cells_.at(one).compareMark < cells_.at(other).compareMark; });
+  return found;
+}
+
+void PictureCells::ToggleMark(int slot) {
+  if (!HasSlot(slot)) return;
+  const QList<int> marked = Marked();
+  const Edit cell(*this, slot);
+  if (cell->compareMark != 0) {
+    cell->compareMark = 0;
+    return;
+  }
+  cell->compareMark = marked.isEmpty() ? 1 : cells_.at(marked.last()).compareMark + 1;
+  if (marked.size() > 1) Edit(*this, marked.first())->compareMark = 0;
+}
+
 void PictureCells::Flash(int slot) {
   if (!HasSlot(slot)) return;
   if (HasSlot(flashSlot_) && flashSlot_ != slot) Edit(*this, flashSlot_)->flash = false;

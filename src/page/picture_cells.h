@@ -84,6 +84,10 @@ class PictureCells : public QObject {
   void ShowBox(int slot, const BoxLines& box);
   // Removes picture and error box, and voids all that is under way for the cell.
   void HidePicture(int slot);
+  // Marks a cell for the comparison, or takes its mark back. Two can be marked: a third takes the place of the older.
+  void ToggleMark(int slot);
+  // The marked cells, the one marked first before the other.
+  QList<int> Marked() const;
   // Lets a cell blink in blue for three seconds, so that the eye finds it.
   void Flash(int slot);
 

@@ -79,6 +79,7 @@ void ThumbCell::Describe() {
                                                   : emptyName_;
   QStringList details = {Age()};
   if (cell_.Shape1 == CellColour::Stale) details << tr("stale");
+  if (cell_.compareMark != 0) details << tr("marked for comparison");
   if (cell_.errorBox) details << cell_.lblError << cell_.lblInfo << cell_.lblInfo2 << cell_.boxReason;
   if (!cell_.errorBox) details << cell_.lblFrom << modeText_;
   details << CamLightName(cell_.imgCam) << sentTime_ << cell_.onAirTip << tipText_;
@@ -125,6 +126,10 @@ void ThumbCell::paintEvent(QPaintEvent* event) {
 
 void ThumbCell::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
+  if (event->modifiers().testFlag(Qt::ControlModifier)) {
+    Q_EMIT MarkPressed(slot_);
+    return;
+  }
   if (IsOnCam(event->position())) {
     Q_EMIT CamPressed(slot_);
     return;
@@ -147,7 +152,11 @@ void ThumbCell::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
     case Qt::Key_Space:
-      Q_EMIT Pressed(slot_);
+      if (key == Qt::Key_Space && event->modifiers().testFlag(Qt::ControlModifier)) {
+        Q_EMIT MarkPressed(slot_);
+      } else {
+        Q_EMIT Pressed(slot_);
+      }
       return;
     case Qt::Key_C:
       if (cell_.imgCam == CamLight::Hidden || event->modifiers() != Qt::NoModifier) break;

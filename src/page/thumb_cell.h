@@ -38,6 +38,8 @@ class ThumbCell : public QWidget {
  Q_SIGNALS:
   // A press by mouse (left button), by Return or Space, or by a screen reader.
   void Pressed(int slot);
+  // Ctrl and a press, or Ctrl and Space.
+  void MarkPressed(int slot);
   // A press on the caption that names the sender.
   void SenderPressed(int slot);
   // A press on the light of the site's cam, or the key C.

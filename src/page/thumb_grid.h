@@ -35,6 +35,8 @@ class ThumbGrid : public QObject {
 
   void SetPictureBox(QSize pixels) { cells_.SetPictureBox(pixels); }
   void Flash(int slot) { cells_.Flash(slot); }
+  void ToggleMark(int slot) { cells_.ToggleMark(slot); }
+  QList<int> Marked() const { return cells_.Marked(); }
 
   // Shows a thumb or a WX picture. One that cannot be shown at all is replaced by the error box before done is called.
   // anew: read the file even if the cell shows it already; without anew done is not called in that case.
