@@ -117,16 +117,12 @@ void HistoryView::wheelEvent(QWheelEvent* event) {
   ScrollBar1.setValue(ScrollBar1.value() - pixels);
 }
 
+// By whole rows.
 void HistoryView::EnsureVisible(int slot) {
-  const ThumbCell* cell = cells_.CellAt(slot);
-  if (cell == nullptr) return;
-  const int top = cell->y();
-  const int bottom = top + cell->height();
-  if (top < ScrollBar1.value()) {
-    ScrollBar1.setValue(top);
-  } else if (bottom > ScrollBar1.value() + clip_.height()) {
-    ScrollBar1.setValue(bottom - clip_.height());
-  }
+  const int row = slot / kColumns;
+  const int first = static_cast<int>(std::lround(ScrollBar1.value() / rowHeight_));
+  const int wanted = std::clamp(first, row - kRowsInSight + 1, row);
+  ScrollBar1.setValue(static_cast<int>(std::lround(wanted * rowHeight_)));
 }
 
 int HistoryView::FocusedSlot() const {
@@ -140,6 +136,7 @@ int HistoryView::FocusedSlot() const {
 void HistoryView::StepScreen(int direction) {
   const int step = direction * kRowsInSight * kColumns;
   const int target = std::clamp(FocusedSlot() + step, 0, std::max(0, history_.Count() - 1));
+  ScrollBar1.setValue(ScrollBar1.value() + direction * static_cast<int>(std::lround(kRowsInSight * rowHeight_)));
   if (ThumbCell* cell = cells_.CellAt(target)) cell->setFocus(Qt::TabFocusReason);
 }
 

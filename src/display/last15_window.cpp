@@ -53,8 +53,10 @@ void Form15::ConnectParts() {
 void Form15::Open(const HistoryOrigin& origin) {
   hover_.Close();
   menus_.CloseMenus();
+  // An open window keeps the size that the user has given it, as long as it has as many rows.
+  const bool keepsSize = isVisible() && origin.TxMode == history_.TxMode();
   history_.Open(origin);
-  SetUsualSize();
+  if (!keepsSize) SetUsualSize();
   if (isVisible()) ShowTexts();
   show();
   raise();
@@ -77,10 +79,6 @@ void Form15::SetUsualSize() {
 
 int Form15::StripHeight() const {
   return fontMetrics().height() + 2 * kGap;
-}
-
-void Form15::PlaceWindow() {
-  BaseWindow::PlaceWindow();
 }
 
 void Form15::resizeEvent(QResizeEvent* event) {

@@ -42,7 +42,6 @@ class Form15 : public BaseWindow {
   void LookupWanted(const QString& call, const QRect& beside);
 
  protected:
-  void PlaceWindow() override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

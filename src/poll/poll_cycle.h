@@ -56,7 +56,8 @@ class PollCycle : public QObject {
   // True while imgRefresh shows: a walk is under way or answers are awaited.
   bool Busy() const { return busy_; }
 
-  // Counts an answer and, in the same step, ends the poll if that was the last. Nobody else counts.
+  // Counts an answer and, in the same step, ends the poll if that was the last. Nobody else counts the page's answers;
+  // a site's history counts its own in the same two variables.
   void AfterCheck(int slot, CheckOutcome outcome);
   void AfterPicture(int slot, AnswerOutcome outcome);
   // Takes one count back: a site that moves within the page is asked twice and must count once.

@@ -53,7 +53,7 @@ class TestHistoryWindow : public QObject {
     // The scroll bar follows the focus; the wheel moves by rows.
     f.CellAt(0)->setFocus();
     QTest::keyClick(f.CellAt(0), Qt::Key_PageDown);
-    QTRY_VERIFY(f.InSight(15));
+    QTRY_VERIFY(f.InSight(15) && f.InSight(29) && !f.InSight(14));
     QTest::keyClick(f.CellAt(15), Qt::Key_End);
     QTRY_VERIFY(f.InSight(29) && !f.InSight(14));
     // To the view itself: an event that a test makes is not passed on to the cell's parents.
