@@ -315,6 +315,19 @@ PictureList History::Pictures(int slot) const {
   return list;
 }
 
+void History::ToggleMark(int slot) {
+  if (slot >= 0 && slot < Count() && Opens(slot)) cells_.ToggleMark(slot);
+}
+
+PictureList History::Marked() const {
+  PictureList marked;
+  for (const int slot : cells_.Marked()) {
+    const PictureList all = Pictures(slot);
+    if (all.Holds(all.at)) marked.pictures.append(all.pictures.at(all.at));
+  }
+  return marked;
+}
+
 std::optional<TipSubject> History::TipSubjectOf(int slot) const {
   if (slot < 0 || slot >= Count()) return std::nullopt;
   const Fields& fields = FieldsOf(slot);

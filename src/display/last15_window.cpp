@@ -42,6 +42,7 @@ void Form15::ConnectParts() {
   connect(&history_, &History::Progressed, this, &Form15::ShowProgress);
   connect(&view_.Cells(), &HistoryCells::MenuWanted, this, &Form15::OpenMenu);
   connect(&view_.Cells(), &HistoryCells::SenderPressed, this, &Form15::SenderPressed);
+  connect(&view_.Cells(), &HistoryCells::MarkPressed, &history_, &History::ToggleMark);
   connect(&view_.Cells(), &HistoryCells::CellPressed, this, [this](int slot) {
     const PictureList list = history_.Pictures(slot);
     if (list.Holds(list.at)) Q_EMIT ViewWanted(list);
@@ -154,6 +155,11 @@ void Form15::SenderPressed(int slot) {
 void Form15::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageDown) return view_.StepScreen(1);
   if (event->key() == Qt::Key_PageUp) return view_.StepScreen(-1);
+  if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier) {
+    const PictureList pair = history_.Marked();
+    if (pair.pictures.size() == 2) Q_EMIT ComparisonWanted(pair);
+    return;
+  }
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   BaseWindow::keyPressEvent(event);
 }

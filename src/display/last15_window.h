@@ -38,6 +38,8 @@ class Form15 : public BaseWindow {
   void Fetching();
   // A left click on a picture, among the others of this history.
   void ViewWanted(const PictureList& list);
+  // Ctrl+D with two marked pictures.
+  void ComparisonWanted(const PictureList& pair);
   // A click on a sender's caption; beside: its place on the screen.
   void LookupWanted(const QString& call, const QRect& beside);
 
