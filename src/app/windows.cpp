@@ -98,7 +98,10 @@ BaseWindow* Windows::MakeHistory() {
   const History::Dependencies history{s.program, s.network, s.tool, s.background};
   auto* window = new Form15({history, s.database, menus_}, mainWindow_);
   connect(window, &Form15::Fetching, this, &Windows::HistoryFetching);
-  connect(window, &Form15::ComparisonWanted, this, &Windows::ShowComparison);
+  connect(window, &Form15::ComparisonWanted, this, [this](const PictureList& pair) {
+    Q_EMIT HistoryPictureWanted();
+    ShowComparison(pair);
+  });
   connect(window, &Form15::ViewWanted, this, [this](const PictureList& pictures) {
     Q_EMIT HistoryPictureWanted();
     ShowViewer(pictures);

@@ -110,6 +110,16 @@ class TestHistoryWindow : public QObject {
     QCOMPARE(lookUps.size(), 1);
     QCOMPARE(lookUps[0][0], u"AB1CD"_s);
     QCOMPARE(views.size(), 1);
+    // Two marked pictures are compared; what has no picture cannot be marked.
+    const QSignalSpy pairs(f.Window(), &Form15::ComparisonWanted);
+    for (const int slot : {6, 4, 1}) {
+      QTest::keyClick(f.CellAt(slot), Qt::Key_D, Qt::ControlModifier);
+      QTest::keyClick(f.CellAt(slot), Qt::Key_Space, Qt::ControlModifier);
+    }
+    QVERIFY(pairs.isEmpty());
+    QTest::keyClick(f.CellAt(6), Qt::Key_D, Qt::ControlModifier);
+    QCOMPARE(pairs.size(), 1);
+    QCOMPARE(pairs[0][0].value<PictureList>().pictures.last().source.slot, 1);
   }
 
   void FollowsTheProgram() {
