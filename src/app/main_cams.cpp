@@ -54,7 +54,8 @@ void MainCams::Stop() {
 }
 
 void MainCams::ShowCamOf(const QString& call) {
-  const int site = program_.sites.FindCall(QString(call).replace(u'Ø', u'0'));
+  int site = program_.sites.FindCall(call);
+  if (site < 0) site = program_.sites.FindCall(QString(call).replace(u'Ø', u'0'));
   if (site < 0 || program_.config.CamMode > 1) return;
   viewer_.Show(program_.sites.Sites.at(site).CamUrl, program_.sites.Sites.at(site).Call, program_.config.CamView == 1);
 }

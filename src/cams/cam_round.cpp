@@ -81,7 +81,7 @@ void CamRound::Ask(int site) {
   if (record.CamUrl.isEmpty() || record.Call.isEmpty()) return;
   ++CamsRequested;
   const int slot = program_.sites.GetSiteSlot(site, program_.page.CurrentPage);
-  if (slot > 0) grid_.ShowCamLight(slot - 1, CamLight::Yellow);
+  if (slot > 0) grid_.ShowCamLight(slot - 1, imgCamY);
   // Without a connection no cam is asked: each would turn red, which says nothing about the cam.
   if (program_.page.Online) ucCam_.DownloadCamPic(record.CamUrl, QString::number(site));
 }

@@ -25,7 +25,7 @@ Form20::Form20(const Program& program, CamRound& round, QWidget* owner)
   connect(&round_, &CamRound::LightChanged, this,
           [this](const QString& call, CamLight light) { grid_.Model().SetLight(call, light); });
   // At each poll's end, whether a round follows it or not: this is wanted.
-  connect(&round_, &CamRound::LightsReset, this, [this]() { grid_.Model().SetAllLights(CamLight::Yellow); });
+  connect(&round_, &CamRound::LightsReset, this, [this]() { grid_.Model().SetAllLights(imgY); });
   connect(&round_, &CamRound::CaptionChanged, this, [this]() { setWindowTitle(round_.StatusTitle()); });
   connect(&round_, &CamRound::ListChanged, this, &Form20::Fill);
   Fill();

@@ -3,6 +3,7 @@
 
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "ui/window_place.h"
 
@@ -38,6 +39,14 @@ void Form19::PlaceWindow() {
   resize(grid_.WantedSize());
   BaseWindow::PlaceWindow();
   if (place_.corner) move(KeptOnMonitor(QRect(*place_.corner, size() + FrameOf(this)), *place_.corner).topLeft());
-  layout()->activate();
-  grid_.verticalScrollBar()->setValue(place_.scrolled);
+}
+
+// Only now is it known how far the grid can be scrolled.
+void Form19::showEvent(QShowEvent* event) {
+  BaseWindow::showEvent(event);
+  if (place_.scrolled == 0) return;
+  grid_.doItemsLayout();
+  grid_.verticalScrollBar()->setValue(std::exchange(place_.scrolled, 0));
+  // The keys go on from what is seen.
+  grid_.setCurrentIndex(grid_.indexAt(QPoint(1, grid_.verticalScrollBar()->singleStep())));
 }

@@ -33,6 +33,7 @@ class Form19 : public BaseWindow {
 
  protected:
   void PlaceWindow() override;
+  void showEvent(QShowEvent* event) override;
 
  private:
   const Program& program_;

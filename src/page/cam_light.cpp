@@ -24,11 +24,11 @@ class CamWords {
 CamLight LightOfMark(QChar mark) {
   switch (mark.unicode()) {
     case u'Y':
-      return CamLight::Yellow;
+      return imgCamY;
     case u'G':
-      return CamLight::Green;
+      return imgCamG;
     case u'R':
-      return CamLight::Red;
+      return imgCamR;
     default:
       return CamLight::Gray;
   }
@@ -37,7 +37,7 @@ CamLight LightOfMark(QChar mark) {
 CamLight LightOfSite(const Program& program, const QString& call) {
   if (const QChar mark = program.sites.CamMark(call); !mark.isNull()) return LightOfMark(mark);
   const QString answered = program.page.ActiveCamNames + u'*';
-  return answered.contains(u'*' + call + u'*') ? CamLight::Green : CamLight::Yellow;
+  return answered.contains(u'*' + call + u'*') ? imgCamG : imgCamY;
 }
 
 void PaintCamLight(QPainter& painter, const QRectF& place, CamLight light, const QColor& outline) {

@@ -8,7 +8,12 @@
 #include "core/program.h"
 #include "page/cell.h"
 
-// imgCamY, imgCamG and imgCamR by the state mark of an item of lstCams; gray for any other mark.
+// The three lights of a cell.
+inline constexpr CamLight imgCamY = CamLight::Yellow;
+inline constexpr CamLight imgCamG = CamLight::Green;
+inline constexpr CamLight imgCamR = CamLight::Red;
+
+// The light by the state mark of an item of lstCams; gray for any other mark.
 CamLight LightOfMark(QChar mark);
 // The light of a site that has a cam: by lstCams, or else by ActiveCamNames, or else yellow.
 CamLight LightOfSite(const Program& program, const QString& call);

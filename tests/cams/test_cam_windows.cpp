@@ -171,6 +171,21 @@ class TestCamWindows : public QObject {
     QTRY_VERIFY(windows.Find(WindowKind::History) != nullptr);
     QCOMPARE(f.CellOf(0).lblDisk, u"ZZ1AA"_s);
 
+    // It opens where it was.
+    SiteRec further;
+    for (int i = 0; i < 200; ++i) {
+      further.Call = u"ZZ3%1"_s.arg(i);
+      f.State().sites.Sites.append(further);
+    }
+    openFor(0);
+    QScrollBar& bar = *GridOf(*windows.Find(WindowKind::SiteIndex)).verticalScrollBar();
+    bar.setValue(3 * bar.singleStep());
+    QTest::keyClick(windows.Find(WindowKind::SiteIndex), Qt::Key_Escape);
+    openFor(0);
+    const CamGrid& again = GridOf(*windows.Find(WindowKind::SiteIndex));
+    QCOMPARE(again.verticalScrollBar()->value(), 3 * again.verticalScrollBar()->singleStep());
+    QCOMPARE(again.currentIndex().row(), 4);
+
     openFor(3);
     f.form->MnuPagesClick(1);
     QVERIFY(windows.Find(WindowKind::SiteIndex) == nullptr);
