@@ -144,6 +144,12 @@ void PictureCanvas::resizeEvent(QResizeEvent* event) {
   Refine();
 }
 
+// A hidden canvas draws nothing ahead.
+void PictureCanvas::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  Refine();
+}
+
 void PictureCanvas::mousePressEvent(QMouseEvent* event) {
   if (event->button() != Qt::LeftButton) return;
   dragging_ = true;

@@ -60,6 +60,7 @@ void Form2::Open(const PictureList& pictures) {
   if (!pictures.Holds(pictures.at)) return;
   list_ = pictures;
   stepping_ = false;
+  SetTopMost(true);
   TakeMonitor();
   Load(list_.pictures.at(list_.at));
 }
@@ -157,7 +158,7 @@ void Form2::SetTopMost(bool topMost) {
 
 void Form2::PlaceWindow() {
   // While the picture is awaited, the window stays as it is.
-  if (note_ == Note::Waiting && size_.isEmpty() && isVisible()) return;
+  if (note_ == Note::Waiting && isVisible()) return;
   const QSize frame = FrameOf(this);
   const QRect place = FitWindow(size_, Monitor(), frame, kLeast);
   resize(place.size() - frame);
