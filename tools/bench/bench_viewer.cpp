@@ -9,7 +9,9 @@
 // the large picture in the present screen's window, and from the last step to the smoothed picture.
 // memory: "open= back= growth=" in KiB of PSS, decoders included: with the huge picture open; how much more than before
 // two seconds after it was closed; and from the 20th to the 200th opening.
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
 #include <QPainter>
 #include <QRandomGenerator>
 #include <QWheelEvent>
