@@ -166,6 +166,9 @@ BaseWindow* Windows::MakeViewer() {
   Services& s = services_;
   auto* window = new Form2({{s.tool, s.background}, drawing_, s.program, menus_}, mainWindow_);
   connect(window, &Form2::FilmFound, this, &Windows::FilmFound);
+  connect(window, &BaseWindow::Closed, this, [this]() {
+    if (BaseWindow* history = Find(WindowKind::History)) history->raise();
+  });
   return window;
 }
 

@@ -103,14 +103,19 @@ void CamRound::RoundDue(int kind) {
 void CamRound::OnFinished() {
   if (ucCam_.IsBusy()) return;
   running_ = None;
+  // On the weather page all answers are dropped: a round waits for another page.
+  if (due_ == None || !program_.page.OnDsstvPage()) return;
   const Kind due = std::exchange(due_, None);
-  if (due == None) return;
   Q_EMIT LightsReset();
   RoundDue(due);
 }
 
 void CamRound::PageChanged() {
-  if (program_.config.CamMode == 1) PollPageCams();
+  if (program_.config.CamMode == 1) {
+    PollPageCams();
+  } else {
+    OnFinished();
+  }
 }
 
 void CamRound::Stop() {
@@ -121,12 +126,16 @@ void CamRound::Stop() {
 
 void CamRound::RefreshCams() {
   // Nothing would turn the lights back.
-  if (program_.config.CamMode > 1 || !program_.page.Online) return;
+  if (program_.config.CamMode > 1 || !program_.page.Online || !program_.page.OnDsstvPage()) return;
   Q_EMIT LightsReset();
   Timer11.start();
 }
 
 void CamRound::Timer11Tick() {
+  if (!program_.page.OnDsstvPage()) {
+    due_ = program_.config.CamMode == 0 ? AllCams : None;
+    return;
+  }
   if (program_.config.CamMode == 0) PollAllCams();
   if (program_.config.CamMode == 1) PollPageCams();
 }

@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QPointer>
 #include <QUrl>
 #include <algorithm>
 
@@ -71,6 +72,9 @@ void History::Stop() {
   // From the last to the first: a read that ends lets the next waiting one begin, and those wait at the end.
   for (int slot = Count() - 1; slot >= 0; --slot) {
     ucLast15.Cancel(KeyOf(slot));
+    // Counts like an answer: the shared count would otherwise stay below the number awaited, and the page would show no
+    // tips until its next poll.
+    if (!At(slot).answered) CountAnswer();
     At(slot).wanted.Withdraw();
     cells_.HidePicture(slot);
   }
@@ -161,6 +165,7 @@ void History::Answer(int slot) {
   CountAnswer();
   if (txMode_) program_.page.SitesOnPage = Count() - 1;
   Picture& picture = At(slot);
+  picture.wanted.Withdraw();  // the picture that is still being decoded
   picture.answered = true;
   picture.found = false;
   picture.blockReason = 0;
@@ -219,7 +224,9 @@ void History::TakeCaption(int slot, const Caption& caption) {
 
 void History::ShowThumb15(int slot) {
   const CellPicture picture{PathOf(slot), PathOf(slot), QUrl(PlainUrl(site_.Url)).host(), true, true};
-  cells_.Show(slot, picture, [this, slot](CellResult result) { Shown(slot, result); });
+  cells_.Show(slot, picture, [this, slot, token = At(slot).wanted.Present()](CellResult result) {
+    if (token.StillWanted()) Shown(slot, result);
+  });
 }
 
 void History::Shown(int slot, CellResult result) {
@@ -312,6 +319,7 @@ PictureList History::Pictures(int slot) const {
                           QUrl(PlainUrl(site_.Url)).host(),
                           {PictureSource::Window::History, each}});
   }
+  list.renew = [history = QPointer(this), slot]() { return history ? history->Pictures(slot) : PictureList(); };
   return list;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/page_click.h"
 
+#include <QPointer>
 #include <QUrl>
 
 #include "core/page_files.h"
@@ -35,6 +36,7 @@ SourcePicture PageClick::PictureOf(int slot) const {
   picture.sender = page.Field(slot, Caller);
   picture.mode = page.Field(slot, ModeText);
   picture.sentTime = page.Field(slot, SentTime);
+  picture.weather = !dsstv;
   if (!dsstv) return picture;
   const QList<SiteRec>& sites = program_.sites.Sites;
   const auto site = static_cast<int>(Val(page.Field(slot, SlotSite)));
@@ -48,6 +50,7 @@ PictureList PageClick::Pictures(int slot) const {
     if (each == slot) list.at = list.pictures.size();
     if (Opens(each)) list.pictures.append(PictureOf(each));
   }
+  list.renew = [page = QPointer(this), slot]() { return page ? page->Pictures(slot) : PictureList(); };
   return list;
 }
 

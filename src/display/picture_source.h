@@ -6,6 +6,7 @@
 
 #include <QList>
 #include <QString>
+#include <functional>
 
 #include "ui/commands.h"
 
@@ -18,6 +19,7 @@ struct SourcePicture {
   QString sentTime;  // UTC, as the cell's fields have it; may be empty
   QString host;      // of the station: behind all others wait the pictures of a host whose picture has hung
   PictureSource source;
+  bool weather = false;  // of the weather page, where no caption is a call
 
   bool operator==(const SourcePicture& other) const {
     return file == other.file && site == other.site && source.window == other.source.window &&
@@ -29,6 +31,9 @@ struct SourcePicture {
 struct PictureList {
   QList<SourcePicture> pictures;
   qsizetype at = 0;
+  // The list as the window has it by now, while the window exists: its files and what is known of them change. Empty:
+  // there is no other.
+  std::function<PictureList()> renew;
 
   bool Holds(qsizetype index) const { return index >= 0 && index < pictures.size(); }
 };

@@ -74,6 +74,13 @@ void Form2::TakeMonitor() {
 }
 
 void Form2::Step(int by) {
+  if (list_.renew) {
+    PictureList now = list_.renew();
+    now.at = now.pictures.indexOf(list_.pictures.value(list_.at));
+    // Another page or another site's history is there by now: this picture has no neighbours any more.
+    if (now.at < 0) return;
+    list_ = std::move(now);
+  }
   if (!list_.Holds(list_.at + by)) return;
   list_.at += by;
   stepping_ = true;
@@ -212,6 +219,7 @@ void Form2::OpenMenu(QPoint at, bool byKeyboard) {
   MenuSubject subject;
   subject.source = source_.source;
   subject.site = source_.site;
+  subject.weather = source_.weather;
   subject.caller = source_.sender;
   subject.senderPlace = frameGeometry();
   subject.empty = size_.isEmpty();

@@ -158,6 +158,11 @@ class TestCamRound : public QObject {
     QVERIFY(!f.logic->ucCam.IsBusy() && !f.logic->cams.Timer11.isActive());
     f.logic->cams.MnuCamModeClick(3);
     QCOMPARE(QPair(f.program.config.CamMode, f.program.config.AutoPollCams), QPair(0, 0));
+    // The weather page drops all answers: a round would leave every light yellow.
+    f.program.page.Online = true;
+    f.program.page.CurrentPage = PageState::WxPage;
+    f.logic->cams.RefreshCams();
+    QVERIFY(!f.logic->cams.Timer11.isActive());
   }
 };
 

@@ -229,6 +229,24 @@ class TestHistory : public QObject {
   }
 
   // The two count in the same variables; the page's poll comes to its end all the same.
+  // Whoever steps through the pictures gets those of this site, and none once the place belongs to another.
+  void ItsListFollows() {
+    HistoryFixture f;
+    f.history->Open({.Last15Slot = 5});
+    QTRY_COMPARE(f.history->Found(), kPictures);
+    const PictureList list = f.history->Pictures(0);
+    QVERIFY(list.renew().pictures.contains(list.pictures.first()));
+    f.history->Open({.Last15Slot = 3});
+    QTRY_COMPARE(f.history->Found(), kPictures);
+    QVERIFY(!list.renew().pictures.contains(list.pictures.first()));
+    // Closed while reads are out: the page's tips, which wait for the end of the count, open again.
+    f.history->Open({.Last15Slot = 5});
+    f.history->Stop();
+    QVERIFY(f.program.page.SitesDone >= f.program.page.SitesOnPage);
+    f.history.reset();
+    QVERIFY(list.renew().pictures.isEmpty());
+  }
+
   void APollEndsBesideIt() {
     for (const bool txMode : {false, true}) {
       HistoryFixture f;
