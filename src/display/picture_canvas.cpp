@@ -101,8 +101,8 @@ void PictureCanvas::NextFrame() {
   frame_ = (frame_ + 1) % frames_.size();
   scales_ = PictureScales(frames_.at(frame_).image);
   frameTimer_.start(frames_.at(frame_).delay);
-  // The frame before stays until this one is drawn smoothly, unless it has to be painted anew anyhow.
-  if (zoom_.IsMoving()) update();
+  // The frame before stays until this one is drawn smoothly, unless it is painted without being drawn ahead.
+  if (zoom_.IsMoving() || scales_.IsExact(Place())) update();
   Refine();
 }
 

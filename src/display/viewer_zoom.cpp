@@ -53,6 +53,11 @@ void ViewerZoom::SetPicture(QSizeF natural) {
   Fit();
 }
 
+void ViewerZoom::SetNatural(QSizeF natural) {
+  natural_ = natural.expandedTo(QSizeF(1e-3, 1e-3));
+  if (fitted_ && !IsMoving()) Fit();
+}
+
 void ViewerZoom::SetClient(QSizeF client) {
   if (client == client_) return;
   const QPointF middle(client_.width() / 2, client_.height() / 2);
@@ -83,7 +88,10 @@ void ViewerZoom::ShowNatural() {
 }
 
 void ViewerZoom::TakeRatios() {
-  ratio_ = {(GrabX - place_.left()) / place_.width(), (GrabY - place_.top()) / place_.height()};
+  // Beside a small picture the nearest point of its edge stands for the pointer: about a point outside it would grow
+  // out of the window.
+  anchor_ = {std::clamp(GrabX, place_.left(), place_.right()), std::clamp(GrabY, place_.top(), place_.bottom())};
+  ratio_ = {(anchor_.x() - place_.left()) / place_.width(), (anchor_.y() - place_.top()) / place_.height()};
 }
 
 void ViewerZoom::PointerMoved(QPointF pointer) {
@@ -113,7 +121,7 @@ bool ViewerZoom::Step() {
   }
   steps_ += steps_ < 0 ? 1 : -1;
   fitted_ = false;
-  place_ = QRectF(QPointF(GrabX - ratio_.x() * next.width(), GrabY - ratio_.y() * next.height()), next);
+  place_ = QRectF(anchor_ - QPointF(ratio_.x() * next.width(), ratio_.y() * next.height()), next);
   Q_EMIT Changed();
   return true;
 }

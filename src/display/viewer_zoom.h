@@ -27,6 +27,8 @@ class ViewerZoom : public QObject {
 
   // Another picture, of this natural size: fits it.
   void SetPicture(QSizeF natural);
+  // The picture turns out to be of this natural size: it is fitted again unless the user has moved or zoomed it.
+  void SetNatural(QSizeF natural);
   // The client area. A fitted picture fits again, any other keeps the point in the middle.
   void SetClient(QSizeF client);
   // Stretches the picture to the client area as far as its proportions allow.
@@ -61,7 +63,8 @@ class ViewerZoom : public QObject {
   QRectF place_{0, 0, 1, 1};
   double GrabX = 0;  // the pointer when it moved last
   double GrabY = 0;
-  QPointF ratio_;  // the pointer's place in the picture then, 0 to 1 from its left and upper edge
+  QPointF anchor_;  // the point of the picture that was nearest to it then, about which is zoomed
+  QPointF ratio_;   // the same point in the picture, 0 to 1 from its left and upper edge
   bool fitted_ = true;
   int rotation_ = 0;  // that is no whole tick yet
   int steps_ = 0;     // still to be done; below 0 the picture shrinks

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The viewer's logic: where a picture opens and how it zooms, how it is decoded, and which clicks open it.
 #include "display/page_click.h"
+#include "display/picture_canvas.h"
 #include "display/viewer_picture.h"
 #include "display/viewer_zoom.h"
 #include "page/still_pictures.h"
@@ -29,6 +30,16 @@ struct LoadedPicture {
     qint64 sum = 0;
     for (const PictureFrame& frame : picture.Frames()) sum += frame.image.sizeInBytes();
     return sum;
+  }
+};
+
+// How often a widget was painted.
+struct PaintCounter : QObject {
+  int count = 0;
+  explicit PaintCounter(QWidget* widget) { widget->installEventFilter(this); }
+  bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
   }
 };
 
@@ -85,6 +96,37 @@ class TestViewer : public QObject {
     QCOMPARE(steps(), 0);
     zoom.MoveBy(QPointF(5000, 5000));
     QCOMPARE(zoom.Place().topLeft(), QPointF(768, 568));
+  }
+
+  // The pointer lies beside a small picture: what is next to it keeps its place.
+  void ZoomsASmallPictureWithinTheWindow() {
+    ViewerZoom zoom;
+    zoom.SetClient(QSizeF(800, 600));
+    zoom.SetPicture(QSizeF(400, 300));
+    zoom.ShowNatural();
+    zoom.PointerMoved(QPointF(50, 400));
+    zoom.Turn(120 * 20);
+    while (zoom.IsMoving()) zoom.Step();
+    QCOMPARE(zoom.Place().left(), 200);
+    QCOMPARE((400 - zoom.Place().y()) / zoom.Place().height(), 250.0 / 300);
+  }
+
+  void PlaysInNaturalSize() {
+    QList<PictureFrame> frames;
+    for (const QColor colour : {Qt::red, Qt::blue}) {
+      QImage image(40, 30, QImage::Format_RGB32);
+      image.fill(colour);
+      frames.append({image, 5ms});
+    }
+    ViewerZoom zoom;
+    Background drawing;
+    PictureCanvas canvas(zoom, drawing, nullptr);
+    canvas.resize(40, 30);
+    canvas.show();
+    zoom.SetPicture(QSizeF(40, 30));
+    PaintCounter paints(&canvas);
+    canvas.SetPicture(frames, PictureScales(frames.first().image), false);
+    QTRY_VERIFY(paints.count > 10);
   }
 
   void DecodesWholePictures() {
