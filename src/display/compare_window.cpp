@@ -58,7 +58,8 @@ void CompareWindow::TakePicture(Side& side) {
   const bool first = !left_.canvas->HasPicture() && !right_.canvas->HasPicture();
   side.canvas->SetPicture(side.picture.Frames(), side.picture.Scales(), false);
   // The second picture comes into the zoom that the user may have chosen for the first by then.
-  if (first || !zoom_.IsMoving()) zoom_.SetPicture(QSizeF(first ? side.picture.Size() : larger) / devicePixelRatioF());
+  const QSizeF natural = QSizeF(first ? side.picture.Size() : larger) / devicePixelRatioF();
+  first ? zoom_.SetPicture(natural) : zoom_.SetNatural(natural);
   ShowTexts();
 }
 

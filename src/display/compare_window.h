@@ -44,7 +44,7 @@ class CompareWindow : public BaseWindow {
     SourcePicture source;
     bool failed = false;
     Side(const Dependencies& services, ViewerZoom& zoom, QWidget* parent)
-        : picture(services.picture),
+        : picture(services.picture, parent),
           canvas(new PictureCanvas(zoom, services.drawing, parent)),
           caption(new QLabel(parent)) {}
   };

@@ -132,6 +132,12 @@ class TestViewerWindow : public QObject {
     QTRY_VERIFY(sides.first()->HasPicture() && sides.last()->HasPicture());
     QVERIFY(sides.first()->accessibleName().contains(u"ZZ1AA"_s));
     QVERIFY(sides.last()->accessibleName().contains(u"ZZ1CC"_s));
+    // A picture that comes after the user has zoomed leaves the zoom alone.
+    auto* late = window->findChildren<ViewerPicture*>().last();
+    QTest::keyClick(sides.first(), Qt::Key_1);
+    const QImage natural = sides.first()->grab().toImage();
+    QVERIFY(QMetaObject::invokeMethod(late, &ViewerPicture::Shown));
+    QVERIFY(sides.first()->grab().toImage() == natural);
     f.Click(1, Qt::ControlModifier);  // a third mark takes the place of the first
     QCOMPARE(marks(), QList({false, true}));
     f.form->MnuPagesClick(4);
