@@ -17,10 +17,12 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kJpegQuality = 90;
-// An animation that takes longer than this to decode plays the frames that were decoded by then: it is shown before the
-// program's patience with the job ends.
+// So long the frames of an animation are to take, read and scaled; where they would take longer, fewer are scaled.
 constexpr std::chrono::milliseconds kAnimationTime = 2500ms;
-constexpr std::chrono::milliseconds kWholeTime = 4000ms;  // of one that is to be played whole; see above
+constexpr std::chrono::milliseconds kWholeTime = 3500ms;  // of one that is to be played whole
+// An animation whose frames cannot even be read in this time ends with the last that was: the program ends the job
+// after five seconds, and nothing would be shown at all.
+constexpr std::chrono::milliseconds kReadTime = 4500ms;
 
 const char* ReaderName(PictureKind kind) {
   switch (kind) {
@@ -40,12 +42,12 @@ const char* ReaderName(PictureKind kind) {
 }
 
 // The image in the format and size in which it is sent.
-QImage Finished(const QImage& image, QSize size) {
+QImage Finished(const QImage& image, QSize size, Qt::TransformationMode mode = Qt::SmoothTransformation) {
   if (image.isNull()) return {};
   const QImage::Format format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   QImage plain = image.convertToFormat(format);
   if (plain.size() == size) return plain;
-  return plain.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).convertToFormat(format);
+  return plain.scaled(size, Qt::IgnoreAspectRatio, mode).convertToFormat(format);
 }
 
 // Browsers and viewers play frames without a sensible delay at ten a second.
@@ -53,19 +55,72 @@ int PlayedDelay(int stored) {
   return stored <= 10 ? 100 : stored;
 }
 
+// Decides which frames of an animation there is time to scale. All of them are read, as each builds on the one before;
+// every n-th is scaled, so that these spread over the whole length.
+class FramePace {
+ public:
+  FramePace(qint64 frames, std::chrono::milliseconds time) : frames_(frames), time_(time) { watch_.start(); }
+
+  std::chrono::nanoseconds Elapsed() const { return std::chrono::nanoseconds(watch_.nsecsElapsed()); }
+  bool IsDue() const { return read_ >= next_; }
+  Qt::TransformationMode Mode() const { return fast_ ? Qt::FastTransformation : Qt::SmoothTransformation; }
+  // A frame has been read, and was scaled within this time; zero: it was not.
+  void Passed(std::chrono::nanoseconds scaling) {
+    ++read_;
+    if (scaling == 0ns) return;
+    scaling_ += scaling;
+    inMode_ += scaling;
+    ++scaledInMode_;
+    Plan();
+  }
+
+ private:
+  // From what a frame has taken on average, once there is one to speak of. Where it is the reading that takes too long,
+  // leaving out more frames than kLeastShare allows would win next to nothing.
+  void Plan() {
+    next_ = read_;
+    if (16 * Elapsed() < time_) return;
+    const qint64 ahead = std::max<qint64>(0, frames_ - read_);
+    const std::chrono::nanoseconds reading = std::max<std::chrono::nanoseconds>((Elapsed() - scaling_) / read_, 1ns);
+    const std::chrono::nanoseconds left = std::max<std::chrono::nanoseconds>(time_ - Elapsed() - ahead * reading, 1ns);
+    const std::chrono::nanoseconds one = inMode_ / scaledInMode_;
+    const qint64 skipped = std::min<qint64>(ahead * one / left, kLeastShare * one / reading);
+    next_ = read_ + skipped;
+    if (fast_ || skipped == 0 || 2 * Elapsed() < time_) return;
+    fast_ = true;
+    inMode_ = 0ns;
+    scaledInMode_ = 0;
+  }
+
+  static constexpr int kLeastShare = 8;  // scaling may always take an eighth of what reading takes
+  qint64 frames_;                        // as the file's blocks tell it
+  std::chrono::nanoseconds time_;
+  QElapsedTimer watch_;
+  std::chrono::nanoseconds scaling_{0};
+  std::chrono::nanoseconds inMode_{0};  // of it in the present mode
+  qint64 scaledInMode_ = 0;
+  qint64 read_ = 0;
+  qint64 next_ = 0;  // the frame that is scaled next
+  bool fast_ = false;
+};
+
 // Keeps every frame at first, then every second, then every fourth, as more of them come: how many there are is known
 // only at the end, and an animation that is cut off would miss what its sender wanted to show.
 class ThinnedFrames {
  public:
   explicit ThinnedFrames(qint64 most) : most_(most) {}
 
-  void Add(const QImage& frame, QSize size, int delay) {
+  // Whether the next frame may be kept; then it is, unless it is skipped.
+  bool Wants() {
     if (seen_ % step_ == 0 && kept_.size() == most_) Thin();
-    if (seen_ % step_ == 0 && kept_.size() < most_) {
-      kept_.append({Finished(frame, size), delay});
-    } else {
-      kept_.last().delay = static_cast<int>(std::min<qint64>(qint64{kept_.last().delay} + delay, kLongestDelay));
-    }
+    return seen_ % step_ == 0 && kept_.size() < most_;
+  }
+  void Keep(const QImage& frame, int delay) {
+    kept_.append({frame, delay});
+    ++seen_;
+  }
+  void Skip(int delay) {
+    kept_.last().delay = static_cast<int>(std::min<qint64>(qint64{kept_.last().delay} + delay, kLongestDelay));
     ++seen_;
   }
 
@@ -147,12 +202,19 @@ QList<DecodedFrame> PlayGif(const QByteArray& bytes, QSize size, qint64 mostFram
   QImageReader reader(&buffer, "gif");
   reader.setAutoDetectImageFormat(false);
   ThinnedFrames frames(mostFrames);
-  QElapsedTimer watch;
-  watch.start();
-  while (std::chrono::milliseconds(watch.elapsed()) < time) {
+  FramePace pace(CountGifFrames(bytes), time);
+  while (pace.Elapsed() < kReadTime) {
     const QImage frame = reader.read();
     if (frame.isNull()) break;
-    frames.Add(frame, size, PlayedDelay(reader.nextImageDelay()));
+    const int delay = PlayedDelay(reader.nextImageDelay());
+    const std::chrono::nanoseconds before = pace.Elapsed();
+    const bool kept = frames.Wants() && pace.IsDue();
+    if (kept) {
+      frames.Keep(Finished(frame, size, pace.Mode()), delay);
+    } else {
+      frames.Skip(delay);
+    }
+    pace.Passed(kept ? pace.Elapsed() - before : 0ns);
   }
   return frames.Take();
 }

@@ -25,12 +25,13 @@ QSize FitInto(QSize picture, QSize box, Fit fit);
 QImage DecodeStill(const QByteArray& bytes, const PictureHeader& header, QSize size);
 // The frames of an animation, spread over its whole length: where all of them would be more than frameBytes of pixels
 // (0: PictureLimits::kAnimationBytes) or more than PictureLimits::kFrames, some are left out and their delays go to the
-// frame before them. At least the first, as a still; one frame for any other picture.
+// frame before them; likewise where scaling all of them would take too long. At least the first, as a still; one frame
+// for any other picture.
 QList<DecodedFrame> DecodeFrames(const QByteArray& bytes, const PictureHeader& header, QSize size, qint64 frameBytes);
 
-// The frames of an animation, all of them, each reduced until together they take no more than
-// PictureLimits::kDecodedBytes; of any other picture one frame in full size, or in the largest whole reduction (a half,
-// a third) within that.
+// The frames of an animation, all of them that there is time to scale, each reduced until together they take no more
+// than PictureLimits::kDecodedBytes; of any other picture one frame in full size, or in the largest whole reduction (a
+// half, a third) within that.
 QList<DecodedFrame> DecodeWhole(const QByteArray& bytes, const PictureHeader& header);
 
 // The formats of files that are stored.
