@@ -157,7 +157,8 @@ class TestCamRound : public QObject {
     f.logic->cams.RefreshCams();
     QVERIFY(!f.logic->ucCam.IsBusy() && !f.logic->cams.Timer11.isActive());
     f.logic->cams.MnuCamModeClick(3);
-    QCOMPARE(QPair(f.program.config.CamMode, f.program.config.AutoPollCams), QPair(0, 0));
+    QCOMPARE(f.program.config.CamMode, 0);
+    QCOMPARE(f.program.config.AutoPollCams, 0);
     // The weather page drops all answers: a round would leave every light yellow.
     f.program.page.Online = true;
     f.program.page.CurrentPage = PageState::WxPage;
