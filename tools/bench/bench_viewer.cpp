@@ -124,7 +124,7 @@ class Bench {
     opened_ = Now();
     app_.painted = {};
     Windows& windows = bench_.window->AllWindows();
-    windows.ShowViewer({{picture}, 0});
+    windows.ShowViewer({{picture}, 0, {}});
     viewer_ = static_cast<Form2*>(windows.Find(WindowKind::Viewer));
     canvas_ = viewer_->findChild<PictureCanvas*>(u"AniGIF"_s);
     Until([this]() { return viewer_->Shown().Size().width() > 0 && app_.painted > opened_; });
