@@ -43,6 +43,7 @@ Form1::Form1(Services& services)
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
+  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); }});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);

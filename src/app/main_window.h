@@ -14,6 +14,7 @@
 #include "app/page_logic.h"
 #include "app/received_ok.h"
 #include "app/services.h"
+#include "app/setup_windows.h"
 #include "app/station_calls.h"
 #include "app/undo_line.h"
 #include "app/window_menus.h"
@@ -101,6 +102,7 @@ class Form1 : public QWidget {
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;
   MainCams* cams_ = nullptr;
+  SetupWindows* setup_ = nullptr;
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;
   int twipsX_ = 15;

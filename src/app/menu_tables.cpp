@@ -185,6 +185,10 @@ qsizetype PlaceOf(const Values& values, int value) {
 
 }  // namespace
 
+Command MenuTables::SetupCommand(int index) {
+  return kSetupCommands.at(static_cast<std::size_t>(index));
+}
+
 void MenuTables::BuildMenuTables(const LanguageTexts& texts) {
   menus_.clear();
   emptyWord_ = texts[TextLine::kEmptyWord];

@@ -15,6 +15,9 @@ class MenuTables {
  public:
   MenuTables(const Program& program, const Commands& commands) : program_(program), commands_(commands) {}
 
+  // The command of an entry of the setup menu, 0 to 16.
+  static Command SetupCommand(int index);
+
   QString LookupStatus;  // login state that the lookup window showed last; empty: none yet
 
   // Copies the texts of a language into the tables. Before the first call all menus are empty.

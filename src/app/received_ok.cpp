@@ -14,7 +14,6 @@ ReceivedOk::ReceivedOk(const Dependencies& dependencies, QWidget* window)
   connect(&Timer3, &QTimer::timeout, this, &ReceivedOk::Tick);
   connect(&link_, &CompanionLink::TextArrived, this, &ReceivedOk::TakeText);
   connect(deps_.pic.lblMap, &BarLabel::clicked, this, &ReceivedOk::OpenMap);
-  deps_.services.commands.Register(Command::ShowReceivedOkMap, this, [this](const MenuChoice&) { OpenMap(); });
 }
 
 void ReceivedOk::Start() {

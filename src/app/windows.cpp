@@ -2,34 +2,11 @@
 #include "app/windows.h"
 
 #include <algorithm>
+#include <array>
 
 #include "onair/rx_ok_window.h"
 #include "platform/heap.h"
 #include "station/callsign.h"
-
-// A row of the table: how a kind of window is made, and whether it is a setup window.
-struct Windows::Registration {
-  WindowKind kind;
-  BaseWindow* (Windows::*make)();
-  bool isSetup = false;
-};
-
-const QList<Windows::Registration>& Windows::Registrations() {
-  static const QList<Registration> registrations = {
-      {WindowKind::Lookup, &Windows::MakeLookup},
-      {WindowKind::History, &Windows::MakeHistory},
-      {WindowKind::LocationMap, &Windows::MakeLocationMap},
-      {WindowKind::OnAirNow, &Windows::MakeOnAirNow},
-      {WindowKind::PropagationMap, &Windows::MakePropagationMap},
-      {WindowKind::OnAirMap, &Windows::MakeOnAirMap},
-      {WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
-      {WindowKind::Viewer, &Windows::MakeViewer},
-      {WindowKind::SiteIndex, &Windows::MakeSiteIndex},
-      {WindowKind::CamStatus, &Windows::MakeCamStatus},
-      {WindowKind::Comparison, &Windows::MakeComparison},
-  };
-  return registrations;
-}
 
 Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, CamRound& cams, QWidget* mainWindow)
     : QObject(mainWindow),
@@ -39,6 +16,7 @@ Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk,
       cams_(cams),
       mainWindow_(mainWindow),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
+  RegisterOwn();
   RegisterOnAirCommands();
   RegisterHistoryCommands();
   services_.commands.Register(Command::LookUpMapCall, this, [](const MenuChoice& choice) {
@@ -50,16 +28,44 @@ Windows::~Windows() {
   for (const QPointer<BaseWindow>& window : std::as_const(open_)) delete window;
 }
 
-QList<WindowKind> Windows::Kinds() {
+void Windows::RegisterOwn() {
+  struct Row {
+    WindowKind kind;
+    BaseWindow* (Windows::*make)();
+  };
+  constexpr std::array kRows = {
+      Row{WindowKind::Lookup, &Windows::MakeLookup},
+      Row{WindowKind::History, &Windows::MakeHistory},
+      Row{WindowKind::LocationMap, &Windows::MakeLocationMap},
+      Row{WindowKind::OnAirNow, &Windows::MakeOnAirNow},
+      Row{WindowKind::PropagationMap, &Windows::MakePropagationMap},
+      Row{WindowKind::OnAirMap, &Windows::MakeOnAirMap},
+      Row{WindowKind::ReceivedOkMap, &Windows::MakeReceivedOkMap},
+      Row{WindowKind::Viewer, &Windows::MakeViewer},
+      Row{WindowKind::SiteIndex, &Windows::MakeSiteIndex},
+      Row{WindowKind::CamStatus, &Windows::MakeCamStatus},
+      Row{WindowKind::Comparison, &Windows::MakeComparison},
+  };
+  for (const Row& row : kRows) {
+    Register(
+        row.kind, [this, make = row.make]() { return (this->*make)(); }, false);
+  }
+}
+
+void Windows::Register(WindowKind kind, std::function<BaseWindow*()> make, bool isSetup) {
+  registrations_.append({kind, std::move(make), isSetup});
+}
+
+QList<WindowKind> Windows::Kinds() const {
   QList<WindowKind> kinds;
-  for (const Registration& registration : Registrations()) kinds.append(registration.kind);
+  for (const Registration& registration : registrations_) kinds.append(registration.kind);
   return kinds;
 }
 
 BaseWindow& Windows::Get(WindowKind kind) {
   if (BaseWindow* window = Find(kind)) return *window;
   const auto registered = [kind](const Registration& registration) { return registration.kind == kind; };
-  BaseWindow* window = (this->*std::find_if(Registrations().begin(), Registrations().end(), registered)->make)();
+  BaseWindow* window = std::find_if(registrations_.cbegin(), registrations_.cend(), registered)->make();
   // A closed window is deleted when the event loop turns, and must not be opened again until then.
   connect(window, &BaseWindow::Closed, this, [this, kind]() { open_.remove(kind); });
   connect(window, &QObject::destroyed, this, [this]() {
@@ -295,7 +301,7 @@ void Windows::RaiseMaps() {
 }
 
 void Windows::CloseSetupWindows() {
-  for (const Registration& registration : Registrations()) {
+  for (const Registration& registration : std::as_const(registrations_)) {
     BaseWindow* window = Find(registration.kind);
     if (registration.isSetup && window != nullptr) window->close();
   }

@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The only module that knows all windows beside Form1: makes a window when it is first wanted, finds it while it is
 // open, connects the signals that lead from one window to another, and closes them. Form1 owns the only Windows. A new
-// window needs a kind, a maker and a row of the table in windows.cpp.
+// window needs a kind, a maker and a row of the table in windows.cpp; a setup window has both in setup_windows.cpp.
 #pragma once
 
 #include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QRect>
+#include <functional>
 
 #include "app/services.h"
 #include "callbook/lookup_window.h"
@@ -37,7 +38,17 @@ enum class WindowKind {
   SiteIndex,
   Viewer,
   CamStatus,
-  Comparison
+  Comparison,
+  // Setup windows; setup_windows.cpp registers them.
+  OwnLocation,
+  DatabaseEditor,
+  PageNames,
+  AddSite,
+  EditSite,
+  DeleteSite,
+  BlockCalls,
+  SiteChanges,
+  NewVersion
 };
 
 // All windows beside Form1.
@@ -51,8 +62,10 @@ class Windows : public QObject {
   // Deletes the windows that are still open, before the objects that they refer to.
   ~Windows() override;
 
-  // All kinds.
-  static QList<WindowKind> Kinds();
+  // Makes windows of a kind from now on. isSetup: CloseSetupWindows closes them.
+  void Register(WindowKind kind, std::function<BaseWindow*()> make, bool isSetup);
+  // All kinds that are registered, in the order of their registration.
+  QList<WindowKind> Kinds() const;
   // The open window of a kind; nullptr where none is.
   BaseWindow* Find(WindowKind kind) const { return open_.value(kind); }
   // The open window of a kind; makes one if none is open, without showing it.
@@ -100,8 +113,13 @@ class Windows : public QObject {
   void CamWanted(const QString& call);
 
  private:
-  struct Registration;
-  static const QList<Registration>& Registrations();
+  struct Registration {
+    WindowKind kind;
+    std::function<BaseWindow*()> make;
+    bool isSetup = false;
+  };
+
+  void RegisterOwn();
   BaseWindow* MakeLookup();
   BaseWindow* MakeHistory();
   BaseWindow* MakeLocationMap();
@@ -126,6 +144,7 @@ class Windows : public QObject {
   const RxOkList& lstRxOk_;
   CamRound& cams_;
   QWidget* mainWindow_;
+  QList<Registration> registrations_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   OnAirCaption onAirCaption_;
   Background drawing_;             // smooths what the viewer shows, beside the disk's work

@@ -50,7 +50,7 @@ class TestWindows : public QObject {
     Windows& windows = f.form->AllWindows();
     windows.LookUp(u"ZZ1AA"_s, QRect(100, 100, 50, 20));
     windows.ShowOnMap(u"ZZ1AA"_s, 52.5, -1.25);
-    for (const WindowKind kind : Windows::Kinds()) {
+    for (const WindowKind kind : windows.Kinds()) {
       BaseWindow& window = windows.Get(kind);
       if (!window.isVisible()) window.show();
       QTRY_VERIFY(window.isVisible());
@@ -60,7 +60,7 @@ class TestWindows : public QObject {
     };
     for (const QString& language : {u"Russian"_s, u"English"_s}) {
       choose(language);
-      for (const WindowKind kind : Windows::Kinds()) {
+      for (const WindowKind kind : windows.Kinds()) {
         const QHash<QString, QString> texts = TextsOf(windows.Get(kind));
         for (auto text = texts.begin(); text != texts.end(); ++text) {
           const bool russian = text.value().contains(QRegularExpression(u"[а-яА-Я]"_s));
@@ -76,7 +76,7 @@ class TestWindows : public QObject {
     WindowFixture f;
     QVERIFY(f.StartAndPoll());
     Windows& windows = f.form->AllWindows();
-    for (const WindowKind kind : Windows::Kinds()) {
+    for (const WindowKind kind : windows.Kinds()) {
       QPointer<BaseWindow> first = &windows.Get(kind);
       QCOMPARE(windows.Find(kind), first.data());
       first->show();
@@ -86,7 +86,7 @@ class TestWindows : public QObject {
       windows.Get(kind).show();
     }
     QList<QPointer<BaseWindow>> open;
-    for (const WindowKind kind : Windows::Kinds()) open.append(&windows.Get(kind));
+    for (const WindowKind kind : windows.Kinds()) open.append(&windows.Get(kind));
     f.Close();
     for (const QPointer<BaseWindow>& window : std::as_const(open)) QVERIFY(window == nullptr);
   }

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The setup menu: what each of its entries does, and the makers of the setup windows that it opens. Form1 owns the only
+// one. A new setup window is a maker and a row of the table in setup_windows.cpp; until then its entry stays grey.
+#pragma once
+
+#include <QObject>
+#include <functional>
+
+#include "app/menu_tables.h"
+#include "app/page_logic.h"
+#include "app/services.h"
+#include "app/windows.h"
+#include "ui/menu_opener.h"
+
+// The handlers of the setup menu.
+class SetupWindows : public QObject {
+  Q_OBJECT
+
+ public:
+  // What the setup windows and the handlers use; all of it outlives this object.
+  struct Dependencies {
+    Services& services;
+    PageLogic& logic;
+    MenuOpener& menus;
+    Windows& windows;
+    QWidget* mainWindow;
+    std::function<void()> showReceivedOkMap;  // a click on lblMap
+  };
+
+  explicit SetupWindows(const Dependencies& dependencies);
+
+  // Does what an entry of the setup menu says; index from 0. The menus are closed first, then open setup windows.
+  void MnuSetupClick(int index);
+  // Opens a setup window from elsewhere, for instance from the menu of a cell; open setup windows are closed first.
+  void Open(WindowKind kind);
+
+ private:
+  // A setup window that an entry opens.
+  struct Row {
+    int index;
+    WindowKind kind;
+    BaseWindow* (SetupWindows::*make)();
+  };
+  static const QList<Row>& Rows();
+  void ShowAbout();
+
+  Dependencies deps_;
+};
