@@ -107,6 +107,9 @@ void PollCycle::FirstPoll() {
   page.UpdateCheckDue = true;
   // The user may have changed the page while the connection was being tested, so Walk takes the page of now.
   if (page.Online) Walk(false);
+  // A first walk that cannot end by answers is followed by the work after a poll all the same, so that a user without
+  // any site is offered those of the author's list. Later walks of such a page have no end.
+  if (page.Online && (page.SitesOnPage == 0 || !allAsked_)) tmrIfAllDone.start();
 }
 
 void PollCycle::RefreshClick() {

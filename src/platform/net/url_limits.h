@@ -32,4 +32,5 @@ struct ReadOptions {
   std::chrono::milliseconds deadline{0};  // in all; 0: that of UrlLimits
   qint64 maxBody = 0;                     // unpacked bytes; 0: that of UrlLimits
   bool firstPart = false;                 // of an answer whose parts replace each other, the first is the whole body
+  bool successOnly = false;               // an answer with an HTTP status of 400 or more fails
 };

@@ -168,7 +168,9 @@ bool UrlTransfer::OnHead() {
   if (!head_->cookies.isEmpty()) Q_EMIT CookiesReceived(url_, head_->cookies);
   reader_ = std::make_unique<HttpBody>(*head_);
   const qint64 announced = AnnouncedLength();
-  if (head_->IsRedirect()) {
+  if (options_.successOnly && head_->status >= 400) {
+    Fail();
+  } else if (head_->IsRedirect()) {
     Follow();
   } else if (options_.firstPart && head_->IsStream()) {
     part_ = std::make_unique<FirstPart>();
