@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The local call database: one flat file of records sorted by call, searched on the disk. Tips, maps and the lookup
-// look a station up here first; the lookup, the database editor and the site windows write to it.
+// The local call database: one flat file of records sorted by call. Tips, maps and the lookup look a station up here
+// first; the lookup, the database editor and the site windows write to it. Services owns the only one.
 #pragma once
 
 #include <QByteArray>
+#include <QList>
+#include <QObject>
 #include <QString>
-#include <QStringList>
-#include <array>
+#include <QThreadPool>
+#include <functional>
 #include <optional>
-#include <vector>
 
+#include "callbook/database_file.h"
 #include "callbook/db_rec.h"
 
 // Place, name and address of a station as the database has them; all empty if it does not have the call.
@@ -23,77 +25,92 @@ struct TargetLocation {
   QString Ctry;
 };
 
-// A record that a search has found.
-struct FoundRecord {
-  int number = 0;  // from 1
+// A record to be saved, and the call under which it is searched first.
+struct StationRecord {
+  QString call;
   DbRec record;
 };
 
-class RecordReader;
+// What a deletion came to.
+struct Deletion {
+  bool durable = false;  // the file on the disk no longer has the call
+  QList<DbRec> removed;  // in the order of the file; SaveStations puts them back
+};
 
-// The database file. Each operation opens the file, does its work and closes it, so that the file may be copied or
-// replaced in between. An operation that cannot read or write does nothing and leaves DbCurrent as it is. Bytes behind
-// the last whole record belong to no record; they are kept at the end of the file. A file above 512 MiB can be searched
-// and added to, but nothing is deleted from it, and it stays unsorted unless only its last record is out of order.
+// The calls of all records in the order of the file, six bytes each, so that 100,000 of them take little memory.
+class CallList {
+ public:
+  CallList() = default;
+  explicit CallList(QByteArray calls) : calls_(std::move(calls)) {}
+
+  int Count() const { return static_cast<int>(calls_.size() / kCallSize); }
+  // The trimmed call; index from 0.
+  QString Call(int index) const;
+  // Index of the first call that does not sort before the text; Count() if all do.
+  int FirstNotBefore(const QString& text) const;
+
+ private:
+  static constexpr qsizetype kCallSize = 6;
+  QByteArray calls_;
+};
+
+// Searches are answered at once and see every change that has been acknowledged. Changes are carried out one after the
+// other by a thread of their own. The answer says whether the change is on the disk, where no crash and no loss of
+// power undoes it; it comes on the event loop of `context`, unless that is gone by then. A change without `then` is
+// carried out all the same. Serves the event loop's thread.
 class CallDatabase {
  public:
-  explicit CallDatabase(QString appDataDir);
+  explicit CallDatabase(const QString& appDataDir);
+  ~CallDatabase();  // carries out what has been asked for
 
-  // Work record of all operations: what FindRecord found, what AddRecord and UpdateRecord write.
+  // Repairs and sorts what an earlier run left when it was ended in the middle of a change. To be called once, when no
+  // other instance can use the file.
+  void Begin();
+  // Waits until all that has been asked for is done and sorted; false if any change since the last call failed. Holds
+  // the event loop: for closing, tests and benches.
+  bool Finish();
+
+  // The record that FindRecord found.
   DbRec DbCurrent;
 
   // Returns the record's number, from 1, and puts the record into DbCurrent; without a record returns 0 and clears
   // DbCurrent. Makes an empty file if there is none. A call of more than six characters is never found, because a
-  // record holds six.
+  // record holds six. A number holds until the next change: SaveStation finds its record by itself.
   int FindRecord(const QString& call);
   void ClearRecord() { DbCurrent = DbRec(); }
-  // The writers return true if the file now is as they were asked to make it. To save a station use SaveStation.
-  bool AddRecord();
-  bool UpdateRecord(int number);
-  bool SortDatabase();
-  // Removes every record of the call. Afterwards DbCurrent holds the last record of the old file.
-  bool DeleteRecord(const QString& call);
-  // The file's length divided by that of a record, rounded to the nearest integer: half a record at the end counts, as
-  // DeleteRecord counts it.
-  int RecordCount() const;
-  // Fills a list with the trimmed calls in the file's order; without a file leaves the list alone and returns false.
-  // Leaves the last record in DbCurrent.
-  bool FillCallList(QStringList& list);
-
   // The record of a call and its number, by FindRecord.
   std::optional<FoundRecord> Find(const QString& call);
-  // Saves a station: the record replaces the call's record, or is added and sorted in. A call that is too long for its
-  // field is never found, and gets a further record each time. May be called from another thread; DbCurrent stays as it
-  // is.
-  bool SaveStation(const QString& call, const DbRec& record) const;
-
   // The place of a call, whose zeros may be slashed. Uses FindRecord.
   TargetLocation LookupTargetLocation(const QString& call);
+  int RecordCount() const;
+  // The path of the file, for messages.
+  QString Path() const;
+
+  // What a change is answered with: whether it is on the disk.
+  using Saved = std::function<void(bool durable)>;
+  // Saves a station: the record replaces the call's record, or is added. A call that is too long for its field is never
+  // found, and gets a further record each time.
+  void SaveStation(const QString& call, const DbRec& record, QObject* context = nullptr, const Saved& then = {});
+  // Saves many stations with one pass over the file.
+  void SaveStations(const QList<StationRecord>& stations, QObject* context = nullptr, const Saved& then = {});
+  // Removes every record of the call.
+  void DeleteRecord(const QString& call, QObject* context = nullptr,
+                    const std::function<void(const Deletion&)>& then = {});
+  // Brings the file into order. Needed only before the file is copied: searches see it in order at any time.
+  void SortDatabase(QObject* context = nullptr, const Saved& then = {});
+  // The calls of all records; empty if the file cannot be read.
+  void FillCallList(QObject* context, const std::function<void(const CallList&)>& then);
 
  private:
-  // A part of a new file: some bytes, followed by a stretch of the old file.
-  struct Piece {
-    QByteArrayView bytes;
-    qint64 start = 0;
-    qint64 size = 0;
-  };
+  // Runs work on the thread, then then(result) on the event loop of context.
+  template <typename Result>
+  void Run(const std::function<Result()>& work, QObject* context, const std::function<void(const Result&)>& then);
+  // Runs a change, and remembers a failure for Finish.
+  void Change(const std::function<bool()>& work, QObject* context, const Saved& then);
 
-  QString Path() const;
-  // Replaces the file by the pieces, one after the other; on a failure the old file stays whole.
-  bool Save(const QList<Piece>& pieces) const;
-
-  // The records in the upper levels of the binary search, which every search passes. Valid while the file has the same
-  // inode, size and times, and was last changed long enough ago for its times to show a later change.
-  struct Beginning {
-    std::array<qint64, 6> file{};  // device, inode, size, seconds and nanoseconds of the last change, number of records
-    // By place in the tree of halves: 1 is the middle record, 2 and 3 the middles of the halves, ...
-    std::vector<DbRec> records;
-    std::vector<bool> known;  // whether that record has been read
-  };
-  // The remembered records of the file that is open here; nullptr if its times cannot be trusted yet.
-  Beginning* BeginningOf(const RecordReader& file);
-
-  QString appDataDir_;
-  Beginning beginning_;
-  QByteArray exactPath_;  // the file's path in its usual spelling, encoded for the system calls
+  DatabaseFile found_;      // for searches, on the event loop's thread
+  DatabaseFile written_;    // for changes, on the worker thread
+  bool allWritten_ = true;  // on the worker thread
+  QObject answers_;         // lives on the event loop; answers that come after it are dropped
+  QThreadPool worker_;
 };

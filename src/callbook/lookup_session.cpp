@@ -281,13 +281,10 @@ void LookupSession::ReadPage(const QString& call) {
   lookUp_->GetPicture(call);
 }
 
-// Saves on the background thread: sorting a new record into 100,000 others would hold the event loop for too long.
 void LookupSession::SaveRecord(const QString& call, const DbRec& record) {
-  deps_.background.Run<bool>(
-      this, [&database = deps_.database, call, record]() { return database.SaveStation(call, record); },
-      [this, call](bool written) {
-        if (written) Q_EMIT Stored(call);
-      });
+  deps_.database.SaveStation(call, record, this, [this, call](bool durable) {
+    if (durable) Q_EMIT Stored(call);
+  });
 }
 
 // The body may be an error page, so it is measured first: only a picture replaces the stored one.

@@ -169,7 +169,8 @@ class TestStationCalls : public QObject {
     record.Name = u"Robin"_s;
     record.Lat = u"51.5"_s;
     record.Lon = u"0"_s;
-    QVERIFY(CallDatabase(f.folder.path()).SaveStation(u"ZZ9MER"_s, record));
+    f.services->database.SaveStation(u"ZZ9MER"_s, record);
+    QVERIFY(f.services->database.Finish());
     f.ChooseInSubMenu(MenuId::MapOfCall, 1);
     QTRY_VERIFY(showsMap(u"Australia Map"_s));
     Q_EMIT f.Find<frmMapLoc>()->LookupWanted(u"ZZ9MER"_s, QRect(300, 300, 50, 20));
@@ -214,8 +215,9 @@ class TestStationCalls : public QObject {
     record.Lon = u"-0.5"_s;
     for (const QString& call : {u"ZZ2AA"_s, u"ZZ3AA"_s}) {
       record.Call = call;
-      QVERIFY(f.services->database.SaveStation(call, record));
+      f.services->database.SaveStation(call, record);
     }
+    QVERIFY(f.services->database.Finish());
     lblMap.setFocus();
     QTest::keyClick(&lblMap, Qt::Key_Space);
     QTRY_VERIFY(find() != nullptr && find()->isVisible());

@@ -75,18 +75,19 @@ struct LookupFixture {
     record.Ctry = QStringLiteral("Nowhere");
     record.Lat = lat;
     record.Lon = lon;
-    QVERIFY(database.SaveStation(call, record));
+    database.SaveStation(call, record);
+    QVERIFY(database.Finish());
   }
   // Name, latitude, longitude, class, the address in three lines and year of a record; empty where there is none.
-  QString Filed(const QString& call) const {
-    const std::optional<FoundRecord> found = CallDatabase(folder.path()).Find(call);
+  QString Filed(const QString& call) {
+    const std::optional<FoundRecord> found = database.Find(call);
     if (!found) return {};
     const DbRec& record = found->record;
     return QStringList{record.Name.Text(), record.Lat.Text(),  record.Lon.Text(),  record.Class.Text(),
                        record.Add1.Text(), record.Add2.Text(), record.Ctry.Text(), record.YearBorn.Text()}
         .join(u'*');
   }
-  int Records() const { return CallDatabase(folder.path()).RecordCount(); }
+  int Records() const { return database.RecordCount(); }
 
   QString PicturePath(const QString& call) const { return OperatorPicturePath(folder.path(), call); }
   void WritePicture(const QString& call, const QByteArray& bytes) const {

@@ -67,7 +67,7 @@ class TestCallDatabase : public QObject {
     const auto check = [](const char* what, const QByteArray& letters, bool searchesFirst) {
       const TableRow row(what);
       const TestFolder folder;
-      CallDatabase database(folder.path());
+      DatabaseFile database(folder.path());
       Model model;
       QRandomGenerator random(41);
       const auto anyCall = [&] {
@@ -122,7 +122,7 @@ class TestCallDatabase : public QObject {
 
   void KeepsFieldsInTheirPlaces() {
     const TestFolder folder;
-    CallDatabase database(folder.path());
+    DatabaseFile database(folder.path());
     QCOMPARE(database.FindRecord(u"ZZ9QX"_s), 0);
     DbRec& record = database.DbCurrent;
     record.Call = u"ZZ9QX"_s;
@@ -139,7 +139,7 @@ class TestCallDatabase : public QObject {
     QCOMPARE(folder.Bytes(kFile), "ZZ9QX Abcdefghijklmnopqrstuvwxy" + add1 + Padded("1 Mill Lane", 30) +
                                       Padded("Nowhere", 30) + Padded("-40.25", 15) + Padded("0", 15) +
                                       Padded("Extra", 12) + "1961");
-    CallDatabase other(folder.path());
+    DatabaseFile other(folder.path());
     QCOMPARE(other.FindRecord(u" ZZ9QX "_s), 1);
     QCOMPARE(other.DbCurrent.Name.Text() + other.DbCurrent.Add1.Text(), u"Abcdefghijklmnopqrstuvwxy?ódz ? € ñ"_s);
   }
@@ -147,7 +147,7 @@ class TestCallDatabase : public QObject {
   void GoesOnWithoutAFile() {
     const TestFolder folder;
     folder.Put(u"temp.db"_s, Stored("LEFT"));
-    CallDatabase database(folder.path());
+    DatabaseFile database(folder.path());
     database.DbCurrent.Call = u"ZZ9QX"_s;
     QStringList calls{u"old"_s};
     QVERIFY(!database.AddRecord() && !database.UpdateRecord(1) && !database.SortDatabase());
@@ -189,7 +189,7 @@ class TestCallDatabase : public QObject {
     const auto check = [](const QByteArray& before, int count, const QByteArray& afterAddingC,
                           const QByteArray& afterDeletingB) {
       const TestFolder folder;
-      CallDatabase database(folder.path());
+      DatabaseFile database(folder.path());
       folder.Put(kFile, before);
       QCOMPARE(database.RecordCount(), count);
       QCOMPARE(database.FindRecord(u"nowhere"_s), 0);
@@ -214,7 +214,7 @@ class TestCallDatabase : public QObject {
     const TestFolder folder;
     folder.Put(kFile, Stored("A") + Stored("B") + Stored("C"));
     folder.Put(u"temp.db"_s, Stored("X") + Stored("Y") + Stored("Z"));
-    CallDatabase database(folder.path());
+    DatabaseFile database(folder.path());
     QVERIFY(database.DeleteRecord(u"C"_s));
     QCOMPARE(folder.Bytes(kFile), Stored("A") + Stored("B") + Stored("Z"));
     QCOMPARE(database.DbCurrent.Call.Text(), u"C"_s);
@@ -232,7 +232,7 @@ class TestCallDatabase : public QObject {
       odd += Stored(call(2 * i + 1).toLatin1(), "second");
     }
     folder.Put(kFile, even);
-    CallDatabase database(folder.path());
+    DatabaseFile database(folder.path());
     const auto rested = [&folder]() {
       return QFileInfo(folder.filePath(kFile)).metadataChangeTime().secsTo(QDateTime::currentDateTime()) >= 3;
     };
@@ -258,13 +258,13 @@ class TestCallDatabase : public QObject {
   void ListsTheDemo() {
     const TestFolder folder;
     folder.Put(kFile, DemoDatabase().repeated(60));
-    CallDatabase database(folder.path());
+    DatabaseFile database(folder.path());
     QStringList calls;
     QVERIFY(database.FillCallList(calls));
     QCOMPARE(calls.size(), DemoDatabase().size() / kRecordSize * 60);
     QCOMPARE(calls.last(), calls.at(calls.size() / 60 - 1));
     folder.Put(kFile, DemoDatabase());
-    QCOMPARE(database.LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
+    QCOMPARE(CallDatabase(folder.path()).LookupTargetLocation(u"VK2QFW"_s).TargetLat, -33.9);
   }
 };
 

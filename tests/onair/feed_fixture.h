@@ -45,7 +45,7 @@ struct FeedFixture {
     Cgi().SetAnswer(CgiPath(), {200, "text/html", cgi, {}});
     Text().SetAnswer(TextPath(), {200, "text/plain", text, {}});
   }
-  void Station(const QString& call, const QString& lat, const QString& lon) const {
+  void Station(const QString& call, const QString& lat, const QString& lon) {
     DbRec record;
     record.Call = call;
     record.Name = QStringLiteral("Robin");
@@ -54,6 +54,7 @@ struct FeedFixture {
     record.Ctry = QStringLiteral("Germany");
     record.Lat = lat;
     record.Lon = lon;
-    QVERIFY(CallDatabase(folder.path()).SaveStation(call, record));
+    database.SaveStation(call, record);
+    QVERIFY(database.Finish());
   }
 };

@@ -98,7 +98,8 @@ class TestOnAirList : public QObject {
       record.Call = call;
       record.Lat = lat;
       record.Lon = lon;
-      QVERIFY(database.SaveStation(call, record));
+      database.SaveStation(call, record);
+      QVERIFY(database.Finish());
     };
     save(u"ZZ1A"_s, u"51,5"_s, u"-0.1"_s);
     save(u"ZZ2A"_s, u"0"_s, u"0"_s);

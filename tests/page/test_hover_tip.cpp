@@ -55,7 +55,8 @@ struct Page {
     record.Ctry = u"Erewhon"_s;
     record.Lat = CoordinateText(lat);
     record.Lon = CoordinateText(lon);
-    if (!database.SaveStation(call, record)) qFatal("no record stored");
+    database.SaveStation(call, record);
+    if (!database.Finish()) qFatal("no record stored");
   }
 };
 

@@ -152,8 +152,9 @@ int AddOwn(const QString& folder, int records) {
   QRandomGenerator random(7);
   int added = 0;
   for (int i = 0; i < kAdditions; ++i) {
-    database.DbCurrent = Record(random.bounded(static_cast<quint32>(records)) * 2 + 1);
-    added += database.AddRecord() && database.SortDatabase() ? 1 : 0;
+    const DbRec record = Record(random.bounded(static_cast<quint32>(records)) * 2 + 1);
+    database.SaveStation(record.Call.Text(), record);
+    added += database.Finish() ? 1 : 0;
   }
   return added;
 }

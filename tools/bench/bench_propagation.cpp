@@ -40,15 +40,16 @@ void FillDatabase(const QString& folder) {
   QRandomGenerator random(9);
   constexpr std::array kRegions = {QRectF(-120, 35, 48, 13), QRectF(-5, 44, 30, 14), QRectF(-5, 44, 30, 14),
                                    QRectF(140, -38, 12, 10), QRectF(131, 33, 10, 7)};
-  const CallDatabase database(folder);
+  QList<StationRecord> stations;
   for (int i = 0; i < kStations; ++i) {
     const QRectF& region = kRegions[static_cast<std::size_t>(random.bounded(int(kRegions.size())))];
     DbRec record;
     record.Call = CallOf(i);
     record.Lat = CoordinateText(region.y() + random.bounded(region.height()));
     record.Lon = CoordinateText(region.x() + random.bounded(region.width()));
-    database.SaveStation(CallOf(i), record);
+    stations.append({CallOf(i), record});
   }
+  CallDatabase(folder).SaveStations(stations);
 }
 
 // Other paths each time.

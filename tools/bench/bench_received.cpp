@@ -73,13 +73,16 @@ int main(int argc, char** argv) {
   Program program;
   FillPage(program);
   CallDatabase database(folder.path());
+  QList<StationRecord> records;
   DbRec record;
   record.Lat = u"51.5"_s;
   record.Lon = u"-0.5"_s;
   for (int i = 0; i < kReports; ++i) {
     record.Call = CallOf(i);
-    database.SaveStation(CallOf(i), record);
+    records.append({CallOf(i), record});
   }
+  database.SaveStations(records);
+  database.Finish();
   UrlNetwork network;
   PageTextTool pageText{QString()};
   PictureTool tool{QString(), folder.path()};
