@@ -2,6 +2,7 @@
 #include "poll/slot_pictures.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QUrl>
@@ -22,6 +23,29 @@ int PlaceOf(int page, int slot) {
   return page * 100 + slot;
 }
 
+// Names are "<page>-<slot>" with or without an ending. A file that cannot be moved is removed, so that no site is shown
+// with the picture of another.
+void MovePageFiles(const QString& folder, const QList<int>& pageBefore) {
+  struct Moved {
+    QString part;
+    QString path;
+  };
+  QList<Moved> files;
+  const QStringList names = QDir(folder).entryList(QDir::Files);
+  for (const QString& name : names) {
+    const qsizetype sign = name.indexOf(u'-');
+    const int page = name.left(std::max<qsizetype>(sign, 0)).toInt();
+    const qsizetype now = pageBefore.indexOf(page);
+    if (page < 1 || now < 1 || now == page) continue;
+    const QString path = folder + u'/' + name;
+    const QString part = PartPath(path);
+    if (!PutInPlace(path, part)) continue;
+    files.append({part, folder + u'/' + QString::number(now) + name.sliced(sign)});
+  }
+  // All are away by now: the new name of one was the old name of another.
+  for (const Moved& file : std::as_const(files)) PutInPlace(file.part, file.path);
+}
+
 }  // namespace
 
 SlotPictures::SlotPictures(Program& program, HeightTable& heights, PictureTool& tool, Background& background,
@@ -29,6 +53,7 @@ SlotPictures::SlotPictures(Program& program, HeightTable& heights, PictureTool& 
     : QObject(parent), program_(program), heights_(heights), tool_(tool), background_(background) {}
 
 bool SlotPictures::Stands(const PictureKey& key) const {
+  if (pagesMove_) return false;
   const SiteTable& sites = program_.sites;
   if (key.page < PageState::WxPage) return sites.GetSiteSlot(key.site, key.page) == key.slot + 1;
   const auto layout = static_cast<std::size_t>(program_.config.ThumbLayout);
@@ -195,4 +220,30 @@ void SlotPictures::Move(int page, const QList<QPair<int, int>>& moves) {
     }
     heights_.SetHeight(page, to, heights.at(i));
   }
+}
+
+void SlotPictures::MovePages(const QList<int>& pageBefore, const std::function<void()>& moved) {
+  for (auto& [place, wanted] : wanted_) {
+    if (place / 100 < PageState::WxPage) Withdraw(place / 100, place % 100);
+  }
+  pagesMove_ = true;
+  const QString pictures = program_.AppDataDir + u"/images/dsstv"_s;
+  background_.Run<bool>(
+      this,
+      [pictures, pageBefore]() {
+        MovePageFiles(pictures, pageBefore);
+        MovePageFiles(pictures + u"/thumbs"_s, pageBefore);
+        return true;
+      },
+      [this, pageBefore, moved](bool) {
+        const HeightTable before = heights_;
+        for (int page = 1; page < pageBefore.size(); ++page) {
+          if (pageBefore.at(page) == page) continue;
+          for (int slot = 0; slot < kMaxSlots; ++slot) {
+            heights_.SetHeight(page, slot, before.Height(pageBefore.at(page), slot));
+          }
+        }
+        pagesMove_ = false;
+        moved();
+      });
 }
