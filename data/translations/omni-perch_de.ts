@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>Das ist kein Rufzeichen.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 bei %2 nicht gefunden</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Koordinaten bei %1 nicht verfügbar
+    Aus Adresse oder Postleitzahl abgeleitet.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 nennt %2, %3. Ihre Eingabe bleibt stehen.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>Das Fenster für Webseiten konnte nicht geöffnet werden.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Entfernung und Richtung</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Bei %1 anmelden</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Bei %1 abmelden</translation>
     </message>
 </context>
 <context>
@@ -213,6 +222,24 @@
             <numerusform>%n ältere Meldung wurde weggelassen.</numerusform>
             <numerusform>%n ältere Meldungen wurden weggelassen.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Das Fenster für Webseiten konnte nicht geöffnet werden.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Bei %1 anmelden</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Bei %1 abmelden</translation>
     </message>
 </context>
 <context>

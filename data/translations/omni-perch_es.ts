@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>Esto no es un indicativo.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 no encontrado en %2</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Coordenadas no disponibles en %1
+    Deducidas de la dirección o del código postal.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 indica %2, %3. Lo que ha escrito se conserva.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>No se pudo abrir la ventana de páginas web.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Distancia y dirección</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Las imágenes no se decodifican: este sistema no tiene un entorno aislado para el decodificador (faltan los filtros seccomp)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Iniciar sesión en %1</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Cerrar sesión en %1</translation>
     </message>
 </context>
 <context>
@@ -213,6 +222,24 @@
             <numerusform>Se omitió %n informe más antiguo.</numerusform>
             <numerusform>Se omitieron %n informes más antiguos.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>No se pudo abrir la ventana de páginas web.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Iniciar sesión en %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Cerrar sesión en %1</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>Ce n&apos;est pas un indicatif.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 introuvable sur %2</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Coordonnées non disponibles sur %1
+    Déduites de l&apos;adresse ou du code postal.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 indique %2, %3. Votre saisie est conservée.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>La fenêtre des pages web n&apos;a pas pu être ouverte.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Distance et direction</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Se connecter à %1</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Se déconnecter de %1</translation>
     </message>
 </context>
 <context>
@@ -213,6 +222,24 @@
             <numerusform>%n rapport plus ancien a été omis.</numerusform>
             <numerusform>%n rapports plus anciens ont été omis.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>La fenêtre des pages web n&apos;a pas pu être ouverte.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Se connecter à %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Se déconnecter de %1</translation>
     </message>
 </context>
 <context>

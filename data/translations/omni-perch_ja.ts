@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>これはコールサインではありません。</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 は %2 に見つかりません</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* 座標は %1 にありません
+    住所または郵便番号から求めました。</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 では %2, %3 です。入力した値はそのままです。</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>ウェブページのウィンドウを開けませんでした。</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>距離と方位</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>%1 にサインイン</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>%1 からサインアウト</translation>
     </message>
 </context>
 <context>
@@ -211,6 +220,24 @@
         <translation>
             <numerusform>古い報告%n件は省かれました。</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>ウェブページのウィンドウを開けませんでした。</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>%1 にサインイン</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>%1 からサインアウト</translation>
     </message>
 </context>
 <context>

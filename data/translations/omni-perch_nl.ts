@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>Dit is geen roepnaam.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 niet gevonden op %2</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Coördinaten niet beschikbaar op %1
+    Afgeleid van adres of postcode.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 geeft %2, %3. Wat u hebt getypt blijft staan.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>Het venster voor webpagina&apos;s kon niet worden geopend.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Afstand en richting</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Afbeeldingen worden niet gedecodeerd: dit systeem heeft geen sandbox voor de decoder (geen seccomp-filters)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Aanmelden bij %1</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Afmelden bij %1</translation>
     </message>
 </context>
 <context>
@@ -213,6 +222,24 @@
             <numerusform>%n oudere melding is weggelaten.</numerusform>
             <numerusform>%n oudere meldingen zijn weggelaten.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Het venster voor webpagina&apos;s kon niet worden geopend.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Aanmelden bij %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Afmelden bij %1</translation>
     </message>
 </context>
 <context>

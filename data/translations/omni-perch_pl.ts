@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>To nie jest znak wywoławczy.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>Nie znaleziono %1 w %2</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Współrzędne niedostępne w %1
+    Wyznaczone z adresu lub kodu pocztowego.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>%1 podaje %2, %3. Wpisane wartości pozostają.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>Nie udało się otworzyć okna stron internetowych.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Odległość i kierunek</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Zaloguj się do %1</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Wyloguj się z %1</translation>
     </message>
 </context>
 <context>
@@ -215,6 +224,24 @@
             <numerusform>Pominięto %n starsze raporty.</numerusform>
             <numerusform>Pominięto %n starszych raportów.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Nie można było otworzyć okna stron internetowych.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Zaloguj się do %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Wyloguj się z %1</translation>
     </message>
 </context>
 <context>

@@ -57,6 +57,30 @@
     </message>
 </context>
 <context>
+    <name>CoordinateFetch</name>
+    <message>
+        <source>This is no callsign.</source>
+        <translation>Это не позывной.</translation>
+    </message>
+    <message>
+        <source>%1 not found on %2</source>
+        <translation>%1 не найден на %2</translation>
+    </message>
+    <message>
+        <source>* Coordinates not available from %1
+    Derived from address or zipcode.</source>
+        <translation>* Координаты недоступны на %1
+    Получены по адресу или почтовому индексу.</translation>
+    </message>
+</context>
+<context>
+    <name>FetchGroup</name>
+    <message>
+        <source>%1 has %2, %3. What you have typed stays.</source>
+        <translation>На %1 указано %2, %3. Введённое вами сохранено.</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -65,10 +89,6 @@
 </context>
 <context>
     <name>Form12</name>
-    <message>
-        <source>The window for web pages could not be opened.</source>
-        <translation>Не удалось открыть окно веб-страниц.</translation>
-    </message>
     <message>
         <source>Distance and direction</source>
         <translation>Расстояние и направление</translation>
@@ -109,17 +129,6 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Изображения не декодируются: в этой системе нет песочницы для декодера (нет фильтров seccomp)</translation>
-    </message>
-</context>
-<context>
-    <name>LookupSession</name>
-    <message>
-        <source>Sign in to %1</source>
-        <translation>Войти на %1</translation>
-    </message>
-    <message>
-        <source>Sign out of %1</source>
-        <translation>Выйти из %1</translation>
     </message>
 </context>
 <context>
@@ -215,6 +224,24 @@
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SignInPage</name>
+    <message>
+        <source>The window for web pages could not be opened.</source>
+        <translation>Не удалось открыть окно веб-страниц.</translation>
+    </message>
+</context>
+<context>
+    <name>SignInSession</name>
+    <message>
+        <source>Sign in to %1</source>
+        <translation>Войти на %1</translation>
+    </message>
+    <message>
+        <source>Sign out of %1</source>
+        <translation>Выйти из %1</translation>
     </message>
 </context>
 <context>

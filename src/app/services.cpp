@@ -48,3 +48,7 @@ Services::Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& th
   tool.WarmUp();
   network.SetCookies(cookies);
 }
+
+SignInBrowser Services::SignIn() {
+  return {[this]() { return web.Windows(); }, [this](const QUrl& url) { web.Forget(url); }, dialogs};
+}

@@ -9,6 +9,7 @@
 
 #include "browser/web_library.h"
 #include "callbook/call_database.h"
+#include "callbook/sign_in_page.h"
 #include "core/hosts.h"
 #include "core/program.h"
 #include "core/translations.h"
@@ -40,6 +41,9 @@ struct RunSettings {
 // The services, made in the order of the members; each may use those above it.
 struct Services {
   Services(RunSettings runSettings, Dialogs& theDialogs, const Clock& theClock);
+
+  // What a window with a choice of callbook service needs to open the services' login pages.
+  SignInBrowser SignIn();
 
   const RunSettings run;
   Dialogs& dialogs;

@@ -84,9 +84,7 @@ BaseWindow* Windows::MakeLookup() {
   Services& s = services_;
   const LookupSession::Dependencies session{s.program,    s.network,   s.tool,    s.pageText,
                                             s.background, s.run.hosts, s.cookies, s.database};
-  const auto browser = [&s]() { return s.web.Windows(); };
-  const auto forget = [&s](const QUrl& url) { s.web.Forget(url); };
-  auto* window = new Form12(Form12::Dependencies{session, browser, forget, s.dialogs, s.commands, menus_}, mainWindow_);
+  auto* window = new Form12(Form12::Dependencies{session, s.SignIn(), s.dialogs, s.commands, menus_}, mainWindow_);
   connect(window, &Form12::LookupStatusChanged, this, &Windows::LookupStatusChanged);
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
   connect(window, &Form12::Stored, this, [this]() {

@@ -8,7 +8,6 @@
 #include "station/distance.h"
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 namespace {
 
@@ -16,13 +15,6 @@ constexpr double kUnitsWide = 57;
 constexpr double kUnitsHigh = 39;
 // Height divided by width; flatter pictures are scaled by their width, others by their height.
 constexpr double kFlatShape = 0.75;
-
-// Wait this long after a change of cookies: a sign-in page sets several, and a page read between two of them would not
-// be that of a signed-in user yet.
-constexpr std::chrono::milliseconds kCookiePause = 400ms;
-// Reads after cookies that came during a read. Such a cookie may belong to the sign-in, but some services set one with
-// every page, so reading after each of them would never end.
-constexpr int kReadsForCookies = 2;
 
 }  // namespace
 
@@ -34,11 +26,16 @@ QSizeF PictureUnits(QSize pixels) {
   return size / (flat ? size.width() / kUnitsWide : size.height() / kUnitsHigh);
 }
 
-LookupSession::LookupSession(const Dependencies& dependencies, QObject* parent) : QObject(parent), deps_(dependencies) {
-  cookieTimer_.setSingleShot(true);
-  cookieTimer_.setInterval(kCookiePause);
-  connect(&cookieTimer_, &QTimer::timeout, this, &LookupSession::CookiesSettled);
-  connect(&deps_.cookies, &CookieStore::Changed, this, &LookupSession::CookiesChanged);
+LookupSession::LookupSession(const Dependencies& dependencies, QObject* parent)
+    : QObject(parent),
+      deps_(dependencies),
+      signIn_(deps_.program.config, deps_.hosts, deps_.cookies, [this]() { return view_.busy; }) {
+  connect(&signIn_, &SignInSession::ReadWanted, this, &LookupSession::Update);
+  connect(&signIn_, &SignInSession::SignedOut, this, [this]() {
+    // Update() does nothing without a call, but the offer has changed in any case.
+    Q_EMIT Changed();
+    Update();
+  });
 }
 
 LookupSession::~LookupSession() = default;
@@ -112,7 +109,7 @@ void LookupSession::BeginRead() {
 
 void LookupSession::ChooseService(int listIndex) {
   if (!ChooseCallbook(deps_.program.config, listIndex + 1, ServiceSpelling::Lookup)) return;
-  awaitingSignIn_ = false;
+  signIn_.ServiceChanged();
   statusLine_.reset();
   WriteTexts();
   view_.picture = QImage();
@@ -163,9 +160,7 @@ void LookupSession::ShowPicture() {
 
 void LookupSession::GotPage(const QString& call, bool loggedIn) {
   if (call != call_) return;
-  loggedIn_ = loggedIn;
-  loginService_ = lookUp_->Database;
-  if (loggedIn) awaitingSignIn_ = false;
+  signIn_.TakeLogin(lookUp_->Database, loggedIn);
   ShowStatus(loggedIn);
   const CallbookService* service = FindCallbookService(lookUp_->Database);
   if (!loggedIn && (service == nullptr || service->needsLogin)) {
@@ -311,7 +306,7 @@ void LookupSession::NotFound(const QString& call) {
 void LookupSession::LoginRequired(const QString& call) {
   Q_UNUSED(call)
   // From now on the window offers to sign in, whatever the page says about the login.
-  loggedIn_ = false;
+  signIn_.TakeLogin(lookUp_->Database, false);
   PointerNormal();
   Q_EMIT Beep();
 }
@@ -339,62 +334,4 @@ QString LookupSession::DistanceText(double lat, double lon) const {
     return deps_.program.language[TextLine::kSetLocation].trimmed();
   }
   return DistAzText(config.MyLat, config.MyLon, lat, lon, config.DistUnit);
-}
-
-SignInOffer LookupSession::Offer() const {
-  const QString signIn = tr("Sign in to %1").arg(deps_.program.config.CallbookName);
-  const QUrl url = SignInUrl();
-  if (!url.isValid()) return {SignInOffer::Kind::None, signIn};
-  // Until a page of this service has been read, having cookies of the service counts as signed in.
-  const bool known = loggedIn_.has_value() && loginService_ == deps_.program.config.CallbookIndex;
-  const bool in = known ? *loggedIn_ : !ServiceCookies().isEmpty();
-  if (!in) return {SignInOffer::Kind::SignIn, signIn};
-  return {SignInOffer::Kind::SignOut, tr("Sign out of %1").arg(deps_.program.config.CallbookName)};
-}
-
-QUrl LookupSession::SignInUrl() const {
-  const CallbookService* service = Service();
-  return service == nullptr ? QUrl() : LoginUrl(*service, deps_.hosts);
-}
-
-void LookupSession::AwaitSignIn() {
-  awaitingSignIn_ = true;
-  readsForCookies_ = 0;
-  cookiesSeen_ = ServiceCookies();
-}
-
-void LookupSession::CookiesChanged() {
-  if (!awaitingSignIn_) return;
-  if (!view_.busy) readsForCookies_ = 0;
-  cookieTimer_.start();
-}
-
-void LookupSession::CookiesSettled() {
-  if (!awaitingSignIn_ || ServiceCookies() == cookiesSeen_) return;
-  if (view_.busy) {
-    cookieTimer_.start();
-    return;
-  }
-  cookiesSeen_ = ServiceCookies();
-  if (readsForCookies_ == kReadsForCookies) return;
-  ++readsForCookies_;
-  Update();
-}
-
-void LookupSession::SignInClosed() {
-  if (!awaitingSignIn_) return;
-  awaitingSignIn_ = false;
-  cookieTimer_.stop();
-  Update();
-}
-
-void LookupSession::SignOut() {
-  const QUrl url = SignInUrl();
-  if (!url.isValid()) return;
-  awaitingSignIn_ = false;
-  deps_.cookies.RemoveOf(url);
-  loggedIn_.reset();
-  // Update() does nothing without a call, but the offer has changed in any case.
-  Q_EMIT Changed();
-  Update();
 }

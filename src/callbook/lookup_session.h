@@ -5,12 +5,9 @@
 #pragma once
 
 #include <QImage>
-#include <QNetworkCookie>
 #include <QObject>
 #include <QSizeF>
 #include <QString>
-#include <QTimer>
-#include <QUrl>
 #include <memory>
 #include <optional>
 
@@ -88,16 +85,8 @@ class LookupSession : public QObject {
   // The call's place in the database; both coordinates 0 if the database does not have it.
   TargetLocation Target() { return deps_.database.LookupTargetLocation(call_); }
 
-  // Whether the window offers to sign in to or out of the chosen service.
-  SignInOffer Offer() const;
-  // The service's own login page; invalid without one.
-  QUrl SignInUrl() const;
-  // The login page has been opened: the shown call is read again whenever that page has changed the service's cookies,
-  // and once when the page is closed.
-  void AwaitSignIn();
-  void SignInClosed();
-  // Removes the service's cookies and reads the call again. The browser window's own cookies have to be removed before.
-  void SignOut();
+  // Signing in to the chosen service; the call is read again when that has changed something.
+  SignInSession& SignIn() { return signIn_; }
 
  Q_SIGNALS:
   void Changed();
@@ -121,8 +110,6 @@ class LookupSession : public QObject {
   void NotFound(const QString& call);
   void LoginRequired(const QString& call);
   void PointerNormal();
-  void CookiesChanged();
-  void CookiesSettled();
 
   // Which text lblCall shows; kept so that it can be written in another language.
   enum class CallLine { Blank, Progress, FromDatabase, FromService, NotFound };
@@ -139,8 +126,6 @@ class LookupSession : public QObject {
   QString NameWithNickname(const QString& name, const QString& call) const;
   QString DistanceText(double lat, double lon) const;
   void SaveRecord(const QString& call, const DbRec& record);
-  const CallbookService* Service() const { return FindCallbookService(deps_.program.config.CallbookIndex); }
-  QList<QNetworkCookie> ServiceCookies() const { return deps_.cookies.CookiesFor(SignInUrl()); }
 
   Dependencies deps_;
   LookupView view_;
@@ -155,14 +140,9 @@ class LookupSession : public QObject {
   double lon_ = 0;
   std::optional<TextLine> statusLine_;
   std::unique_ptr<ucLookUp> lookUp_;
-  QString serviceName_;           // service of the read under way
-  bool unknownCall_ = false;      // CallNotFound was raised for the page that is being read
-  std::optional<bool> loggedIn_;  // as the last page showed
-  int loginService_ = 0;          // service of that page
-  Wanted shown_;                  // the call shown; answers for a former one are dropped
+  QString serviceName_;       // service of the read under way
+  bool unknownCall_ = false;  // CallNotFound was raised for the page that is being read
+  Wanted shown_;              // the call shown; answers for a former one are dropped
   QSize pictureBox_{142, 108};
-  bool awaitingSignIn_ = false;
-  int readsForCookies_ = 0;  // reads since the browser window last changed a cookie
-  QList<QNetworkCookie> cookiesSeen_;
-  QTimer cookieTimer_;
+  SignInSession signIn_;
 };

@@ -43,7 +43,8 @@ Form12::Form12(const Dependencies& dependencies, QWidget* owner)
       lblDxAz(new FieldLabel(u"lblDxAz"_s, this)),
       Image1(new PictureButton(u"Image1"_s, this)),
       service_(new ServiceChooser(ServiceSpelling::Lookup, {u"cmdUpdate"_s, u"lblStatus"_s}, this)),
-      lblMaps(new BarLabel(u"lblMaps"_s, this)) {
+      lblMaps(new BarLabel(u"lblMaps"_s, this)),
+      signIn_(dependencies.browser, session_.SignIn(), this) {
   setObjectName(u"Form12"_s);
   SetDefaultButton(service_->FetchButton());
   MakeLayout();
@@ -93,7 +94,7 @@ void Form12::ConnectSignals() {
   connect(&session_, &LookupSession::Stored, this, &Form12::Stored);
   connect(service_, &ServiceChooser::Chosen, &session_, &LookupSession::ChooseService);
   connect(service_, &ServiceChooser::FetchWanted, &session_, &LookupSession::Update);
-  connect(service_, &ServiceChooser::KeyPressed, this, &Form12::SignInOrOut);
+  connect(service_, &ServiceChooser::KeyPressed, &signIn_, &SignInPage::SignInOrOut);
   connect(service_, &ServiceChooser::StatusPressed, this, &Form12::StatusClicked);
   connect(lblMaps, &BarLabel::clicked, this, &Form12::OpenMapsMenu);
   connect(Image1, &PictureButton::clicked, this, &Form12::OpenPicture);
@@ -104,7 +105,7 @@ void Form12::ConnectSignals() {
   does(Command::ShowCallOnMap, [](Form12& form, const MenuChoice& choice) { form.MnuMapsClick(choice.index); });
   does(Command::CopyOperatorPicture, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
   does(Command::SaveOperatorPictureAs, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
-  does(Command::SignInOrOut, [](Form12& form, const MenuChoice&) { form.SignInOrOut(); });
+  does(Command::SignInOrOut, [](Form12& form, const MenuChoice&) { form.signIn_.SignInOrOut(); });
 }
 
 void Form12::Open(const QString& lookupCall, const QRect& besideGlobal) {
@@ -160,7 +161,7 @@ void Form12::ShowView() {
   lblCtry->SetField(view.ctry, role(TextLine::kCountryLabel));
   lblDxAz->SetField(view.dxAz, tr("Distance and direction"));
   service_->SetFetchCaption(view.updateCaption);
-  service_->SetLogin(view.status, session_.Offer());
+  service_->SetLogin(view.status, session_.SignIn().Offer());
   Image1->SetPicture(view.picture, PixelsOf(view.pictureUnits));
   Image1->setAccessibleName(Form13::PictureName(session_.Call()));
   if (view.busy) {
@@ -262,48 +263,13 @@ void Form12::SavePicture() {
 }
 
 void Form12::StatusClicked() {
-  const SignInOffer offer = session_.Offer();
-  if (offer.kind != SignInOffer::Kind::SignOut) return SignInOrOut();
+  const SignInOffer offer = session_.SignIn().Offer();
+  if (offer.kind != SignInOffer::Kind::SignOut) return signIn_.SignInOrOut();
   const StatusLink* status = service_->Status();
   MenuRequest request = Request(MenuId::SignIn, status->text(), status->mapToGlobal(QPoint(0, status->height())));
   request.subject.offer = offer.text;
   request.byKeyboard = !status->underMouse();
   deps_.menus.OpenMenu(request);
-}
-
-void Form12::SignInOrOut() {
-  switch (session_.Offer().kind) {
-    case SignInOffer::Kind::SignIn:
-      SignIn();
-      break;
-    case SignInOffer::Kind::SignOut:
-      SignOut();
-      break;
-    case SignInOffer::Kind::None:
-      break;
-  }
-}
-
-void Form12::SignIn() {
-  BrowserWindows* browser = deps_.browser();
-  if (browser == nullptr) {
-    deps_.dialogs.Inform(this, tr("The window for web pages could not be opened."), true);
-    return;
-  }
-  connect(browser, &BrowserWindows::Closed, this, &Form12::BrowserClosed, Qt::UniqueConnection);
-  signInTitle_ = deps_.program.config.CallbookName;
-  session_.AwaitSignIn();
-  browser->OpenPage(signInTitle_, session_.SignInUrl());
-}
-
-void Form12::BrowserClosed(const QString& title) {
-  if (title == signInTitle_) session_.SignInClosed();
-}
-
-void Form12::SignOut() {
-  // The browser windows keep cookies of their own, which must be removed first, or they would come back from there.
-  deps_.forget(session_.SignInUrl());
-  session_.SignOut();
 }
 
 void Form12::closeEvent(QCloseEvent* event) {

@@ -7,11 +7,11 @@
 #include <QPointer>
 #include <functional>
 
-#include "browser/browser_windows.h"
 #include "callbook/lookup_session.h"
 #include "callbook/lookup_widgets.h"
 #include "callbook/operator_picture_window.h"
 #include "callbook/service_chooser.h"
+#include "callbook/sign_in_page.h"
 #include "ui/bar_label.h"
 #include "ui/base_window.h"
 #include "ui/commands.h"
@@ -25,10 +25,7 @@ class Form12 : public BaseWindow {
  public:
   // What the window uses; all of it outlives the window.
   struct Dependencies : LookupSession::Dependencies {
-    // The web library's browser windows (loads the library; nullptr if it cannot be loaded), and its removal of a
-    // service's cookies at the end of a sign-in.
-    std::function<BrowserWindows*()> browser;
-    std::function<void(const QUrl&)> forget;
+    SignInBrowser browser;
     Dialogs& dialogs;
     Commands& commands;
     MenuOpener& menus;
@@ -78,10 +75,6 @@ class Form12 : public BaseWindow {
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);
   void OpenPicture();
   void StatusClicked();
-  void SignInOrOut();
-  void SignIn();
-  void SignOut();
-  void BrowserClosed(const QString& title);
   void WithWholePicture(const std::function<void(const QImage&)>& then);
   void CopyPicture();
   void SavePicture();
@@ -98,6 +91,6 @@ class Form12 : public BaseWindow {
   ServiceChooser* service_;  // cboDB, cmdUpdate, lblStatus
   BarLabel* lblMaps;
   QPointer<Form13> picture_;
-  QRect beside_;         // the rectangle that was clicked, in pixels of the screen
-  QString signInTitle_;  // title of the browser window with the login page
+  SignInPage signIn_;
+  QRect beside_;  // the rectangle that was clicked, in pixels of the screen
 };

@@ -44,6 +44,11 @@ void CoordinateField::SetCoordinate(double degrees, bool derived) {
   setText(NumberText(degrees) + (derived ? u"*"_s : QString()));
 }
 
+void CoordinateField::TypeCoordinate(double degrees, bool derived) {
+  selectAll();
+  insert(NumberText(degrees) + (derived ? u"*"_s : QString()));
+}
+
 double CoordinateField::Degrees() const {
   return Val(Stored());
 }

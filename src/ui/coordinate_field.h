@@ -18,6 +18,8 @@ class CoordinateField : public QLineEdit {
   void SetRole(const QString& label);
   // Writes degrees, north and east positive; 0 as "0". derived: adds the "*".
   void SetCoordinate(double degrees, bool derived = false);
+  // The same as if the user had typed it: Ctrl+Z brings the former text back.
+  void TypeCoordinate(double degrees, bool derived = false);
   // The number that the text begins with, in degrees; 0 without one.
   double Degrees() const;
   // The text with points for commas, as the call database stores it.

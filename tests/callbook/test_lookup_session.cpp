@@ -112,7 +112,7 @@ class TestLookupSession : public QObject {
     f.program.config.CallbookName.clear();
     f.LookToTheEnd(u"K1QPE"_s);
     QCOMPARE(f.Shown() + f.view.status, u"Reading . . .|||||"_s);
-    QVERIFY(f.session.Offer().kind == SignInOffer::Kind::None && f.Records() == 0);
+    QVERIFY(f.session.SignIn().Offer().kind == SignInOffer::Kind::None && f.Records() == 0);
     f.session.ChooseService(kCallook - 1);
     QTRY_COMPARE(f.view.name, u"Martha"_s);
   }
@@ -132,7 +132,7 @@ class TestLookupSession : public QObject {
     f.Choose(kQrz);
     f.LookToTheEnd(u"G3QXR"_s);
     QVERIFY(beeps.count() == 1 && f.view.name.isEmpty() && f.view.call.startsWith(u"G3QXR"_s));
-    QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign in to QRZ"_s);
     // Of the record that another service has given, the name goes and nothing else.
     f.Choose(kQrzcq);
     f.LookToTheEnd(u"G3QXR"_s);
@@ -317,43 +317,43 @@ class TestLookupSession : public QObject {
   void SignsInAndOut() {
     SessionFixture f(kEham);
     f.LookToTheEnd(u"K1QPE"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign in to eHam"_s);
-    f.session.AwaitSignIn();
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign in to eHam"_s);
+    f.session.SignIn().Await();
     f.SignIn();
     QTRY_COMPARE(f.view.name, u"Martha"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign out of eHam"_s);
     f.Settle();
     const int asked = f.Service().TotalRequests();
     // The cookie has ended the waiting: closing the browser window afterwards reads nothing.
-    f.session.SignInClosed();
+    f.session.SignIn().Close();
     QVERIFY(!f.view.busy);
 
     // A login to eHam is none to QRZ, of which there are no cookies.
     f.session.ChooseService(kQrz - 1);
-    QCOMPARE(f.session.Offer().text, u"Sign in to QRZ"_s);
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign in to QRZ"_s);
     f.session.EndLookup();
     f.Choose(kEham);
 
     // The next call has a record to show and reads no page: the session still knows of the login.
     f.Look(u"K1QPE"_s);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
-    f.session.SignOut();
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign out of eHam"_s);
+    f.session.SignIn().SignOut();
     QTRY_COMPARE(f.view.status, f.Text(TextLine::kNotLoggedIn));
     QVERIFY(f.view.name.isEmpty() && f.cookies.All().isEmpty());
     QCOMPARE(f.Service().TotalRequests(), asked + 1);
 
     // A user who gives up closes the window: the call is read once.
-    f.session.AwaitSignIn();
-    f.session.SignInClosed();
+    f.session.SignIn().Await();
+    f.session.SignIn().Close();
     QTRY_COMPARE(f.Service().TotalRequests(), asked + 2);
     QTRY_VERIFY(!f.view.busy);
 
     // Choosing another service ends the waiting.
-    f.session.AwaitSignIn();
+    f.session.SignIn().Await();
     f.session.ChooseService(kCallook - 1);
     QTRY_VERIFY(!f.view.busy);
-    f.session.SignInClosed();
-    QVERIFY(!f.view.busy && f.session.Offer().kind == SignInOffer::Kind::None);
+    f.session.SignIn().Close();
+    QVERIFY(!f.view.busy && f.session.SignIn().Offer().kind == SignInOffer::Kind::None);
   }
 
   // A service that gives a new cookie with every page is not asked for ever while the user types the password.
@@ -367,7 +367,7 @@ class TestLookupSession : public QObject {
       return QByteArray("<p>Nothing for strangers</p>");
     });
     f.LookToTheEnd(u"K1QPE"_s);
-    f.session.AwaitSignIn();
+    f.session.SignIn().Await();
     give("the login page's");
     QTRY_COMPARE(host.TotalRequests(), 3);
     QVERIFY(!QTest::qWaitFor([&host]() { return host.TotalRequests() > 3; }, 1500));
@@ -376,9 +376,9 @@ class TestLookupSession : public QObject {
     QTRY_COMPARE(host.TotalRequests(), 5);
     // Signing out ends the waiting for a login: closing the browser window then reads nothing.
     QTRY_VERIFY(!f.view.busy);
-    f.session.SignOut();
+    f.session.SignIn().SignOut();
     QTRY_VERIFY(!f.view.busy);
-    f.session.SignInClosed();
+    f.session.SignIn().Close();
     QVERIFY(!f.view.busy);
   }
 
@@ -387,9 +387,9 @@ class TestLookupSession : public QObject {
     f.SignIn();
     f.Look(QString());
     QSignalSpy changed(&f.session, &LookupSession::Changed);
-    QCOMPARE(f.session.Offer().text, u"Sign out of eHam"_s);
-    f.session.SignOut();
-    QVERIFY(f.session.Offer().text == u"Sign in to eHam" && changed.count() == 1);
+    QCOMPARE(f.session.SignIn().Offer().text, u"Sign out of eHam"_s);
+    f.session.SignIn().SignOut();
+    QVERIFY(f.session.SignIn().Offer().text == u"Sign in to eHam" && changed.count() == 1);
   }
 };
 

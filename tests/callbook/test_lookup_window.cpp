@@ -48,7 +48,7 @@ struct FormFixture : LookupFixture {
     if (window == nullptr) {
       const auto browser = [this]() -> BrowserWindows* { return hasBrowser ? &windows : nullptr; };
       const auto forget = [this](const QUrl& url) { windows.Forget(url); };
-      window = new Form12({Dependencies(), browser, forget, dialogs, commands, menus}, &owner);
+      window = new Form12({Dependencies(), {browser, forget, dialogs}, dialogs, commands, menus}, &owner);
       QObject::connect(window, &BaseWindow::Closed, &owner, [this]() {
         ++closed;
         window.clear();
