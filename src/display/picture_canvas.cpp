@@ -117,7 +117,9 @@ void PictureCanvas::paintEvent(QPaintEvent* event) {
   const bool exact = !scales_.IsEmpty() && scales_.IsExact(place);
   const bool drawn = !exact && drawn_.image.size() == frame.size() && drawn_.place.size() == place.size();
   if (!drawn || !drawn_.Fits(place, frame.size())) {
-    painter.fillRect(frame, Qt::black);
+    // Only what the picture leaves free: painting a whole large window takes a quarter of the time of a zoom's step.
+    const QRect covered = scales_.IsEmpty() ? QRect() : place.toAlignedRect().adjusted(1, 1, -1, -1);
+    for (const QRect& bar : QRegion(frame) - QRegion(covered)) painter.fillRect(bar, Qt::black);
     scales_.Paint(painter, place, frame, false);
   }
   if (drawn) {

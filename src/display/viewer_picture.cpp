@@ -50,6 +50,7 @@ ViewerPicture::ViewerPicture(const Dependencies& services, QObject* parent) : QO
 
 void ViewerPicture::Load(const SourcePicture& source, QSize box) {
   const Wanted::Token token = wanted_.Ask();
+  awaited_ = true;
   services_.background.Run<QByteArray>(
       this, [file = source.file]() { return BytesOf(file); },
       [this, source, box, token](const QByteArray& bytes) {
@@ -66,9 +67,21 @@ void ViewerPicture::Read(const Picture& picture, QSize box, const Wanted::Token&
   if (picture.bytes.isEmpty()) return Q_EMIT Failed(picture.source, false);
   if (IsVideoType(picture.type)) return Q_EMIT IsFilm(picture.source);
   Q_EMIT TypeKnown(picture.type);
+  // Bytes of no known type may yet be a film, for which no window opens.
+  if (!picture.type.isEmpty()) AskSize(picture, token);
   services_.tool.Glance(
       picture.bytes, box, this,
       [this, picture, token](const PictureAnswer& answer) { Glanced(picture, answer, token); },
+      OptionsOf(picture.source, token));
+}
+
+// The second decoder reads the size while the first one decodes, so that the window is there when the picture is.
+void ViewerPicture::AskSize(const Picture& picture, const Wanted::Token& token) {
+  services_.tool.ReadSize(
+      picture.bytes, this,
+      [this, source = picture.source, token](const PictureAnswer& answer) {
+        if (token.StillWanted() && awaited_ && answer.ok) Q_EMIT SizeKnown(source, answer.size);
+      },
       OptionsOf(picture.source, token));
 }
 
@@ -81,6 +94,7 @@ PictureOptions ViewerPicture::OptionsOf(const SourcePicture& source, const Wante
 
 void ViewerPicture::Glanced(const Picture& picture, const PictureAnswer& answer, const Wanted::Token& token) {
   if (!token.StillWanted()) return;
+  awaited_ = false;
   if (!answer.ok || answer.frames.isEmpty()) {
     // Bytes of no known type count as a film, but only now that the decoder knows no picture in them either.
     if (picture.type.isEmpty() && !answer.noSandbox) return Q_EMIT IsFilm(picture.source);

@@ -49,6 +49,8 @@ class ViewerPicture : public QObject {
  Q_SIGNALS:
   // The file has been read, and is not a film by its type.
   void TypeKnown(const QString& type);
+  // The size that the picture claims, before it is decoded; not emitted where it is shown already.
+  void SizeKnown(const SourcePicture& source, QSize size);
   // Another picture is shown, perhaps reduced.
   void Shown();
   // The same picture in full resolution.
@@ -70,6 +72,7 @@ class ViewerPicture : public QObject {
   };
 
   void Read(const Picture& picture, QSize box, const Wanted::Token& token);
+  void AskSize(const Picture& picture, const Wanted::Token& token);
   void Glanced(const Picture& picture, const PictureAnswer& answer, const Wanted::Token& token);
   void AskWhole(const Wanted::Token& token);
   void TakeWhole(const PictureAnswer& answer, const Wanted::Token& token);
@@ -77,5 +80,6 @@ class ViewerPicture : public QObject {
 
   Dependencies services_;
   Picture shown_;
-  Wanted wanted_;  // the picture asked for last
+  Wanted wanted_;         // the picture asked for last
+  bool awaited_ = false;  // and neither shown yet nor given up
 };

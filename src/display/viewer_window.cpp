@@ -47,6 +47,7 @@ Form2::Form2(const Dependencies& services, QWidget* mainWindow)
   waitTimer_.setInterval(kLongWait);
   connect(&waitTimer_, &QTimer::timeout, this, &Form2::TellWaiting);
   connect(&picture_, &ViewerPicture::TypeKnown, this, [this](const QString& type) { typeKnown_ = !type.isEmpty(); });
+  connect(&picture_, &ViewerPicture::SizeKnown, this, &Form2::OpenAhead);
   connect(&picture_, &ViewerPicture::Shown, this, &Form2::TakePicture);
   connect(&picture_, &ViewerPicture::Sharpened, this,
           [this]() { AniGIF->SetPicture(picture_.Frames(), picture_.Scales(), true); });
@@ -94,6 +95,7 @@ QSize Form2::PictureBox() const {
 
 void Form2::Load(const SourcePicture& picture) {
   typeKnown_ = false;
+  openedAhead_ = false;
   waitTimer_.start();
   picture_.Load(picture, PictureBox());
 }
@@ -102,6 +104,16 @@ void Form2::TellWaiting() {
   if (!typeKnown_ && !isVisible()) return waitTimer_.start();  // it may be a film, for which no window opens
   note_ = Note::Waiting;
   ShowWindow();
+}
+
+// A window system takes as long to open a window as a decoder takes for a small picture: they do it at the same time.
+void Form2::OpenAhead(const SourcePicture& picture, QSize size) {
+  if (isVisible()) return;
+  source_ = picture;
+  size_ = size;
+  ShowWindow();
+  openedAhead_ = true;
+  waitTimer_.start();
 }
 
 void Form2::TakePicture() {
@@ -165,7 +177,7 @@ void Form2::SetTopMost(bool topMost) {
 
 void Form2::PlaceWindow() {
   // While the picture is awaited, the window stays as it is.
-  if (note_ == Note::Waiting && isVisible()) return;
+  if (isVisible() && (note_ == Note::Waiting || openedAhead_)) return;
   const QSize frame = FrameOf(this);
   const QRect place = FitWindow(size_, Monitor(), frame, kLeast);
   resize(place.size() - frame);

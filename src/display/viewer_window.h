@@ -51,6 +51,8 @@ class Form2 : public BaseWindow {
 
  private:
   void Load(const SourcePicture& picture);
+  // Opens the window of a picture that is still being decoded.
+  void OpenAhead(const SourcePicture& picture, QSize size);
   void TakePicture();
   void TakeFilm(const SourcePicture& picture);
   void TakeFailure(const SourcePicture& picture, bool noSandbox);
@@ -84,6 +86,7 @@ class Form2 : public BaseWindow {
   Note note_ = Note::None;
   bool typeKnown_ = false;  // of the picture that is being loaded; bytes of no type may be a film
   bool stepping_ = false;
+  bool openedAhead_ = false;  // the window stands already as its picture wants it
   QTimer waitTimer_;
   QElapsedTimer opened_;
 };

@@ -69,7 +69,9 @@ class MeasuredApplication : public QApplication {
 
   bool notify(QObject* receiver, QEvent* event) override {
     const std::chrono::nanoseconds begin = Now();
-    const bool paints = event->type() == QEvent::Paint && receiver->objectName() == "AniGIF"_L1;
+    // The window may open ahead of its picture: black is not painted.
+    const auto* canvas = event->type() == QEvent::Paint ? qobject_cast<PictureCanvas*>(receiver) : nullptr;
+    const bool paints = canvas != nullptr && canvas->objectName() == "AniGIF"_L1 && canvas->HasPicture();
     ++depth_;
     const bool done = QApplication::notify(receiver, event);
     if (--depth_ == 0) longest = std::max(longest, Now() - begin);

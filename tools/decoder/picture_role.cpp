@@ -37,6 +37,8 @@ bool RunVerb(const PictureRequest& request, const QByteArray& bytes, const Pictu
   switch (request.verb) {
     case PictureVerb::Measure:
       return !DecodeStill(bytes, header, FitInto(header.size, kMeasuredBox, Fit::DownOnly)).isNull();
+    case PictureVerb::Size:
+      return !header.size.isEmpty();
     case PictureVerb::Thumb:
     case PictureVerb::Convert:
     case PictureVerb::ConvertToBmp:

@@ -121,6 +121,7 @@ void TakeAnswer(const PictureTask& task, int part, const HelperAnswer& given, Pi
   if (reply->outcome != PictureOutcome::Done) return;
   switch (task.request.verb) {
     case PictureVerb::Measure:
+    case PictureVerb::Size:
       answer.ok = true;
       break;
     case PictureVerb::Thumb:
@@ -148,6 +149,7 @@ qint64 MostBytes(const PictureRequest& request) {
   const qint64 animation = request.frameBytes > 0 ? request.frameBytes : PictureLimits::kAnimationBytes;
   switch (request.verb) {
     case PictureVerb::Measure:
+    case PictureVerb::Size:
       return 0;
     case PictureVerb::Thumb:
       return box + (1 << 16);  // a thumb of noise compresses badly

@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr std::array<const char*, 8> kVerbNames{"measure", "thumb", "convert", "convert-bmp",
-                                                "load",    "view",  "glance",  "whole"};
+constexpr std::array<const char*, 9> kVerbNames{"measure", "thumb",  "convert", "convert-bmp", "load",
+                                                "view",    "glance", "whole",   "size"};
 
 constexpr qint64 kMaxId = 1LL << 62;
 constexpr qint64 kMaxSide = 1LL << 30;

@@ -8,7 +8,7 @@
 #include <optional>
 
 // What is to be done with a picture.
-enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View, Glance, Whole };
+enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View, Glance, Whole, Size };
 
 // A job's line.
 struct PictureRequest {

@@ -12,6 +12,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype kHeaderBytes = 256 * 1024;  // of a picture whose size is read
+
 PictureTask Task(PictureVerb verb, const QString& source, const QString& target, QSize box) {
   PictureTask task;
   task.request.verb = verb;
@@ -87,6 +89,12 @@ void PictureTool::Glance(const QByteArray& bytes, QSize box, QObject* context, D
                          const PictureOptions& options) {
   PictureTask task = Task(PictureVerb::Glance, {}, {}, box);
   if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
+  Add(std::move(task), context, std::move(done), options, PicturePriority::Screen);
+}
+
+void PictureTool::ReadSize(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
+  PictureTask task = Task(PictureVerb::Size, {}, {}, {});
+  task.bytes = bytes.left(kHeaderBytes);
   Add(std::move(task), context, std::move(done), options, PicturePriority::Screen);
 }
 

@@ -62,6 +62,9 @@ class PictureTool : public QObject {
   // Loads any picture that decodes, scaled down to fit box (pixels).
   void View(const QString& path, QSize box, QObject* context, Done done, const PictureOptions& options = {});
 
+  // Reads the size that the bytes claim, without decoding them. Fails, too, where it stands behind 256 KiB of other
+  // things; a window that opens ahead of its picture then waits for the picture.
+  void ReadSize(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
   // Like View, of bytes in memory, and of an animation the first frame alone.
   void Glance(const QByteArray& bytes, QSize box, QObject* context, Done done, const PictureOptions& options = {});
   // Decodes bytes in full resolution: a still of more than 128 MB of pixels in the largest whole reduction below that

@@ -198,6 +198,18 @@ class TestPictureTool : public QObject {
     // Larger than a pipe holds, and than what the program writes to it at once.
     const QByteArray padded = SamplePicture(u"bmp"_s, QSize(2, 7)) + QByteArray(3'000'000, 'x');
     QCOMPARE(Measure(padded).size, QSize(2, 7));
+    // The size alone is read of a picture whose pixels have not come, too, and of none that is above the limits.
+    const auto sizeOf = [this](const QByteArray& bytes) {
+      return Answer([&](auto done) { tool_->ReadSize(bytes, this, std::move(done)); });
+    };
+    const QByteArray begun = SamplePicture(u"png"_s, QSize(800, 600)).left(300);
+    QVERIFY(!Measure(begun).ok);
+    QVERIFY(sizeOf(begun).ok);
+    QCOMPARE(sizeOf(begun).size, QSize(800, 600));
+    QByteArray bomb = begun;
+    bomb.replace(16, 8, QByteArray::fromHex("0000ffff0000ffff"));  // width and height
+    QVERIFY(!sizeOf(bomb).ok);
+    QVERIFY(!sizeOf("no picture").ok);
   }
 
   void BadPicturesFailAndTheToolGoesOn_data() {
