@@ -135,10 +135,9 @@ void LoadSequence::SaveAfterPoll(Background& background, QObject* context) {
   for (const SiteRec& site : std::as_const(program_.sites.Sites)) changing += site.LastSeen;
   if (changing == written_) return;
   written_ = changing;
-  OvertakeWriting();
   background.Run<bool>(
       context,
-      [writing = writing_, mine = writing_->newest, save = lists_.SaveLater(program_.config.ThumbLayout),
+      [writing = writing_, mine = ++writing_->newest, save = lists_.SaveLater(program_.config.ThumbLayout),
        heights = heights_, folder = program_.AppDataDir]() {
         const QMutexLocker lock(&writing->mutex);
         if (writing->newest != mine) return false;
@@ -154,10 +153,23 @@ void LoadSequence::WriteNow(const std::optional<WindowPlacement>& placement) {
   WriteNicknames(program_.AppDataDir, program_.nicknames);
 }
 
-void LoadSequence::SaveAllState(const std::optional<WindowPlacement>& placement,
-                                const std::function<void(const QString&)>& inform) {
+QStringList LoadSequence::SaveAllState(const std::optional<WindowPlacement>& placement,
+                                       const std::function<void(const QString&)>& inform) {
   OvertakeWriting();
-  ::SaveAllState(program_, lists_, store_, placement, inform);
+  return ::SaveAllState(program_, lists_, store_, placement, inform);
+}
+
+void LoadSequence::SaveBeside(const std::optional<WindowPlacement>& placement,
+                              const std::function<void(const QString&)>& inform, Background& background,
+                              QObject* context, const std::function<void(const QStringList&)>& saved) {
+  const auto write = SaveAllStateLater(program_, lists_, store_, placement, inform);
+  background.Run<QStringList>(
+      context,
+      [writing = writing_, mine = ++writing_->newest, write]() {
+        const QMutexLocker lock(&writing->mutex);
+        return writing->newest == mine ? write() : QStringList();
+      },
+      saved);
 }
 
 void LoadSequence::WriteState(const std::optional<WindowPlacement>& placement, const std::function<void()>& sendClosed,

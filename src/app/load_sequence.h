@@ -5,6 +5,7 @@
 
 #include <QMutex>
 #include <QString>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -47,8 +48,13 @@ class LoadSequence {
   void SaveAfterPoll(Background& background, QObject* context);
   // Writes state, heights and nicknames at once and shows no message.
   void WriteNow(const std::optional<WindowPlacement>& placement);
-  // SaveAllState alone, for a caller that will rebuild the site tables.
-  void SaveAllState(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform);
+  // SaveAllState alone, for a caller that will rebuild the site tables. Returns the names of files that could not be
+  // written.
+  QStringList SaveAllState(const std::optional<WindowPlacement>& placement,
+                           const std::function<void(const QString&)>& inform);
+  // The same beside the event loop; saved gets those names, unless context is gone by then.
+  void SaveBeside(const std::optional<WindowPlacement>& placement, const std::function<void(const QString&)>& inform,
+                  Background& background, QObject* context, const std::function<void(const QStringList&)>& saved);
 
   // Changes the language: reads its file, loads its translations, and renames the default page labels. The caller has
   // to inform the windows. Returns a message to be shown, or an empty text.
@@ -59,11 +65,11 @@ class LoadSequence {
   std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
 
  private:
-  // Shared with the jobs of SaveAfterPoll. A job writes under the mutex, and only while its number is the newest: once
-  // somebody else has written the state, the job's copy is out of date.
+  // Shared with the jobs that write beside the event loop. A job writes under the mutex, and only while its number is
+  // the newest: once somebody else has written the state, the job's copy is out of date.
   struct Writing {
     QMutex mutex;
-    int newest = 0;
+    std::atomic<int> newest = 0;
   };
   void OvertakeWriting();
   void MakeFolders();

@@ -50,6 +50,7 @@ Form1::Form1(Services& services)
   showTimer_.setSingleShot(true);
   showTimer_.setInterval(kShowAtLast);
   ConnectSignals();
+  ConnectSiteChanges();
   RegisterCommands();
   ConnectHover();
 }
@@ -81,6 +82,15 @@ void Form1::ConnectSignals() {
     if (program_.config.AutoRefreshOn == 1) logic_.poll.StartRefreshTimer();
   });
   connect(windows_.get(), &Windows::LookupStatusChanged, menus_, &WindowMenus::SetLookupStatus);
+}
+
+void Form1::ConnectSiteChanges() {
+  logic_.changes.SaveAllState = [this](const SiteChanges::Done& saved) {
+    const auto inform = [this](const QString& text) { dialogs_.Inform(this, text, false); };
+    load_.SaveBeside(Placement(), inform, services_.background, this, saved);
+  };
+  // The index holds indices into the former tables.
+  connect(&logic_.changes, &SiteChanges::Changed, this, [this]() { windows_->Close(WindowKind::SiteIndex); });
 }
 
 void Form1::RegisterCommands() {

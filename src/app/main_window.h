@@ -62,6 +62,7 @@ class Form1 : public QWidget {
 
  private:
   void ConnectSignals();
+  void ConnectSiteChanges();
   void RegisterCommands();
   void ConnectHover();
   // Shows every text of the bar and the page in the present language.

@@ -19,6 +19,7 @@
 #include "poll/poll_cycle.h"
 #include "poll/slot_pictures.h"
 #include "sites/page_sites.h"
+#include "sites/site_changes.h"
 
 // Each object may use those above it.
 struct PageLogic {
@@ -34,6 +35,7 @@ struct PageLogic {
   NewImageCheck check;
   PollCycle poll;
   PageSites sites;
+  SiteChanges changes;
   PageClick click;
   ucPollCam ucCam;
   CamRound cams;

@@ -124,6 +124,18 @@ void CamRound::Stop() {
   running_ = due_ = None;
 }
 
+void CamRound::SitesWillChange() {
+  if (running_ != None) ended_ = running_;
+  Stop();
+}
+
+void CamRound::SitesChanged() {
+  Q_EMIT ListChanged();
+  Q_EMIT CaptionChanged();
+  const Kind again = std::exchange(ended_, None);
+  if (again != None && program_.page.OnDsstvPage()) RoundDue(again);
+}
+
 void CamRound::RefreshCams() {
   // Nothing would turn the lights back.
   if (program_.config.CamMode > 1 || !program_.page.Online || !program_.page.OnDsstvPage()) return;

@@ -36,6 +36,10 @@ class CamRound : public QObject {
   void SetActive(const QString& text);
   // The program closes: ends the round.
   void Stop();
+  // The site tables are about to change: ends the round, whose answers carry indices into them.
+  void SitesWillChange();
+  // They have changed: the windows of cams list them anew, and a round that was ended begins again.
+  void SitesChanged();
 
   // 0: all cams; 1: those of the page; 2: off; 3: all that stays as it is but the rounds do not repeat.
   void MnuCamModeClick(int index);
@@ -79,6 +83,7 @@ class CamRound : public QObject {
   ucPollCam& ucCam_;
   Kind running_ = None;
   Kind due_ = None;                // waits for the end of the running round
+  Kind ended_ = None;              // by a change of the site tables
   bool isCounting_ = false;        // from the first round over all cams on
   std::optional<int> labelCount_;  // what lblCam says: it changes with an answer, not with the beginning of a round
   bool isLabelShown_ = false;

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <optional>
 
@@ -13,7 +14,13 @@
 
 // placement is missing while the main window is not visible; the stored placement stays then. showMessage shows a
 // message about a duplicate site; it is called after the lists and before the settings are written. A file that cannot
-// be written stays as it was, without a message.
-void SaveAllState(const Program& program, SiteListFile& lists, SettingsStore& store,
-                  const std::optional<WindowPlacement>& placement,
-                  const std::function<void(const QString&)>& showMessage);
+// be written stays as it was. Returns the names of those files.
+QStringList SaveAllState(const Program& program, SiteListFile& lists, SettingsStore& store,
+                         const std::optional<WindowPlacement>& placement,
+                         const std::function<void(const QString&)>& showMessage);
+
+// A function that writes the same from copies of the present state, to be called on another thread. Duplicates are
+// dropped from the tables and shown here.
+std::function<QStringList()> SaveAllStateLater(const Program& program, SiteListFile& lists, SettingsStore& store,
+                                               const std::optional<WindowPlacement>& placement,
+                                               const std::function<void(const QString&)>& showMessage);

@@ -158,7 +158,7 @@ QString WxLine(const SiteRec& site) {
 }
 
 template <typename LineOf>
-void WriteRecords(const QString& path, const QList<SiteRec>& records, LineOf lineOf, const QStringList& unusedLines) {
+bool WriteRecords(const QString& path, const QList<SiteRec>& records, LineOf lineOf, const QStringList& unusedLines) {
   QStringList lines;
   lines.reserve(2 * records.size() + unusedLines.size());
   for (const SiteRec& site : records) {
@@ -167,7 +167,7 @@ void WriteRecords(const QString& path, const QList<SiteRec>& records, LineOf lin
       lines.append(OneLine(site.Url));
     }
   }
-  WriteTextLines(path, lines + unusedLines);
+  return WriteTextLines(path, lines + unusedLines);
 }
 
 QString DuplicateText(QLatin1String list, const SiteRec& site) {
@@ -307,25 +307,33 @@ void SiteListFile::ReadWxSiteList() {
   sites_.SortWxSites();
 }
 
-QStringList SiteListFile::SaveSiteLists(int layout) {
-  QStringList messages = DropDsstvDuplicates(sites_.Sites);
+QStringList SiteListFile::DropDuplicates() {
+  return DropDsstvDuplicates(sites_.Sites) + DropWxDuplicates(sites_.WxSites);
+}
+
+SiteListFile::Saved SiteListFile::SaveSiteLists(int layout) {
+  Saved saved;
+  saved.messages = DropDsstvDuplicates(sites_.Sites);
   sites_.StorePageSlots(layout);
   // Write no new list while an old one waits to be converted: once a new one exists, the old one is never tried again.
-  if (dsstv_.MayWrite() && !older_.unreadable) {
-    WriteSites();
+  const bool mayWrite = dsstv_.MayWrite() && !older_.unreadable;
+  if (!mayWrite || !WriteSites()) {
+    saved.notWritten.append(u"Omni-Perch.lst"_s);
   }
-  messages += DropWxDuplicates(sites_.WxSites);
-  if (wx_.MayWrite()) {
-    WriteRecords(wx_.path, sites_.WxSites, WxLine, wx_.unusedLines);
+  saved.messages += DropWxDuplicates(sites_.WxSites);
+  if (!wx_.MayWrite() || !WriteRecords(wx_.path, sites_.WxSites, WxLine, wx_.unusedLines)) {
+    saved.notWritten.append(u"WXsites.lst"_s);
   }
-  return messages;
+  return saved;
 }
 
 SiteListFile::SiteListFile(SiteTable& sites, const SiteListFile& sources)
     : sites_(sites), dsstv_(sources.dsstv_), wx_(sources.wx_), older_(sources.older_) {}
 
-std::function<void()> SiteListFile::SaveLater(int layout) const {
-  return [sites = sites_, sources = *this, layout]() mutable { SiteListFile(sites, sources).SaveSiteLists(layout); };
+std::function<QStringList()> SiteListFile::SaveLater(int layout) const {
+  return [sites = sites_, sources = *this, layout]() mutable {
+    return SiteListFile(sites, sources).SaveSiteLists(layout).notWritten;
+  };
 }
 
 void SiteListFile::AddCamsOfSites() {
@@ -338,6 +346,6 @@ void SiteListFile::AddCamsOfSites() {
   sites_.AddCams(calls);
 }
 
-void SiteListFile::WriteSites() {
-  WriteRecords(dsstv_.path, sites_.Sites, DsstvLine, dsstv_.unusedLines);
+bool SiteListFile::WriteSites() const {
+  return WriteRecords(dsstv_.path, sites_.Sites, DsstvLine, dsstv_.unusedLines);
 }

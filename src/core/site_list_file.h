@@ -26,13 +26,21 @@ class SiteListFile {
   // Reads WXsites.lst into WxSites and sorts them.
   void ReadWxSiteList();
 
-  // Drops duplicates, stores the masks of the layout in the records and writes both files. Returns a message for each
-  // record dropped, in the order in which they were found. A file that exists but could not be read is left alone.
-  QStringList SaveSiteLists(int layout);
+  // What came of a save.
+  struct Saved {
+    QStringList messages;    // one for each duplicate dropped, in the order in which they were found
+    QStringList notWritten;  // names of the files that could not be written
+  };
+  // Drops duplicates, stores the masks of the layout in the records and writes both files. A file that exists but could
+  // not be read is left alone, and counts as not written.
+  Saved SaveSiteLists(int layout);
 
-  // A function that writes the same as SaveSiteLists from copies of the present tables, to be called on another thread.
-  // It leaves duplicates out of the files; they stay in the tables until SaveSiteLists reports them.
-  std::function<void()> SaveLater(int layout) const;
+  // A function that writes the same as SaveSiteLists from copies of the present tables, to be called on another thread;
+  // it returns the names of the files that it could not write. It leaves duplicates out of the files; they stay in the
+  // tables until SaveSiteLists or DropDuplicates reports them.
+  std::function<QStringList()> SaveLater(int layout) const;
+  // Drops the duplicates of both tables without writing; returns the messages about them.
+  QStringList DropDuplicates();
 
  private:
   enum class Shape { Dsstv, Wx, Older };
@@ -49,7 +57,7 @@ class SiteListFile {
 
   SiteListFile(SiteTable& sites, const SiteListFile& sources);
   void AddCamsOfSites();
-  void WriteSites();
+  bool WriteSites() const;
 
   SiteTable& sites_;
   Source dsstv_;

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <vector>
 
 #include "platform/text/numbers.h"
 
@@ -139,12 +138,12 @@ void Reorder(QList<T>& list, const std::vector<int>& order) {
 
 }  // namespace
 
-void SiteTable::SortSites() {
+std::vector<int> SiteTable::SortSites() {
   while (SitePosMask.size() < Sites.size()) {
     SitePosMask.append(EmptyMask());
   }
   SitePosMask.resize(Sites.size());
-  const std::vector<int> order = CombOrder(Sites);
+  std::vector<int> order = CombOrder(Sites);
   Reorder(Sites, order);
   Reorder(SitePosMask, order);
   lstCalls.clear();
@@ -152,10 +151,13 @@ void SiteTable::SortSites() {
   for (const SiteRec& site : std::as_const(Sites)) {
     lstCalls.append(site.Call);
   }
+  return order;
 }
 
-void SiteTable::SortWxSites() {
-  Reorder(WxSites, CombOrder(WxSites));
+std::vector<int> SiteTable::SortWxSites() {
+  std::vector<int> order = CombOrder(WxSites);
+  Reorder(WxSites, order);
+  return order;
 }
 
 void SiteTable::BuildPageSlots(int layout) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 #include <array>
+#include <vector>
 
 inline constexpr int kDsstvPages = 20;
 inline constexpr int kLayouts = 6;
@@ -40,8 +41,9 @@ class SiteTable {
   QStringList lstCams;      // sorted; call and state mark "*Y", "*G" or "*R"
 
   // Sorts Sites and their masks by Call in character order, equal calls as comb sort leaves them; rebuilds lstCalls.
-  void SortSites();
-  void SortWxSites();
+  // Both sorts return the former index of each record, in the new order.
+  std::vector<int> SortSites();
+  std::vector<int> SortWxSites();
   // Fills lstThumbPos and SitePosMask from PageSlots[layout].
   void BuildPageSlots(int layout);
   // Writes the masks back into PageSlots[layout], pages in rising order, followed by the tokens that do not fit into a

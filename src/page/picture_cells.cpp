@@ -69,6 +69,10 @@ void PictureCells::Clear(int slot) {
   cell->img = cell_part::kEmptyImg;
 }
 
+void PictureCells::WithdrawAll() {
+  for (int slot = 0; slot < cells_.size(); ++slot) Empty(slot);
+}
+
 void PictureCells::HidePicture(int slot) {
   if (!HasSlot(slot)) return;
   const Edit cell(*this, slot);

@@ -68,6 +68,10 @@ class PictureCells : public QObject {
   // Empties a cell and voids all that is under way for it.
   void Clear(int slot);
 
+  // Voids all that is under way for the cells and lets them stand as they are. Each reads its picture anew when it is
+  // shown next.
+  void WithdrawAll();
+
   // Size in device pixels of a cell's picture on the screen; pictures are read no larger than that.
   void SetPictureBox(QSize pixels);
   // Decoded bytes that all cells may hold together.

@@ -76,6 +76,16 @@ void ThumbGrid::ShowNotFound(int slot, int site, bool corrupt) {
   if (dsstv) AgeOfNotFound(slot, site);
 }
 
+void ThumbGrid::EndWaiting() {
+  cells_.WithdrawAll();
+  for (int slot = 0; slot < Cells().size(); ++slot) {
+    if (!Cells().at(slot).lblConnect && !Cells().at(slot).picProg) continue;
+    const Edit cell(cells_, slot);
+    cell->lblConnect = cell->picProg = false;
+    cell->fromVisible = true;
+  }
+}
+
 QString ThumbGrid::Aged(const QString& call, qint64 days, qint64 from) const {
   if (days < from) return call;
   const LanguageTexts& texts = program_.language;

@@ -28,6 +28,8 @@ class ThumbGrid : public QObject {
   void MakeGrid(int thumbLayout);
   void ClearThumbs();
   void ClearCell(int slot) { cells_.Clear(slot); }
+  // Voids all that is under way for the cells; takes "connecting" and the progress bar away.
+  void EndWaiting();
   const QList<Cell>& Cells() const { return cells_.Cells(); }
   bool HasSlot(int slot) const { return cells_.HasSlot(slot); }
   // Opens an Edit of a cell; slot must be one of the page.

@@ -232,22 +232,21 @@ QByteArray SettingsStore::Text() const {
 }
 
 bool SettingsStore::Save() {
-  if (changes_ == saved_) return true;
-  if (unreadable_) return false;
-  ++writing_->newest;
-  const QMutexLocker lock(&writing_->mutex);
-  if (!Write(path_, Text())) return false;
-  saved_ = changes_;
-  return true;
+  return Writer()();
+}
+
+std::function<bool()> SettingsStore::Writer() {
+  if (changes_ == writing_->saved) return []() { return true; };
+  if (unreadable_) return []() { return false; };
+  return [writing = writing_, mine = ++writing_->newest, path = path_, bytes = Text(), changes = changes_]() {
+    const QMutexLocker lock(&writing->mutex);
+    if (writing->newest != mine) return true;
+    if (!Write(path, bytes)) return false;
+    writing->saved = changes;
+    return true;
+  };
 }
 
 void SettingsStore::SaveLater(Background& background) {
-  if (changes_ == saved_ || unreadable_) return;
-  const auto write = [writing = writing_, mine = ++writing_->newest, path = path_, bytes = Text()]() {
-    const QMutexLocker lock(&writing->mutex);
-    return writing->newest == mine && Write(path, bytes);
-  };
-  background.Run<bool>(&background, write, [this, changes = changes_](bool written) {
-    if (written) saved_ = std::max(saved_, changes);
-  });
+  if (changes_ != writing_->saved) background.Run<bool>(&background, Writer(), [](bool) {});
 }

@@ -8,6 +8,7 @@
 #include <QMutex>
 #include <QString>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 class Background;
@@ -25,8 +26,11 @@ class SettingsStore {
   // Writes the whole store if anything has changed. False: it could not be written, and the old file is as it was. A
   // file that exists but could not be read is never overwritten.
   bool Save();
-  // The same beside the event loop, for a choice that is kept as soon as it is made. A write that is still waiting when
-  // a later one begins is passed over; one that fails is made up for by the next. background ends before the store.
+  // A function that writes the store as it is now, to be called on another thread, even when the store is gone. A
+  // write that is still waiting when a later one begins is passed over. False as by Save().
+  std::function<bool()> Writer();
+  // Writes beside the event loop, for a choice that is kept as soon as it is made; a write that fails is made up for by
+  // the next.
   void SaveLater(Background& background);
 
  private:
@@ -43,10 +47,11 @@ class SettingsStore {
     QList<Line> lines;
   };
 
-  // Which write is the newest, for those that wait; one at a time has the file.
+  // Which write is the newest, for those that wait, and how many changes are in the file; one at a time has the file.
   struct Writing {
     QMutex mutex;
     std::atomic<quint64> newest = 0;
+    std::atomic<quint64> saved = 0;
   };
 
   void Read(const QString& text);
@@ -59,6 +64,5 @@ class SettingsStore {
   QHash<QString, QString> values_;
   std::shared_ptr<Writing> writing_ = std::make_shared<Writing>();
   quint64 changes_ = 0;  // so far
-  quint64 saved_ = 0;    // of them
   bool unreadable_ = false;
 };

@@ -38,6 +38,11 @@ void ucCkNew::DownloadFile(const QString& url, const QString& key) {
   reader_.Start(key, QUrl(url));
 }
 
+void ucCkNew::CancelAll() {
+  reader_.CancelAll();
+  for (auto& [key, read] : reads_) read.wanted.Withdraw();
+}
+
 void ucCkNew::Measure(const QString& key, const QByteArray& body) {
   if (const QSize* known = measured_.object(body)) {
     Q_EMIT PictureReady(key, *known);

@@ -30,6 +30,7 @@ class UserControl1 : public QObject {
   void DownloadFile(const QString& url, const QString& key);
   // Ends a read, which then raises no signal.
   void Cancel(const QString& key) { reader_.Cancel(key); }
+  void CancelAll() { reader_.CancelAll(); }
 
  Q_SIGNALS:
   // The whole body, whatever the server's status: error pages are recognised by their content.
@@ -50,6 +51,8 @@ class ucCkNew : public QObject {
   ucCkNew(UrlNetwork& network, PictureTool& tool, QObject* parent = nullptr);
 
   void DownloadFile(const QString& url, const QString& key);
+  // Ends all reads and drops their measures: none of them answers.
+  void CancelAll();
 
  Q_SIGNALS:
   void PictureReady(const QString& key, QSize marker);

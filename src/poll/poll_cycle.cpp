@@ -120,6 +120,22 @@ void PollCycle::RefreshClick() {
   Walk(false);
 }
 
+void PollCycle::EndPoll() {
+  check_.CancelAll();
+  download_.CancelAll();
+  files_.WithdrawAll();
+  grid_.EndWaiting();
+  PageState& page = program_.page;
+  page.visit.Ask();
+  page.SitesOnPage = page.SitesDone = 0;
+  waiting_.clear();
+  allAsked_ = false;
+  Timer12.stop();
+  tmrIfAllDone.stop();
+  SetBusy(false);
+  Q_EMIT HoverForgotten();
+}
+
 void PollCycle::ReloadPage() {
   BeginStarter();
   program_.page.EraseThumbFields();
@@ -194,6 +210,7 @@ void PollCycle::Timer5Tick() {
   program_.page.EraseThumbFields();
   program_.page.CamPollDue = true;
   Walk(false);
+  if (!program_.page.Online) stored_.Show();
 }
 
 void PollCycle::Timer10Tick() {

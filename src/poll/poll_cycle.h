@@ -38,6 +38,9 @@ class PollCycle : public QObject {
   // To be called after the grid has been made for another layout.
   void LayoutChange();
   void LanguageChange();
+  // Ends the walk and its answers, for somebody who is about to change the tables: no read, no picture and no count of
+  // this poll comes any more, and the indices that they carry mean nothing from then on.
+  void EndPoll();
   // A site window has closed: polls again a moment later.
   void StartTimer5() { Timer5.start(); }
 

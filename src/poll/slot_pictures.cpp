@@ -87,6 +87,11 @@ void SlotPictures::Withdraw(int page, int slot) {
   underWay_.remove(PlaceOf(page, slot));
 }
 
+void SlotPictures::WithdrawAll() {
+  for (auto& [place, wanted] : wanted_) wanted.Withdraw();
+  underWay_.clear();
+}
+
 void SlotPictures::Take(const PictureKey& key, const QByteArray& body, const Taken& taken) {
   const Chain chain = Begin(key);
   // The former picture is removed before the new bytes are judged, so an error page leaves no picture.

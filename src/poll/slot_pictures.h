@@ -57,6 +57,8 @@ class SlotPictures : public QObject {
   void Remove(int page, int slot);
   // Voids what is under way for the slot: no file of it is put in place any more.
   void Withdraw(int page, int slot);
+  // The same for all slots of all pages.
+  void WithdrawAll();
 
   // True if the slot's picture could not be shown when that was last tried, and its file has not changed since.
   bool HasFailed(int page, int slot) const;

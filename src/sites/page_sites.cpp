@@ -43,6 +43,7 @@ void PageSites::AddSiteToSlot(int site) {
   const int slot = page.SelectedSlot;
   if (!grid_.HasSlot(slot)) return;
   ForgetUndo();
+  Q_EMIT PlacesTouched();
   const ThumbGrid::Edit cell = grid_.EditCell(slot);
   EmptySlot(slot);
   if (OnWxPage()) {
@@ -210,6 +211,7 @@ void PageSites::Remember(const Places& before) {
   const bool changed = before.page != program_.page.CurrentPage || PlacesNow({}, {}).slots != before.slots;
   if (!changed) return;
   undo_ = before;
+  Q_EMIT PlacesTouched();
   Q_EMIT UndoableChanged();
 }
 

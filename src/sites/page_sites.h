@@ -51,6 +51,8 @@ class PageSites : public QObject {
 
  Q_SIGNALS:
   void UndoableChanged();
+  // A site has been given another slot, or has been taken off the page.
+  void PlacesTouched();
 
  private:
   // The slots of one page's sites before a change. WX sites are identified by address, the others by call.

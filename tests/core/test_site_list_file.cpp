@@ -114,7 +114,7 @@ class TestSiteListFile : public QObject {
     Lists lists;
     lists.Put(kList, "B*******0*0**\nb1\nA*******0*0**\na1\nB*******0*0**\nb2\nA*******0*0**\na2\nA*******0*0**\na3\n");
     lists.Put(kWxList, "m*1*1*1*1*1*1\nz\nz*1*1*1*1*1*1\nm\nz2*1*1*1*1*1*1\nm\nself*1*1*1*1*1*1\nself\n");
-    const QStringList messages = lists.Read().SaveSiteLists(kLayout);
+    const QStringList messages = lists.Read().SaveSiteLists(kLayout).messages;
     QCOMPARE(messages.size(), 5);
     for (int i = 0; i < 3; ++i) {
       QVERIFY(messages.at(i).startsWith(u"Duplicate removed from DSSTV list\n"_s + (i < 2 ? u"A  a"_s : u"B  b"_s)));
@@ -123,7 +123,7 @@ class TestSiteListFile : public QObject {
     QCOMPARE(messages.at(4), u"Duplicate removed from WX list\nz2  m"_s);
     QCOMPARE(lists.Bytes(kList).count("\r\n"), 4);
     QCOMPARE(lists.Bytes(kWxList), QByteArray("m*1*1*1*1*1*1\r\nz\r\nself*1*1*1*1*1*1\r\nself\r\n"));
-    QCOMPARE(lists.file->SaveSiteLists(kLayout), QStringList());
+    QCOMPARE(lists.file->SaveSiteLists(kLayout).messages, QStringList());
   }
 
   void WritesBackOnlyWhatIsLeft() {
@@ -190,7 +190,7 @@ class TestSiteListFile : public QObject {
     lists.Put(kList, bytes);
     SiteListFile& file = lists.Read();
     QCOMPARE(lists.sites.Sites.size(), 100'000);
-    QCOMPARE(file.SaveSiteLists(kLayout).size(), 40'000);
+    QCOMPARE(file.SaveSiteLists(kLayout).messages.size(), 40'000);
     QCOMPARE(lists.Bytes(kList).count('\n'), 120'000);
   }
 };

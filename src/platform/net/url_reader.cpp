@@ -168,6 +168,11 @@ void UrlReader::Cancel(const QString& key) {
   if (id != 0 && network_) network_->End(id);
 }
 
+void UrlReader::CancelAll() {
+  const QStringList keys = pending_.keys();
+  for (const QString& key : keys) Cancel(key);
+}
+
 bool UrlReader::IsPending(const QString& key) const {
   return pending_.contains(key);
 }

@@ -91,6 +91,7 @@ class UrlReader : public QObject {
   void StartWith(const QString& key, const QUrl& url, const ReadOptions& options);
   // Ends a read, which then raises no signal; a key that is not pending is ignored.
   void Cancel(const QString& key);
+  void CancelAll();
   bool IsPending(const QString& key) const;
 
  Q_SIGNALS:

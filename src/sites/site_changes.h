@@ -1,0 +1,108 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// ChangeSites, the one operation behind all changes of the site tables: additions, edits, renames, removals, the
+// author's list, the order of the pages. It ends the poll and the cam round first, because their answers carry indices
+// into the tables. The windows that change sites call it; the page's line offers to undo what it did last.
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+#include "core/program.h"
+#include "page/thumb_grid.h"
+#include "poll/height_table.h"
+#include "poll/poll_cycle.h"
+#include "poll/slot_pictures.h"
+#include "sites/site_edit.h"
+
+// What the page's line says of a change that can be undone.
+struct SiteNews {
+  QStringList removed;  // calls and titles; the line names a single one
+  int added = 0;
+
+  bool operator==(const SiteNews&) const = default;
+};
+
+// How a change ends.
+struct ChangeOptions {
+  // With a value the change can be undone until the next change of sites or places.
+  std::optional<SiteNews> news;
+  // Otherwise the tables are as before when a file could not be written, so that the user can try again.
+  bool keepUnsaved = false;
+};
+
+// The changes of the tables.
+class SiteChanges : public QObject {
+  Q_OBJECT
+
+ public:
+  // What is told and moved by a change; all outlive this object.
+  struct Dependencies {
+    Program& program;
+    ThumbGrid& grid;
+    HeightTable& heights;
+    SlotPictures& files;
+    PollCycle& poll;
+  };
+  using Change = std::function<void(SiteEdit& edit)>;
+  // notWritten: names of the files that could not be written; empty: all is saved.
+  using Done = std::function<void(const QStringList& notWritten)>;
+
+  explicit SiteChanges(const Dependencies& deps, QObject* parent = nullptr);
+
+  // Applies a change at once, as a whole: sorts, builds the slots anew, clears the cells that have lost their site, and
+  // puts captions, cam lights and lists right. Saves the state beside the event loop, then polls anew and calls done,
+  // unless context is gone by then.
+  void ChangeSites(const Change& change, const ChangeOptions& options, QObject* context, const Done& done);
+
+  // The last change, unless it cannot be undone or another change has followed.
+  std::optional<SiteNews> Undoable() const;
+  // Puts the tables back as they were; pictures that have been taken since keep their dates.
+  void Undo(QObject* context, const Done& done);
+  // To be called by whoever else changes places.
+  void ForgetUndo();
+
+  // Writes the state beside the event loop and calls its argument with the files that could not be written. The main
+  // window sets it; without one nothing is written.
+  std::function<void(const Done&)> SaveAllState;
+
+ Q_SIGNALS:
+  // The tables are about to change; whoever waits for answers with indices into them ends that.
+  void AboutToChange();
+  // They have changed; indices kept from before mean nothing any more.
+  void Changed();
+  void UndoableChanged();
+
+ private:
+  // The tables before a change, and where their records are now.
+  struct Former {
+    QList<SiteRec> sites;
+    QList<SiteRec> wxSites;
+    TableEdit::NewIndex newIndex;
+    TableEdit::NewIndex newWxIndex;
+    std::optional<SiteNews> news;
+  };
+
+  void Apply(const Change& change);
+  void TakeBack(SiteEdit& edit) const;
+  void Saved(quint64 number, const ChangeOptions& options, const QStringList& notWritten);
+  // Site of each taken place, by page * 100 + slot, from 0.
+  QHash<int, int> SitesOfPlaces() const;
+  void DropFiles(const QHash<int, int>& before);
+  void ShowDsstvCells(const QHash<int, int>& before);
+  void ShowWxCells();
+  void ListCams(const QStringList& formerCams);
+  void EmptyCell(int slot);
+
+  Program& program_;
+  ThumbGrid& grid_;
+  HeightTable& heights_;
+  SlotPictures& files_;
+  PollCycle& poll_;
+  Former former_;       // of the last change
+  quint64 number_ = 0;  // of changes so far
+  bool undoable_ = false;
+};
