@@ -141,6 +141,7 @@ bool Form1::Load(bool anotherRuns) {
     dialogs_.Inform(nullptr, stop.message, stop.exclamation);
     return false;
   }
+  services_.database.Begin();
   logic_.cams.ListsRead();
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();

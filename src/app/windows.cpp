@@ -125,7 +125,7 @@ BaseWindow* Windows::MakeLocationMap() {
 BaseWindow* Windows::MakeOnAirNow() {
   Services& s = services_;
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
-  auto* window = new frmOnAirNow({{feed, s.store}, s.database, s.tool, menus_, lblOnAirNow_}, mainWindow_);
+  auto* window = new frmOnAirNow({{feed, s.store, s.database}, s.tool, menus_, lblOnAirNow_}, mainWindow_);
   connect(window, &frmOnAirNow::CaptionChanged, this, [this](const QString& caption) {
     lblOnAirNow_ = caption;
     Q_EMIT OnAirCaptionChanged(caption);
@@ -141,8 +141,8 @@ BaseWindow* Windows::Connected(CallMapWindow* window) {
 
 BaseWindow* Windows::MakePropagationMap() {
   Services& s = services_;
-  const PropagationSession::Dependencies session{s.program, s.network, s.background,  s.run.hosts,
-                                                 s.store,   s.clock,   PeriodMinutes_};
+  const PropagationSession::Dependencies session{s.program, s.network, s.background, s.run.hosts,
+                                                 s.store,   s.clock,   s.database,   PeriodMinutes_};
   auto* window = new frmMapPropagation({session, s.maps, menus_}, mainWindow_);
   return Connected(window);
 }
@@ -151,7 +151,7 @@ BaseWindow* Windows::MakeOnAirMap() {
   Services& s = services_;
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
   auto* window = new frmMapOnAir(
-      {{feed, s.store}, s.program, s.maps, s.database, s.tool, menus_, s.dialogs, onAirCaption_}, mainWindow_);
+      {{feed, s.store, s.database}, s.program, s.maps, s.tool, menus_, s.dialogs, onAirCaption_}, mainWindow_);
   return Connected(window);
 }
 

@@ -2,8 +2,15 @@
 #include "callbook/call_database.h"
 
 #include <QPointer>
+#include <chrono>
 
 #include "callbook/record_order.h"
+
+namespace {
+
+constexpr auto kRest = std::chrono::seconds(1);  // from the last change until it is sorted in
+
+}  // namespace
 
 QString CallList::Call(int index) const {
   return AnsiText(BlanksTrimmed(QByteArrayView(calls_).sliced(index * kCallSize, kCallSize)));
@@ -25,17 +32,33 @@ int CallList::FirstNotBefore(const QString& text) const {
   return low;
 }
 
-CallDatabase::CallDatabase(const QString& appDataDir) : found_(appDataDir), written_(appDataDir) {
+CallDatabase::CallDatabase(const QString& appDataDir, const std::shared_ptr<DatabaseDisk>& disk)
+    : CallDatabase(appDataDir, disk, std::make_shared<SharedLayout>()) {}
+
+CallDatabase::CallDatabase(const QString& appDataDir, const std::shared_ptr<DatabaseDisk>& disk,
+                           const std::shared_ptr<SharedLayout>& layout)
+    : CallReader(appDataDir, layout), file_(appDataDir, layout, disk) {
   worker_.setMaxThreadCount(1);
+  rest_.setSingleShot(true);
+  rest_.setInterval(kRest);
+  QObject::connect(&rest_, &QTimer::timeout, &answers_, [this]() { SortDatabase(); });
 }
 
 CallDatabase::~CallDatabase() {
-  worker_.waitForDone();
+  Finish();
 }
 
-void CallDatabase::Begin() {}
+void CallDatabase::Begin() {
+  if (!file_.WasInterrupted()) return;
+  // Searches must find what lies unsorted in the file, so learn that now; sorting can wait.
+  worker_.start([this]() { file_.Know(); });
+  worker_.waitForDone();
+  SortDatabase();
+}
 
 bool CallDatabase::Finish() {
+  rest_.stop();
+  worker_.start([this]() { allWritten_ = file_.Close() && allWritten_; });
   worker_.waitForDone();
   return std::exchange(allWritten_, true);
 }
@@ -61,60 +84,25 @@ void CallDatabase::Change(const std::function<bool()>& work, QObject* context, c
     allWritten_ = allWritten_ && durable;
     return durable;
   };
-  const auto answer = [then](const bool& durable) { then(durable); };
-  Run<bool>(remembered, context, then ? answer : std::function<void(const bool&)>());
-}
-
-int CallDatabase::FindRecord(const QString& call) {
-  const int number = found_.FindRecord(call);
-  DbCurrent = found_.DbCurrent;
-  return number;
-}
-
-std::optional<FoundRecord> CallDatabase::Find(const QString& call) {
-  const int number = FindRecord(call);
-  if (number == 0) return std::nullopt;
-  return FoundRecord{number, DbCurrent};
-}
-
-TargetLocation CallDatabase::LookupTargetLocation(const QString& call) {
-  if (FindRecord(QString(call).replace(u'Ø', u'0')) == 0) return {};
-  return {true,
-          Coordinate(DbCurrent.Lat.Text()),
-          Coordinate(DbCurrent.Lon.Text()),
-          DbCurrent.Name.Text(),
-          DbCurrent.Add1.Text(),
-          DbCurrent.Add2.Text(),
-          DbCurrent.Ctry.Text()};
-}
-
-int CallDatabase::RecordCount() const {
-  return found_.RecordCount();
-}
-
-QString CallDatabase::Path() const {
-  return found_.Path();
+  const auto answer = [this, context = QPointer<QObject>(context), then](const bool& durable) {
+    rest_.start();
+    if (context && then) then(durable);
+  };
+  Run<bool>(remembered, &answers_, answer);
 }
 
 void CallDatabase::SaveStation(const QString& call, const DbRec& record, QObject* context, const Saved& then) {
-  Change([this, call, record]() { return written_.SaveStation(call, record); }, context, then);
+  Change([this, call, record]() { return file_.SaveStation(call, record); }, context, then);
 }
 
 void CallDatabase::SaveStations(const QList<StationRecord>& stations, QObject* context, const Saved& then) {
-  const auto work = [this, stations]() {
-    bool all = true;
-    for (const StationRecord& station : stations) all = written_.SaveStation(station.call, station.record) && all;
-    return all;
-  };
-  Change(work, context, then);
+  Change([this, stations]() { return file_.SaveStations(stations); }, context, then);
 }
 
 void CallDatabase::DeleteRecord(const QString& call, QObject* context,
                                 const std::function<void(const Deletion&)>& then) {
   const auto work = [this, call]() {
-    Deletion deletion;
-    if (written_.FindRecord(call) > 0) deletion.removed += written_.DbCurrent;
-    deletion.durable = written_.DeleteRecord(call);
+    Deletion deletion = file_.DeleteRecord(call);
     allWritten_ = allWritten_ && deletion.durable;
     return deletion;
   };
@@ -122,16 +110,9 @@ void CallDatabase::DeleteRecord(const QString& call, QObject* context,
 }
 
 void CallDatabase::SortDatabase(QObject* context, const Saved& then) {
-  Change([this]() { return written_.SortDatabase(); }, context, then);
+  Run<bool>([this]() { return file_.SortDatabase(); }, context, then);
 }
 
 void CallDatabase::FillCallList(QObject* context, const std::function<void(const CallList&)>& then) {
-  const auto work = [this]() {
-    QStringList calls;
-    written_.FillCallList(calls);
-    QByteArray bytes;
-    for (const QString& call : std::as_const(calls)) bytes += AnsiBytes(call).leftJustified(6, ' ', true);
-    return CallList(bytes);
-  };
-  Run<CallList>(work, context, then);
+  Run<CallList>([this]() { return CallList(file_.FillCallList().value_or(QByteArray())); }, context, then);
 }

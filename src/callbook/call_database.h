@@ -8,34 +8,11 @@
 #include <QObject>
 #include <QString>
 #include <QThreadPool>
+#include <QTimer>
 #include <functional>
-#include <optional>
 
+#include "callbook/call_reader.h"
 #include "callbook/database_file.h"
-#include "callbook/db_rec.h"
-
-// Place, name and address of a station as the database has them; all empty if it does not have the call.
-struct TargetLocation {
-  bool InDatabase = false;
-  double TargetLat = 0;  // degrees; exactly 0 is unknown
-  double TargetLon = 0;
-  QString Name;
-  QString Add1;
-  QString Add2;
-  QString Ctry;
-};
-
-// A record to be saved, and the call under which it is searched first.
-struct StationRecord {
-  QString call;
-  DbRec record;
-};
-
-// What a deletion came to.
-struct Deletion {
-  bool durable = false;  // the file on the disk no longer has the call
-  QList<DbRec> removed;  // in the order of the file; SaveStations puts them back
-};
 
 // The calls of all records in the order of the file, six bytes each, so that 100,000 of them take little memory.
 class CallList {
@@ -54,14 +31,14 @@ class CallList {
   QByteArray calls_;
 };
 
-// Searches are answered at once and see every change that has been acknowledged. Changes are carried out one after the
-// other by a thread of their own. The answer says whether the change is on the disk, where no crash and no loss of
-// power undoes it; it comes on the event loop of `context`, unless that is gone by then. A change without `then` is
-// carried out all the same. Serves the event loop's thread.
-class CallDatabase {
+// The database. Searches are answered at once and see every change that has been acknowledged. Changes are carried out
+// one after the other by a thread of their own. The answer says whether the change is on the disk, where no crash and
+// no loss of power undoes it; it comes on the event loop of `context`, unless that is gone by then. A change without
+// `then` is carried out all the same. Serves the event loop's thread.
+class CallDatabase : public CallReader {
  public:
-  explicit CallDatabase(const QString& appDataDir);
-  ~CallDatabase();  // carries out what has been asked for
+  explicit CallDatabase(const QString& appDataDir, const std::shared_ptr<DatabaseDisk>& disk = DatabaseDisk::Real());
+  ~CallDatabase();  // carries out what has been asked for, and sorts
 
   // Repairs and sorts what an earlier run left when it was ended in the middle of a change. To be called once, when no
   // other instance can use the file.
@@ -70,21 +47,8 @@ class CallDatabase {
   // the event loop: for closing, tests and benches.
   bool Finish();
 
-  // The record that FindRecord found.
-  DbRec DbCurrent;
-
-  // Returns the record's number, from 1, and puts the record into DbCurrent; without a record returns 0 and clears
-  // DbCurrent. Makes an empty file if there is none. A call of more than six characters is never found, because a
-  // record holds six. A number holds until the next change: SaveStation finds its record by itself.
-  int FindRecord(const QString& call);
-  void ClearRecord() { DbCurrent = DbRec(); }
-  // The record of a call and its number, by FindRecord.
-  std::optional<FoundRecord> Find(const QString& call);
-  // The place of a call, whose zeros may be slashed. Uses FindRecord.
-  TargetLocation LookupTargetLocation(const QString& call);
-  int RecordCount() const;
-  // The path of the file, for messages.
-  QString Path() const;
+  // Searches the same file, for another thread or for a long job beside the event loop; may outlive the database.
+  CallReader Reader() const { return *this; }
 
   // What a change is answered with: whether it is on the disk.
   using Saved = std::function<void(bool durable)>;
@@ -108,9 +72,12 @@ class CallDatabase {
   // Runs a change, and remembers a failure for Finish.
   void Change(const std::function<bool()>& work, QObject* context, const Saved& then);
 
-  DatabaseFile found_;      // for searches, on the event loop's thread
-  DatabaseFile written_;    // for changes, on the worker thread
+  CallDatabase(const QString& appDataDir, const std::shared_ptr<DatabaseDisk>& disk,
+               const std::shared_ptr<SharedLayout>& layout);
+
+  DatabaseFile file_;       // on the worker thread
   bool allWritten_ = true;  // on the worker thread
+  QTimer rest_;             // runs since the last change
   QObject answers_;         // lives on the event loop; answers that come after it are dropped
   QThreadPool worker_;
 };

@@ -1,260 +1,326 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/database_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
 #include <cstring>
-#include <limits>
-#include <span>
+#include <mutex>
 
 #include "callbook/record_order.h"
+#include "callbook/record_reader.h"
 #include "platform/paths.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 kLargestRewritten = 512LL * 1024 * 1024;
-constexpr std::size_t kBeginning = 4096;             // remembered records: the first twelve steps of a search
-constexpr qint64 kBlock = 31;                        // records read at once for the last five steps of a search
-constexpr time_t kRest = 2;                          // seconds without a change before a file's times are trusted
-constexpr qint64 kBytesAtOnce = 1024 * kRecordSize;  // when a file is read from front to end
-
-QString FileName() {
-  return u"Omni-Perch-DB.db"_s;
-}
-
-std::optional<QByteArray> WholeFile(const QString& path) {
-  QFile file(path);
-  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
-  if (file.size() > kLargestRewritten) return {};
-  QByteArray bytes = file.readAll();
-  if (file.error() != QFileDevice::NoError) return {};
-  return bytes;
-}
-
-// Copies in pieces that fit into the processor's cache; false if the old file is shorter by now.
-bool Copy(QFile& from, qint64 start, qint64 size, QSaveFile& to) {
-  if (!from.seek(start)) return false;
-  while (size > 0) {
-    const QByteArray bytes = from.read(std::min(size, kBytesAtOnce));
-    if (bytes.isEmpty() || to.write(bytes) != bytes.size()) return false;
-    size -= bytes.size();
-  }
-  return true;
-}
-
-// The sort keys of all whole records in the file's order; nothing if the file cannot be read.
-std::optional<std::vector<quint64>> ReadKeys(const QString& path) {
-  QFile file(path);
-  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
-  std::vector<quint64> keys;
-  QByteArray bytes;
-  do {
-    bytes = file.read(kBytesAtOnce);
-    AppendCallKeys(bytes, keys);
-  } while (bytes.size() == kBytesAtOnce);
-  if (file.error() != QFileDevice::NoError) return {};
-  return keys;
-}
+constexpr qint64 kLargestInMemory = 512LL * 1024 * 1024;
+constexpr std::size_t kMostTail = 1024;
+constexpr qsizetype kFew = 64;         // so many records are saved sooner one by one than with a new file
+constexpr std::size_t kAtOnce = 1024;  // records read at once from front to end
+constexpr qint64 kLargestRedo = 512;
+constexpr qsizetype kCallSize = 6;
+constexpr int kAttempts = 3;  // while other programs change the file
 
 QByteArrayView RecordBytes(const DbRec& record) {
   return {reinterpret_cast<const char*>(&record), kRecordSize};
 }
 
-// Quotient rounded to the nearest integer, halves to even.
-qint64 RoundedCount(qint64 size) {
-  return std::llrint(static_cast<double>(size) / static_cast<double>(kRecordSize));
+std::optional<QByteArray> WholeFile(const QString& path, qint64 largest) {
+  QFile file(path);
+  if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+  if (file.size() > largest) return {};
+  QByteArray bytes = file.readAll();
+  if (file.error() != QFileDevice::NoError) return {};
+  return bytes;
+}
+
+quint64 KeyOf(const DbRec& record) {
+  return CallKey(record.Call.Bytes());
 }
 
 }  // namespace
 
-// Reads single records for FindRecord, unbuffered: a buffered file would turn a few small reads into larger, slower
-// ones.
-class RecordReader {
- public:
-  explicit RecordReader(const QByteArray& path) : file_(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)) {
-    struct stat status {};
-    if (file_ < 0 || ::fstat(file_, &status) != 0 || !S_ISREG(status.st_mode)) return;
-    readable_ = true;
-    status_ = status;
-    count_ = std::min<qint64>(status.st_size / kRecordSize, std::numeric_limits<int>::max());
-  }
-  ~RecordReader() {
-    if (file_ >= 0) ::close(file_);
-  }
-  RecordReader(const RecordReader&) = delete;
-  RecordReader& operator=(const RecordReader&) = delete;
+DatabaseFile::DatabaseFile(const QString& appDataDir, std::shared_ptr<SharedLayout> layout,
+                           std::shared_ptr<DatabaseDisk> disk)
+    : appDataDir_(appDataDir), shared_(layout), disk_(std::move(disk)), reader_(appDataDir, std::move(layout)) {}
 
-  bool IsReadable() const { return readable_; }
-  qint64 Count() const { return count_; }
-  const struct stat& Status() const { return status_; }
-  // Fills block with the records from number `first` on; beyond the end of the file with NULs.
-  void ReadBlock(qint64 first, std::span<DbRec> block) const {
-    std::memset(static_cast<void*>(block.data()), 0, block.size_bytes());
-    const ssize_t got = ::pread(file_, block.data(), block.size_bytes(), (first - 1) * kRecordSize);
-    // A record that the file ends in the middle of does not count.
-    const auto whole = static_cast<std::size_t>(std::max<ssize_t>(got, 0) / kRecordSize);
-    std::memset(static_cast<void*>(block.data() + whole), 0, (block.size() - whole) * sizeof(DbRec));
-  }
-  // Beyond the end of the file gives a record of NULs, which equals no call.
-  DbRec Read(qint64 number) const {
-    DbRec record;
-    if (::pread(file_, &record, sizeof record, (number - 1) * kRecordSize) != kRecordSize) {
-      std::memset(static_cast<void*>(&record), 0, sizeof record);
-    }
-    return record;
-  }
-
- private:
-  int file_;
-  bool readable_ = false;
-  struct stat status_ {};
-  qint64 count_ = 0;
-};
-
-DatabaseFile::DatabaseFile(QString appDataDir)
-    : appDataDir_(std::move(appDataDir)), exactPath_(QFile::encodeName(appDataDir_ + u'/' + FileName())) {}
-
-QString DatabaseFile::Path() const {
-  return ResolvePath(appDataDir_, FileName());
+void DatabaseFile::Forget() {
+  layout_.reset();
+  folderSynced_ = false;
+  Publish();
 }
 
-bool DatabaseFile::Save(const QList<Piece>& pieces) const {
-  const QString path = Path();
-  QFile old(path);
-  QSaveFile file(path);
-  if (!old.open(QIODevice::ReadOnly | QIODevice::Unbuffered) || !file.open(QIODevice::WriteOnly)) return false;
-  for (const Piece& piece : pieces) {
-    if (file.write(piece.bytes.data(), piece.bytes.size()) != piece.bytes.size()) return false;
-    if (piece.size > 0 && !Copy(old, piece.start, piece.size, file)) return false;
-  }
-  return file.flush() && file.commit();
+void DatabaseFile::Publish(const FileLayout* next) {
+  std::vector<FileLayout> layouts;
+  if (layout_) layouts.push_back(*layout_);
+  if (next != nullptr) layouts.push_back(*next);
+  const std::unique_lock lock(shared_->mutex);
+  shared_->layouts = std::move(layouts);
 }
 
-DatabaseFile::Beginning* DatabaseFile::BeginningOf(const RecordReader& file) {
-  const struct stat& status = file.Status();
-  timespec now{};
-  ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-  // Two changes within one tick of the system's clock leave the same time, so what was read from a file that young is
-  // not remembered.
-  if (now.tv_sec - status.st_ctim.tv_sec < kRest) return nullptr;
-  const std::array<qint64, 6> present{static_cast<qint64>(status.st_dev),
-                                      static_cast<qint64>(status.st_ino),
-                                      status.st_size,
-                                      status.st_ctim.tv_sec,
-                                      status.st_ctim.tv_nsec,
-                                      file.Count()};
-  if (beginning_.file != present) {
-    beginning_.file = present;
-    beginning_.records.assign(kBeginning, DbRec());
-    beginning_.known.assign(kBeginning, false);
-  }
-  return &beginning_;
+bool DatabaseFile::WasInterrupted() const {
+  return QFileInfo::exists(RedoPath());
 }
 
-int DatabaseFile::FindRecord(const QString& call) {
-  std::optional<RecordReader> file(exactPath_);
-  if (!file->IsReadable()) {
-    QFile other(Path());
-    if (!other.exists() && !other.open(QIODevice::NewOnly)) return 0;
-    file.emplace(QFile::encodeName(other.fileName()));
-    if (!file->IsReadable()) return 0;
+void DatabaseFile::Recover() {
+  if (std::exchange(recovered_, true)) return;
+  Forget();
+  const std::optional<QByteArray> bytes = WholeFile(RedoPath(), kLargestRedo);
+  redo_ = resuming_ = WasInterrupted();
+  const std::optional<RedoRecord> redo = bytes ? RedoRecord::Of(*bytes) : std::nullopt;
+  if (redo && !redo->after.isEmpty()) Repair(*redo);
+}
+
+void DatabaseFile::Repair(const RedoRecord& redo) {
+  const RecordReader file(QFile::encodeName(reader_.Path()));
+  const qint64 size = file.Stamp().size;
+  const bool added = redo.before.isEmpty();
+  const bool fits = added ? redo.offset == redo.size && size >= redo.size && size <= redo.size + kRecordSize
+                          : size >= redo.offset + kRecordSize;
+  if (!file.IsReadable() || file.Stamp().inode != redo.inode || !fits || redo.after.size() != kRecordSize) return;
+  QByteArray present(std::min(kRecordSize, size - redo.offset), '\0');
+  if (!file.ReadBytes(redo.offset, present) || !redo.MayRepair(present)) return;
+  const std::unique_ptr<DiskFile> database = disk_->Open(reader_.Path(), false);
+  if (database == nullptr || database->Stamp().inode != redo.inode) return;
+  if (!database->Write(redo.offset, redo.after) || !database->Sync()) recovered_ = false;
+}
+
+bool DatabaseFile::Know() {
+  Recover();
+  const RecordReader file(QFile::encodeName(reader_.Path()));
+  if (!file.IsReadable()) {
+    Forget();
+    return false;
   }
-  const QByteArray bytes = AnsiBytes(call);
-  const QByteArrayView wanted = BlanksTrimmed(bytes);
-  Beginning* const beginning = BeginningOf(*file);
-  qint64 low = 1;
-  qint64 high = std::max<qint64>(file->Count(), 1);
-  std::array<DbRec, kBlock> block;
-  qint64 blockFirst = 0;  // number of its first record; 0: not read
-  for (std::size_t place = 1; low <= high;) {
-    const qint64 middle = (low + high) / 2;
-    if (blockFirst > 0) {
-      DbCurrent = block[static_cast<std::size_t>(middle - blockFirst)];
-    } else if (place >= kBeginning && high - low < kBlock) {
-      blockFirst = low;
-      file->ReadBlock(low, std::span(block).first(static_cast<std::size_t>(high - low + 1)));
-      DbCurrent = block[static_cast<std::size_t>(middle - blockFirst)];
-    } else if (beginning == nullptr || place >= kBeginning) {
-      DbCurrent = file->Read(middle);
-    } else {
-      if (!beginning->known[place]) beginning->records[place] = file->Read(middle);
-      beginning->known[place] = true;
-      DbCurrent = beginning->records[place];
-    }
-    const QByteArrayView found = DbCurrent.Call.Bytes();
-    if (BlanksTrimmed(found) == wanted) return static_cast<int>(middle);
-    // Compare with the blanks of both: a call that the caller did not trim sorts elsewhere and is found only where its
-    // path happens to meet the record.
-    const bool above = CompareBytes(bytes, found) > 0;
-    place = std::min(place * 2 + (above ? 1 : 0), kBeginning);
-    if (above) {
-      low = middle + 1;
-    } else {
-      high = middle - 1;
+  if (!layout_ || !layout_->Describes(file.Stamp())) Read(file);
+  return true;
+}
+
+void DatabaseFile::Read(const RecordReader& file) {
+  Forget();
+  FileLayout layout{.stamp = file.Stamp(),
+                    .largest = file.Stamp().size,
+                    .run = file.Count(),
+                    .tail = {},
+                    .beingWritten = {},
+                    .written = {}};
+  std::vector<DbRec> block(kAtOnce);
+  std::vector<quint64> behind;  // keys from the first on that is out of order
+  quint64 last = 0;
+  for (qint64 first = 1; first <= file.Count(); first += static_cast<qint64>(kAtOnce)) {
+    const std::size_t got = file.ReadBlock(first, block);
+    for (std::size_t i = 0; i < got; ++i) {
+      const quint64 key = KeyOf(block[i]);
+      if (!behind.empty() || key < last) behind.push_back(key);
+      last = key;
     }
   }
-  ClearRecord();
-  return 0;
+  // An earlier run of this program leaves a short tail. What others left out of order is sorted as a whole, unless the
+  // file is too large for that.
+  const bool large = layout.stamp.size > kLargestInMemory;
+  ordered_ = behind.empty() || large;
+  if (!behind.empty() && behind.size() <= kMostTail && (resuming_ || large)) {
+    ordered_ = true;
+    layout.run -= static_cast<qint64>(behind.size());
+    for (const quint64 key : behind) layout.Append(key);
+  }
+  resuming_ = false;
+  layout_ = layout;
+  Publish();
 }
 
-bool DatabaseFile::AddRecord() {
-  QFile file(Path());
-  const QByteArrayView record = RecordBytes(DbCurrent);
-  if (!QFileInfo(file).isFile()) return false;
-  const qint64 size = file.size();
-  if (const qint64 rest = size % kRecordSize; rest != 0) {
-    return Save({{{}, 0, size - rest}, {record}, {{}, size - rest, rest}});
+bool DatabaseFile::KnowOrMake() {
+  const QString path = reader_.Path();
+  if (!QFileInfo::exists(path)) disk_->Open(path, true);
+  return Know();
+}
+
+bool DatabaseFile::SaveStation(const QString& call, const DbRec& record) {
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    if (!KnowOrMake() || !Order()) return false;
+    const bool found = reader_.FindRecord(call) > 0;
+    if (found ? Update(reader_.NumberInFile(), record) : Add(record)) return true;
+    if (layout_) return false;
   }
-  // Appending cannot damage other records; a record that was written in part is cut off again.
-  if (!file.open(QIODevice::Append | QIODevice::ExistingOnly | QIODevice::Unbuffered)) return false;
-  if (file.write(record.data(), record.size()) == record.size()) return true;
-  file.resize(size);
   return false;
 }
 
-bool DatabaseFile::UpdateRecord(int number) {
-  const QFileInfo file(Path());
-  const qint64 start = (number - qint64{1}) * kRecordSize;
-  const qint64 rest = start + kRecordSize;
-  if (!file.isFile() || number < 1 || rest > file.size()) return false;
-  return Save({{{}, 0, start}, {RecordBytes(DbCurrent)}, {{}, rest, file.size() - rest}});
+bool DatabaseFile::SaveStations(const QList<StationRecord>& stations) {
+  if (stations.size() <= kFew) {
+    bool all = true;
+    for (const StationRecord& station : stations) all = SaveStation(station.call, station.record) && all;
+    return all;
+  }
+  if (!KnowOrMake() || !Order()) return false;
+  std::vector<DbRec> added;
+  std::map<quint64, std::size_t> addedAt;
+  Changes changes;
+  for (const StationRecord& station : stations) {
+    const QByteArray call = AnsiBytes(station.call);
+    const std::optional<quint64> key = CallKeyOf(BlanksTrimmed(call));
+    const auto mine = key ? addedAt.find(*key) : addedAt.end();
+    if (mine != addedAt.end()) {
+      added[mine->second] = station.record;
+      continue;
+    }
+    if (reader_.FindRecord(station.call) > 0) {
+      std::optional<DbRec>& change = changes[reader_.NumberInFile()];
+      change.reset();
+      if (KeyOf(reader_.DbCurrent) == KeyOf(station.record)) {
+        change = station.record;
+        continue;
+      }
+    }
+    if (key == KeyOf(station.record)) addedAt[*key] = added.size();
+    added.push_back(station.record);
+  }
+  return Rewrite(added, changes);
+}
+
+bool DatabaseFile::AddRecord(const DbRec& record) {
+  return Know() && Add(record);
+}
+
+bool DatabaseFile::UpdateRecord(qint64 numberInFile, const DbRec& record) {
+  return Know() && Update(numberInFile, record);
+}
+
+bool DatabaseFile::Add(const DbRec& record) {
+  // A record that was cut off lies where the next one would: only a new file can keep both.
+  if (layout_->stamp.size % kRecordSize != 0) return Order() && Rewrite({record}, {});
+  if (layout_->tail.size() >= kMostTail && !SortDatabase()) return false;
+  const qint64 size = layout_->stamp.size;
+  return WriteInPlace({layout_->stamp.inode, size, size, {}, RecordBytes(record).toByteArray()});
+}
+
+bool DatabaseFile::Update(qint64 numberInFile, const DbRec& record) {
+  const RecordReader file(QFile::encodeName(reader_.Path()));
+  if (numberInFile < 1 || numberInFile > file.Count()) return false;
+  const DbRec before = file.Read(numberInFile);
+  // Under another call it lies elsewhere.
+  if (KeyOf(before) != KeyOf(record)) return ordered_ && Rewrite({record}, {{numberInFile, std::nullopt}});
+  return WriteInPlace({layout_->stamp.inode, layout_->stamp.size, (numberInFile - 1) * kRecordSize,
+                       RecordBytes(before).toByteArray(), RecordBytes(record).toByteArray()});
+}
+
+// The order of the syncs: the redo record, then the bytes that it tells of. Only one record is under way at a time, so
+// that the redo file may be overwritten as soon as those bytes are on the disk.
+bool DatabaseFile::WriteInPlace(const RedoRecord& redo) {
+  const std::unique_ptr<DiskFile> file = disk_->Open(reader_.Path(), false);
+  if (file == nullptr) return false;
+  if (!layout_->Describes(file->Stamp())) {
+    Forget();
+    return false;
+  }
+  if (!PutRedo(redo)) return false;
+  layout_->writing = true;
+  layout_->largest = redo.size + kRecordSize;
+  if (!redo.before.isEmpty()) {
+    layout_->beingWritten = redo.offset / kRecordSize + 1;
+    std::memcpy(static_cast<void*>(&layout_->written), redo.after.constData(), kRecordSize);
+  }
+  Publish();
+  const bool written = file->Write(redo.offset, redo.after) && file->Sync();
+  if (!written) TakeBack(*file, redo);
+  layout_->writing = false;
+  layout_->beingWritten.reset();
+  layout_->stamp = file->Stamp();
+  if (written && redo.before.isEmpty()) layout_->Append(CallKey(redo.after));
+  Publish();
+  return written;
+}
+
+void DatabaseFile::TakeBack(DiskFile& file, const RedoRecord& redo) {
+  const bool back = redo.before.isEmpty() ? file.Resize(redo.size) : file.Write(redo.offset, redo.before);
+  // Otherwise the next operation, or the next start, makes the record whole.
+  if (!back || !file.Sync() || !PutRedo({})) recovered_ = false;
+}
+
+bool DatabaseFile::PutRedo(const RedoRecord& redo) {
+  const std::unique_ptr<DiskFile> file = disk_->Open(RedoPath(), true);
+  if (file == nullptr || !file->Write(0, redo.Bytes()) || !file->Sync()) return false;
+  if (!std::exchange(redo_, true)) folderSynced_ = false;
+  if (!folderSynced_) folderSynced_ = disk_->SyncFolderOf(reader_.Path());
+  return folderSynced_;
 }
 
 bool DatabaseFile::SortDatabase() {
-  const std::optional<std::vector<quint64>> keys = ReadKeys(Path());
-  if (!keys) return false;
-  if (std::is_sorted(keys->begin(), keys->end())) return true;
-  // The usual case is one call appended to a sorted file: move that record to its place and keep the order of the
-  // others.
-  if (const std::optional<qsizetype> place = PlaceOfLast(*keys)) {
-    const qint64 at = *place * kRecordSize;
-    const qint64 end = static_cast<qint64>(keys->size()) * kRecordSize;
-    const qint64 last = end - kRecordSize;
-    return Save({{{}, 0, at}, {{}, last, kRecordSize}, {{}, at, last - at}, {{}, end, QFileInfo(Path()).size() - end}});
-  }
-  const std::optional<QByteArray> old = WholeFile(Path());
-  const auto size = static_cast<qsizetype>(keys->size()) * kRecordSize;
-  if (!old || old->size() < size) return false;
-  const QByteArray sorted = SortRecords(QByteArrayView(*old).first(size), *keys);
-  return Save({{sorted}, {QByteArrayView(*old).sliced(size)}});
+  return Know() && Order() && (layout_->tail.empty() || Rewrite({}, {}));
 }
 
-bool DatabaseFile::DeleteRecord(const QString& call) {
-  const std::optional<QByteArray> old = WholeFile(Path());
+bool DatabaseFile::Close() {
+  if (!redo_) return true;
+  const bool sorted = SortDatabase();
+  // Without a database there is nothing to be repaired.
+  if (!sorted && QFileInfo::exists(reader_.Path())) return false;
+  redo_ = !disk_->Remove(RedoPath());
+  return sorted;
+}
+
+bool DatabaseFile::Rewrite(const std::vector<DbRec>& added, const Changes& changes) {
+  const RecordReader file(QFile::encodeName(reader_.Path()));
+  if (!file.IsReadable() || !layout_->Describes(file.Stamp())) {
+    Forget();
+    return false;
+  }
+  const std::unique_ptr<ReplacingFile> to = disk_->Replace(reader_.Path());
+  if (to == nullptr) return false;
+  return CopyMerged(file, added, changes, [&to](QByteArrayView bytes) { return to->Write(bytes); }) && Commit(*to);
+}
+
+bool DatabaseFile::CopyMerged(const RecordReader& file, const std::vector<DbRec>& added, const Changes& changes,
+                              const Sink& to) {
+  std::vector<DbRec> moved;
+  for (qint64 number = layout_->run + 1; number <= file.Count(); ++number) {
+    const auto change = changes.find(number);
+    const std::optional<DbRec> record = change == changes.end() ? file.Read(number) : change->second;
+    if (record) moved.push_back(*record);
+  }
+  moved.insert(moved.end(), added.begin(), added.end());
+  RecordMerge merge(std::move(moved));
+  std::vector<DbRec> block;
+  for (qint64 first = 1; first <= layout_->run; first += static_cast<qint64>(kAtOnce)) {
+    block.resize(static_cast<std::size_t>(std::min<qint64>(kAtOnce, layout_->run - first + 1)));
+    // Shorter by now: somebody else writes the file, too.
+    if (file.ReadBlock(first, block) != block.size()) return false;
+    const auto from = changes.lower_bound(first);
+    const auto till = changes.lower_bound(first + static_cast<qint64>(block.size()));
+    for (auto change = from; change != till; ++change) {
+      if (change->second) block[static_cast<std::size_t>(change->first - first)] = *change->second;
+    }
+    // From the back, so that the numbers hold.
+    for (auto change = till; change != from;) {
+      --change;
+      if (!change->second) block.erase(block.begin() + (change->first - first));
+    }
+    if (!to(merge.Take(block))) return false;
+  }
+  QByteArray rest(file.Stamp().size % kRecordSize, '\0');
+  return file.ReadBytes(file.Stamp().size - rest.size(), rest) && to(merge.Rest() + rest);
+}
+
+bool DatabaseFile::SortAll() {
+  const std::optional<QByteArray> old = WholeFile(reader_.Path(), kLargestInMemory);
   if (!old) return false;
+  std::vector<quint64> keys;
+  AppendCallKeys(*old, keys);
+  const auto size = static_cast<qsizetype>(keys.size()) * kRecordSize;
+  const QByteArray sorted = SortRecords(QByteArrayView(*old).first(size), std::move(keys));
+  return ReplaceBy({sorted, QByteArrayView(*old).sliced(size)});
+}
+
+Deletion DatabaseFile::DeleteRecord(const QString& call) {
+  Deletion deletion;
+  if (!Know() || (!layout_->tail.empty() && !SortDatabase())) return deletion;
+  const std::optional<QByteArray> old = WholeFile(reader_.Path(), kLargestInMemory);
+  if (!old) return deletion;
   const QByteArray bytes = AnsiBytes(call);
   const QByteArrayView unwanted = BlanksTrimmed(bytes);
-  const qint64 count = RoundedCount(old->size());
+  // Halves to even.
+  const qint64 count = std::llrint(static_cast<double>(old->size()) / static_cast<double>(kRecordSize));
   QByteArray kept;
   kept.reserve(old->size());
   for (qint64 i = 0; i < count; ++i) {
@@ -262,48 +328,77 @@ bool DatabaseFile::DeleteRecord(const QString& call) {
     const QByteArrayView stored = QByteArrayView(*old).sliced(i * kRecordSize);
     std::memcpy(static_cast<void*>(&record), stored.data(),
                 static_cast<std::size_t>(std::min(stored.size(), kRecordSize)));
-    DbCurrent = record;
-    if (BlanksTrimmed(record.Call.Bytes()) != unwanted) kept += RecordBytes(record);
+    if (BlanksTrimmed(record.Call.Bytes()) != unwanted) {
+      kept += RecordBytes(record);
+    } else {
+      deletion.removed += record;
+    }
   }
   // Records pass through temp.db in the data folder. If an earlier failure has left a longer one there, the records
   // behind the present ones are taken into the database: they may be all that is left of them.
   const QString temporary = ResolvePath(appDataDir_, u"temp.db"_s);
-  const QByteArray left = WholeFile(temporary).value_or(QByteArray());
+  const QByteArray left = WholeFile(temporary, kLargestInMemory).value_or(QByteArray());
   const QByteArray rest = old->mid(count * kRecordSize);
-  if (!Save({{kept}, {QByteArrayView(left).sliced(std::min(kept.size(), left.size()))}, {rest}})) return false;
-  if (QFileInfo(temporary).isFile()) QFile::remove(temporary);
-  return true;
-}
-
-int DatabaseFile::RecordCount() const {
-  const QFileInfo file(Path());
-  if (!file.isFile()) return 0;
-  return static_cast<int>(std::min<qint64>(RoundedCount(file.size()), std::numeric_limits<int>::max()));
-}
-
-bool DatabaseFile::FillCallList(QStringList& list) {
-  QFile file(Path());
-  if (!QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly)) return false;
-  list.clear();
-  while (true) {
-    const QByteArray bytes = file.read(kBytesAtOnce);
-    const qsizetype count = bytes.size() / kRecordSize;
-    for (qsizetype i = 0; i < count; ++i) {
-      std::memcpy(static_cast<void*>(&DbCurrent), bytes.data() + i * kRecordSize, sizeof DbCurrent);
-      list += DbCurrent.Call.Text();
-    }
-    if (bytes.size() < kBytesAtOnce) return true;
+  deletion.durable = ReplaceBy({kept, QByteArrayView(left).sliced(std::min(kept.size(), left.size())), rest});
+  // What was taken in need not be in order.
+  Forget();
+  if (!deletion.durable) {
+    deletion.removed.clear();
+  } else if (QFileInfo(temporary).isFile()) {
+    disk_->Remove(temporary);
   }
+  return deletion;
 }
 
-std::optional<FoundRecord> DatabaseFile::Find(const QString& call) {
-  const int number = FindRecord(call);
-  if (number == 0) return std::nullopt;
-  return FoundRecord{number, DbCurrent};
+bool DatabaseFile::ReplaceBy(const QList<QByteArrayView>& pieces) {
+  const std::unique_ptr<ReplacingFile> file = disk_->Replace(reader_.Path());
+  if (file == nullptr) return false;
+  for (const QByteArrayView piece : pieces) {
+    if (!piece.isEmpty() && !file->Write(piece)) return false;
+  }
+  return Commit(*file);
 }
 
-bool DatabaseFile::SaveStation(const QString& call, const DbRec& record) {
-  const int number = FindRecord(call);
-  DbCurrent = record;
-  return number == 0 ? AddRecord() && SortDatabase() : UpdateRecord(number);
+bool DatabaseFile::Commit(ReplacingFile& file) {
+  if (!file.Sync()) return false;
+  // A later file may get the number of this one, and the redo file would then tell of a wrong place in it.
+  if (redo_ && !PutRedo({})) return false;
+  const RecordReader old(QFile::encodeName(reader_.Path()));
+  if (!old.IsReadable() || !layout_->Describes(old.Stamp())) {
+    Forget();
+    return false;
+  }
+  FileLayout next{.stamp = file.Stamp(),
+                  .largest = file.Stamp().size,
+                  .writing = true,
+                  .tail = {},
+                  .beingWritten = {},
+                  .written = {}};
+  next.run = next.stamp.size / kRecordSize;
+  // Losing its name changes the times of the old file, which a search may just have opened.
+  layout_->writing = true;
+  Publish(&next);
+  if (!file.Commit()) {
+    Forget();
+    return false;
+  }
+  layout_ = next;
+  ordered_ = true;
+  layout_->writing = false;
+  layout_->stamp = RecordReader(QFile::encodeName(reader_.Path())).Stamp();
+  Publish();
+  return folderSynced_ = disk_->SyncFolderOf(reader_.Path());
+}
+
+std::optional<QByteArray> DatabaseFile::FillCallList() {
+  if (!Know()) return {};
+  const RecordReader file(QFile::encodeName(reader_.Path()));
+  QByteArray calls;
+  calls.reserve(file.Count() * kCallSize);
+  const auto take = [&calls](QByteArrayView bytes) {
+    for (qsizetype i = 0; i + kRecordSize <= bytes.size(); i += kRecordSize) calls += bytes.sliced(i, kCallSize);
+    return true;
+  };
+  if (!file.IsReadable() || !CopyMerged(file, {}, {}, take)) return {};
+  return calls;
 }

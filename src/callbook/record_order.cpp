@@ -5,21 +5,13 @@
 #include <cstring>
 #include <numeric>
 
-#include "callbook/db_rec.h"
-
 namespace {
 
-constexpr int kCallWidth = 6;
+constexpr qsizetype kCallWidth = 6;
 constexpr double kShrink = 0.65;
 
-quint64 CallKey(const char* record) {
-  const QByteArrayView call = BlanksTrimmed(QByteArrayView(record, kCallWidth));
-  quint64 key = 0;
-  for (qsizetype i = 0; i < kCallWidth; ++i) {
-    key = key << 8 | (i < call.size() ? static_cast<unsigned char>(call[i]) : 0U);
-  }
-  // The last byte is the length, which distinguishes a call from the same call with NULs behind it.
-  return key << 8 | static_cast<quint64>(call.size());
+void Append(QByteArray& bytes, std::span<const DbRec> records) {
+  bytes.append(reinterpret_cast<const char*>(records.data()), static_cast<qsizetype>(records.size_bytes()));
 }
 
 }  // namespace
@@ -31,18 +23,23 @@ int CompareBytes(QByteArrayView a, QByteArrayView b) {
   return a.size() < b.size() ? -1 : static_cast<int>(a.size() > b.size());
 }
 
-void AppendCallKeys(QByteArrayView records, std::vector<quint64>& keys) {
-  for (qsizetype i = 0; i + kRecordSize <= records.size(); i += kRecordSize)
-    keys.push_back(CallKey(records.data() + i));
+quint64 CallKey(QByteArrayView call) {
+  const QByteArrayView trimmed = BlanksTrimmed(call.first(std::min(call.size(), kCallWidth)));
+  quint64 key = 0;
+  for (qsizetype i = 0; i < kCallWidth; ++i) {
+    key = key << 8 | (i < trimmed.size() ? static_cast<unsigned char>(trimmed[i]) : 0U);
+  }
+  // The last byte is the length, which distinguishes a call from the same call with NULs behind it.
+  return key << 8 | static_cast<quint64>(trimmed.size());
 }
 
-std::optional<qsizetype> PlaceOfLast(const std::vector<quint64>& keys) {
-  if (keys.empty()) return {};
-  const auto last = keys.end() - 1;
-  if (std::adjacent_find(keys.begin(), last, std::greater_equal<>()) != last) return {};
-  const auto place = std::lower_bound(keys.begin(), last, *last);
-  if (place != last && *place == *last) return {};
-  return place - keys.begin();
+std::optional<quint64> CallKeyOf(QByteArrayView call) {
+  if (call.size() > kCallWidth) return {};
+  return CallKey(call);
+}
+
+void AppendCallKeys(QByteArrayView records, std::vector<quint64>& keys) {
+  for (qsizetype i = 0; i + kRecordSize <= records.size(); i += kRecordSize) keys.push_back(CallKey(records.sliced(i)));
 }
 
 QByteArray SortRecords(QByteArrayView records, std::vector<quint64> keys) {
@@ -69,4 +66,33 @@ QByteArray SortRecords(QByteArrayView records, std::vector<quint64> keys) {
     to += kRecordSize;
   }
   return sorted;
+}
+
+RecordMerge::RecordMerge(std::vector<DbRec> added) : added_(std::move(added)) {
+  std::stable_sort(added_.begin(), added_.end(),
+                   [](const DbRec& a, const DbRec& b) { return CallKey(a.Call.Bytes()) < CallKey(b.Call.Bytes()); });
+}
+
+QByteArray RecordMerge::Take(std::span<const DbRec> block) {
+  QByteArray bytes;
+  bytes.reserve(static_cast<qsizetype>(block.size_bytes()) + kRecordSize);
+  for (; next_ < added_.size() && !block.empty(); ++next_) {
+    const auto smaller = [](quint64 key, const DbRec& record) { return key < CallKey(record.Call.Bytes()); };
+    const auto place = std::upper_bound(block.begin(), block.end(), CallKey(added_[next_].Call.Bytes()), smaller);
+    // It may go behind records of the next block, too.
+    if (place == block.end()) break;
+    const auto before = static_cast<std::size_t>(place - block.begin());
+    Append(bytes, block.first(before));
+    Append(bytes, std::span(added_).subspan(next_, 1));
+    block = block.subspan(before);
+  }
+  Append(bytes, block);
+  return bytes;
+}
+
+QByteArray RecordMerge::Rest() {
+  QByteArray bytes;
+  Append(bytes, std::span(added_).subspan(next_));
+  next_ = added_.size();
+  return bytes;
 }

@@ -20,7 +20,6 @@ class frmMapOnAir : public CallMapWindow {
   struct Dependencies : OnAirSession::Dependencies {
     Program& ownProgram;
     MapStore& maps;
-    CallDatabase& database;
     PictureTool& tool;
     MenuOpener& menus;
     Dialogs& dialogs;

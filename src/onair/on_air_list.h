@@ -52,14 +52,14 @@ struct OnAirPlace {
 // nearly the same stations are on the air five minutes later. Serves one thread.
 class OnAirPlaces {
  public:
-  explicit OnAirPlaces(const QString& appDataDir) : database_(appDataDir) {}
+  explicit OnAirPlaces(const CallReader& database) : database_(database) {}
 
   // Before the calls of a list are looked up.
   void Begin(const OnAirSight& sight);
   OnAirPlace Of(const QString& call);
 
  private:
-  CallDatabase database_;
+  CallReader database_;
   OnAirSight sight_;
   DatabaseStamp stamp_;
   QHash<QString, OnAirPlace> known_;

@@ -18,7 +18,6 @@ class frmOnAirNow : public BaseWindow {
  public:
   // What the window uses beside its session.
   struct Dependencies : OnAirSession::Dependencies {
-    CallDatabase& database;
     PictureTool& tool;
     MenuOpener& menus;
     QString caption;  // what lblOnAirNow says

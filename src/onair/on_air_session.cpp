@@ -14,7 +14,7 @@ OnAirSession::OnAirSession(const Dependencies& dependencies, OnAirWindow window,
       feed_(dependencies, window == OnAirWindow::List),
       ckBand_(kPeanutBand + 1),
       ckMode_(static_cast<int>(kModes.size()) + 1),
-      places_(std::make_shared<OnAirPlaces>(dependencies.program.AppDataDir)) {
+      places_(std::make_shared<OnAirPlaces>(dependencies.database.Reader())) {
   connect(&feed_, &OnAirFeed::ListChanged, this, &OnAirSession::Rebuild);
 }
 

@@ -29,6 +29,7 @@ class OnAirSession : public QObject {
   // What a session uses beside its feed.
   struct Dependencies : OnAirFeed::Dependencies {
     SettingsStore& store;
+    CallDatabase& database;
   };
 
   OnAirSession(const Dependencies& dependencies, OnAirWindow window, QObject* parent = nullptr);
@@ -76,7 +77,6 @@ class OnAirSession : public QObject {
   OnAirOrder order_;
   OnAirView view_;
   Wanted rebuild_;
-  // A reader of its own on the same files, used by the background thread only: a CallDatabase serves one thread, and
-  // ten thousand look-ups would hold the event loop.
+  // Used by the background thread only: ten thousand look-ups would hold the event loop.
   std::shared_ptr<OnAirPlaces> places_;
 };

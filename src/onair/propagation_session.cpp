@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "onair/propagation_session.h"
 
-#include "callbook/call_database.h"
 #include "onair/bands.h"
 
 using namespace Qt::StringLiterals;
@@ -30,7 +29,7 @@ PropagationSession::PropagationSession(const Dependencies& dependencies, QObject
     : QObject(parent),
       deps_(dependencies),
       reader_(dependencies.network),
-      database_(std::make_shared<CallDatabase>(dependencies.program.AppDataDir)) {
+      database_(std::make_shared<CallReader>(dependencies.database.Reader())) {
   Timer1_.setObjectName(u"Timer1"_s);
   connect(&Timer1_, &QTimer::timeout, this, [this]() {
     Timer1_.setInterval(kRefresh);

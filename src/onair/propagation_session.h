@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QTimer>
 
+#include "callbook/call_database.h"
 #include "core/hosts.h"
 #include "core/program.h"
 #include "core/stored_settings.h"
@@ -15,8 +16,6 @@
 #include "platform/net/url_reader.h"
 #include "platform/settings_store.h"
 #include "platform/wanted.h"
-
-class CallDatabase;
 
 // Reading and filtering happen beside the event loop.
 class PropagationSession : public QObject {
@@ -31,6 +30,7 @@ class PropagationSession : public QObject {
     const Hosts& hosts;
     SettingsStore& store;
     const Clock& clock;
+    CallDatabase& database;
     int& PeriodMinutes;  // outlives the window: the period is kept for the run
   };
 
@@ -77,5 +77,5 @@ class PropagationSession : public QObject {
   qsizetype leftOut_ = 0;
   Wanted read_;
   Wanted filter_;
-  std::shared_ptr<CallDatabase> database_;  // used beside the event loop only
+  std::shared_ptr<CallReader> database_;  // used beside the event loop only
 };

@@ -34,7 +34,9 @@ struct FeedFixture {
     Answer("head\n", "head\r\n");
   }
 
-  OnAirSession::Dependencies AllDependencies() { return {{program, network, hosts, pageText, background}, store}; }
+  OnAirSession::Dependencies AllDependencies() {
+    return {{program, network, hosts, pageText, background}, store, database};
+  }
 
   Host& Cgi() const { return *band.FindHost(QStringLiteral("OnAirCgi")); }
   Host& Text() const { return *band.FindHost(QStringLiteral("OnAirText")); }

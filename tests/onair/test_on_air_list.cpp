@@ -114,7 +114,7 @@ class TestOnAirList : public QObject {
     const QList<OnAirRow> rows =
         Rows({u"ZZ1A,EP,1"_s, u"ZZ2A,EP,1"_s, u"ZZ3A,EP,1"_s, u"ZZ4A,EP,1"_s, u"ZZ5A,EP,1"_s, u"ZZ6A,EP,1"_s});
     OnAirSight sight{folder.path(), 40, -75, u"n/a"_s, u'Ø'};
-    OnAirPlaces places(folder.path());
+    OnAirPlaces places(database.Reader());
     QStringList azimuths;
     for (const OnAirEntry& entry : EntriesOf(rows, sight, places)) azimuths << entry.azimuth;
     QCOMPARE(azimuths, QStringList({u"50°"_s, u"n/a"_s, u"n/a"_s, u"n/a"_s, u""_s, u"50°"_s}));

@@ -42,7 +42,7 @@ struct OnAirMapFixture : FeedFixture {
   ~OnAirMapFixture() { delete window; }
 
   void Open() {
-    window = new frmMapOnAir({AllDependencies(), program, maps, database, tool, menus, dialogs, caption}, &owner);
+    window = new frmMapOnAir({AllDependencies(), program, maps, tool, menus, dialogs, caption}, &owner);
     window->Open();
     window->Open();
     QVERIFY2(!window->isVisible(), "a second click does not show it without its picture");

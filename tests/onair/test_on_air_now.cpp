@@ -20,7 +20,7 @@ struct ListFixture : FeedFixture {
   QString caption;
 
   void Open() {
-    window = new frmOnAirNow({AllDependencies(), database, tool, menus, caption}, &owner);
+    window = new frmOnAirNow({AllDependencies(), tool, menus, caption}, &owner);
     QObject::connect(window, &frmOnAirNow::CaptionChanged, &owner, [this](const QString& text) { caption = text; });
     window->show();
     QCOMPARE(window->windowTitle(), caption.isEmpty() ? u"On Air Now"_s : caption);
@@ -99,13 +99,13 @@ class TestOnAirNow : public QObject {
 
     SettingsStore again(f.folder.filePath(u"settings.ini"_s));
     FeedFixture other;
-    OnAirSession list({other.AllDependencies(), again}, OnAirWindow::List);
+    OnAirSession list({other.AllDependencies(), again, other.database}, OnAirWindow::List);
     list.Open();
     QCOMPARE(list.BandSummary() + list.ModeSummary(), u"40FT8"_s);
     // The map has boxes of its own, and the single choice that the propagation map has made since.
     StoredSettings(again).SetNumber(Setting::TxBand, 5);
     StoredSettings(again).SetNumber(Setting::TxMode, 99);
-    OnAirSession map({other.AllDependencies(), again}, OnAirWindow::Map);
+    OnAirSession map({other.AllDependencies(), again, other.database}, OnAirWindow::Map);
     map.Open();
     QCOMPARE(map.BandSummary() + u'|' + map.ModeSummary(), u"20|All Modes"_s);
   }

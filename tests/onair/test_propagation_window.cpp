@@ -42,8 +42,8 @@ struct PropagationFixture : FeedFixture {
     Text().SetAnswer(kPath, {200, "text/plain", "head\r\n" + lines + "not read\r\n", {}});
   }
   void Open() {
-    window = new frmMapPropagation({{program, network, background, hosts, store, clock, PeriodMinutes}, maps, menus},
-                                   &owner);
+    window = new frmMapPropagation(
+        {{program, network, background, hosts, store, clock, database, PeriodMinutes}, maps, menus}, &owner);
     window->Open();
     QTRY_VERIFY(window->isVisible());
   }

@@ -172,7 +172,7 @@ class ListBench {
   CallDatabase database_;
   UrlNetwork network_;
   NoMenus menus_;
-  frmOnAirNow window_{{{{program_, network_, hosts_, pageText_, background_}, store_}, database_, tool_, menus_, {}},
+  frmOnAirNow window_{{{{program_, network_, hosts_, pageText_, background_}, store_, database_}, tool_, menus_, {}},
                       nullptr};
   OnAirEntry first_;
   OnAirEntry last_;
