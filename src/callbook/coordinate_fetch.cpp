@@ -50,7 +50,9 @@ CoordinateFetch::CoordinateFetch(const Dependencies& dependencies, const FetchRu
   pause_.setSingleShot(true);
   pause_.setInterval(rules.callookPause);
   connect(&pause_, &QTimer::timeout, this, [this]() {
-    if (const std::optional<FoundStation> station = std::exchange(paused_, {})) Take(*station);
+    const std::optional<FoundStation> station = paused_;
+    paused_.reset();
+    if (station) Take(*station);
   });
 }
 
