@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Ohne Ihren Standort gibt es keine Entfernungen, und keine Karte zeigt Sie.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>Kein Rufzeichen; Ihr eigenes Rufzeichen bleibt, wie es ist.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -222,6 +233,21 @@
             <numerusform>%n ältere Meldung wurde weggelassen.</numerusform>
             <numerusform>%n ältere Meldungen wurden weggelassen.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>%1 konnte nicht geschrieben werden. Ihre Eingaben sind noch da.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Erneut versuchen</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Schließen, ohne zu speichern</translation>
     </message>
 </context>
 <context>

@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Sin su posición no hay distancias, y ningún mapa le muestra.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>No es un indicativo; el suyo se queda como está.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -222,6 +233,21 @@
             <numerusform>Se omitió %n informe más antiguo.</numerusform>
             <numerusform>Se omitieron %n informes más antiguos.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>No se pudo escribir %1. Lo que ha introducido sigue aquí.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Reintentar</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Cerrar sin guardar</translation>
     </message>
 </context>
 <context>

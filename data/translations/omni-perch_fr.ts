@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Sans votre position, aucune distance n&apos;est connue et aucune carte ne vous montre.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>Pas un indicatif ; le vôtre reste inchangé.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -222,6 +233,21 @@
             <numerusform>%n rapport plus ancien a été omis.</numerusform>
             <numerusform>%n rapports plus anciens ont été omis.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>%1 n&apos;a pas pu être écrit. Votre saisie est toujours là.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Réessayer</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Fermer sans enregistrer</translation>
     </message>
 </context>
 <context>

@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>自局の位置がないと、距離は表示されず、地図にも表示されません。</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>コールサインではありません。自局のコールサインは変わりません。</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -220,6 +231,21 @@
         <translation>
             <numerusform>古い報告%n件は省かれました。</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>%1 を書き込めませんでした。入力した内容は残っています。</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>再試行</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>保存せずに閉じる</translation>
     </message>
 </context>
 <context>

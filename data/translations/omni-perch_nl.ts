@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Zonder uw positie zijn er geen afstanden en toont geen kaart u.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>Geen roepnaam; uw eigen roepnaam blijft zoals hij is.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -222,6 +233,21 @@
             <numerusform>%n oudere melding is weggelaten.</numerusform>
             <numerusform>%n oudere meldingen zijn weggelaten.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>%1 kon niet worden geschreven. Wat u hebt ingevoerd staat er nog.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Opnieuw proberen</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Sluiten zonder opslaan</translation>
     </message>
 </context>
 <context>

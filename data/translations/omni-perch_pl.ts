@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Bez Twojej pozycji nie można podać odległości i żadna mapa Cię nie pokaże.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>To nie jest znak; Twój znak pozostaje bez zmian.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -224,6 +235,21 @@
             <numerusform>Pominięto %n starsze raporty.</numerusform>
             <numerusform>Pominięto %n starszych raportów.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>Nie można było zapisać %1. Wpisane dane wciąż tu są.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Spróbuj ponownie</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Zamknij bez zapisywania</translation>
     </message>
 </context>
 <context>

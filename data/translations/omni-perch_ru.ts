@@ -88,6 +88,17 @@
     </message>
 </context>
 <context>
+    <name>Form11</name>
+    <message>
+        <source>Without your position no distance can be told, and no map shows you.</source>
+        <translation>Без вашего положения нельзя указать расстояния, и ни одна карта вас не покажет.</translation>
+    </message>
+    <message>
+        <source>Not a callsign; your own callsign stays as it is.</source>
+        <translation>Это не позывной; ваш позывной остаётся прежним.</translation>
+    </message>
+</context>
+<context>
     <name>Form12</name>
     <message>
         <source>Distance and direction</source>
@@ -224,6 +235,21 @@
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveLine</name>
+    <message>
+        <source>%1 could not be written. What you have entered is still here.</source>
+        <translation>Не удалось записать %1. Введённое вами сохранилось в окне.</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>Повторить</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Закрыть без сохранения</translation>
     </message>
 </context>
 <context>

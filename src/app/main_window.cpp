@@ -43,7 +43,8 @@ Form1::Form1(Services& services)
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
-  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); }});
+  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
+                             [this]() { received_->ShowOwnLocation(); }});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -203,6 +204,8 @@ void Form1::StartWork() {
   page.UpdateCheckDue = true;
   pic_->txtCall->setFocus();
   Q_EMIT Loaded();
+  // Without a position nothing on the maps or in the tips has a distance.
+  if (program_.config.MyLat == 0 && program_.config.MyLon == 0) setup_->Open(WindowKind::OwnLocation);
 }
 
 void Form1::ApplyPlacement() {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/received_ok.h"
 
+#include "platform/text/numbers.h"
+
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
@@ -28,6 +30,22 @@ void ReceivedOk::Tick() {
 void ReceivedOk::Build() {
   deps_.lstRxOk.BuildRxOkList(deps_.services.program);
   ShowLabel();
+}
+
+void ReceivedOk::ShowOwnLocation() {
+  Build();
+  const Program& program = deps_.services.program;
+  const PageState& page = program.page;
+  bool onPage = false;
+  for (int slot = 0; slot < page.ThumbCount && page.CurrentPage != PageState::WxPage; ++slot) {
+    const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
+    if (site < 0 || site >= program.sites.Sites.size()) continue;
+    onPage = onPage || program.sites.Sites.at(site).Call == program.config.MyCall;
+  }
+  if (onPage && !deps_.pic.lblMap->Wanted()) {
+    deps_.pic.lblMap->SetCaption(u"Map (%1 rx sites)"_s.arg(deps_.lstRxOk.Rows().size()));
+    deps_.pic.lblMap->setVisible(true);
+  }
 }
 
 // Caption and visibility are set once the list is complete: a label that is hidden for a moment flickers, and loses the

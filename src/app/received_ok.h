@@ -33,6 +33,9 @@ class ReceivedOk : public QObject {
   void Start();
   // The page is being left: its thumbnails count no more.
   void LeavePage();
+  // The own location has changed: builds the list, and shows lblMap for a moment even without receptions if the user's
+  // own site is on the page.
+  void ShowOwnLocation();
   // A click on lblMap, or its entry in the setup menu.
   void OpenMap();
   // The program is closing: hangs up and tells the companion so.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/setup_windows.h"
 
+#include "callbook/own_location_window.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -13,7 +15,9 @@ constexpr int kAbout = 16;
 
 // Which entry opens which window. The entries that are not here stay grey.
 const QList<SetupWindows::Row>& SetupWindows::Rows() {
-  static const QList<Row> rows = {};
+  static const QList<Row> rows = {
+      {1, WindowKind::OwnLocation, &SetupWindows::MakeOwnLocation},
+  };
   return rows;
 }
 
@@ -45,6 +49,21 @@ void SetupWindows::Open(WindowKind kind) {
   deps_.menus.CloseMenus();
   deps_.windows.CloseSetupWindows();
   deps_.windows.Show(kind);
+}
+
+// What a window that looks calls up uses.
+LookupSession::Dependencies SetupWindows::LookUps() const {
+  Services& s = deps_.services;
+  return {s.program, s.network, s.tool, s.pageText, s.background, s.run.hosts, s.cookies, s.database};
+}
+
+BaseWindow* SetupWindows::MakeOwnLocation() {
+  auto* window = new Form11({LookUps(), deps_.services.SignIn()}, deps_.mainWindow);
+  connect(window, &Form11::LocationSaved, this, [this]() {
+    deps_.windows.PlacesChanged();
+    deps_.showOwnLocation();
+  });
+  return window;
 }
 
 void SetupWindows::ShowAbout() {

@@ -25,6 +25,7 @@ class SetupWindows : public QObject {
     Windows& windows;
     QWidget* mainWindow;
     std::function<void()> showReceivedOkMap;  // a click on lblMap
+    std::function<void()> showOwnLocation;    // the own location has changed
   };
 
   explicit SetupWindows(const Dependencies& dependencies);
@@ -42,6 +43,8 @@ class SetupWindows : public QObject {
     BaseWindow* (SetupWindows::*make)();
   };
   static const QList<Row>& Rows();
+  BaseWindow* MakeOwnLocation();
+  LookupSession::Dependencies LookUps() const;
   void ShowAbout();
 
   Dependencies deps_;

@@ -87,14 +87,16 @@ BaseWindow* Windows::MakeLookup() {
   auto* window = new Form12(Form12::Dependencies{session, s.SignIn(), s.dialogs, s.commands, menus_}, mainWindow_);
   connect(window, &Form12::LookupStatusChanged, this, &Windows::LookupStatusChanged);
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
-  connect(window, &Form12::Stored, this, [this]() {
-    if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
-    for (const QPointer<BaseWindow>& open : std::as_const(open_)) {
-      if (auto* map = qobject_cast<CallMapWindow*>(open.data())) map->Rebuild();
-    }
-  });
+  connect(window, &Form12::Stored, this, &Windows::PlacesChanged);
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
+}
+
+void Windows::PlacesChanged() {
+  if (auto* list = qobject_cast<frmOnAirNow*>(Find(WindowKind::OnAirNow))) list->Rebuild();
+  for (const QPointer<BaseWindow>& open : std::as_const(open_)) {
+    if (auto* map = qobject_cast<CallMapWindow*>(open.data())) map->Rebuild();
+  }
 }
 
 BaseWindow* Windows::MakeHistory() {

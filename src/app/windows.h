@@ -90,6 +90,8 @@ class Windows : public QObject {
   // Opens the site index where it was when it was closed last; one that is open is closed first.
   Form19& ShowSiteIndex();
 
+  // The call database or the own location has changed: open lists and maps place their stations anew.
+  void PlacesChanged();
   // A language has been read; before the windows show their texts in it.
   void LanguageLoaded();
 

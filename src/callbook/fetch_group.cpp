@@ -101,7 +101,7 @@ void FetchGroup::ShowTexts() {
   lonLabel_->setText(texts[TextLine::kLongitudeLabel]);
   txtLat->SetRole(latLabel_->text());
   txtLon->SetRole(lonLabel_->text());
-  hint_->setText(texts[TextLine::kCoordinateHint1] + u'\n' + texts[TextLine::kCoordinateHint2]);
+  hint_->setText(texts[TextLine::kCoordinateHint1]);  // both lines of the hint
   fetch_.ShowTexts();
 }
 

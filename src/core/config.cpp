@@ -27,6 +27,7 @@ constexpr std::array<Field, 20> kFields = {
 constexpr int kMapLeftLine = 14;
 constexpr int kMapTopLine = 15;
 constexpr int kReportLine = 19;
+constexpr int kSetupLines = 17;  // written by the window of the own location
 
 struct Language {
   QLatin1String name;
@@ -63,10 +64,6 @@ void Take(Config& config, double Config::*member, const QString& line) {
 
 void Take(Config& config, QString Config::*member, const QString& line) {
   config.*member = line;
-}
-
-QString ConfigPath(const QString& appDataDir) {
-  return ResolvePath(appDataDir, u"Omni-Perch.cfg"_s);
 }
 
 // Removes line ends, which would shift every line behind.
@@ -146,7 +143,7 @@ QStringList Config::Lines(int mapLeft, int mapTop) const {
 }
 
 bool Config::ReadConfig(const QString& appDataDir) {
-  const QString path = ConfigPath(appDataDir);
+  const QString path = Path(appDataDir);
   unreadable_ = false;
   if (!QFileInfo::exists(path)) {
     return false;
@@ -158,9 +155,23 @@ bool Config::ReadConfig(const QString& appDataDir) {
 }
 
 bool Config::SaveConfig(const QString& appDataDir, int mapLeft, int mapTop) const {
-  const QString path = ConfigPath(appDataDir);
+  return Write(appDataDir, Lines(mapLeft, mapTop));
+}
+
+bool Config::SaveSetupLines(const QString& appDataDir, int mapLeft, int mapTop) const {
+  QStringList lines = Lines(mapLeft, mapTop);
+  std::fill(lines.begin() + kSetupLines, lines.end(), QString());
+  return Write(appDataDir, lines);
+}
+
+QString Config::Path(const QString& appDataDir) {
+  return ResolvePath(appDataDir, u"Omni-Perch.cfg"_s);
+}
+
+bool Config::Write(const QString& appDataDir, const QStringList& lines) const {
+  const QString path = Path(appDataDir);
   if (unreadable_ && QFileInfo::exists(path)) {
     return false;
   }
-  return WriteTextLines(path, Lines(mapLeft, mapTop));
+  return WriteTextLines(path, lines);
 }

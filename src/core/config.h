@@ -45,9 +45,14 @@ struct Config {
   bool ReadConfig(const QString& appDataDir);
   // False if the file could not be written; the old file is intact then.
   bool SaveConfig(const QString& appDataDir, int mapLeft, int mapTop) const;
+  // The same with the last three lines empty, as the window of the own location has always written the file: callbook
+  // service, time of the last report and menu style fall back to their defaults if the program dies before SaveConfig.
+  bool SaveSetupLines(const QString& appDataDir, int mapLeft, int mapTop) const;
+  static QString Path(const QString& appDataDir);
 
  private:
   void ReadReportLine(const QString& line);
+  bool Write(const QString& appDataDir, const QStringList& lines) const;
 
   bool unreadable_ = false;
 };
