@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>Der Ordner kann nicht angelegt werden.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,62 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Noch steht auf keiner Seite eine Station</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>Die Liste der Wetterbilder ist leer</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>Ihre Liste enthält keine Stationen. Holen Sie die Liste des Autors, oder fügen Sie selbst eine Station hinzu.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>Ihre Liste enthält %n Station. Öffnen Sie das Stationsverzeichnis und drücken Sie auf sie, um sie auf den ersten Platz dieser Seite zu setzen.</numerusform>
+            <numerusform>Ihre Liste enthält %n Stationen. Öffnen Sie das Stationsverzeichnis und drücken Sie auf diejenige, die auf dem ersten Platz dieser Seite stehen soll.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Liste des Autors holen</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>Der Server des Autors steht nicht in hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Rufzeichen und Standort sind eingetragen.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Kopie zurückholen</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Es gibt eine Kopie vom %1 mit %n Station. Wird sie zurückgeholt, kommt diese in die Liste; entfernt wird nichts.</numerusform>
+            <numerusform>Es gibt eine Kopie vom %1 mit %n Stationen. Wird sie zurückgeholt, kommen diese in die Liste; entfernt wird nichts.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Ihre Plätze auf %n Seite bekommen sie wieder.</numerusform>
+            <numerusform>Ihre Plätze auf %n Seiten bekommen sie wieder.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>Diese Dateien konnten nicht geschrieben werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +203,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Ohne Speichern schließen</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Name der Seite</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>Diese Dateien konnten nicht geschrieben werden: %1. Die neuen Namen und Plätze gelten, solange das Programm läuft; beim Beenden versucht es das noch einmal.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +326,28 @@
     <message>
         <source>Close without saving</source>
         <translation>Schließen, ohne zu speichern</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>Die Dateien wurden kopiert nach %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>Die Sicherung ist nicht vollständig. Diese Dateien konnten nicht geschrieben werden:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>und %n weitere</numerusform>
+            <numerusform>und %n weitere</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>Die Hilfe konnte nicht geöffnet werden: %1</translation>
     </message>
 </context>
 <context>

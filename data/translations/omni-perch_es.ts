@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>No se puede crear la carpeta.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,62 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Todavía no hay estaciones en ninguna página</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>La lista de imágenes del tiempo está vacía</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>Su lista no tiene sitios. Obtenga los de la lista del autor o añada uno usted mismo.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>Su lista tiene %n sitio. Abra el índice de sitios y púlselo para ponerlo en el primer lugar de esta página.</numerusform>
+            <numerusform>Su lista tiene %n sitios. Abra el índice de sitios y pulse el que deba ocupar el primer lugar de esta página.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Obtener la lista del autor</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>El servidor del autor no figura en hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Su indicativo y su ubicación ya están puestos.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Recuperar la copia</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Hay una copia del %1 con %n sitio. Al recuperarla se añade a la lista; no se elimina nada.</numerusform>
+            <numerusform>Hay una copia del %1 con %n sitios. Al recuperarla se añaden a la lista; no se elimina nada.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Vuelven a sus lugares en %n página.</numerusform>
+            <numerusform>Vuelven a sus lugares en %n páginas.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>No se han podido escribir estos archivos: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +203,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Las imágenes no se decodifican: este sistema no tiene un entorno aislado para el decodificador (faltan los filtros seccomp)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Cerrar sin guardar</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Nombre de la página</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>No se han podido escribir estos archivos: %1. Los nuevos nombres y lugares valen mientras el programa esté abierto; al cerrarse lo intentará de nuevo.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +326,28 @@
     <message>
         <source>Close without saving</source>
         <translation>Cerrar sin guardar</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>Los archivos se han copiado en %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>La copia no está completa. No se han podido escribir estos archivos:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>y %n más</numerusform>
+            <numerusform>y %n más</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>No se ha podido abrir la ayuda: %1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="fr">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>Le dossier ne peut pas être créé.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,62 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Aucune page n&apos;a encore de station</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>La liste des images météo est vide</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>Votre liste n&apos;a aucun site. Prenez ceux de la liste de l&apos;auteur, ou ajoutez-en un vous-même.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>Votre liste a %n site. Ouvrez l&apos;index des sites et pressez-le pour le mettre à la première place de cette page.</numerusform>
+            <numerusform>Votre liste a %n sites. Ouvrez l&apos;index des sites et pressez celui qui doit prendre la première place de cette page.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Prendre la liste de l&apos;auteur</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>Le serveur de l&apos;auteur n&apos;est pas indiqué dans hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Votre indicatif et votre position sont indiqués.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Remettre la copie</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Il y a une copie du %1 avec %n site. La remettre l&apos;ajoute à la liste ; rien n&apos;est supprimé.</numerusform>
+            <numerusform>Il y a une copie du %1 avec %n sites. La remettre les ajoute à la liste ; rien n&apos;est supprimé.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Les sites retrouvent leurs places sur %n page.</numerusform>
+            <numerusform>Les sites retrouvent leurs places sur %n pages.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>Ces fichiers n&apos;ont pas pu être écrits : %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +203,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Fermer sans enregistrer</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Nom de la page</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>Ces fichiers n&apos;ont pas pu être écrits : %1. Les nouveaux noms et places valent tant que le programme tourne ; il essaiera de nouveau en se fermant.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +326,28 @@
     <message>
         <source>Close without saving</source>
         <translation>Fermer sans enregistrer</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>Les fichiers ont été copiés dans %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>La sauvegarde n&apos;est pas complète. Ces fichiers n&apos;ont pas pu être écrits :</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>et %n autre</numerusform>
+            <numerusform>et %n autres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>L&apos;aide n&apos;a pas pu être ouverte : %1</translation>
     </message>
 </context>
 <context>

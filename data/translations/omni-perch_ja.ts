@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ja">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>フォルダーを作成できません。</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,59 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>まだどのページにも局がありません</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>気象画像のリストは空です</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>リストにサイトがありません。作者のリストから取得するか、自分で追加してください。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>リストには %n 件のサイトがあります。サイト一覧を開き、このページの先頭に置くサイトを押してください。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>作者のリストを取得</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>作者のサーバーが hosts.ini に指定されていません。</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>自局のコールサインと位置は設定済みです。</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>コピーを元に戻す</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>%1 のコピーに %n 件のサイトがあります。元に戻すとリストに追加されます。何も削除されません。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>%n ページの元の場所に戻ります。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>書き込めなかったファイル: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +200,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>保存せずに閉じる</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>ページの名前</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>書き込めなかったファイル: %1。新しい名前と順番はプログラムの実行中は有効で、終了時にもう一度保存を試みます。</translation>
     </message>
 </context>
 <context>
@@ -246,6 +321,27 @@
     <message>
         <source>Close without saving</source>
         <translation>保存せずに閉じる</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>ファイルを %1 にコピーしました</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>バックアップは不完全です。次のファイルを書き込めませんでした:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>ほか %n 件</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>ヘルプを開けませんでした: %1</translation>
     </message>
 </context>
 <context>

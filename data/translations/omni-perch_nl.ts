@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>De map kan niet worden gemaakt.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,62 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Er staat nog op geen enkele pagina een station</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>De lijst met weerplaatjes is leeg</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>Uw lijst heeft geen sites. Haal die van de lijst van de auteur op, of voeg zelf een site toe.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>Uw lijst heeft %n site. Open de site-index en druk erop om hem op de eerste plaats van deze pagina te zetten.</numerusform>
+            <numerusform>Uw lijst heeft %n sites. Open de site-index en druk op de site die op de eerste plaats van deze pagina moet staan.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Lijst van de auteur ophalen</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>De server van de auteur staat niet in hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Uw roepnaam en locatie zijn ingevuld.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Kopie terugzetten</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Er is een kopie van %1 met %n site. Terugzetten voegt die aan de lijst toe; er wordt niets verwijderd.</numerusform>
+            <numerusform>Er is een kopie van %1 met %n sites. Terugzetten voegt die aan de lijst toe; er wordt niets verwijderd.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Ze komen terug op hun plaatsen op %n pagina.</numerusform>
+            <numerusform>Ze komen terug op hun plaatsen op %n pagina&apos;s.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>Deze bestanden konden niet worden geschreven: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +203,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Afbeeldingen worden niet gedecodeerd: dit systeem heeft geen sandbox voor de decoder (geen seccomp-filters)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Sluiten zonder opslaan</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Naam van de pagina</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>Deze bestanden konden niet worden geschreven: %1. De nieuwe namen en plaatsen gelden zolang het programma loopt; bij het sluiten probeert het dat opnieuw.</translation>
     </message>
 </context>
 <context>
@@ -248,6 +326,28 @@
     <message>
         <source>Close without saving</source>
         <translation>Sluiten zonder opslaan</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>De bestanden zijn gekopieerd naar %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>De kopie is niet volledig. Deze bestanden konden niet worden geschreven:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>en nog %n</numerusform>
+            <numerusform>en nog %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>De hulp kon niet worden geopend: %1</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="pl">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>Nie można utworzyć folderu.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,65 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Na żadnej stronie nie ma jeszcze stacji</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>Lista zdjęć pogody jest pusta</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>Twoja lista nie ma stacji. Pobierz stacje z listy autora albo dodaj własną.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>Twoja lista ma %n stację. Otwórz spis stacji i naciśnij ją, aby stanęła na pierwszym miejscu tej strony.</numerusform>
+            <numerusform>Twoja lista ma %n stacje. Otwórz spis stacji i naciśnij tę, która ma stać na pierwszym miejscu tej strony.</numerusform>
+            <numerusform>Twoja lista ma %n stacji. Otwórz spis stacji i naciśnij tę, która ma stać na pierwszym miejscu tej strony.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Pobierz listę autora</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>Serwera autora nie ma w hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Znak i lokalizacja są ustawione.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Przywróć kopię</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Jest kopia z %1, która ma %n stację. Przywrócenie doda ją do listy; nic nie zostanie usunięte.</numerusform>
+            <numerusform>Jest kopia z %1, która ma %n stacje. Przywrócenie doda je do listy; nic nie zostanie usunięte.</numerusform>
+            <numerusform>Jest kopia z %1, która ma %n stacji. Przywrócenie doda je do listy; nic nie zostanie usunięte.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Wrócą na swoje miejsca na %n stronie.</numerusform>
+            <numerusform>Wrócą na swoje miejsca na %n stronach.</numerusform>
+            <numerusform>Wrócą na swoje miejsca na %n stronach.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>Nie udało się zapisać tych plików: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +206,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Zamknij bez zapisywania</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Nazwa strony</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>Nie udało się zapisać tych plików: %1. Nowe nazwy i miejsca obowiązują, dopóki program działa; przy zamykaniu spróbuje ponownie.</translation>
     </message>
 </context>
 <context>
@@ -250,6 +331,29 @@
     <message>
         <source>Close without saving</source>
         <translation>Zamknij bez zapisywania</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>Pliki skopiowano do %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>Kopia nie jest kompletna. Nie udało się zapisać tych plików:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>i jeszcze %n</numerusform>
+            <numerusform>i jeszcze %n</numerusform>
+            <numerusform>i jeszcze %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>Nie udało się otworzyć pomocy: %1</translation>
     </message>
 </context>
 <context>

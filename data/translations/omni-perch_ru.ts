@@ -2,6 +2,13 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ru">
 <context>
+    <name>Backup</name>
+    <message>
+        <source>The folder cannot be made.</source>
+        <translation>Не удаётся создать папку.</translation>
+    </message>
+</context>
+<context>
     <name>BrowserPages</name>
     <message>
         <source>Not saved: %1</source>
@@ -74,6 +81,65 @@
     </message>
 </context>
 <context>
+    <name>EmptyPage</name>
+    <message>
+        <source>No station stands on any page yet</source>
+        <translation>Ни на одной странице ещё нет станций</translation>
+    </message>
+    <message>
+        <source>The list of weather pictures is empty</source>
+        <translation>Список снимков погоды пуст</translation>
+    </message>
+    <message>
+        <source>Your list has no sites. Get those of the author&apos;s list, or add one yourself.</source>
+        <translation>В вашем списке нет сайтов. Возьмите сайты из списка автора или добавьте сайт сами.</translation>
+    </message>
+    <message numerus="yes">
+        <source>Your list has %n site(s). Open the site index and press the one that is to stand in the first place of this page.</source>
+        <translation>
+            <numerusform>В вашем списке %n сайт. Откройте список сайтов и нажмите тот, который должен стоять на первом месте этой страницы.</numerusform>
+            <numerusform>В вашем списке %n сайта. Откройте список сайтов и нажмите тот, который должен стоять на первом месте этой страницы.</numerusform>
+            <numerusform>В вашем списке %n сайтов. Откройте список сайтов и нажмите тот, который должен стоять на первом месте этой страницы.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Get the author&apos;s list</source>
+        <translation>Взять список автора</translation>
+    </message>
+    <message>
+        <source>The author&apos;s server is not named in hosts.ini.</source>
+        <translation>Сервер автора не указан в hosts.ini.</translation>
+    </message>
+    <message>
+        <source>Your callsign and location are set.</source>
+        <translation>Позывной и координаты заданы.</translation>
+    </message>
+    <message>
+        <source>Put the copy back</source>
+        <translation>Вернуть копию</translation>
+    </message>
+    <message numerus="yes">
+        <source>There is a copy of %1 with %n site(s). Putting it back adds them to the list; nothing is removed.</source>
+        <translation>
+            <numerusform>Есть копия от %1, в ней %n сайт. Он будет добавлен в список; ничего не удаляется.</numerusform>
+            <numerusform>Есть копия от %1, в ней %n сайта. Они будут добавлены в список; ничего не удаляется.</numerusform>
+            <numerusform>Есть копия от %1, в ней %n сайтов. Они будут добавлены в список; ничего не удаляется.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>They return to their places on %n page(s).</source>
+        <translation>
+            <numerusform>Они вернутся на свои места на %n странице.</numerusform>
+            <numerusform>Они вернутся на свои места на %n страницах.</numerusform>
+            <numerusform>Они вернутся на свои места на %n страницах.</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1</source>
+        <translation>Не удалось записать эти файлы: %1</translation>
+    </message>
+</context>
+<context>
     <name>FetchGroup</name>
     <message>
         <source>%1 has %2, %3. What you have typed stays.</source>
@@ -140,6 +206,21 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Изображения не декодируются: в этой системе нет песочницы для декодера (нет фильтров seccomp)</translation>
+    </message>
+</context>
+<context>
+    <name>Form5</name>
+    <message>
+        <source>Close without saving</source>
+        <translation>Закрыть без сохранения</translation>
+    </message>
+    <message>
+        <source>Name of the page</source>
+        <translation>Название страницы</translation>
+    </message>
+    <message>
+        <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
+        <translation>Не удалось записать эти файлы: %1. Новые названия и места действуют, пока программа работает; при закрытии она попробует ещё раз.</translation>
     </message>
 </context>
 <context>
@@ -250,6 +331,29 @@
     <message>
         <source>Close without saving</source>
         <translation>Закрыть без сохранения</translation>
+    </message>
+</context>
+<context>
+    <name>SetupWindows</name>
+    <message>
+        <source>The files have been copied to %1</source>
+        <translation>Файлы скопированы в %1</translation>
+    </message>
+    <message>
+        <source>The backup is not complete. These files could not be written:</source>
+        <translation>Копия неполная. Не удалось записать эти файлы:</translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+            <numerusform>и ещё %n</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The help could not be opened: %1</source>
+        <translation>Не удалось открыть справку: %1</translation>
     </message>
 </context>
 <context>

@@ -38,12 +38,15 @@ Form1::Form1(Services& services)
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
       undoLine_(new UndoLine(this)),
+      steps_({program_, services.background, logic_.changes, !services.run.hosts.Author.isEmpty()}),
+      emptyPage_(new EmptyPage(steps_, program_, services.commands, this)),
+      backup_(BackupNeeds()),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)) {
   windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, logic_.cams, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
-  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
+  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, backup_, this, [this]() { received_->OpenMap(); },
                              [this]() { received_->ShowOwnLocation(); }});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
@@ -52,6 +55,7 @@ Form1::Form1(Services& services)
   showTimer_.setInterval(kShowAtLast);
   ConnectSignals();
   ConnectSiteChanges();
+  ConnectEmptyPage();
   RegisterCommands();
   ConnectHover();
 }
@@ -92,6 +96,31 @@ void Form1::ConnectSiteChanges() {
   };
   // The index holds indices into the former tables.
   connect(&logic_.changes, &SiteChanges::Changed, this, [this]() { windows_->Close(WindowKind::SiteIndex); });
+}
+
+// Whatever changes a place changes a cell, too, or makes the page anew.
+void Form1::ConnectEmptyPage() {
+  connect(&logic_.grid, &ThumbGrid::CellChanged, &steps_, &FirstSteps::Look);
+  connect(&logic_.poll, &PollCycle::PageChanged, &steps_, &FirstSteps::Look);
+  connect(&logic_.changes, &SiteChanges::Changed, &steps_, &FirstSteps::Look);
+  connect(&logic_.mover, &PageMover::Applied, this, [this]() {
+    if (closing_ == Closing::No) MnuPagesClick(0);
+    // The change of the page has polled it.
+    logic_.poll.Timer5.stop();
+  });
+}
+
+Backup::Dependencies Form1::BackupNeeds() {
+  const auto saveState = [this]() {
+    QStringList failed =
+        load_.SaveAllState(Placement(), [this](const QString& text) { dialogs_.Inform(this, text, false); });
+    if (!WriteNicknames(program_.AppDataDir, program_.nicknames)) failed.append(u"Nicknames.txt"_s);
+    return failed;
+  };
+  const auto mergeDatabase = [this](const std::function<void()>& then) {
+    services_.database.SortDatabase(this, [then](bool) { then(); });
+  };
+  return {program_.AppDataDir, services_.clock, services_.background, saveState, mergeDatabase};
 }
 
 void Form1::RegisterCommands() {
@@ -144,6 +173,7 @@ bool Form1::Load(bool anotherRuns) {
   }
   services_.database.Begin();
   logic_.cams.ListsRead();
+  steps_.ListsRead();
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
   ApplyPlacement();
@@ -247,6 +277,7 @@ void Form1::PlaceChildren() {
   pic_->setGeometry(0, 0, width(), bar);
   picAll_->setGeometry(0, bar, width(), height() - bar - line);
   undoLine_->setGeometry(0, height() - line, width(), line);
+  emptyPage_->SetPage(picAll_->geometry());
 }
 
 void Form1::ShowBusy(bool busy) {
@@ -319,6 +350,8 @@ void Form1::ShowTexts() {
   RefreshCaptions();
   ShowPageLabel();
   picAll_->TakeLanguage();
+  emptyPage_->ShowTexts();
+  steps_.Look();
 }
 
 void Form1::changeEvent(QEvent* event) {
@@ -337,6 +370,7 @@ void Form1::StepPage(int step) {
 void Form1::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_PageDown) return StepPage(1);
   if (event->key() == Qt::Key_PageUp) return StepPage(-1);
+  if (event->key() == Qt::Key_F1) return setup_->ShowHelp();
   if (event->matches(QKeySequence::Refresh)) return logic_.poll.RefreshClick();
   if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
   // In a text box the same keys undo the typing.
@@ -362,9 +396,15 @@ void Form1::closeEvent(QCloseEvent* event) {
     return;
   }
   event->ignore();
-  if (closing_ == Closing::Running) return;
+  CloseMe();
+}
+
+void Form1::CloseMe() {
+  if (closing_ != Closing::No) return;
   closing_ = Closing::Running;
   showTimer_.stop();
+  // Names and order of the pages are carried out as their window closes, before the state is written.
+  windows_->Close(WindowKind::PageNames);
   FirstClosingStep();
 }
 

@@ -8,6 +8,8 @@
 #include <memory>
 
 #include "app/connectivity.h"
+#include "app/empty_page.h"
+#include "app/first_steps.h"
 #include "app/load_sequence.h"
 #include "app/main_cams.h"
 #include "app/menu_strip.h"
@@ -19,6 +21,7 @@
 #include "app/undo_line.h"
 #include "app/window_menus.h"
 #include "app/windows.h"
+#include "core/backup.h"
 #include "page/hover_tip.h"
 #include "page/page_view.h"
 #include "ui/show_msg_window.h"
@@ -34,8 +37,8 @@ class Form1 : public QWidget {
   // Runs the load sequence. False if it has stopped with a message and the program has to end. The window shows itself
   // after the connection test has been started.
   bool Load(bool anotherRuns);
-  // Starts the closing sequence.
-  void CloseMe() { close(); }
+  // Starts the closing sequence, also while a setup window is open, over which Qt ignores close().
+  void CloseMe();
 
   void MnuPagesClick(int index);
   void MnuAlphaClick(int index);
@@ -63,6 +66,7 @@ class Form1 : public QWidget {
  private:
   void ConnectSignals();
   void ConnectSiteChanges();
+  void ConnectEmptyPage();
   void RegisterCommands();
   void ConnectHover();
   // Shows every text of the bar and the page in the present language.
@@ -75,6 +79,7 @@ class Form1 : public QWidget {
   void ConnectionAnswered(bool reached);
   void StartWork();
   void AskTime();
+  Backup::Dependencies BackupNeeds();
   // Places bar, page, and UndoLine, the last only while there is a change to undo.
   void PlaceChildren();
   void ShowBusy(bool busy);
@@ -99,6 +104,9 @@ class Form1 : public QWidget {
   MenuStrip* pic_;
   PageView* picAll_;
   UndoLine* undoLine_;
+  FirstSteps steps_;
+  EmptyPage* emptyPage_;
+  Backup backup_;
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;

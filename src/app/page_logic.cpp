@@ -13,6 +13,7 @@ PageLogic::PageLogic(Program& program, const Clock& clock, UrlNetwork& network, 
       poll(program, grid, files, intake, ucCkNew1, ucDnLoad, clock),
       sites(program, grid, files, poll, ucCkNew1, ucDnLoad),
       changes({program, grid, heights, files, poll}),
+      mover(program, poll, files, changes),
       click(program, grid, poll),
       ucCam(network, tool),
       cams(program, grid, ucCam) {

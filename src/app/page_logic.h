@@ -18,6 +18,7 @@
 #include "poll/picture_intake.h"
 #include "poll/poll_cycle.h"
 #include "poll/slot_pictures.h"
+#include "sites/page_mover.h"
 #include "sites/page_sites.h"
 #include "sites/site_changes.h"
 
@@ -36,6 +37,7 @@ struct PageLogic {
   PollCycle poll;
   PageSites sites;
   SiteChanges changes;
+  PageMover mover;
   PageClick click;
   ucPollCam ucCam;
   CamRound cams;

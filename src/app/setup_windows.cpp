@@ -1,15 +1,28 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/setup_windows.h"
 
+#include <QDesktopServices>
+#include <QFileInfo>
+#include <QUrl>
+
 #include "callbook/own_location_window.h"
+#include "platform/paths.h"
+#include "sites/page_names_window.h"
+#include "ui/msg_box_timed.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
 // Entries of the setup menu that open no setup window.
 constexpr int kReceivedOkMap = 0;
+constexpr int kBackup = 14;
+constexpr int kHelp = 15;
 constexpr int kAbout = 16;
+
+constexpr qsizetype kFilesNamed = 5;  // in a message; the rest is counted
+constexpr auto kNoticeTime = 8s;
 
 }  // namespace
 
@@ -17,6 +30,7 @@ constexpr int kAbout = 16;
 const QList<SetupWindows::Row>& SetupWindows::Rows() {
   static const QList<Row> rows = {
       {1, WindowKind::OwnLocation, &SetupWindows::MakeOwnLocation},
+      {3, WindowKind::PageNames, &SetupWindows::MakePageNames},
   };
   return rows;
 }
@@ -31,8 +45,8 @@ SetupWindows::SetupWindows(const Dependencies& dependencies) : QObject(dependenc
         row.kind, [this, make = row.make]() { return (this->*make)(); }, true);
     does(row.index);
   }
-  does(kReceivedOkMap);
-  does(kAbout);
+  for (const int index : {kReceivedOkMap, kBackup, kHelp, kAbout}) does(index);
+  connect(&deps_.windows, &Windows::HelpWanted, this, &SetupWindows::ShowHelp);
 }
 
 void SetupWindows::MnuSetupClick(int index) {
@@ -42,6 +56,8 @@ void SetupWindows::MnuSetupClick(int index) {
     if (row.index == index) return deps_.windows.Show(row.kind);
   }
   if (index == kReceivedOkMap) deps_.showReceivedOkMap();
+  if (index == kBackup) MakeBackup();
+  if (index == kHelp) ShowHelp();
   if (index == kAbout) ShowAbout();
 }
 
@@ -64,6 +80,40 @@ BaseWindow* SetupWindows::MakeOwnLocation() {
     deps_.showOwnLocation();
   });
   return window;
+}
+
+BaseWindow* SetupWindows::MakePageNames() {
+  deps_.logic.poll.StopRefreshTimers();
+  return new Form5({deps_.services.program, deps_.logic.mover}, deps_.mainWindow);
+}
+
+void SetupWindows::MakeBackup() {
+  const LanguageTexts& texts = deps_.services.program.language;
+  const QString question = texts[TextLine::kBackupQuestion].trimmed() + u'\n' + deps_.backup.Folder() + u'\n' +
+                           texts[TextLine::kBackupReplaces].trimmed();
+  if (!deps_.services.dialogs.AskSecond(deps_.mainWindow, question, texts[TextLine::kNoWord].trimmed(),
+                                        texts[TextLine::kYesWord].trimmed())) {
+    return;
+  }
+  deps_.backup.Make(this, [this](const BackupResult& result) { TellBackup(result); });
+}
+
+void SetupWindows::TellBackup(const BackupResult& result) {
+  if (result.failed.isEmpty()) {
+    frmMsgBoxTimed::ShowDone(deps_.mainWindow, tr("The files have been copied to %1").arg(result.folder), kNoticeTime);
+    return;
+  }
+  QStringList lines{tr("The backup is not complete. These files could not be written:")};
+  lines += result.failed.first(std::min(kFilesNamed, result.failed.size()));
+  const qsizetype more = result.failed.size() - kFilesNamed;
+  if (more > 0) lines += tr("and %n more", nullptr, static_cast<int>(more));
+  deps_.services.dialogs.Inform(deps_.mainWindow, lines.join(u'\n'), true);
+}
+
+void SetupWindows::ShowHelp() {
+  const QString path = ResolvePath(deps_.services.program.AppDataDir, u"Help.txt"_s);
+  if (QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
+  deps_.services.dialogs.Inform(deps_.mainWindow, tr("The help could not be opened: %1").arg(path), false);
 }
 
 void SetupWindows::ShowAbout() {

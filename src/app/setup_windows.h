@@ -10,6 +10,7 @@
 #include "app/page_logic.h"
 #include "app/services.h"
 #include "app/windows.h"
+#include "core/backup.h"
 #include "ui/menu_opener.h"
 
 // The handlers of the setup menu.
@@ -23,6 +24,7 @@ class SetupWindows : public QObject {
     PageLogic& logic;
     MenuOpener& menus;
     Windows& windows;
+    Backup& backup;
     QWidget* mainWindow;
     std::function<void()> showReceivedOkMap;  // a click on lblMap
     std::function<void()> showOwnLocation;    // the own location has changed
@@ -34,6 +36,8 @@ class SetupWindows : public QObject {
   void MnuSetupClick(int index);
   // Opens a setup window from elsewhere, for instance from the menu of a cell; open setup windows are closed first.
   void Open(WindowKind kind);
+  // Opens Help.txt with the program that the desktop has for texts.
+  void ShowHelp();
 
  private:
   // A setup window that an entry opens.
@@ -45,6 +49,9 @@ class SetupWindows : public QObject {
   static const QList<Row>& Rows();
   BaseWindow* MakeOwnLocation();
   LookupSession::Dependencies LookUps() const;
+  BaseWindow* MakePageNames();
+  void MakeBackup();
+  void TellBackup(const BackupResult& result);
   void ShowAbout();
 
   Dependencies deps_;

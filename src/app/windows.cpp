@@ -68,6 +68,7 @@ BaseWindow& Windows::Get(WindowKind kind) {
   BaseWindow* window = std::find_if(registrations_.cbegin(), registrations_.cend(), registered)->make();
   // A closed window is deleted when the event loop turns, and must not be opened again until then.
   connect(window, &BaseWindow::Closed, this, [this, kind]() { open_.remove(kind); });
+  connect(window, &BaseWindow::HelpWanted, this, &Windows::HelpWanted);
   connect(window, &QObject::destroyed, this, [this]() {
     services_.background.Run<bool>(nullptr,
                                    []() {

@@ -111,6 +111,8 @@ class Windows : public QObject {
   void FilmFound(const SourcePicture& picture);
   // What lblOnAirNow says from now on.
   void OnAirCaptionChanged(const QString& caption);
+  // F1 was pressed in a window.
+  void HelpWanted();
   // A cam of the window of all cams was pressed.
   void CamWanted(const QString& call);
 

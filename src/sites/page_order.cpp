@@ -53,17 +53,15 @@ void PageOrder::Applied() {
   std::iota(pageBefore_.begin(), pageBefore_.end(), 0);
 }
 
-void MovePages(SiteTable& sites, const QList<int>& pageBefore) {
-  for (SiteRec& site : sites.Sites) {
-    for (QString& places : site.PageSlots) {
-      if (places.isEmpty()) continue;
-      QStringList tokens = places.split(u':');
-      for (QString& token : tokens) {
-        const qsizetype now = pageBefore.indexOf(static_cast<int>(Val(token.left(2))));
-        // A token of no page stays as the list has it.
-        if (now > 0) token.replace(0, 2, QString::number(100 + now).right(2));
-      }
-      places = tokens.join(u':');
+void MovePlaces(SiteRec& site, const QList<int>& pageBefore) {
+  for (QString& places : site.PageSlots) {
+    if (places.isEmpty()) continue;
+    QStringList tokens = places.split(u':');
+    for (QString& token : tokens) {
+      const qsizetype now = pageBefore.indexOf(static_cast<int>(Val(token.left(2))));
+      // A token of no page stays as the list has it.
+      if (now > 0) token.replace(0, 2, QString::number(100 + now).right(2));
     }
+    places = tokens.join(u':');
   }
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Names and order of the 20 pages while Form5 edits them: which page stands in which row, what stands on it, and what
-// the sites' places and the labels become when the window closes. Form5 shows it; SetupWindows carries it out.
+// the sites' places and the labels become when the window closes. Form5 shows it, PageMover carries it out.
 #pragma once
 
 #include <QList>
@@ -39,6 +39,5 @@ class PageOrder {
   QList<int> pageBefore_;
 };
 
-// Moves the places of all sites in all layouts to the pages' new numbers: page number pageBefore[p] becomes p. The
-// masks follow when the slots are built.
-void MovePages(SiteTable& sites, const QList<int>& pageBefore);
+// Moves the places of a site in all layouts to the pages' new numbers: page pageBefore[p] becomes page p.
+void MovePlaces(SiteRec& site, const QList<int>& pageBefore);

@@ -15,6 +15,7 @@ namespace {
 // The role of the button that was pressed; InvalidRole where none was. A box is a child of its parent, which may be
 // closed and deleted with the program while the box is on the screen: then the box has gone with it.
 QMessageBox::ButtonRole Answer(const QPointer<QMessageBox>& box) {
+  box->setObjectName(u"UniMsgBox"_s);
   box->setTextFormat(Qt::PlainText);
   box->exec();
   if (box == nullptr) return QMessageBox::InvalidRole;

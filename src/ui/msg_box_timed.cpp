@@ -10,29 +10,33 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-constexpr QColor kBack(255, 100, 100);
+constexpr QColor kFailed(255, 100, 100);
+constexpr QColor kDone(160, 225, 160);
 }  // namespace
 
 void frmMsgBoxTimed::ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration) {
+  BoxOf(owner).ShowText(text, duration, kFailed);
+  QApplication::beep();
+}
+
+void frmMsgBoxTimed::ShowDone(QWidget* owner, const QString& text, std::chrono::seconds duration) {
+  BoxOf(owner).ShowText(text, duration, kDone);
+}
+
+frmMsgBoxTimed& frmMsgBoxTimed::BoxOf(QWidget* owner) {
   frmMsgBoxTimed* shown = nullptr;
   const auto boxes = owner->findChildren<frmMsgBoxTimed*>(QString(), Qt::FindDirectChildrenOnly);
   for (frmMsgBoxTimed* box : boxes) {
     if (!box->ended_) shown = box;
   }
   if (shown == nullptr) shown = new frmMsgBoxTimed(owner);
-  shown->ShowText(text, duration);
+  return *shown;
 }
 
 frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
   setObjectName(u"frmMsgBoxTimed"_s);
   setFrameShape(QFrame::Box);
   setAutoFillBackground(true);
-  // The given background is light, so the letters are dark on a dark desktop too.
-  QPalette look = palette();
-  look.setColor(QPalette::Window, kBack);
-  look.setColor(QPalette::WindowText, Qt::black);
-  setPalette(look);
-  label_.setPalette(look);
   label_.setObjectName(u"lblMsg"_s);
   label_.setTextFormat(Qt::PlainText);
   label_.setAlignment(Qt::AlignCenter);
@@ -47,7 +51,13 @@ frmMsgBoxTimed::frmMsgBoxTimed(QWidget* owner) : QFrame(owner), label_(this) {
   owner->installEventFilter(this);
 }
 
-void frmMsgBoxTimed::ShowText(const QString& text, std::chrono::seconds duration) {
+void frmMsgBoxTimed::ShowText(const QString& text, std::chrono::seconds duration, const QColor& back) {
+  // The background is light, so the letters are dark on a dark desktop too.
+  QPalette look = palette();
+  look.setColor(QPalette::Window, back);
+  look.setColor(QPalette::WindowText, Qt::black);
+  setPalette(look);
+  label_.setPalette(look);
   label_.setText(QString(text).remove(u'\r'));
   setAccessibleName(text.simplified());
   ticks_ = 0;
@@ -56,7 +66,6 @@ void frmMsgBoxTimed::ShowText(const QString& text, std::chrono::seconds duration
   Place();
   show();
   raise();
-  QApplication::beep();
   QAccessibleEvent alert(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alert);
 }

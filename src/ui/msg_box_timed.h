@@ -3,6 +3,7 @@
 // be fetched; it takes neither the focus nor a click from the controls beside it.
 #pragma once
 
+#include <QColor>
 #include <QFrame>
 #include <QLabel>
 #include <QTimer>
@@ -16,6 +17,8 @@ class frmMsgBoxTimed : public QFrame {
   // Shows the text over the window for that long, in place of a message that is still shown there. The window's object
   // name decides where. A click ends it early.
   static void ShowMsg(QWidget* owner, const QString& text, std::chrono::seconds duration);
+  // The same in green and without a sound: something has been done as the user wished.
+  static void ShowDone(QWidget* owner, const QString& text, std::chrono::seconds duration);
 
  protected:
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -23,7 +26,8 @@ class frmMsgBoxTimed : public QFrame {
 
  private:
   explicit frmMsgBoxTimed(QWidget* owner);
-  void ShowText(const QString& text, std::chrono::seconds duration);
+  static frmMsgBoxTimed& BoxOf(QWidget* owner);
+  void ShowText(const QString& text, std::chrono::seconds duration, const QColor& back);
   void Place();
   // The next message makes a box of its own: this one is gone when the event loop turns.
   void End();
