@@ -135,6 +135,14 @@
         <source>These files could not be written: %1</source>
         <translation>Diese Dateien konnten nicht geschrieben werden: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>Die Liste des Autors wird geholt …</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>Die Liste des Autors konnte nicht geholt werden.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

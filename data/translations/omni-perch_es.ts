@@ -135,6 +135,14 @@
         <source>These files could not be written: %1</source>
         <translation>No se han podido escribir estos archivos: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>Obteniendo la lista del autor…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>No se ha podido obtener la lista del autor.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

@@ -135,6 +135,14 @@
         <source>These files could not be written: %1</source>
         <translation>Ces fichiers n&apos;ont pas pu être écrits : %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>La liste de l&apos;auteur est en cours de lecture…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>La liste de l&apos;auteur n&apos;a pas pu être lue.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

@@ -132,6 +132,14 @@
         <source>These files could not be written: %1</source>
         <translation>書き込めなかったファイル: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>作者のリストを取得しています…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>作者のリストを取得できませんでした。</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

@@ -135,6 +135,14 @@
         <source>These files could not be written: %1</source>
         <translation>Deze bestanden konden niet worden geschreven: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>De lijst van de auteur wordt opgehaald…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>De lijst van de auteur kon niet worden opgehaald.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

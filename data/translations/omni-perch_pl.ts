@@ -138,6 +138,14 @@
         <source>These files could not be written: %1</source>
         <translation>Nie udało się zapisać tych plików: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>Trwa pobieranie listy autora…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>Nie udało się pobrać listy autora.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

@@ -138,6 +138,14 @@
         <source>These files could not be written: %1</source>
         <translation>Не удалось записать эти файлы: %1</translation>
     </message>
+    <message>
+        <source>The author&apos;s list is being fetched...</source>
+        <translation>Список автора загружается…</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list could not be fetched.</source>
+        <translation>Не удалось загрузить список автора.</translation>
+    </message>
 </context>
 <context>
     <name>FetchGroup</name>

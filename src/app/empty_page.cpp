@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/empty_page.h"
 
+#include <QHBoxLayout>
 #include <QLocale>
 #include <QSet>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <initializer_list>
 
 #include "core/language_file.h"
@@ -27,11 +29,11 @@ QLabel* MakeLabel(const QString& name, QWidget* parent) {
 
 }  // namespace
 
-EmptyPage::EmptyPage(FirstSteps& steps, const Program& program, const Commands& commands, QWidget* mainWindow)
+EmptyPage::EmptyPage(Services& services, PageLogic& logic, QWidget* mainWindow)
     : QFrame(mainWindow),
-      steps_(steps),
-      program_(program),
-      commands_(commands),
+      steps_({services.program, services.background, logic.changes, !services.run.hosts.Author.isEmpty()}),
+      program_(services.program),
+      commands_(services.commands),
       heading_(MakeLabel(u"emptyHeading"_s, this)),
       text_(MakeLabel(u"emptyText"_s, this)),
       buttons_(new QGridLayout),
@@ -48,14 +50,15 @@ EmptyPage::EmptyPage(FirstSteps& steps, const Program& program, const Commands& 
   large.setBold(true);
   large.setPointSizeF(large.pointSizeF() * 1.25);
   heading_->setFont(large);
+  auto* copy = new QHBoxLayout;
+  copy->setSpacing(12);
+  copy->addWidget(copyText_, 1);
+  copy->addWidget(putBack_);
   auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(16, 12, 16, 12);
-  column->setSpacing(8);
   column->addWidget(heading_);
   column->addWidget(text_);
   column->addLayout(buttons_);
-  column->addWidget(copyText_);
-  column->addWidget(putBack_, 0, Qt::AlignLeft);
+  column->addLayout(copy);
   const auto does = [this](QPushButton* button, Command command) {
     connect(button, &QPushButton::clicked, this, [this, command]() {
       MenuChoice choice;
@@ -68,9 +71,17 @@ EmptyPage::EmptyPage(FirstSteps& steps, const Program& program, const Commands& 
   does(location_, Command::SetLocation);
   does(add_, Command::AddSite);
   does(index_, Command::OpenSiteIndex);
-  connect(author_, &QPushButton::clicked, this, &EmptyPage::AuthorListWanted);
+  connect(author_, &QPushButton::clicked, this, [this]() {
+    authorList_ = AuthorList::Fetching;
+    steps_.Look();
+    Q_EMIT AuthorListWanted();
+  });
   connect(putBack_, &QPushButton::clicked, &steps_, &FirstSteps::PutBack);
   connect(&steps_, &FirstSteps::Changed, this, &EmptyPage::Show);
+  // Whatever changes a place changes a cell, too, or makes the page anew.
+  connect(&logic.grid, &ThumbGrid::CellChanged, &steps_, &FirstSteps::Look);
+  connect(&logic.poll, &PollCycle::PageChanged, &steps_, &FirstSteps::Look);
+  connect(&logic.changes, &SiteChanges::Changed, &steps_, &FirstSteps::Look);
   connect(&steps_, &FirstSteps::NotWritten, this, [this](const QStringList& files) { notWritten_ = files; });
   hide();
 }
@@ -91,21 +102,38 @@ void EmptyPage::Show() {
   author_->setEnabled(steps_.HasAuthor());
   add_->setEnabled(commands_.Handles(Command::AddSite));
   index_->setEnabled(steps_.Sites() > 0);
-  ShowTexts();
-  Place();
   show();
+  ShowTexts();
   raise();
+}
+
+QString EmptyPage::Advice() const {
+  if (authorList_ == AuthorList::Fetching) return tr("The author's list is being fetched...");
+  if (authorList_ == AuthorList::Failed) return tr("The author's list could not be fetched.");
+  const int sites = static_cast<int>(steps_.Sites());
+  if (sites == 0) return tr("Your list has no sites. Get those of the author's list, or add one yourself.");
+  return tr(
+      "Your list has %n site(s). Open the site index and press the one that is to stand in the first place of "
+      "this page.",
+      nullptr, sites);
+}
+
+void EmptyPage::AuthorListCame() {
+  authorList_ = AuthorList::None;
+  steps_.Look();
+}
+
+// Said only if the user has wanted the list: the check at the start is silent.
+void EmptyPage::AuthorListFailed() {
+  if (authorList_ == AuthorList::Fetching) authorList_ = AuthorList::Failed;
+  steps_.Look();
 }
 
 void EmptyPage::ShowTexts() {
   const LanguageTexts& texts = program_.language;
-  const int sites = static_cast<int>(steps_.Sites());
   heading_->setText(program_.page.OnDsstvPage() ? tr("No station stands on any page yet")
                                                 : tr("The list of weather pictures is empty"));
-  text_->setText(sites == 0 ? tr("Your list has no sites. Get those of the author's list, or add one yourself.")
-                            : tr("Your list has %n site(s). Open the site index and press the one that is to stand in "
-                                 "the first place of this page.",
-                                 nullptr, sites));
+  text_->setText(Advice());
   location_->setText(texts[TextLine::kSetupLocation].trimmed());
   author_->setText(tr("Get the author's list"));
   author_->setToolTip(steps_.HasAuthor() ? QString() : tr("The author's server is not named in hosts.ini."));
@@ -120,6 +148,7 @@ void EmptyPage::ShowTexts() {
     button->setText(button->text().replace(u'&', "&&"_L1));
   }
   ShowCopy();
+  if (!isHidden()) Place();
 }
 
 void EmptyPage::ShowCopy() {
@@ -155,20 +184,39 @@ void EmptyPage::SetPage(const QRect& page) {
   if (!isHidden()) Place();
 }
 
-// As few rows of buttons as the page is wide enough for.
-void EmptyPage::Place() {
-  const int room = std::min(kWidest * logicalDpiX() / 96, page_.width() - 2 * kMargin);
-  int columns = kButtonColumns;
-  for (; columns > 1; --columns) {
-    Arrange(columns);
-    if (minimumSizeHint().width() <= room) break;
+void EmptyPage::FollowInTabOrder(QWidget* widget) {
+  for (QPushButton* button : {location_, author_, add_, index_, putBack_}) {
+    setTabOrder(widget, button);
+    widget = button;
   }
-  if (columns == 1) Arrange(1);
-  const int width = std::max(room, minimumSizeHint().width());
-  const int height = layout()->totalHeightForWidth(width);
-  QRect place(0, 0, width, height > 0 ? height : sizeHint().height());
+}
+
+void EmptyPage::Place() {
+  const int wholePage = page_.width() - 2 * kMargin;
+  const std::array densities{Density{std::min(kWidest * logicalDpiX() / 96, wholePage), {16, 12, 16, 12}, 8, true},
+                             Density{wholePage, {10, 6, 10, 6}, 4, true}, Density{wholePage, {8, 3, 8, 3}, 2, false}};
+  for (const Density& density : densities) {
+    if (Fit(density) <= page_.height()) break;
+  }
+  QRect place = rect();
   place.moveCenter(page_.center());
+  place.moveTop(std::max(place.top(), page_.top()));
   setGeometry(place);
+}
+
+// As few rows of buttons as the page is wide enough for.
+int EmptyPage::Fit(const Density& density) {
+  layout()->setContentsMargins(density.margins);
+  layout()->setSpacing(density.spacing);
+  heading_->setVisible(density.heading);
+  for (int columns = kButtonColumns; columns > 0; --columns) {
+    Arrange(columns);
+    if (minimumSizeHint().width() <= density.widest) break;
+  }
+  const int width = std::max(density.widest, minimumSizeHint().width());
+  const int height = layout()->totalHeightForWidth(width);
+  resize(width, height > 0 ? height : sizeHint().height());
+  return this->height();
 }
 
 void EmptyPage::Arrange(int columns) {

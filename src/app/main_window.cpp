@@ -38,15 +38,13 @@ Form1::Form1(Services& services)
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
       undoLine_(new UndoLine(this)),
-      steps_({program_, services.background, logic_.changes, !services.run.hosts.Author.isEmpty()}),
-      emptyPage_(new EmptyPage(steps_, program_, services.commands, this)),
-      backup_(BackupNeeds()),
+      emptyPage_(new EmptyPage(services, logic_, this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)) {
   windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, logic_.cams, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
-  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, backup_, this, [this]() { received_->OpenMap(); },
+  setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
                              [this]() { received_->ShowOwnLocation(); }});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
@@ -55,7 +53,6 @@ Form1::Form1(Services& services)
   showTimer_.setInterval(kShowAtLast);
   ConnectSignals();
   ConnectSiteChanges();
-  ConnectEmptyPage();
   RegisterCommands();
   ConnectHover();
 }
@@ -63,6 +60,12 @@ Form1::Form1(Services& services)
 Form1::~Form1() = default;
 
 void Form1::ConnectSignals() {
+  emptyPage_->FollowInTabOrder(pic_->lblSetup);
+  connect(&logic_.mover, &PageMover::Applied, this, [this]() {
+    if (closing_ == Closing::No) MnuPagesClick(0);
+    // The change of the page has polled it.
+    logic_.poll.Timer5.stop();
+  });
   connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(picAll_, &PageView::CellPressed, &logic_.click, &PageClick::Press);
@@ -96,31 +99,6 @@ void Form1::ConnectSiteChanges() {
   };
   // The index holds indices into the former tables.
   connect(&logic_.changes, &SiteChanges::Changed, this, [this]() { windows_->Close(WindowKind::SiteIndex); });
-}
-
-// Whatever changes a place changes a cell, too, or makes the page anew.
-void Form1::ConnectEmptyPage() {
-  connect(&logic_.grid, &ThumbGrid::CellChanged, &steps_, &FirstSteps::Look);
-  connect(&logic_.poll, &PollCycle::PageChanged, &steps_, &FirstSteps::Look);
-  connect(&logic_.changes, &SiteChanges::Changed, &steps_, &FirstSteps::Look);
-  connect(&logic_.mover, &PageMover::Applied, this, [this]() {
-    if (closing_ == Closing::No) MnuPagesClick(0);
-    // The change of the page has polled it.
-    logic_.poll.Timer5.stop();
-  });
-}
-
-Backup::Dependencies Form1::BackupNeeds() {
-  const auto saveState = [this]() {
-    QStringList failed =
-        load_.SaveAllState(Placement(), [this](const QString& text) { dialogs_.Inform(this, text, false); });
-    if (!WriteNicknames(program_.AppDataDir, program_.nicknames)) failed.append(u"Nicknames.txt"_s);
-    return failed;
-  };
-  const auto mergeDatabase = [this](const std::function<void()>& then) {
-    services_.database.SortDatabase(this, [then](bool) { then(); });
-  };
-  return {program_.AppDataDir, services_.clock, services_.background, saveState, mergeDatabase};
 }
 
 void Form1::RegisterCommands() {
@@ -173,7 +151,7 @@ bool Form1::Load(bool anotherRuns) {
   }
   services_.database.Begin();
   logic_.cams.ListsRead();
-  steps_.ListsRead();
+  emptyPage_->Steps().ListsRead();
   logic_.grid.MakeGrid(program_.config.ThumbLayout);
   ApplyLayout();
   ApplyPlacement();
@@ -351,7 +329,6 @@ void Form1::ShowTexts() {
   ShowPageLabel();
   picAll_->TakeLanguage();
   emptyPage_->ShowTexts();
-  steps_.Look();
 }
 
 void Form1::changeEvent(QEvent* event) {

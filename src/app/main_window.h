@@ -9,7 +9,6 @@
 
 #include "app/connectivity.h"
 #include "app/empty_page.h"
-#include "app/first_steps.h"
 #include "app/load_sequence.h"
 #include "app/main_cams.h"
 #include "app/menu_strip.h"
@@ -21,7 +20,6 @@
 #include "app/undo_line.h"
 #include "app/window_menus.h"
 #include "app/windows.h"
-#include "core/backup.h"
 #include "page/hover_tip.h"
 #include "page/page_view.h"
 #include "ui/show_msg_window.h"
@@ -66,7 +64,6 @@ class Form1 : public QWidget {
  private:
   void ConnectSignals();
   void ConnectSiteChanges();
-  void ConnectEmptyPage();
   void RegisterCommands();
   void ConnectHover();
   // Shows every text of the bar and the page in the present language.
@@ -79,7 +76,6 @@ class Form1 : public QWidget {
   void ConnectionAnswered(bool reached);
   void StartWork();
   void AskTime();
-  Backup::Dependencies BackupNeeds();
   // Places bar, page, and UndoLine, the last only while there is a change to undo.
   void PlaceChildren();
   void ShowBusy(bool busy);
@@ -104,9 +100,7 @@ class Form1 : public QWidget {
   MenuStrip* pic_;
   PageView* picAll_;
   UndoLine* undoLine_;
-  FirstSteps steps_;
   EmptyPage* emptyPage_;
-  Backup backup_;
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;

@@ -35,7 +35,8 @@ const QList<SetupWindows::Row>& SetupWindows::Rows() {
   return rows;
 }
 
-SetupWindows::SetupWindows(const Dependencies& dependencies) : QObject(dependencies.mainWindow), deps_(dependencies) {
+SetupWindows::SetupWindows(const Dependencies& dependencies)
+    : QObject(dependencies.mainWindow), deps_(dependencies), backup_(BackupNeeds()) {
   const auto does = [this](int index) {
     deps_.services.commands.Register(MenuTables::SetupCommand(index), this,
                                      [this](const MenuChoice& choice) { MnuSetupClick(choice.index); });
@@ -87,15 +88,32 @@ BaseWindow* SetupWindows::MakePageNames() {
   return new Form5({deps_.services.program, deps_.logic.mover}, deps_.mainWindow);
 }
 
+Backup::Dependencies SetupWindows::BackupNeeds() {
+  Services& s = deps_.services;
+  const auto saveState = [this, &s](const SiteChanges::Done& then) {
+    deps_.logic.changes.SaveAllState([this, &s, then](const QStringList& notWritten) {
+      s.background.Run<bool>(
+          this, [folder = s.run.appDataDir, names = s.program.nicknames]() { return WriteNicknames(folder, names); },
+          [then, notWritten](bool written) {
+            then(written ? notWritten : notWritten + QStringList{u"Nicknames.txt"_s});
+          });
+    });
+  };
+  const auto mergeDatabase = [this, &s](const std::function<void()>& then) {
+    s.database.SortDatabase(this, [then](bool) { then(); });
+  };
+  return {s.run.appDataDir, s.clock, s.background, saveState, mergeDatabase};
+}
+
 void SetupWindows::MakeBackup() {
   const LanguageTexts& texts = deps_.services.program.language;
-  const QString question = texts[TextLine::kBackupQuestion].trimmed() + u'\n' + deps_.backup.Folder() + u'\n' +
+  const QString question = texts[TextLine::kBackupQuestion].trimmed() + u'\n' + backup_.Folder() + u'\n' +
                            texts[TextLine::kBackupReplaces].trimmed();
   if (!deps_.services.dialogs.AskSecond(deps_.mainWindow, question, texts[TextLine::kNoWord].trimmed(),
                                         texts[TextLine::kYesWord].trimmed())) {
     return;
   }
-  deps_.backup.Make(this, [this](const BackupResult& result) { TellBackup(result); });
+  backup_.Make(this, [this](const BackupResult& result) { TellBackup(result); });
 }
 
 void SetupWindows::TellBackup(const BackupResult& result) {

@@ -24,7 +24,6 @@ class SetupWindows : public QObject {
     PageLogic& logic;
     MenuOpener& menus;
     Windows& windows;
-    Backup& backup;
     QWidget* mainWindow;
     std::function<void()> showReceivedOkMap;  // a click on lblMap
     std::function<void()> showOwnLocation;    // the own location has changed
@@ -36,6 +35,8 @@ class SetupWindows : public QObject {
   void MnuSetupClick(int index);
   // Opens a setup window from elsewhere, for instance from the menu of a cell; open setup windows are closed first.
   void Open(WindowKind kind);
+  // Also for the update check, which copies the user's files before it changes them.
+  Backup& Backups() { return backup_; }
   // Opens Help.txt with the program that the desktop has for texts.
   void ShowHelp();
 
@@ -50,9 +51,11 @@ class SetupWindows : public QObject {
   BaseWindow* MakeOwnLocation();
   LookupSession::Dependencies LookUps() const;
   BaseWindow* MakePageNames();
+  Backup::Dependencies BackupNeeds();
   void MakeBackup();
   void TellBackup(const BackupResult& result);
   void ShowAbout();
 
   Dependencies deps_;
+  Backup backup_;
 };

@@ -3,7 +3,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QPointer>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <array>
@@ -140,15 +139,21 @@ void Backup::Start(Job job, QObject* context, const Done& done) {
   running_ = true;
   job.data = deps_.appDataDir;
   job.backups = Folder();
-  job.result.failed = deps_.saveState();
-  deps_.mergeDatabase([this, job, context = QPointer<QObject>(context), done]() {
-    const auto run = [job]() mutable {
-      job.Run();
-      return job.result;
-    };
-    deps_.background.Run<BackupResult>(this, run, [this, context, done](const BackupResult& result) {
-      running_ = false;
-      if (context != nullptr) done(result);
-    });
+  deps_.saveState([this, job, context = QPointer<QObject>(context), done](const QStringList& failed) {
+    Job saved = job;
+    saved.result.failed = failed;
+    deps_.mergeDatabase([this, saved, context, done]() { Copy(saved, context, done); });
+  });
+}
+
+void Backup::Copy(const Job& job, const QPointer<QObject>& context, const Done& done) {
+  const auto run = [job]() {
+    Job mine = job;
+    mine.Run();
+    return mine.result;
+  };
+  deps_.background.Run<BackupResult>(this, run, [this, context, done](const BackupResult& result) {
+    running_ = false;
+    if (context != nullptr) done(result);
   });
 }

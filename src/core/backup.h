@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -14,7 +15,7 @@
 // How a backup ended.
 struct BackupResult {
   QString folder;      // of the dated copy; empty if it was not made
-  QStringList failed;  // for each file that could not be written: its path and the reason
+  QStringList failed;  // the files that could not be written: name, or path and reason
 };
 
 // Makes the copies, one backup at a time.
@@ -24,13 +25,15 @@ class Backup : public QObject {
  public:
   using Done = std::function<void(const BackupResult& result)>;
 
-  // What has to be done before files are copied.
+  // The last two are what has to be done before files are copied; both go on in their argument.
   struct Dependencies {
     QString appDataDir;
     const Clock& clock;
     Background& background;
-    std::function<QStringList()> saveState;  // writes all state; returns what could not be written, as in BackupResult
-    std::function<void(const std::function<void()>& then)> mergeDatabase;  // makes its file complete and sorted
+    // Writes all state; the argument gets the names of the files that could not be written.
+    std::function<void(const std::function<void(const QStringList&)>& then)> saveState;
+    // Makes the database's file complete and sorted.
+    std::function<void(const std::function<void()>& then)> mergeDatabase;
   };
 
   explicit Backup(Dependencies dependencies, QObject* parent = nullptr);
@@ -46,6 +49,7 @@ class Backup : public QObject {
  private:
   struct Job;
   void Start(Job job, QObject* context, const Done& done);
+  void Copy(const Job& job, const QPointer<QObject>& context, const Done& done);
 
   Dependencies deps_;
   bool running_ = false;

@@ -7,19 +7,18 @@ PageMover::PageMover(Program& program, PollCycle& poll, SlotPictures& files, Sit
     : program_(program), poll_(poll), files_(files), changes_(changes) {}
 
 void PageMover::Apply(const PageOrder& order, QObject* context, const SiteChanges::Done& done) {
-  const QStringList labels = order.Labels();
-  for (int page = 1; page <= kDsstvPages; ++page) program_.PageLabels[page] = labels.at(page - 1);
-  const QList<int> pageBefore = order.PageBefore();
-  if (!order.IsMoved()) return ChangePlaces(pageBefore, context, done);
+  if (!order.IsMoved()) return ChangePlaces(order, context, done);
   // Answers of the poll that is under way would be stored under the former numbers.
   poll_.EndPoll();
-  files_.MovePages(pageBefore, [this, pageBefore, context = QPointer<QObject>(context), done]() {
-    ChangePlaces(pageBefore, context, done);
-  });
+  files_.MovePages(order.PageBefore(),
+                   [this, order, context = QPointer<QObject>(context), done]() { ChangePlaces(order, context, done); });
 }
 
-void PageMover::ChangePlaces(const QList<int>& pageBefore, QObject* context, const SiteChanges::Done& done) {
-  const auto change = [pageBefore](SiteEdit& edit) {
+// Labels and places change in one step, so that whatever is saved in between has the former order of both.
+void PageMover::ChangePlaces(const PageOrder& order, QObject* context, const SiteChanges::Done& done) {
+  const QStringList labels = order.Labels();
+  for (int page = 1; page <= kDsstvPages; ++page) program_.PageLabels[page] = labels.at(page - 1);
+  const auto change = [pageBefore = order.PageBefore()](SiteEdit& edit) {
     for (int site = 0; site < edit.dsstv.Size(); ++site) MovePlaces(edit.dsstv.Change(site), pageBefore);
     edit.filesMoved = true;
   };

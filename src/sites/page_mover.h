@@ -18,7 +18,7 @@ class PageMover : public QObject {
  public:
   PageMover(Program& program, PollCycle& poll, SlotPictures& files, SiteChanges& changes);
 
-  // Takes the labels at once, then moves the pages, and saves. done gets the names of the files that could not be
+  // Moves the pages, takes the labels, and saves. done gets the names of the files that could not be
   // written: the new order holds in this run all the same. It is called on the event loop of context, unless that is
   // gone by then; the order is carried out to its end either way.
   void Apply(const PageOrder& order, QObject* context, const SiteChanges::Done& done);
@@ -28,7 +28,7 @@ class PageMover : public QObject {
   void Applied();
 
  private:
-  void ChangePlaces(const QList<int>& pageBefore, QObject* context, const SiteChanges::Done& done);
+  void ChangePlaces(const PageOrder& order, QObject* context, const SiteChanges::Done& done);
 
   Program& program_;
   PollCycle& poll_;

@@ -235,6 +235,12 @@ void Form5::MoveRow(int step) {
   SelectRow(neighbour);
 }
 
+// The site index beside this window may have put a site on a page meanwhile.
+void Form5::changeEvent(QEvent* event) {
+  SetupWindow::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) ShowPageSites(SelectedPageRow_);
+}
+
 void Form5::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F2) {
     Text1_->setFocus();

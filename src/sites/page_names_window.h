@@ -32,6 +32,7 @@ class Form5 : public SetupWindow {
   int SelectedPageRow() const { return SelectedPageRow_; }  // from 0
 
  protected:
+  void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void PlaceWindow() override;

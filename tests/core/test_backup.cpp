@@ -19,10 +19,10 @@ struct BackupFixture {
   Background background;
   QStringList steps;
   Backup backup{{folder.path(), clock, background,
-                 [this]() {
+                 [this](const std::function<void(const QStringList&)>& then) {
                    steps.append(u"saved"_s);
                    folder.Put(u"Omni-Perch.cfg"_s, "state");
-                   return QStringList();
+                   then({});
                  },
                  [this](const std::function<void()>& then) {
                    steps.append(u"merged"_s);
