@@ -380,8 +380,8 @@ void Form1::CloseMe() {
   if (closing_ != Closing::No) return;
   closing_ = Closing::Running;
   showTimer_.stop();
-  // Names and order of the pages are carried out as their window closes, before the state is written.
-  windows_->Close(WindowKind::PageNames);
+  // What an open setup window holds belongs to the state that is written now.
+  windows_->ProgramEnds();
   FirstClosingStep();
 }
 

@@ -38,7 +38,8 @@ void ReceivedOk::ShowOwnLocation() {
   const PageState& page = program.page;
   bool onPage = false;
   for (int slot = 0; slot < page.ThumbCount && page.CurrentPage != PageState::WxPage; ++slot) {
-    const int site = static_cast<int>(Val(page.Field(slot, SlotSite)));
+    // An empty field of a vacant slot would read as the first site.
+    const int site = page.Field(slot, SlotSite).isEmpty() ? -1 : static_cast<int>(Val(page.Field(slot, SlotSite)));
     if (site < 0 || site >= program.sites.Sites.size()) continue;
     onPage = onPage || program.sites.Sites.at(site).Call == program.config.MyCall;
   }

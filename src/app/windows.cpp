@@ -7,6 +7,7 @@
 #include "onair/rx_ok_window.h"
 #include "platform/heap.h"
 #include "station/callsign.h"
+#include "ui/setup_window.h"
 
 Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, CamRound& cams, QWidget* mainWindow)
     : QObject(mainWindow),
@@ -305,6 +306,12 @@ void Windows::CloseSetupWindows() {
   for (const Registration& registration : std::as_const(registrations_)) {
     BaseWindow* window = Find(registration.kind);
     if (registration.isSetup && window != nullptr) window->close();
+  }
+}
+
+void Windows::ProgramEnds() {
+  for (const WindowKind kind : Kinds()) {
+    if (auto* window = qobject_cast<SetupWindow*>(Find(kind))) window->ProgramEnds();
   }
 }
 

@@ -97,6 +97,8 @@ class Windows : public QObject {
 
   // Closes setup windows: before another one opens, and before others change the tables that they show.
   void CloseSetupWindows();
+  // Has setup windows give their state back, before it is written for the last time.
+  void ProgramEnds();
   // Closes all windows before the program ends; browser windows need a running event loop for that.
   void CloseAll();
 

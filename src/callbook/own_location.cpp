@@ -35,14 +35,24 @@ bool OwnLocation::IsWrongCall(const QString& typed) {
   return !typed.trimmed().isEmpty() && CallOf(typed).isEmpty();
 }
 
+QString OwnLocation::TakeCall(const QString& typedCall) {
+  const QString call = CallOf(typedCall);
+  if (!call.isEmpty()) {
+    program_.config.MyCall = call;
+    program_.config.MyCallTyped = typedCall;
+  }
+  return call;
+}
+
+void OwnLocation::SaveAtEnd(const QString& typedCall, const QString& lat, const QString& lon) {
+  const QString call = TakeCall(typedCall);
+  if (!call.isEmpty()) SaveRecord(call, lat, lon, [](bool) {});
+}
+
 void OwnLocation::Save(const QString& typedCall, const QString& lat, const QString& lon,
                        const std::function<void(const QString& failedPath)>& then) {
   Config& config = program_.config;
-  const QString call = CallOf(typedCall);
-  if (!call.isEmpty()) {
-    config.MyCall = call;
-    config.MyCallTyped = typedCall;
-  }
+  const QString call = TakeCall(typedCall);
   const int map = config.MapIndex;
   const bool written =
       config.SaveSetupLines(program_.AppDataDir, program_.MapLeft.value(map), program_.MapTop.value(map));

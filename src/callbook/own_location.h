@@ -26,12 +26,16 @@ class OwnLocation : public QObject {
   // Whether a typed text is a callsign. An empty one is none, and not wrong either.
   static bool IsWrongCall(const QString& typed);
 
+  // Takes the call over and has its record written, without an answer: the program's end writes the configuration.
+  void SaveAtEnd(const QString& typedCall, const QString& lat, const QString& lon);
   // Stores the station: its record in the call database, the own call, and the configuration. lat and lon are the texts
   // of the boxes, with points. then gets the path of the file that could not be written; empty: all is on the disk.
   void Save(const QString& typedCall, const QString& lat, const QString& lon,
             const std::function<void(const QString& failedPath)>& then);
 
  private:
+  // The call of a typed text, which becomes the own one; empty if it is none.
+  QString TakeCall(const QString& typedCall);
   void SaveRecord(const QString& call, const QString& lat, const QString& lon, const CallDatabase::Saved& then);
 
   Program& program_;

@@ -156,6 +156,11 @@ void Form11::closeEvent(QCloseEvent* event) {
   if (closing_ == Closing::No) Save();
 }
 
+void Form11::ProgramEnds() {
+  if (closing_ == Closing::No) location_.SaveAtEnd(txtCall->text(), place_->Lat()->Stored(), place_->Lon()->Stored());
+  closing_ = Closing::Done;
+}
+
 void Form11::Save() {
   closing_ = Closing::Saving;
   failure_->SetFailure({});

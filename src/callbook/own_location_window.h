@@ -26,6 +26,7 @@ class Form11 : public SetupWindow {
   Form11(const Dependencies& dependencies, QWidget* mainWindow);
 
   void ShowTexts() override;
+  void ProgramEnds() override;
 
  Q_SIGNALS:
   // The own station has been stored; maps and distances are to be made anew.

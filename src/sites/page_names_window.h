@@ -29,6 +29,8 @@ class Form5 : public SetupWindow {
 
   Form5(const Dependencies& dependencies, QWidget* mainWindow);
   void ShowTexts() override;
+  // Names and order of the pages are carried out, as by closing.
+  void ProgramEnds() override { close(); }
   int SelectedPageRow() const { return SelectedPageRow_; }  // from 0
 
  protected:

@@ -11,4 +11,8 @@ class SetupWindow : public BaseWindow {
 
  public:
   explicit SetupWindow(QWidget* mainWindow);
+
+  // The program is about to write its state and end: no question stops it any more. What closing would take over is
+  // taken at once, what was typed and not saved is given up. The window is closed seconds later, without a question.
+  virtual void ProgramEnds() {}
 };

@@ -77,6 +77,26 @@ class TestSetup : public QObject {
     QVERIFY(f.Read("settings.ini").contains("LABELS\\1=Asia"));
   }
 
+  // The program ends, as by a signal, while the own location is open and changed: what was typed is stored, and nothing
+  // else of the configuration is lost by the window's own way of writing.
+  void EndsWithTheOwnLocationOpen() {
+    WindowFixture f;
+    QVERIFY(f.StartAndPoll());
+    f.State().config.CallbookIndex = 3;
+    f.State().config.MyLat = 52.5;
+    Choose(f, Command::SetLocation, 1);
+    const BaseWindow* window = f.form->AllWindows().Find(WindowKind::OwnLocation);
+    QVERIFY(window != nullptr);
+    window->findChild<QLineEdit*>(u"txtCall"_s)->setText(u"DL7AA"_s);
+    f.Close();
+    Config stored;
+    QVERIFY(stored.ReadConfig(f.State().AppDataDir));
+    QCOMPARE(stored.MyCall, u"DL7AA"_s);
+    QCOMPARE(stored.MyLat, 52.5);
+    QCOMPARE(stored.CallbookIndex, 3);
+    QVERIFY(f.services->database.Finish() && f.services->database.Find(u"DL7AA"_s));
+  }
+
   // What is in memory is in the copy; a No copies nothing.
   void MakesABackup() {
     WindowFixture f;
