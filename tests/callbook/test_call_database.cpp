@@ -5,6 +5,7 @@
 #include <QRandomGenerator>
 
 #include "callbook/call_database.h"
+#include "database_files.h"
 #include "demo_database.h"
 #include "test_folder.h"
 
@@ -54,15 +55,6 @@ class TestCallDatabase : public QObject {
       for (qsizetype i = 0; i < bytes.size(); i += kRecordSize) model.records += bytes.mid(i, kRecordSize);
       return model;
     }
-  };
-
-  // The writer with a reader of its own, as the database has them on two threads.
-  struct Files : CallReader {
-    DatabaseFile file;
-
-    explicit Files(const QString& folder) : Files(folder, std::make_shared<SharedLayout>()) {}
-    Files(const QString& folder, const std::shared_ptr<SharedLayout>& layout)
-        : CallReader(folder, layout), file(folder, layout, DatabaseDisk::Real()) {}
   };
 
  private Q_SLOTS:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Look-ups and additions in the local call database against SQLite on the same calls. One job a process, so that
+// Look-ups and changes in the local call database against SQLite on the same calls. One job a process, so that
 // scripts/bench can time both from a cold start: omni-perch-bench-database JOB FOLDER RECORDS.
 #include <sqlite3.h>
 
@@ -21,7 +21,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kLookUps = 10000;
-constexpr int kAdditions = 1000;
+constexpr int kChanges = 1000;
 constexpr int kTips = 200;
 
 // Every second number is a record of the database, the others are misses.
@@ -147,28 +147,92 @@ int PlacesPeer(const QString& folder, int records) {
   return placed;
 }
 
-int AddOwn(const QString& folder, int records) {
-  CallDatabase database(folder);
+// Calls that the database does not have, or has.
+QStringList ChangedCalls(int records, bool added) {
   QRandomGenerator random(7);
-  int added = 0;
-  for (int i = 0; i < kAdditions; ++i) {
-    const DbRec record = Record(random.bounded(static_cast<quint32>(records)) * 2 + 1);
-    database.SaveStation(record.Call.Text(), record);
-    added += database.Finish() ? 1 : 0;
+  QStringList calls;
+  for (int i = 0; i < kChanges; ++i) {
+    calls += CallOf(random.bounded(static_cast<quint32>(records)) * 2 + (added ? 1 : 0));
   }
-  return added;
+  return calls;
+}
+
+// An event loop that knows for how long an event has held it.
+class TimedApplication : public QCoreApplication {
+ public:
+  using QCoreApplication::QCoreApplication;
+  qint64 longest = 0;  // nanoseconds
+
+  bool notify(QObject* receiver, QEvent* event) override {
+    QElapsedTimer timer;
+    timer.start();
+    const bool result = QCoreApplication::notify(receiver, event);
+    longest = std::max(longest, timer.nsecsElapsed());
+    return result;
+  }
+};
+
+// Looks up and saves one station after the other, each when the one before has been acknowledged, then sorts.
+class Saver : public QObject {
+ public:
+  Saver(const QString& folder, const QStringList& calls) : database_(folder), calls_(calls) {}
+
+  // Returns what it came to, as a line of the program's output.
+  QByteArray Run(TimedApplication& app) {
+    QElapsedTimer all;
+    all.start();
+    QMetaObject::invokeMethod(this, &Saver::Next, Qt::QueuedConnection);
+    QCoreApplication::exec();
+    const auto ms = [](qint64 nanoseconds) {
+      return QByteArray::number(static_cast<double>(nanoseconds) / 1e6, 'f', 2);
+    };
+    return "ms=" + ms(all.nsecsElapsed()) + " count=" + QByteArray::number(saved_) + " slowest=" + ms(slowest_) +
+           " loop=" + ms(app.longest);
+  }
+
+ private:
+  void Next() {
+    if (calls_.isEmpty()) return database_.SortDatabase(this, [](bool) { QCoreApplication::quit(); });
+    const QString call = calls_.takeFirst();
+    DbRec record = Record(0);
+    record.Call = call;
+    asked_.start();
+    if (database_.FindRecord(call) > 0) record.Name = u"Another"_s;
+    database_.SaveStation(call, record, this, [this](bool durable) {
+      slowest_ = std::max(slowest_, asked_.nsecsElapsed());
+      saved_ += durable ? 1 : 0;
+      Next();
+    });
+  }
+
+  CallDatabase database_;
+  QStringList calls_;
+  QElapsedTimer asked_;
+  qint64 slowest_ = 0;
+  int saved_ = 0;
+};
+
+int ChangePeer(const QString& folder, int records, bool added) {
+  const Sqlite peer(folder);
+  peer.Run("PRAGMA synchronous=FULL");
+  sqlite3_stmt* select = peer.Prepare("SELECT * FROM station WHERE call = ?1");
+  sqlite3_stmt* change = peer.Prepare(added ? kInsert : "UPDATE station SET name = 'Another' WHERE call = ?1");
+  int changed = 0;
+  for (const QString& call : ChangedCalls(records, added)) {
+    Sqlite::Step(select, call);
+    changed += Sqlite::Step(change, call) == SQLITE_DONE ? 1 : 0;
+  }
+  sqlite3_finalize(select);
+  sqlite3_finalize(change);
+  return changed;
 }
 
 int AddPeer(const QString& folder, int records) {
-  const Sqlite peer(folder);
-  sqlite3_stmt* insert = peer.Prepare(kInsert);
-  QRandomGenerator random(7);
-  int added = 0;
-  for (int i = 0; i < kAdditions; ++i) {
-    added += Sqlite::Step(insert, CallOf(random.bounded(static_cast<quint32>(records)) * 2 + 1)) == SQLITE_DONE ? 1 : 0;
-  }
-  sqlite3_finalize(insert);
-  return added;
+  return ChangePeer(folder, records, true);
+}
+
+int UpdatePeer(const QString& folder, int records) {
+  return ChangePeer(folder, records, false);
 }
 
 // The longest time from the pointer's arrival on a cell to the tip's text.
@@ -194,7 +258,7 @@ void Tip(const QString& folder, int records) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const QCoreApplication app(argc, argv);
+  TimedApplication app(argc, argv);
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.size() != 4) return 2;
   const QString& job = arguments.at(1);
@@ -208,11 +272,16 @@ int main(int argc, char** argv) {
     Tip(folder, records);
     return 0;
   }
+  if (job == "add"_L1 || job == "update"_L1) {
+    Saver saver(folder, ChangedCalls(records, job == "add"_L1));
+    std::printf("%s\n", saver.Run(app).constData());
+    return 0;
+  }
   QElapsedTimer timer;
   timer.start();
   const QHash<QString, int (*)(const QString&, int)> jobs{{u"find"_s, FindOwn},     {u"find-peer"_s, FindPeer},
                                                           {u"places"_s, PlacesOwn}, {u"places-peer"_s, PlacesPeer},
-                                                          {u"add"_s, AddOwn},       {u"add-peer"_s, AddPeer}};
+                                                          {u"add-peer"_s, AddPeer}, {u"update-peer"_s, UpdatePeer}};
   if (!jobs.contains(job)) return 2;
   const int count = jobs.value(job)(folder, records);
   std::printf("ms=%.1f count=%d\n", static_cast<double>(timer.nsecsElapsed()) / 1e6, count);
