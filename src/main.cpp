@@ -21,7 +21,9 @@ int main(int argc, char** argv) {
   AccessibleCell::Install();
   AccessibleMenuOwner::Install();
 
-  const RunSettings run = RunSettings::OfUser();
+  SystemClock systemClock;
+  RunSettings run = RunSettings::OfUser();
+  run.systemClock = &systemClock;
   // Before the first file is touched, because a second instance must change no file of the first.
   InstanceLock lock(run.appDataDir);
   const bool anotherRuns = !lock.Acquire();

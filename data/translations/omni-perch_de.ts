@@ -214,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Neue Version</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -226,6 +233,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Diese Dateien konnten nicht geschrieben werden: %1. Die neuen Namen und Plätze gelten, solange das Programm läuft; beim Beenden versucht es das noch einmal.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Alle entfernen</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Alle behalten</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Die Änderungen wurden nicht vorgenommen, da diese Dateien nicht geschrieben werden konnten:</translation>
     </message>
 </context>
 <context>
@@ -256,6 +281,10 @@
     <message>
         <source>More</source>
         <translation>Mehr</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>Die Stationsliste des Autors wurde verglichen</translation>
     </message>
 </context>
 <context>

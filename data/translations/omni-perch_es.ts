@@ -214,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Nueva versión</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -226,6 +233,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>No se han podido escribir estos archivos: %1. Los nuevos nombres y lugares valen mientras el programa esté abierto; al cerrarse lo intentará de nuevo.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Eliminar todos</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Conservar todos</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>No se hicieron los cambios porque no se pudieron escribir estos archivos:</translation>
     </message>
 </context>
 <context>
@@ -256,6 +281,10 @@
     <message>
         <source>More</source>
         <translation>Más</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>Se ha comparado la lista de estaciones del autor</translation>
     </message>
 </context>
 <context>

@@ -214,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Nouvelle version</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -226,6 +233,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Ces fichiers n&apos;ont pas pu être écrits : %1. Les nouveaux noms et places valent tant que le programme tourne ; il essaiera de nouveau en se fermant.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Tout supprimer</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Tout conserver</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Les modifications n&apos;ont pas été faites, car ces fichiers n&apos;ont pas pu être écrits :</translation>
     </message>
 </context>
 <context>
@@ -256,6 +281,10 @@
     <message>
         <source>More</source>
         <translation>Plus</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>La liste de stations de l&apos;auteur a été comparée</translation>
     </message>
 </context>
 <context>

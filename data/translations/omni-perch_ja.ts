@@ -211,6 +211,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>新しいバージョン</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -223,6 +230,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>書き込めなかったファイル: %1。新しい名前と順番はプログラムの実行中は有効で、終了時にもう一度保存を試みます。</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>すべて削除</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>すべて残す</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>次のファイルを書き込めなかったため、変更は行われませんでした:</translation>
     </message>
 </context>
 <context>
@@ -253,6 +278,10 @@
     <message>
         <source>More</source>
         <translation>その他</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>作者のサイト一覧と照合しました</translation>
     </message>
 </context>
 <context>

@@ -214,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Nieuwe versie</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -226,6 +233,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Deze bestanden konden niet worden geschreven: %1. De nieuwe namen en plaatsen gelden zolang het programma loopt; bij het sluiten probeert het dat opnieuw.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Alle verwijderen</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Alle behouden</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>De wijzigingen zijn niet aangebracht, omdat deze bestanden niet konden worden geschreven:</translation>
     </message>
 </context>
 <context>
@@ -256,6 +281,10 @@
     <message>
         <source>More</source>
         <translation>Meer</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>De stationslijst van de auteur is vergeleken</translation>
     </message>
 </context>
 <context>

@@ -217,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Nowa wersja</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -229,6 +236,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Nie udało się zapisać tych plików: %1. Nowe nazwy i miejsca obowiązują, dopóki program działa; przy zamykaniu spróbuje ponownie.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Usuń wszystkie</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Zachowaj wszystkie</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Zmian nie wprowadzono, ponieważ nie można było zapisać tych plików:</translation>
     </message>
 </context>
 <context>
@@ -259,6 +284,10 @@
     <message>
         <source>More</source>
         <translation>Więcej</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>Lista stacji autora została porównana</translation>
     </message>
 </context>
 <context>

@@ -217,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form22</name>
+    <message>
+        <source>New version</source>
+        <translation>Новая версия</translation>
+    </message>
+</context>
+<context>
     <name>Form5</name>
     <message>
         <source>Close without saving</source>
@@ -229,6 +236,24 @@
     <message>
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Не удалось записать эти файлы: %1. Новые названия и места действуют, пока программа работает; при закрытии она попробует ещё раз.</translation>
+    </message>
+</context>
+<context>
+    <name>Form6</name>
+    <message>
+        <source>Remove all</source>
+        <translation>Удалить все</translation>
+    </message>
+    <message>
+        <source>Keep all</source>
+        <translation>Оставить все</translation>
+    </message>
+</context>
+<context>
+    <name>MainUpdates</name>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Изменения не внесены, так как не удалось записать эти файлы:</translation>
     </message>
 </context>
 <context>
@@ -259,6 +284,10 @@
     <message>
         <source>More</source>
         <translation>Ещё</translation>
+    </message>
+    <message>
+        <source>The author&apos;s list of sites has been compared</source>
+        <translation>Список станций автора сверен</translation>
     </message>
 </context>
 <context>

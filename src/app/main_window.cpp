@@ -46,6 +46,7 @@ Form1::Form1(Services& services)
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
   setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
                              [this]() { received_->ShowOwnLocation(); }});
+  updates_ = new MainUpdates({services, logic_, *pic_, *windows_, setup_->Backups(), this});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());
   setMinimumSize(480, 160);
@@ -61,6 +62,9 @@ Form1::~Form1() = default;
 
 void Form1::ConnectSignals() {
   emptyPage_->FollowInTabOrder(pic_->lblSetup);
+  connect(emptyPage_, &EmptyPage::AuthorListWanted, &updates_->Check(), &UpdateCheck::FetchList);
+  connect(&updates_->Check(), &UpdateCheck::ListCame, emptyPage_, &EmptyPage::AuthorListCame);
+  connect(&updates_->Check(), &UpdateCheck::ListFailed, emptyPage_, &EmptyPage::AuthorListFailed);
   connect(&logic_.mover, &PageMover::Applied, this, [this]() {
     if (closing_ == Closing::No) MnuPagesClick(0);
     // The change of the page has polled it.
@@ -195,16 +199,10 @@ void Form1::ConnectionAnswered(bool reached) {
   QTimer::singleShot(kPaintFirst, this, &Form1::StartWork);
 }
 
-void Form1::AskTime() {
-  // Asked with or without a connection; the answer comes under the key "20".
-  if (!services_.run.hosts.Time.isEmpty())
-    logic_.ucUpdates.DownloadFile(services_.run.hosts.Time + u"/cgi-bin/timer.pl"_s, u"20"_s);
-}
-
 void Form1::StartWork() {
   if (closing_ != Closing::No) return;
   PageState& page = program_.page;
-  AskTime();
+  updates_->AskTime();
   page.SelectedSlot = -1;
   logic_.poll.StopRefreshTimers();
   logic_.poll.FirstPoll();
@@ -389,6 +387,7 @@ void Form1::FirstClosingStep() {
   const auto sendClosed = [this]() { received_->SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
   cams_->Stop();
+  updates_->Stop();
   message_ = std::make_unique<frmShowMsg>(program_.config.GuiMode, this);
   message_->ShowMsg(u" "_s + program_.language[TextLine::kClosingText] + u" "_s, kClosingGreen);
   QTimer::singleShot(services_.run.closingPause, this, &Form1::SecondClosingStep);

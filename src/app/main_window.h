@@ -11,6 +11,7 @@
 #include "app/empty_page.h"
 #include "app/load_sequence.h"
 #include "app/main_cams.h"
+#include "app/main_updates.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
 #include "app/received_ok.h"
@@ -47,6 +48,7 @@ class Form1 : public QWidget {
   void ReloadPage() { logic_.poll.ReloadPage(); }
 
   PageLogic& Logic() { return logic_; }
+  MainUpdates& Updates() { return *updates_; }
   Windows& AllWindows() { return *windows_; }
 
  Q_SIGNALS:
@@ -75,7 +77,6 @@ class Form1 : public QWidget {
   void ShowWindow();
   void ConnectionAnswered(bool reached);
   void StartWork();
-  void AskTime();
   // Places bar, page, and UndoLine, the last only while there is a change to undo.
   void PlaceChildren();
   void ShowBusy(bool busy);
@@ -105,6 +106,7 @@ class Form1 : public QWidget {
   StationCalls* stations_ = nullptr;
   ReceivedOk* received_ = nullptr;
   MainCams* cams_ = nullptr;
+  MainUpdates* updates_ = nullptr;
   SetupWindows* setup_ = nullptr;
   std::unique_ptr<frmShowMsg> message_;
   QTimer showTimer_;

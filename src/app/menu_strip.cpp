@@ -56,7 +56,8 @@ MenuStrip::MenuStrip(QWidget* parent)
       lblOnAirNow(new BarLabel(u"lblOnAirNow"_s, this)),
       lblPropagation(new BarLabel(u"lblPropagation"_s, this)),
       lblSetup(new BarLabel(u"lblSetup"_s, this)),
-      lblMore(new BarLabel(u"lblMore"_s, this)) {
+      lblMore(new BarLabel(u"lblMore"_s, this)),
+      pic1(new QWidget(this)) {
   setObjectName(u"Pic"_s);
   imgRefresh->setObjectName(u"imgRefresh"_s);
   imgRefresh->hide();
@@ -65,6 +66,16 @@ MenuStrip::MenuStrip(QWidget* parent)
   cmdGo->setObjectName(u"cmdGo"_s);
   cmdGo->setText(u"Go"_s);
   lblMore->hide();
+  pic1->setObjectName(u"pic1"_s);
+  pic1->setAutoFillBackground(true);
+  pic1->hide();
+}
+
+void MenuStrip::ShowListSign(bool isPrimary) {
+  QPalette colours = pic1->palette();
+  colours.setColor(QPalette::Window, isPrimary ? Qt::white : Qt::yellow);
+  pic1->setPalette(colours);
+  pic1->show();
 }
 
 int MenuStrip::BarHeight() const {
@@ -84,6 +95,8 @@ void MenuStrip::SetTexts(const LanguageTexts& texts) {
   txtCall->setToolTip(texts[TextLine::kCallFieldName]);
   cmdGo->setAccessibleName(texts[TextLine::kLookUpName]);
   imgRefresh->setAccessibleName(texts[TextLine::kBusyName]);
+  pic1->setAccessibleName(tr("The author's list of sites has been compared"));
+  pic1->setToolTip(pic1->accessibleName());
 }
 
 QList<MenuEntry> MenuStrip::MoreEntries() const {
@@ -163,6 +176,7 @@ MenuStrip::Fit MenuStrip::FitLabels() const {
 void MenuStrip::Arrange() {
   const Fit fit = FitLabels();
   const QList<BarLabel*> movable = Movable();
+  pic1->setGeometry(0, 0, kMargin - 1, height());
   for (BarLabel* label : movable) label->SetMoved(fit.moved.contains(label));
   lblMore->setVisible(!fit.moved.isEmpty());
   int left = kMargin;

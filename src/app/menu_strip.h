@@ -24,6 +24,9 @@ class MenuStrip : public QWidget {
   int BarHeight() const;
   void SetTexts(const LanguageTexts& texts);
 
+  // Colours pic1 as the sign that the author's list of sites has come.
+  void ShowListSign(bool isPrimary);
+
   // The labels that are in the menu of lblMore at present, in the order of the bar.
   QList<MenuEntry> MoreEntries() const;
   // Presses one of them, by the index of its entry.
@@ -41,6 +44,7 @@ class MenuStrip : public QWidget {
   BarLabel* lblPropagation;
   BarLabel* lblSetup;
   BarLabel* lblMore;
+  QWidget* pic1;  // a stripe at the left edge, in the height of the bar; hidden until the list of sites has come
 
  protected:
   bool event(QEvent* event) override;

@@ -30,7 +30,6 @@ struct PageLogic {
   ThumbGrid grid;
   ucCkNew ucCkNew1;
   UserControl1 ucDnLoad;
-  UserControl1 ucUpdates;
   SlotPictures files;
   PictureIntake intake;
   NewImageCheck check;

@@ -21,6 +21,7 @@
 #include "platform/picture/page_text_tool.h"
 #include "platform/picture/picture_tool.h"
 #include "platform/settings_store.h"
+#include "platform/system_clock.h"
 #include "ui/commands.h"
 #include "ui/dialogs.h"
 
@@ -32,6 +33,7 @@ struct RunSettings {
   QString socketDir;   // folder of the companion program's socket
   Hosts hosts;
   UrlLimits limits;
+  SystemClock* systemClock = nullptr;  // set by the answer of the time service; nullptr: never
   std::chrono::milliseconds closingPause = std::chrono::seconds(1);  // one second of the closing sequence
 
   // The settings of the user who runs the program.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "cams/cam_round.h"
 
+#include <QSet>
 #include <utility>
 
 #include "page/cam_light.h"
@@ -97,6 +98,29 @@ void CamRound::RoundDue(int kind) {
     PollAllCams();
   } else {
     PollPageCams();
+  }
+}
+
+void CamRound::ListFailed() {
+  if (!program_.page.OnDsstvPage()) return;
+  program_.page.CamPollDue = false;
+  if (program_.config.CamMode > 1) return;
+  const bool isRunning = CamsFinished < CamsRequested;
+  if (program_.config.CamMode == 1 && !isRunning) return PollPageCams();
+  const QStringList before = program_.sites.lstCams;
+  program_.sites.ListCams(program_.config.CamMode == 1 ? program_.page.CurrentPage : 0);
+  if (isRunning) KeepMarks(before);
+  Q_EMIT ListChanged();
+  if (!isRunning) PollAllCams();
+}
+
+// The cams that have answered in the present round are not asked again in it.
+void CamRound::KeepMarks(const QStringList& before) {
+  QStringList& list = program_.sites.lstCams;
+  const QSet<QString> isListed(list.cbegin(), list.cend());
+  for (const QString& item : before) {
+    const QString call = item.chopped(2);
+    if (isListed.contains(call + "*Y"_L1)) program_.sites.SetCamMark(call, item.back());
   }
 }
 

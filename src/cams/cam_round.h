@@ -28,6 +28,9 @@ class CamRound : public QObject {
   void PollPageCams();
   // A round falls due. During one it waits for that one's end.
   void RoundDue(int kind);
+  // The author's list could not be read, with which a cam round would have come: the list of cams is made anew, and a
+  // round begins unless one is under way.
+  void ListFailed();
   // Another page, or the same in another layout, is on the screen: a round over the page's cams is for that one.
   void PageChanged();
   // The menu mnuRefresh: all lights turn yellow, and a round begins a moment later.
@@ -75,6 +78,7 @@ class CamRound : public QObject {
   void Mark(int site, QChar mark);
   void Ask(int site);
   void HideLights();
+  void KeepMarks(const QStringList& before);
   void BeginCount();
   void ShowLabel(bool shown);
 

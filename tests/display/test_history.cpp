@@ -147,8 +147,9 @@ class TestHistory : public QObject {
         const int asked = f.first.TotalRequests();
         const int answered = f.history->Answered();
         // A read of another site shows that the event loop has gone on.
-        QSignalSpy done(&f.logic->ucUpdates, &UserControl1::PictureReady);
-        f.logic->ucUpdates.DownloadFile(f.second.Url(), u"20"_s);
+        UserControl1 another(f.network);
+        QSignalSpy done(&another, &UserControl1::PictureReady);
+        another.DownloadFile(f.second.Url(), u"20"_s);
         QVERIFY(done.wait());
         QVERIFY(f.first.TotalRequests() <= asked + 6);  // six were on their way
         QCOMPARE(f.history->Answered(), answered);

@@ -37,6 +37,7 @@ struct WindowFixture {
   StandingClock clock;
   Hosts hosts;
   std::chrono::milliseconds closingPause{20};
+  SystemClock* systemClock = nullptr;  // never the real one
   QString decoder = QStringLiteral(PICTURE_TOOL);
   std::unique_ptr<Services> services;
   std::unique_ptr<Form1> form;
@@ -82,6 +83,7 @@ struct WindowFixture {
                                                       .socketDir = folder.path(),
                                                       .hosts = hosts,
                                                       .limits = QuickLimits(),
+                                                      .systemClock = systemClock,
                                                       .closingPause = closingPause},
                                           dialogs, clock);
     form = std::make_unique<Form1>(*services);

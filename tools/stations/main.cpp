@@ -14,6 +14,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "author_pages.h"
 #include "companion.h"
 #include "demo_folder.h"
 #include "own_pictures.h"
@@ -150,6 +151,7 @@ int main(int argc, char** argv) {
                       {u"new-every"_s, u"A new picture somewhere every <seconds>; 0 for none."_s, u"seconds"_s, u"0"_s},
                       {u"companion"_s, u"Report receptions by the sockets in <dir>."_s, u"dir"_s},
                       {u"random"_s, u"Which stations receive them."_s, u"number"_s, u"1"_s},
+                      {u"updates"_s, u"The author's list differs from the seeded sites, and a newer version is out."_s},
                       {u"latency"_s, u"Milliseconds before each answer."_s, u"ms"_s, u"0"_s}});
   options.process(app);
   if (!options.isSet(u"seed"_s) && !options.isSet(u"serve"_s)) options.showHelp(1);
@@ -157,6 +159,11 @@ int main(int argc, char** argv) {
   StationBand band(options.value(u"port"_s).toUShort());
   const QDateTime now = QDateTime::currentDateTimeUtc();
   const Demo demo = BuildDemo(band, now);
+  if (options.isSet(u"updates"_s)) {
+    Host* author = band.FindHost(u"Author"_s);
+    author->SetAnswer(kUpdatesPath, {200, "text/plain", UpdatesFile(ChangedDemo(demo, now.date())), {}});
+    author->SetAnswer({}, {200, "text/html", VersionPage(u"6.51"_s), {}});
+  }
   if (options.isSet(u"seed"_s) && !SeedFolder(options.value(u"seed"_s), band, demo, now)) {
     std::fprintf(stderr, "cannot write to %s\n", qPrintable(options.value(u"seed"_s)));
     return 1;

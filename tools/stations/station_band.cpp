@@ -5,6 +5,7 @@
 #include <QImage>
 #include <algorithm>
 
+#include "author_pages.h"
 #include "callbook_host.h"
 #include "on_air_pages.h"
 #include "picture_store.h"
@@ -61,11 +62,6 @@ int NumberIn(const QString& path, QLatin1StringView before, QLatin1StringView be
 QByteArray TimePage() {
   const QString now = QLocale::c().toString(QDateTime::currentDateTimeUtc(), u"MMM. dd, hh:mm:ss"_s);
   return "<html><body><h3>What time is it?</h3><BR>" + now.toLatin1() + " UTC\t\tUniversal Time\n</body></html>\n";
-}
-
-QByteArray BadCallsList() {
-  return "BBZW\r\nBKZKY\r\nBITEME\r\nB1TEME\r\nCallsign\r\nDEN4CTFK\r\nFAWA\r\nFCR16\r\nFCR16B\r\nFFQKY\r\nIGNORED\r\n"
-         "KX4QRT\r\nLBZW\r\nMARS\r\nN0CALL\r\nNOCALL\r\nXMOP";
 }
 
 }  // namespace
@@ -178,10 +174,8 @@ StationBand::StationBand(quint16 port, QObject* parent) : QObject(parent), port_
   AddPageHost(u"Connectivity"_s)->SetPage({}, [] { return QByteArray("<html><body>Search the web</body></html>\n"); });
   AddPageHost(u"Time"_s)->SetPage(u"cgi-bin/timer.pl"_s, TimePage);
   PageHost* author = AddPageHost(u"Author"_s);
-  author->SetPage({}, [] {
-    return QByteArray("<html><body><h2>Download</h2><p>Omni-Perch ver 6.50, released 1/24/24</p></body></html>\n");
-  });
-  author->SetPage(u"zz9qx/Bad Calls/Bad Calls.txt"_s, BadCallsList);
+  author->SetPage({}, [] { return VersionPage(u"6.50"_s); });
+  author->SetPage(kBadCallsPath, BadCallsList);
   AddServices();
 }
 
