@@ -127,7 +127,7 @@ QString LoadSequence::ChangeLanguage(const QString& name) {
 
 void LoadSequence::OvertakeWriting() {
   const QMutexLocker lock(&writing_->mutex);
-  ++writing_->newest;
+  ++writing_->atOnce;
 }
 
 void LoadSequence::SaveAfterPoll(Background& background, QObject* context) {
@@ -137,10 +137,10 @@ void LoadSequence::SaveAfterPoll(Background& background, QObject* context) {
   written_ = changing;
   background.Run<bool>(
       context,
-      [writing = writing_, mine = ++writing_->newest, save = lists_.SaveLater(program_.config.ThumbLayout),
+      [writing = writing_, mine = writing_->atOnce.load(), save = lists_.SaveLater(program_.config.ThumbLayout),
        heights = heights_, folder = program_.AppDataDir]() {
         const QMutexLocker lock(&writing->mutex);
-        if (writing->newest != mine) return false;
+        if (writing->atOnce != mine) return false;
         save();
         return heights.Write(folder);
       },
@@ -165,9 +165,9 @@ void LoadSequence::SaveBeside(const std::optional<WindowPlacement>& placement,
   const auto write = SaveAllStateLater(program_, lists_, store_, placement, inform);
   background.Run<QStringList>(
       context,
-      [writing = writing_, mine = ++writing_->newest, write]() {
+      [writing = writing_, mine = writing_->atOnce.load(), write]() {
         const QMutexLocker lock(&writing->mutex);
-        return writing->newest == mine ? write() : QStringList();
+        return writing->atOnce == mine ? write() : QStringList();
       },
       saved);
 }

@@ -65,11 +65,12 @@ class LoadSequence {
   std::optional<WindowPlacement> StoredPlacement() const { return placement_; }
 
  private:
-  // Shared with the jobs that write beside the event loop. A job writes under the mutex, and only while its number is
-  // the newest: once somebody else has written the state, the job's copy is out of date.
+  // Shared with the jobs that write beside the event loop. They run in the order in which they were asked for, so that
+  // the newest copy of the state is written last. A job writes under the mutex, and nothing once the state has been
+  // written at once after it was asked for: its copy is out of date then.
   struct Writing {
     QMutex mutex;
-    std::atomic<int> newest = 0;
+    std::atomic<int> atOnce = 0;  // how often the state was written on the event loop
   };
   void OvertakeWriting();
   void MakeFolders();
