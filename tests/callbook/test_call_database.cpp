@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The call database against a plain model of the file: records in memory, bisected, sorted and copied one by one.
+#include <sys/resource.h>
+
 #include <QDateTime>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <csignal>
 
 #include "callbook/call_database.h"
 #include "database_files.h"
@@ -251,6 +254,83 @@ class TestCallDatabase : public QObject {
     QCOMPARE(database.DbCurrent.Name.Text(), u"third"_s);
     QVERIFY(database.file.DeleteRecord(call(1)).durable);
     QCOMPARE(database.FindRecord(call(299)), 149);
+  }
+
+  void AnswersWhenAChangeIsOnTheDisk() {
+    const TestFolder folder;
+    CallDatabase database(folder.path());
+    QObject context;
+    QStringList answers;
+    const auto save = [&](const QString& call, int version) {
+      database.SaveStation(call, VersionOf(call, version), &context,
+                           [&, call](bool durable) { answers += call + (durable ? u'+' : u'-'); });
+    };
+    const auto version = [&](const QString& call) {
+      return database.FindRecord(call) > 0 ? Version(database.DbCurrent) : 0;
+    };
+    save(u"ZZ2"_s, 1);
+    save(u"ZZ1"_s, 2);
+    save(u"ZZ2"_s, 3);
+    QTRY_COMPARE(answers, QStringList({u"ZZ2+"_s, u"ZZ1+"_s, u"ZZ2+"_s}));
+    QCOMPARE(version(u"ZZ1"_s) * 10 + version(u"ZZ2"_s), 23);
+    QCOMPARE(database.FindRecord(u"ZZ2"_s), 2);  // as if sorted
+    QVERIFY(folder.Bytes(kFile).startsWith("ZZ2"));
+    QTRY_VERIFY(folder.Bytes(kFile).startsWith("ZZ1"));
+
+    // Another file in its place, while a record is not yet sorted into the old one.
+    save(u"ZZ0"_s, 4);
+    QTRY_COMPARE(answers.size(), 4);
+    folder.Put(u"copy"_s, Stored("ZZ7") + Stored("ZZ8"));
+    QVERIFY(QFile::rename(folder.filePath(u"copy"_s), folder.filePath(u"other"_s)) &&
+            ::rename(qPrintable(folder.filePath(u"other"_s)), qPrintable(folder.filePath(kFile))) == 0);
+    QCOMPARE(version(u"ZZ0"_s), 0);
+    save(u"ZZ5"_s, 5);
+    QVERIFY(database.Finish());
+    QCOMPARE(folder.Bytes(kFile).size(), 3 * kRecordSize);
+    QCOMPARE(database.FindRecord(u"ZZ8"_s), 3);
+    QCOMPARE(folder.Files(), QStringList{kFile});
+
+    // Many: changed, added, twice in the list, and one that is too long to be found.
+    QList<StationRecord> stations;
+    for (int i = 0; i < 1100; ++i) {
+      const QString call = u"K%1"_s.arg(i % 1090, 4, 10, QChar(u'0'));
+      stations.append({call, VersionOf(call, i)});
+    }
+    stations.append({u"ZZ8"_s, VersionOf(u"ZZ8"_s, 7)});
+    stations.append({u"K000312"_s, VersionOf(u"K000312"_s, 8)});
+    database.SaveStations(stations);
+    QVERIFY(database.Finish());
+    QCOMPARE(database.RecordCount(), 1090 + 3 + 1);
+    QCOMPARE(version(u"K0005"_s) + version(u"ZZ8"_s), 1095 + 7);
+    // One by one, beyond the longest tail.
+    for (int i = 0; i < 1100; ++i) save(u"A%1"_s.arg(i * 7 % 1100, 4, 10, QChar(u'0')), i);
+    QTRY_VERIFY_WITH_TIMEOUT(answers.contains(u"A1093+"_s), 60000);
+    QCOMPARE(database.FindRecord(u"A0693"_s), 694);
+  }
+
+  // A disk that takes a part of a record, and a redo file that cannot be written.
+  void LeavesTheFileAsItIsWhenItCannotWrite() {
+    const TestFolder folder;
+    Files database(folder.path());
+    QVERIFY(database.file.SaveStation(u"ZZ2"_s, VersionOf(u"ZZ2"_s, 1)));
+    const QByteArray before = folder.Bytes(kFile);
+    rlimit limit{};
+    QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const auto former = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit full{450, limit.rlim_max};  // the redo record fits, and a part of a third record
+    for (const QString& call : {u"ZZ3"_s, u"ZZ4"_s}) {
+      QCOMPARE(::setrlimit(RLIMIT_FSIZE, &full), 0);
+      const bool saved = database.file.SaveStation(call, VersionOf(call, 1));
+      QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
+      QCOMPARE(saved, call == u"ZZ3"_s);
+    }
+    std::signal(SIGXFSZ, former);
+    QCOMPARE(folder.Bytes(kFile).size(), 2 * kRecordSize);
+    QVERIFY(folder.Bytes(kFile).startsWith(before) && database.FindRecord(u"ZZ4"_s) == 0);
+    QVERIFY(database.file.Close());
+    folder.PutFolder(u"Omni-Perch-DB.redo"_s);
+    QVERIFY(!database.file.SaveStation(u"ZZ4"_s, VersionOf(u"ZZ4"_s, 1)));
+    QCOMPARE(folder.Bytes(kFile).size(), 2 * kRecordSize);
   }
 
   // The demo's file is written by other code than reads it; repeated it is longer than what FillCallList reads at once.
