@@ -213,6 +213,8 @@ int EmptyPage::Fit(const Density& density) {
     Arrange(columns);
     if (minimumSizeHint().width() <= density.widest) break;
   }
+  // Otherwise the row of the copy would be as high as for its former text.
+  layout()->activate();
   const int width = std::max(density.widest, minimumSizeHint().width());
   const int height = layout()->totalHeightForWidth(width);
   resize(width, height > 0 ? height : sizeHint().height());

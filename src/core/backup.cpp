@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <array>
+#include <cerrno>
 #include <utility>
 
 #include "platform/paths.h"
@@ -37,7 +38,7 @@ QString CopyFile(const QString& from, const QString& to) {
     const QByteArray block = source.read(kBlock);
     if (block.isEmpty()) return source.errorString();
     // commit() alone would not see that what it flushes does not fit on the disk.
-    if (copy.write(block) != block.size() || !copy.flush()) return copy.errorString();
+    if (copy.write(block) != block.size() || !copy.flush()) return qt_error_string(errno);
   }
   return copy.commit() ? QString() : copy.errorString();
 }

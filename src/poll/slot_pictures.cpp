@@ -228,9 +228,7 @@ void SlotPictures::Move(int page, const QList<QPair<int, int>>& moves) {
 }
 
 void SlotPictures::MovePages(const QList<int>& pageBefore, const std::function<void()>& moved) {
-  for (auto& [place, wanted] : wanted_) {
-    if (place / 100 < PageState::WxPage) Withdraw(place / 100, place % 100);
-  }
+  WithdrawAll();
   pagesMove_ = true;
   const QString pictures = program_.AppDataDir + u"/images/dsstv"_s;
   background_.Run<bool>(

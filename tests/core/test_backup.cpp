@@ -100,6 +100,7 @@ class TestBackup : public QObject {
     const BackupResult result = WithoutRoom([&f]() { return f.Make(); });
     QCOMPARE(result.failed.size(), 2);
     QVERIFY(result.failed.value(0).startsWith(f.folder.filePath(u"Backups/Omni-Perch.lst: "_s)));
+    QVERIFY(!result.failed.value(0).contains(u"Unknown"_s));
     QVERIFY(result.folder.isEmpty());
     QCOMPARE(f.folder.Bytes(u"Backups/Omni-Perch.lst"_s), "first"_ba);
     QCOMPARE(f.Copies(), QStringList{u"2026-03-15-120000"_s});
