@@ -3,6 +3,7 @@
 #include "app/author_pages.h"
 #include "app/new_version_window.h"
 #include "author_pages.h"
+#include "no_room.h"
 #include "sites/list_changes_window.h"
 #include "window_fixture.h"
 
@@ -129,6 +130,23 @@ class TestUpdateCheck : public QObject {
       QCOMPARE(f.Changes()->findChild<ChangeList*>(u"List1"_s)->Model().rowCount(), 1);
       QCOMPARE(f.Changes()->findChild<ChangeList*>(u"List2"_s)->Model().rowCount(), 0);
     }
+  }
+
+  // A full disk: the tables stay as they were, and a box names the file.
+  void NamesWhatCannotBeWritten() {
+    UpdateFixture f;
+    for (int i = 0; i < 40; ++i) f.list.sites.push_back({u"ZZ9A%1"_s.arg(i), u"http://127.0.0.1:9/image1"_s, {}, {}});
+    f.Serve(UpdatesFile(f.list));
+    QVERIFY(f.StartAndPoll());
+    f.EndFirstPoll();
+    QTRY_VERIFY(f.Changes() != nullptr && f.Changes()->isVisible());
+    QVERIFY(WithoutRoom([&f]() {
+      f.Changes()->close();
+      return QTest::qWaitFor([&f]() { return !f.dialogs.told.isEmpty(); });
+    }));
+    QVERIFY2(f.dialogs.told.first().contains(u"Omni-Perch.lst"_s), qPrintable(f.dialogs.told.first()));
+    QCOMPARE(f.Calls(), (QStringList{u"ZZ1AA"_s, u"ZZ2BB"_s}));
+    f.dialogs.told.clear();
   }
 
   // Without a list of sites a cam round begins; a failure under any other key says nothing and changes nothing.

@@ -88,7 +88,8 @@ bool MakeFolder(const QString& folder, const QByteArray& hosts) {
     sites += SiteCall(i).toLatin1() + "*******10*20**\r\n" + QByteArray(kUrl.data()) + "\r\n";
   return QDir().mkpath(folder) && Write(folder + u"/Omni-Perch-DB.db"_s, records) &&
          Write(folder + u"/Omni-Perch.lst"_s, sites) && Write(folder + u"/WXsites.lst"_s, {}) &&
-         Write(folder + u"/Omni-Perch.cfg"_s, "1\r\n5\r\n1\r\n1\r\n0\r\nEnglish\r\n") &&
+         Write(folder + u"/Omni-Perch.cfg"_s,
+               "1\r\n5\r\n1\r\n1\r\n0\r\nEnglish\r\n50.1\r\n10.4\r\n0\r\n0\r\n1\r\nZZ9QX\r\n") &&
          Write(folder + u"/hosts.ini"_s, hosts);
 }
 
