@@ -17,7 +17,7 @@ if(TARGET omni_web)
 endif()
 install(PROGRAMS data/desktop/launcher.sh DESTINATION bin RENAME omni-perch)
 
-install(FILES data/Omni-Perch.cfg data/WXsites.lst data/Help.txt DESTINATION share/omni-perch)
+install(FILES data/Omni-Perch.cfg data/WXsites.lst data/Help.txt data/hosts.ini DESTINATION share/omni-perch)
 foreach(folder Languages Maps)
   if(EXISTS ${PROJECT_SOURCE_DIR}/data/${folder})
     install(DIRECTORY data/${folder} DESTINATION share/omni-perch)

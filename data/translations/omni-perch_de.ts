@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CallListModel</name>
+    <message>
+        <source>%1, edited</source>
+        <translation>%1, geändert</translation>
+    </message>
+</context>
+<context>
     <name>CamModel</name>
     <message>
         <source>on this page</source>
@@ -218,6 +225,33 @@
     <message>
         <source>New version</source>
         <translation>Neue Version</translation>
+    </message>
+</context>
+<context>
+    <name>Form26</name>
+    <message>
+        <source>Edited, not saved: %1</source>
+        <translation>Geändert, nicht gespeichert: %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>%1 was deleted</source>
+        <translation>%1 wurde gelöscht</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>%1 is in the database already. Replace its record by what the boxes show?</source>
+        <translation>%1 steht schon in der Datenbank. Den Eintrag durch die angezeigten Angaben ersetzen?</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CallListModel</name>
+    <message>
+        <source>%1, edited</source>
+        <translation>%1, modificado</translation>
+    </message>
+</context>
+<context>
     <name>CamModel</name>
     <message>
         <source>on this page</source>
@@ -218,6 +225,33 @@
     <message>
         <source>New version</source>
         <translation>Nueva versión</translation>
+    </message>
+</context>
+<context>
+    <name>Form26</name>
+    <message>
+        <source>Edited, not saved: %1</source>
+        <translation>Modificado, sin guardar: %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Descartar</translation>
+    </message>
+    <message>
+        <source>%1 was deleted</source>
+        <translation>%1 se ha borrado</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>%1 is in the database already. Replace its record by what the boxes show?</source>
+        <translation>%1 ya está en la base de datos. ¿Sustituir su registro por lo que muestran las casillas?</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CallListModel</name>
+    <message>
+        <source>%1, edited</source>
+        <translation>%1, modifié</translation>
+    </message>
+</context>
+<context>
     <name>CamModel</name>
     <message>
         <source>on this page</source>
@@ -218,6 +225,33 @@
     <message>
         <source>New version</source>
         <translation>Nouvelle version</translation>
+    </message>
+</context>
+<context>
+    <name>Form26</name>
+    <message>
+        <source>Edited, not saved: %1</source>
+        <translation>Modifié, non enregistré : %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>%1 was deleted</source>
+        <translation>%1 a été supprimé</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>%1 is in the database already. Replace its record by what the boxes show?</source>
+        <translation>%1 est déjà dans la base. Remplacer sa fiche par ce que montrent les champs ?</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CallListModel</name>
+    <message>
+        <source>%1, edited</source>
+        <translation>%1、変更あり</translation>
+    </message>
+</context>
+<context>
     <name>CamModel</name>
     <message>
         <source>on this page</source>
@@ -215,6 +222,33 @@
     <message>
         <source>New version</source>
         <translation>新しいバージョン</translation>
+    </message>
+</context>
+<context>
+    <name>Form26</name>
+    <message>
+        <source>Edited, not saved: %1</source>
+        <translation>変更あり、未保存: %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>%1 was deleted</source>
+        <translation>%1 を削除しました</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>%1 is in the database already. Replace its record by what the boxes show?</source>
+        <translation>%1 は既にデータベースにあります。表示中の内容で置き換えますか？</translation>
     </message>
 </context>
 <context>

@@ -16,6 +16,13 @@
     </message>
 </context>
 <context>
+    <name>CallListModel</name>
+    <message>
+        <source>%1, edited</source>
+        <translation>%1, gewijzigd</translation>
+    </message>
+</context>
+<context>
     <name>CamModel</name>
     <message>
         <source>on this page</source>
@@ -218,6 +225,33 @@
     <message>
         <source>New version</source>
         <translation>Nieuwe versie</translation>
+    </message>
+</context>
+<context>
+    <name>Form26</name>
+    <message>
+        <source>Edited, not saved: %1</source>
+        <translation>Gewijzigd, niet opgeslagen: %1</translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation>Opslaan</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerpen</translation>
+    </message>
+    <message>
+        <source>%1 was deleted</source>
+        <translation>%1 is verwijderd</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>%1 is in the database already. Replace its record by what the boxes show?</source>
+        <translation>%1 staat al in de database. Het record vervangen door wat de velden tonen?</translation>
     </message>
 </context>
 <context>

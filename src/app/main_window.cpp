@@ -45,7 +45,7 @@ Form1::Form1(Services& services)
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
   setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
-                             [this]() { received_->ShowOwnLocation(); }});
+                             [this]() { received_->ShowOwnLocation(); }, [this]() { pic_->txtCall->setFocus(); }});
   updates_ = new MainUpdates({services, logic_, *pic_, *windows_, setup_->Backups(), this});
   setObjectName(u"Form1"_s);
   setWindowTitle(Program::ProgVersion());

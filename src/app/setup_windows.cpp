@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include "callbook/database_editor_window.h"
 #include "callbook/own_location_window.h"
 #include "platform/paths.h"
 #include "sites/page_names_window.h"
@@ -30,6 +31,7 @@ constexpr auto kNoticeTime = 8s;
 const QList<SetupWindows::Row>& SetupWindows::Rows() {
   static const QList<Row> rows = {
       {1, WindowKind::OwnLocation, &SetupWindows::MakeOwnLocation},
+      {2, WindowKind::DatabaseEditor, &SetupWindows::MakeDatabaseEditor},
       {3, WindowKind::PageNames, &SetupWindows::MakePageNames},
   };
   return rows;
@@ -132,6 +134,14 @@ void SetupWindows::ShowHelp() {
   const QString path = ResolvePath(deps_.services.program.AppDataDir, u"Help.txt"_s);
   if (QFileInfo::exists(path) && QDesktopServices::openUrl(QUrl::fromLocalFile(path))) return;
   deps_.services.dialogs.Inform(deps_.mainWindow, tr("The help could not be opened: %1").arg(path), false);
+}
+
+BaseWindow* SetupWindows::MakeDatabaseEditor() {
+  Services& s = deps_.services;
+  auto* window = new Form26({LookUps(), s.SignIn(), s.dialogs}, deps_.mainWindow);
+  connect(window, &Form26::Stored, &deps_.windows, &Windows::PlacesChanged);
+  connect(window, &BaseWindow::Closed, this, deps_.focusCallField);
+  return window;
 }
 
 void SetupWindows::ShowAbout() {

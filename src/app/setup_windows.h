@@ -27,6 +27,7 @@ class SetupWindows : public QObject {
     QWidget* mainWindow;
     std::function<void()> showReceivedOkMap;  // a click on lblMap
     std::function<void()> showOwnLocation;    // the own location has changed
+    std::function<void()> focusCallField;     // txtCall of the main window takes the focus
   };
 
   explicit SetupWindows(const Dependencies& dependencies);
@@ -49,6 +50,7 @@ class SetupWindows : public QObject {
   };
   static const QList<Row>& Rows();
   BaseWindow* MakeOwnLocation();
+  BaseWindow* MakeDatabaseEditor();
   LookupSession::Dependencies LookUps() const;
   BaseWindow* MakePageNames();
   Backup::Dependencies BackupNeeds();

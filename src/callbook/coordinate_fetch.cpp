@@ -11,6 +11,7 @@ namespace {
 
 constexpr int kCallook = 4;
 constexpr int kHamCall = 5;
+constexpr qsizetype kLongestShown = 30;  // letters of a call, or of a weather site's title, in a caption
 
 // A text as a call, with plain zeros; empty if it holds none.
 QString CallOf(QString text) {
@@ -93,9 +94,15 @@ bool CoordinateFetch::IsTyped() const {
 
 void CoordinateFetch::SetCall(const QString& shown) {
   if (shown == shown_) return;
-  shown_ = shown;
-  view_.busy = false;
-  ForgetAnswer();
+  const bool another = CallOf(shown) != CallOf(std::exchange(shown_, shown));
+  // Beside the caption the state is that of the service, whatever the call.
+  if (rules_.statusInCaption) statusLine_.reset();
+  if (another) {
+    message_ = Message::None;
+    view_.busy = false;
+  }
+  WriteTexts();
+  Q_EMIT Changed();
 }
 
 void CoordinateFetch::Fetch() {
@@ -248,8 +255,10 @@ void CoordinateFetch::WriteTexts() {
   const Program& program = deps_.program;
   view_.status = statusLine_ ? program.language[*statusLine_].trimmed() : QString();
   view_.message = MessageText();
-  const QString call = shown_.isEmpty() ? program.language[TextLine::kCallsignWord].trimmed() : shown_;
-  view_.caption = FetchCaption(program.language[rules_.caption], call, program.config.CallbookName, view_.status);
+  const QString call =
+      shown_.isEmpty() ? program.language[TextLine::kCallsignWord].trimmed() : shown_.left(kLongestShown);
+  const QString status = rules_.statusInCaption ? view_.status : QString();
+  view_.caption = FetchCaption(program.language[rules_.caption], call, program.config.CallbookName, status);
   if (rules_.failureInCaption && message_ != Message::None && message_ != Message::NoCall) {
     view_.caption += "\r\n"_L1 + view_.message;
   }

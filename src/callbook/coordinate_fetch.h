@@ -19,6 +19,7 @@ struct FetchRules {
   bool membersOnly = false;       // pages of eHam and QRZ, too, are read for a user who is logged in only
   bool usesSitePlace = false;     // a site's place stands in for coordinates that the service does not have
   bool keepsPicture = false;      // the operator's picture is stored
+  bool statusInCaption = true;    // the fetch button's caption has the login state
   bool failureInCaption = false;  // the caption, too, tells what was not found
   // How long the answer of Callook waits before it is taken; nothing else waits meanwhile.
   std::chrono::milliseconds callookPause{0};

@@ -40,24 +40,23 @@ Form11::Form11(const Dependencies& dependencies, QWidget* mainWindow)
                             {u"cmdGetLatLon"_s, u"Label4"_s, u"lblMsg"_s}, this)),
       lblGrid(PlainLabel(u"lblGrid"_s, this)),
       lblDx(PlainLabel(u"lblDx"_s, this)),
-      kilometres_(new QRadioButton(this)),
-      miles_(new QRadioButton(this)),
+      optMiKm{new QRadioButton(this), new QRadioButton(this)},
       lblLocalDB(PlainLabel(u"lblLocalDB"_s, this)),
       failure_(new SaveLine(this)),
       cmdClose(new QPushButton(this)) {
   setObjectName(u"Form11"_s);
-  kilometres_->setObjectName(u"optMiKm0"_s);
-  miles_->setObjectName(u"optMiKm1"_s);
+  optMiKm[0]->setObjectName(u"optMiKm0"_s);
+  optMiKm[1]->setObjectName(u"optMiKm1"_s);
   cmdClose->setObjectName(u"cmdClose"_s);
   MakeLayout();
   txtCall->setMaxLength(kCallLetters);
   txtCall->setText(program_.config.MyCall);
   place_->SetPlace(program_.config.MyLat, program_.config.MyLon);
   fetch_.SetCall(txtCall->text());
-  (program_.config.DistUnit == 1 ? miles_ : kilometres_)->setChecked(true);
+  optMiKm[program_.config.DistUnit == 1 ? 1 : 0]->setChecked(true);
   connect(txtCall, &QLineEdit::textChanged, this, &Form11::TakeCall);
   connect(place_, &FetchGroup::PlaceChanged, this, &Form11::TakePlace);
-  connect(miles_, &QRadioButton::toggled, this, [this](bool miles) { location_.SetUnit(miles); });
+  connect(optMiKm[1], &QRadioButton::toggled, this, [this](bool miles) { location_.SetUnit(miles); });
   connect(cmdClose, &QPushButton::clicked, this, &Form11::close);
   connect(failure_, &SaveLine::RetryWanted, this, &Form11::close);
   connect(failure_, &SaveLine::DiscardWanted, this, [this]() {
@@ -78,8 +77,7 @@ void Form11::MakeLayout() {
   call->addWidget(lblWrongCall_, 1);
   auto* unit = new QHBoxLayout;
   unit->addWidget(lblDx);
-  unit->addWidget(kilometres_);
-  unit->addWidget(miles_);
+  for (QRadioButton* button : optMiKm) unit->addWidget(button);
   unit->addStretch(1);
   unit->addWidget(lblGrid);
   auto* last = new QHBoxLayout;
@@ -95,7 +93,7 @@ void Form11::MakeLayout() {
   rows->addLayout(last);
   QList<QWidget*> chain{txtCall};
   chain += place_->TabChain();
-  chain += {kilometres_, miles_, cmdClose};
+  chain += {optMiKm[0], optMiKm[1], cmdClose};
   for (qsizetype i = 1; i < chain.size(); ++i) setTabOrder(chain[i - 1], chain[i]);
 }
 
@@ -112,9 +110,9 @@ void Form11::ShowTexts() {
   lblWrongCall_->setText(tr("Not a callsign; your own callsign stays as it is."));
   place_->ShowTexts();
   lblDx->setText(texts[TextLine::kDistanceLabel]);
-  kilometres_->setText(texts[TextLine::kKilometersWord].trimmed());
-  miles_->setText(texts[TextLine::kMilesWord].trimmed());
-  for (QRadioButton* button : {kilometres_, miles_}) {
+  optMiKm[0]->setText(texts[TextLine::kKilometersWord].trimmed());
+  optMiKm[1]->setText(texts[TextLine::kMilesWord].trimmed());
+  for (QRadioButton* button : optMiKm) {
     button->setAccessibleName(lblDx->text().trimmed() + u' ' + button->text());
   }
   const int records = location_.RecordCount();

@@ -5,6 +5,7 @@
 
 #include <QLabel>
 #include <QRadioButton>
+#include <array>
 
 #include "callbook/coordinate_fetch.h"
 #include "callbook/fetch_group.h"
@@ -52,8 +53,7 @@ class Form11 : public SetupWindow {
   FetchGroup* place_;
   QLabel* lblGrid;
   QLabel* lblDx;
-  QRadioButton* kilometres_;  // optMiKm(0)
-  QRadioButton* miles_;       // optMiKm(1)
+  std::array<QRadioButton*, 2> optMiKm;  // kilometres, miles
   QLabel* lblLocalDB;
   SaveLine* failure_;
   QPushButton* cmdClose;

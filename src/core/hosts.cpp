@@ -17,20 +17,21 @@ struct HostRow {
   QLatin1String builtIn;
 };
 
-// The built-in names are neutral; which servers are asked is set in hosts.ini.
+// Public services are built in. What persons run is empty until the user writes it into hosts.ini. The connectivity
+// test asks a public site that will last.
 constexpr std::array<HostRow, 12> kHosts = {{
-    {"Connectivity"_L1, &Hosts::Connectivity, "https://www.example.org"_L1},
-    {"Author"_L1, &Hosts::Author, "https://author.example.org"_L1},
-    {"Time"_L1, &Hosts::Time, "https://time.example.org"_L1},
-    {"OnAirCgi"_L1, &Hosts::OnAirCgi, "https://onair.example.org"_L1},
-    {"OnAirText"_L1, &Hosts::OnAirText, "https://onair-text.example.org"_L1},
-    {"eHam"_L1, &Hosts::eHam, "http://eham.example.net"_L1},
-    {"QRZ"_L1, &Hosts::QRZ, "https://qrz.example.net"_L1},
-    {"QRZCQ"_L1, &Hosts::QRZCQ, "http://qrzcq.example.net"_L1},
-    {"Callook"_L1, &Hosts::Callook, "http://callook.example.net"_L1},
-    {"HamCall"_L1, &Hosts::HamCall, "http://hamcall.example.net"_L1},
-    {"Pictures"_L1, &Hosts::Pictures, "https://pictures.example.net"_L1},
-    {"Maps"_L1, &Hosts::Maps, "https://maps.example.org"_L1},
+    {"Connectivity"_L1, &Hosts::Connectivity, "https://www.wikipedia.org"_L1},
+    {"Author"_L1, &Hosts::Author, {}},
+    {"Time"_L1, &Hosts::Time, {}},
+    {"OnAirCgi"_L1, &Hosts::OnAirCgi, {}},
+    {"OnAirText"_L1, &Hosts::OnAirText, {}},
+    {"eHam"_L1, &Hosts::eHam, "http://www.eham.net"_L1},
+    {"QRZ"_L1, &Hosts::QRZ, "https://www.qrz.com"_L1},
+    {"QRZCQ"_L1, &Hosts::QRZCQ, "http://www.qrzcq.com"_L1},
+    {"Callook"_L1, &Hosts::Callook, "http://callook.info"_L1},
+    {"HamCall"_L1, &Hosts::HamCall, "http://hamcall.net"_L1},
+    {"Pictures"_L1, &Hosts::Pictures, "https://files.qrz.com"_L1},
+    {"Maps"_L1, &Hosts::Maps, "https://www.google.com"_L1},
 }};
 
 QString HostOf(QString value) {

@@ -20,7 +20,7 @@ struct Hosts {
   QString Pictures;  // pictures of operators
   QString Maps;
 
-  // The built-in addresses, overridden by those in hosts.ini in the data folder. A value that is no http or https
-  // address counts as empty.
+  // The built-in addresses of public services, overridden by those in hosts.ini in the data folder. A value that is no
+  // http or https address counts as empty.
   static Hosts Read(const QString& appDataDir);
 };

@@ -31,3 +31,19 @@ std::optional<QString> Nickname(const QStringList& lstNicknames, const QString& 
   }
   return {};
 }
+
+QString WholeNickname(const QStringList& lstNicknames, const QString& call) {
+  if (call.isEmpty()) return {};
+  for (const QString& row : lstNicknames) {
+    const QStringList fields = row.split(u'*');
+    if (fields.size() > 1 && fields[0].compare(call, Qt::CaseInsensitive) == 0) return fields[1];
+  }
+  return {};
+}
+
+void SetNickname(QStringList& lstNicknames, const QString& call, const QString& nickname) {
+  if (call.isEmpty()) return;
+  lstNicknames.removeIf(
+      [&call](const QString& row) { return row.section(u'*', 0, 0).compare(call, Qt::CaseInsensitive) == 0; });
+  if (!nickname.isEmpty()) lstNicknames.append(call + u'*' + nickname);
+}

@@ -22,3 +22,8 @@ bool WriteNicknames(const QString& appDataDir, const NicknameList& nicknames);
 // The nickname in the first row that begins with the call, without regard to letter case; nothing if there is no such
 // row or it has no nickname. A call that is the beginning of a longer one finds the row of that one.
 std::optional<QString> Nickname(const QStringList& lstNicknames, const QString& call);
+// The nickname in the row of exactly this call; empty without one. For the window that edits the nicknames, where the
+// row of a longer call would be the wrong one.
+QString WholeNickname(const QStringList& lstNicknames, const QString& call);
+// Replaces the nickname in the row of exactly this call; an empty one removes the row. Does nothing without a call.
+void SetNickname(QStringList& lstNicknames, const QString& call, const QString& nickname);

@@ -3,12 +3,10 @@
 // window all the same. A window that stores when it closes has one.
 #pragma once
 
-#include <QFrame>
-#include <QLabel>
-#include <QPushButton>
+#include "ui/action_line.h"
 
 // The line; hidden until a file could not be written.
-class SaveLine : public QFrame {
+class SaveLine : public ActionLine {
   Q_OBJECT
 
  public:
@@ -24,7 +22,4 @@ class SaveLine : public QFrame {
 
  private:
   QString path_;
-  QLabel* text_;
-  QPushButton* retry_;
-  QPushButton* discard_;
 };
