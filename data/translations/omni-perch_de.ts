@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Gekürzt: Es passen nur %1 Zeichen.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>* und Zeilenenden werden weggelassen.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Zeilenenden werden weggelassen.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -202,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Gesperrter Text %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -281,6 +303,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Speichern</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerfen</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Dieser Eintrag ist geändert und noch nicht gespeichert.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>Rufzeichen und Adresse dürfen nicht leer sein.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Einträge mit nicht gespeicherten Änderungen: %1. Trotzdem schließen?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Zurück</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -319,6 +368,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>Die Stationsliste des Autors wurde verglichen</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>%1 konnte nicht geschrieben werden: Ist der Datenträger voll oder der Ordner schreibgeschützt? Nichts wurde geändert; Ihre Eingaben bleiben hier stehen.</translation>
     </message>
 </context>
 <context>
@@ -440,6 +496,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Behalten, was auch immer die Liste des Servers sagt</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Die Adresse wird geprüft ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Bild gefunden, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Es kommt eine Antwort, aber kein Bild.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>Unter dieser Adresse antwortet niemand.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>Das ist keine Webadresse (http oder https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Abgefragt wird sie nur, wenn sie auf image1 endet.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, geändert, nicht gespeichert</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Nach Rufzeichen oder Adresse suchen</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -467,6 +565,18 @@
     <message>
         <source>Undo</source>
         <translation>Rückgängig</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 konnte nicht geschrieben werden.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1 wurde aus der Liste der Stationen entfernt</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Stationen hinzugefügt: %1, entfernt: %2</translation>
     </message>
 </context>
 <context>

@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Recortado: solo caben %1 caracteres.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>Se omiten * y los saltos de línea.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Se omiten los saltos de línea.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -202,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Texto bloqueado %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -281,6 +303,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Guardar</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Descartar</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Esta entrada ha cambiado y aún no se ha guardado.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>El indicativo y la dirección no pueden estar vacíos.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Entradas con cambios sin guardar: %1. ¿Cerrar de todos modos?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Volver</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -319,6 +368,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>Se ha comparado la lista de estaciones del autor</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>No se pudo escribir %1: ¿está lleno el disco o es la carpeta de solo lectura? No se ha cambiado nada; lo que ha escrito permanece aquí.</translation>
     </message>
 </context>
 <context>
@@ -440,6 +496,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Conservar, diga lo que diga la lista del servidor</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Comprobando la dirección ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Imagen encontrada, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Responde, pero sin imagen.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>Nadie responde en esta dirección.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>Esta no es una dirección web (http o https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Solo se consulta si termina en image1.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, cambiado, sin guardar</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Buscar por indicativo o dirección</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -467,6 +565,18 @@
     <message>
         <source>Undo</source>
         <translation>Deshacer</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>No se pudo escribir %1.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1 se ha eliminado de la lista de estaciones</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Estaciones añadidas: %1, eliminadas: %2</translation>
     </message>
 </context>
 <context>

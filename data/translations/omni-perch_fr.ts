@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Coupé : seuls %1 caractères tiennent.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>Les * et les fins de ligne sont omis.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Les fins de ligne sont omises.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -202,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Texte bloqué %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -281,6 +303,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Enregistrer</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Abandonner</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Cette entrée est modifiée et pas encore enregistrée.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>L’indicatif et l’adresse ne doivent pas être vides.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Entrées modifiées non enregistrées : %1. Fermer quand même ?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Revenir</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -319,6 +368,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>La liste de stations de l&apos;auteur a été comparée</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>Impossible d’écrire %1 : le disque est-il plein, ou le dossier en lecture seule ? Rien n’a été modifié ; votre saisie reste ici.</translation>
     </message>
 </context>
 <context>
@@ -440,6 +496,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Conserver, quoi que dise la liste du serveur</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Vérification de l’adresse ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Image trouvée, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Une réponse arrive, mais sans image.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>Personne ne répond à cette adresse.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>Ce n’est pas une adresse web (http ou https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Elle n’est interrogée que si elle se termine par image1.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, modifié, non enregistré</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Chercher par indicatif ou adresse</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -467,6 +565,18 @@
     <message>
         <source>Undo</source>
         <translation>Annuler</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>Impossible d’écrire %1.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1 a été retiré de la liste des stations</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Stations ajoutées : %1, retirées : %2</translation>
     </message>
 </context>
 <context>

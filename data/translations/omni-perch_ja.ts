@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>切り詰めました。入るのは%1文字までです。</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>* と改行は取り除かれます。</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>改行は取り除かれます。</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -199,6 +214,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>ブロックする文字列 %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -278,6 +300,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>保存</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>破棄</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>この項目は変更されましたが、まだ保存されていません。</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>コールサインとアドレスは空にできません。</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>保存されていない変更がある項目：%1。それでも閉じますか？</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>戻る</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -316,6 +365,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>作者のサイト一覧と照合しました</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>%1 に書き込めませんでした。ディスクがいっぱいか、フォルダーが読み取り専用ではありませんか？何も変更されていません。入力した内容はここに残ります。</translation>
     </message>
 </context>
 <context>
@@ -434,6 +490,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>サーバーのリストにかかわらず残す</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>アドレスを確認しています...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>画像が見つかりました（%1x%2）。</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>応答はありますが、画像がありません。</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>このアドレスからは応答がありません。</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>これはウェブアドレス（http または https）ではありません。</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>末尾が image1 の場合にのみ取得されます。</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1（変更済み、未保存）</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>コールサインまたはアドレスで検索</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -461,6 +559,18 @@
     <message>
         <source>Undo</source>
         <translation>元に戻す</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 に書き込めませんでした。</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1 を局のリストから削除しました</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>追加した局：%1、削除した局：%2</translation>
     </message>
 </context>
 <context>

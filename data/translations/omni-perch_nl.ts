@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Ingekort: er passen maar %1 tekens.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>* en regeleinden worden weggelaten.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Regeleinden worden weggelaten.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -202,6 +217,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Geblokkeerde tekst %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -281,6 +303,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Opslaan</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Verwerpen</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Dit item is gewijzigd en nog niet opgeslagen.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>Roepnaam en adres mogen niet leeg zijn.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Items met niet opgeslagen wijzigingen: %1. Toch sluiten?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Terug</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -319,6 +368,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>De stationslijst van de auteur is vergeleken</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>%1 kon niet worden geschreven: is de schijf vol of de map alleen-lezen? Er is niets gewijzigd; wat u hebt getypt, blijft hier staan.</translation>
     </message>
 </context>
 <context>
@@ -440,6 +496,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Behouden, wat de lijst van de server ook zegt</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Het adres wordt bekeken ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Afbeelding gevonden, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Er komt antwoord, maar geen afbeelding.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>Op dit adres antwoordt niemand.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>Dit is geen webadres (http of https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Het wordt alleen opgevraagd als het op image1 eindigt.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, gewijzigd, niet opgeslagen</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Zoeken op roepnaam of adres</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -467,6 +565,18 @@
     <message>
         <source>Undo</source>
         <translation>Ongedaan maken</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>%1 kon niet worden geschreven.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1 is uit de lijst van stations verwijderd</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Stations toegevoegd: %1, verwijderd: %2</translation>
     </message>
 </context>
 <context>

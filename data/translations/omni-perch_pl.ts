@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Skrócono: mieści się tylko %1 znaków.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>* i końce wierszy są pomijane.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Końce wierszy są pomijane.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -205,6 +220,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Zablokowany tekst %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -284,6 +306,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Zapisz</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Odrzuć</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Ten wpis został zmieniony i nie jest jeszcze zapisany.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>Znak i adres nie mogą być puste.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Wpisy z niezapisanymi zmianami: %1. Mimo to zamknąć?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Wróć</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -322,6 +371,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>Lista stacji autora została porównana</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>Nie można zapisać %1: czy dysk jest pełny albo folder tylko do odczytu? Nic nie zmieniono; wpisany tekst pozostaje tutaj.</translation>
     </message>
 </context>
 <context>
@@ -446,6 +502,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Zachowaj, niezależnie od listy serwera</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Sprawdzanie adresu ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Znaleziono obraz, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Jest odpowiedź, ale bez obrazu.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>Pod tym adresem nikt nie odpowiada.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>To nie jest adres sieciowy (http lub https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Jest odpytywany tylko wtedy, gdy kończy się na image1.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, zmieniony, niezapisany</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Szukaj według znaku lub adresu</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -473,6 +571,18 @@
     <message>
         <source>Undo</source>
         <translation>Cofnij</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>Nie można zapisać %1.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>Usunięto %1 z listy stacji</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Dodane stacje: %1, usunięte: %2</translation>
     </message>
 </context>
 <context>

@@ -56,6 +56,21 @@
     </message>
 </context>
 <context>
+    <name>CleanField</name>
+    <message>
+        <source>Cut: only %1 letters fit.</source>
+        <translation>Обрезано: помещается только %1 символов.</translation>
+    </message>
+    <message>
+        <source>* and line ends are left out.</source>
+        <translation>* и концы строк пропускаются.</translation>
+    </message>
+    <message>
+        <source>Line ends are left out.</source>
+        <translation>Концы строк пропускаются.</translation>
+    </message>
+</context>
+<context>
     <name>CompareWindow</name>
     <message>
         <source>Picture</source>
@@ -205,6 +220,13 @@
     </message>
 </context>
 <context>
+    <name>Form18</name>
+    <message>
+        <source>Blocked text %1</source>
+        <translation>Блокируемый текст %1</translation>
+    </message>
+</context>
+<context>
     <name>Form2</name>
     <message>
         <source>Picture</source>
@@ -284,6 +306,33 @@
     </message>
 </context>
 <context>
+    <name>Form7</name>
+    <message>
+        <source>Save</source>
+        <translation>Сохранить</translation>
+    </message>
+    <message>
+        <source>Discard</source>
+        <translation>Отменить</translation>
+    </message>
+    <message>
+        <source>This entry is changed and not saved yet.</source>
+        <translation>Эта запись изменена и ещё не сохранена.</translation>
+    </message>
+    <message>
+        <source>Callsign and address must not be empty.</source>
+        <translation>Позывной и адрес не должны быть пустыми.</translation>
+    </message>
+    <message>
+        <source>Entries with changes that are not saved: %1. Close all the same?</source>
+        <translation>Записей с несохранёнными изменениями: %1. Всё равно закрыть?</translation>
+    </message>
+    <message>
+        <source>Go back</source>
+        <translation>Вернуться</translation>
+    </message>
+</context>
+<context>
     <name>MainUpdates</name>
     <message>
         <source>The changes were not made, as these files could not be written:</source>
@@ -322,6 +371,13 @@
     <message>
         <source>The author&apos;s list of sites has been compared</source>
         <translation>Список станций автора сверен</translation>
+    </message>
+</context>
+<context>
+    <name>NotWrittenWords</name>
+    <message>
+        <source>%1 could not be written: is the disk full, or the folder read-only? Nothing has been changed; what you typed stays here.</source>
+        <translation>Не удалось записать %1: возможно, диск полон или папка доступна только для чтения. Ничего не изменено; введённое остаётся здесь.</translation>
     </message>
 </context>
 <context>
@@ -446,6 +502,48 @@
     </message>
 </context>
 <context>
+    <name>SiteForm</name>
+    <message>
+        <source>Keep, whatever the server&apos;s list says</source>
+        <translation>Оставить, что бы ни говорил список сервера</translation>
+    </message>
+    <message>
+        <source>Looking at the address ...</source>
+        <translation>Проверка адреса ...</translation>
+    </message>
+    <message>
+        <source>Picture found, %1x%2.</source>
+        <translation>Изображение найдено, %1x%2.</translation>
+    </message>
+    <message>
+        <source>It answers, but with no picture.</source>
+        <translation>Ответ есть, но без изображения.</translation>
+    </message>
+    <message>
+        <source>Nobody answers at this address.</source>
+        <translation>По этому адресу никто не отвечает.</translation>
+    </message>
+    <message>
+        <source>This is no address of the web (http or https).</source>
+        <translation>Это не веб-адрес (http или https).</translation>
+    </message>
+    <message>
+        <source>It is polled only if it ends in image1.</source>
+        <translation>Опрашивается, только если оканчивается на image1.</translation>
+    </message>
+</context>
+<context>
+    <name>SitePicker</name>
+    <message>
+        <source>%1, changed, not saved</source>
+        <translation>%1, изменено, не сохранено</translation>
+    </message>
+    <message>
+        <source>Search by call or address</source>
+        <translation>Поиск по позывному или адресу</translation>
+    </message>
+</context>
+<context>
     <name>ThumbCell</name>
     <message>
         <source>stale</source>
@@ -473,6 +571,18 @@
     <message>
         <source>Undo</source>
         <translation>Отменить</translation>
+    </message>
+    <message>
+        <source>%1 could not be written.</source>
+        <translation>Не удалось записать %1.</translation>
+    </message>
+    <message>
+        <source>%1 was removed from the list of sites</source>
+        <translation>%1: удалено из списка станций</translation>
+    </message>
+    <message>
+        <source>Sites added: %1, removed: %2</source>
+        <translation>Добавлено станций: %1, удалено: %2</translation>
     </message>
 </context>
 <context>

@@ -37,7 +37,7 @@ Form1::Form1(Services& services)
       connectivity_(services.network, services.run.hosts.Connectivity),
       pic_(new MenuStrip(this)),
       picAll_(new PageView(program_, logic_.grid, this)),
-      undoLine_(new UndoLine(this)),
+      undoLine_(new UndoLine(logic_.sites, logic_.changes, dialogs_, this)),
       emptyPage_(new EmptyPage(services, logic_, this)),
       menus_(new WindowMenus(program_, services.commands, logic_, *pic_, *picAll_, this)) {
   windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, logic_.cams, this);
@@ -83,11 +83,7 @@ void Form1::ConnectSignals() {
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
   connect(windows_.get(), &Windows::OnAirCaptionChanged, pic_->lblOnAirNow, &BarLabel::SetCaption);
   connect(pic_->lblPropagation, &QToolButton::clicked, windows_.get(), &Windows::ShowPropagationMap);
-  connect(undoLine_, &UndoLine::Pressed, &logic_.sites, &PageSites::Undo);
-  connect(&logic_.sites, &PageSites::UndoableChanged, this, [this]() {
-    undoLine_->SetChange(logic_.sites.Undoable());
-    PlaceChildren();
-  });
+  connect(undoLine_, &UndoLine::Changed, this, &Form1::PlaceChildren);
   connect(&connectivity_, &ConnectivityTest::Answered, this, &Form1::ConnectionAnswered);
   connect(&showTimer_, &QTimer::timeout, this, &Form1::ShowWindow);
   connect(windows_.get(), &Windows::HistoryFetching, this, [this]() {
@@ -249,7 +245,7 @@ void Form1::resizeEvent(QResizeEvent* event) {
 
 void Form1::PlaceChildren() {
   const int bar = pic_->BarHeight();
-  const int line = logic_.sites.Undoable() ? undoLine_->sizeHint().height() : 0;
+  const int line = undoLine_->IsWanted() ? undoLine_->sizeHint().height() : 0;
   pic_->setGeometry(0, 0, width(), bar);
   picAll_->setGeometry(0, bar, width(), height() - bar - line);
   undoLine_->setGeometry(0, height() - line, width(), line);
@@ -350,7 +346,7 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_F5 && event->modifiers() == Qt::ControlModifier) return ReloadPage();
   // In a text box the same keys undo the typing.
   const bool typing = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
-  if (event->matches(QKeySequence::Undo) && !typing) return logic_.sites.Undo();
+  if (event->matches(QKeySequence::Undo) && !typing) return undoLine_->Undo();
   if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier && logic_.click.Compare()) return;
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   QWidget::keyPressEvent(event);

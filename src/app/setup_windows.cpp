@@ -33,12 +33,21 @@ const QList<SetupWindows::Row>& SetupWindows::Rows() {
       {1, WindowKind::OwnLocation, &SetupWindows::MakeOwnLocation},
       {2, WindowKind::DatabaseEditor, &SetupWindows::MakeDatabaseEditor},
       {3, WindowKind::PageNames, &SetupWindows::MakePageNames},
+      {4, WindowKind::AddSite, &SetupWindows::MakeAddSite},
+      {5, WindowKind::EditSite, &SetupWindows::MakeEditSite},
+      {6, WindowKind::DeleteSite, &SetupWindows::MakeDeleteSite},
+      {7, WindowKind::BlockCalls, &SetupWindows::MakeBlockCalls},
   };
   return rows;
 }
 
 SetupWindows::SetupWindows(const Dependencies& dependencies)
-    : QObject(dependencies.mainWindow), deps_(dependencies), backup_(BackupNeeds()) {
+    : QObject(dependencies.mainWindow),
+      deps_(dependencies),
+      sites_({dependencies.services, dependencies.logic, dependencies.mainWindow,
+              [this]() { Open(WindowKind::BlockCalls); }},
+             this),
+      backup_(BackupNeeds()) {
   const auto does = [this](int index) {
     deps_.services.commands.Register(MenuTables::SetupCommand(index), this,
                                      [this](const MenuChoice& choice) { MnuSetupClick(choice.index); });

@@ -9,6 +9,7 @@
 #include "app/menu_tables.h"
 #include "app/page_logic.h"
 #include "app/services.h"
+#include "app/site_windows.h"
 #include "app/windows.h"
 #include "core/backup.h"
 #include "ui/menu_opener.h"
@@ -57,7 +58,12 @@ class SetupWindows : public QObject {
   void MakeBackup();
   void TellBackup(const BackupResult& result);
   void ShowAbout();
+  BaseWindow* MakeAddSite() { return sites_.MakeAddSite(); }
+  BaseWindow* MakeEditSite() { return sites_.MakeEditSite(); }
+  BaseWindow* MakeDeleteSite() { return sites_.MakeDeleteSite(); }
+  BaseWindow* MakeBlockCalls() { return sites_.MakeBlockCalls(); }
 
   Dependencies deps_;
+  SiteWindows sites_;
   Backup backup_;
 };

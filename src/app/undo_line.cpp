@@ -4,7 +4,13 @@
 #include <QEvent>
 #include <QHBoxLayout>
 
-UndoLine::UndoLine(QWidget* parent) : QFrame(parent), text_(new QLabel(this)), undo_(new QPushButton(this)) {
+UndoLine::UndoLine(PageSites& places, SiteChanges& sites, Dialogs& dialogs, QWidget* parent)
+    : QFrame(parent),
+      places_(places),
+      sites_(sites),
+      dialogs_(dialogs),
+      text_(new QLabel(this)),
+      undo_(new QPushButton(this)) {
   auto* row = new QHBoxLayout(this);
   row->setContentsMargins(8, 2, 8, 2);
   row->addWidget(text_, 1);
@@ -15,24 +21,44 @@ UndoLine::UndoLine(QWidget* parent) : QFrame(parent), text_(new QLabel(this)), u
   setAutoFillBackground(true);
   hide();
   ShowTexts();
-  connect(undo_, &QPushButton::clicked, this, &UndoLine::Pressed);
+  connect(undo_, &QPushButton::clicked, this, &UndoLine::Undo);
+  connect(&places_, &PageSites::UndoableChanged, this, &UndoLine::ShowChange);
+  connect(&sites_, &SiteChanges::UndoableChanged, this, &UndoLine::ShowChange);
 }
 
-void UndoLine::SetChange(const std::optional<PlacesChange>& change) {
-  change_ = change;
+// A change of places forgets that of the sites, and the other way round: there is one at most.
+void UndoLine::Undo() {
+  if (places_.Undoable()) return places_.Undo();
+  sites_.Undo(this, [this](const QStringList& notWritten) {
+    if (notWritten.isEmpty()) return;
+    dialogs_.Inform(window(), tr("%1 could not be written.").arg(notWritten.join(QStringLiteral(", "))), true);
+  });
+}
+
+void UndoLine::ShowChange() {
   ShowTexts();
-  setVisible(change_.has_value());
+  setVisible(IsWanted());
+  Q_EMIT Changed();
+}
+
+QString UndoLine::Text() const {
+  if (const std::optional<PlacesChange> places = places_.Undoable()) {
+    if (places->kind == PlacesChange::Kind::SiteRemoved) return tr("%1 was removed from the page").arg(places->call);
+    if (places->kind == PlacesChange::Kind::AllRemoved) return tr("All sites were removed from the page");
+    return tr("The page was compacted");
+  }
+  const std::optional<SiteNews> sites = sites_.Undoable();
+  if (!sites) return {};
+  const qsizetype removed = sites->removed.size();
+  if (removed == 1 && sites->added == 0) return tr("%1 was removed from the list of sites").arg(sites->removed.at(0));
+  return tr("Sites added: %1, removed: %2").arg(sites->added).arg(removed);
 }
 
 void UndoLine::ShowTexts() {
   undo_->setText(tr("Undo"));
   undo_->setAccessibleName(tr("Undo"));
-  if (!change_) return;
-  QString text = tr("The page was compacted");
-  if (change_->kind == PlacesChange::Kind::SiteRemoved) text = tr("%1 was removed from the page").arg(change_->call);
-  if (change_->kind == PlacesChange::Kind::AllRemoved) text = tr("All sites were removed from the page");
-  text_->setText(text);
-  undo_->setAccessibleDescription(text);
+  text_->setText(Text());
+  undo_->setAccessibleDescription(text_->text());
 }
 
 void UndoLine::changeEvent(QEvent* event) {

@@ -66,7 +66,7 @@ void SiteChanges::ChangeSites(const Change& change, const ChangeOptions& options
   const auto saved = [this, number, options, done,
                       context = QPointer<QObject>(context)](const QStringList& notWritten) {
     Saved(number, options, notWritten);
-    if (context) done(notWritten);
+    if (context && done) done(notWritten);
   };
   if (SaveAllState) {
     SaveAllState(saved);

@@ -17,6 +17,7 @@
 #include "poll/poll_cycle.h"
 #include "poll/slot_pictures.h"
 #include "sites/site_edit.h"
+#include "sites/site_fields.h"
 
 // What the page's line says of a change that can be undone.
 struct SiteNews {
@@ -60,6 +61,10 @@ class SiteChanges : public QObject {
 
   // The last change, unless it cannot be undone or another change has followed.
   std::optional<SiteNews> Undoable() const;
+  // By the index before the last change: where each site of a table is now; -1: removed.
+  const TableEdit::NewIndex& Moved(SiteTableKind list) const {
+    return list == SiteTableKind::Wx ? former_.newWxIndex : former_.newIndex;
+  }
   // Puts the tables back as they were; pictures that have been taken since keep their dates.
   void Undo(QObject* context, const Done& done);
   // To be called by whoever else changes places.

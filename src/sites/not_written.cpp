@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "sites/not_written.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+// Context of the words in data/translations.
+class NotWrittenWords {
+  Q_DECLARE_TR_FUNCTIONS(NotWrittenWords)
+};
+
+}  // namespace
+
+void ShowNotWritten(QLabel* line, const QStringList& files) {
+  const QString names = files.join(QStringLiteral(", "));
+  line->setText(files.isEmpty()
+                    ? QString()
+                    : NotWrittenWords::tr("%1 could not be written: is the disk full, or the folder read-only? Nothing "
+                                          "has been changed; what you typed stays here.")
+                          .arg(names));
+  line->setAccessibleName(line->text());
+  line->setVisible(!files.isEmpty());
+}

@@ -1,0 +1,83 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "ui/clean_field.h"
+
+#include <QKeyEvent>
+#include <QValidator>
+#include <utility>
+
+#include "ui/call_field.h"
+
+using namespace Qt::StringLiterals;
+
+// A validator may rewrite a text before textChanged is emitted, and keeps undo and the caret as they are.
+class CleanField::Cleaner : public QValidator {
+ public:
+  explicit Cleaner(CleanField* field) : QValidator(field), field_(field) {}
+
+  State validate(QString& input, int& caret) const override {
+    const qsizetype before = input.size();
+    input.removeIf([this](QChar c) { return IsRefused(c); });
+    if (input.size() != before) lost_ = Lost::Signs;
+    const int limit = field_->rule_.limit;
+    if (input.size() > limit) {
+      lost_ = Lost::Rest;
+      // Half of a pair of surrogates is no letter.
+      input.truncate(input.at(limit - 1).isHighSurrogate() ? limit - 1 : limit);
+    }
+    if (field_->spelling_ == Spelling::Call) {
+      // Character by character, because the upper case of a whole text may have another length.
+      for (QChar& c : input) c = c == u'0' ? field_->zeroGlyph_ : c.toUpper();
+    }
+    caret = std::min(caret, static_cast<int>(input.size()));
+    return Acceptable;
+  }
+
+  // What has been left out since this was called last.
+  Lost TakeLost() { return std::exchange(lost_, Lost::Nothing); }
+
+ private:
+  bool IsRefused(QChar c) const {
+    if (c == u'\r' || c == u'\n' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) return true;
+    return field_->rule_.isField && (c == u'*' || c.category() == QChar::Other_Control);
+  }
+
+  CleanField* field_;
+  mutable Lost lost_ = Lost::Nothing;
+};
+
+CleanField::CleanField(const QString& name, const Rule& rule, QWidget* parent)
+    : QLineEdit(parent), rule_(rule), cleaner_(new Cleaner(this)) {
+  setObjectName(name);
+  // QLineEdit's own limit, of 32,767 letters, cuts before the cleaner sees the text.
+  setValidator(cleaner_);
+  connect(this, &QLineEdit::textChanged, this, [this]() {
+    const Lost before = std::exchange(lost_, cleaner_->TakeLost());
+    if (lost_ != before) Q_EMIT NoteChanged();
+  });
+}
+
+void CleanField::SetSpelling(Spelling spelling, QChar zeroGlyph) {
+  if (spelling_ == Spelling::Call && spelling != Spelling::Call) setText(text().replace(zeroGlyph_, u'0'));
+  spelling_ = spelling;
+  zeroGlyph_ = zeroGlyph;
+  setText(text());
+}
+
+void CleanField::SetRole(const QString& label) {
+  setAccessibleName(RoleOf(label));
+}
+
+QString CleanField::Note() const {
+  if (lost_ == Lost::Rest) return tr("Cut: only %1 letters fit.").arg(rule_.limit);
+  if (lost_ == Lost::Signs) return rule_.isField ? tr("* and line ends are left out.") : tr("Line ends are left out.");
+  return {};
+}
+
+void CleanField::keyPressEvent(QKeyEvent* event) {
+  const QString upper = event->text().toUpper();
+  if (spelling_ == Spelling::Title && upper != event->text()) {
+    QKeyEvent key(event->type(), event->key(), event->modifiers(), upper, event->isAutoRepeat());
+    return QLineEdit::keyPressEvent(&key);
+  }
+  QLineEdit::keyPressEvent(event);
+}
