@@ -48,9 +48,10 @@ SetupWindows::SetupWindows(const Dependencies& dependencies)
               [this]() { Open(WindowKind::BlockCalls); }},
              this),
       backup_(BackupNeeds()) {
+  // A choice from elsewhere, as that of a button on the empty page, has no index in this menu.
   const auto does = [this](int index) {
     deps_.services.commands.Register(MenuTables::SetupCommand(index), this,
-                                     [this](const MenuChoice& choice) { MnuSetupClick(choice.index); });
+                                     [this, index](const MenuChoice&) { MnuSetupClick(index); });
   };
   for (const Row& row : Rows()) {
     deps_.windows.Register(

@@ -130,6 +130,10 @@ class TestSetup : public QObject {
     QTRY_VERIFY(!notice->isVisible());
     f.form->MnuPagesClick(0);
     QTRY_VERIFY(putBack->isVisible());
+    notice->findChild<QPushButton*>(u"locationButton"_s)->click();
+    QTRY_VERIFY(f.form->AllWindows().Find(WindowKind::OwnLocation) != nullptr);
+    f.form->AllWindows().Find(WindowKind::OwnLocation)->close();
+    QTRY_VERIFY(f.form->AllWindows().Find(WindowKind::OwnLocation) == nullptr);
     // By keyboard, from the bar past the buttons that can be pressed, on a page of the least height.
     f.form->resize(500, 160);
     QVERIFY(notice->geometry().bottom() <= f.form->height());
