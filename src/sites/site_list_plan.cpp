@@ -60,6 +60,11 @@ bool IsKept(const SiteRec& site) {
   return site.Url.contains(kNoDelete);
 }
 
+// Written into the call database. Exactly 0, 0 stands for an unknown place.
+bool IsKnown(const GivenPlace& place) {
+  return place.isGiven && (place.lat != 0 || place.lon != 0);
+}
+
 // Adds what differs between a listed site and the user's.
 void CompareSite(const ListedSite& listed, const SiteRec& site, SiteListPlan& plan) {
   SiteChange edit;
@@ -80,14 +85,9 @@ void CompareSite(const ListedSite& listed, const SiteRec& site, SiteListPlan& pl
   if (listed.place.isGiven && (listed.place.lat != site.Lat || listed.place.lon != site.Lon)) {
     plan.log.append(listed.call + kBlanks + "Changed coordinates to "_L1 + PlaceText(listed.place));
     edit.place = listed.place;
-    plan.positions.append({listed.call, listed.place});
+    if (IsKnown(listed.place)) plan.positions.append({listed.call, listed.place});
   }
   if (edit.url || edit.camUrl || edit.place) plan.edits.append(edit);
-}
-
-// Written into the call database beside a new site. Exactly 0, 0 stands for an unknown place.
-bool IsKnown(const GivenPlace& place) {
-  return place.isGiven && (place.lat != 0 || place.lon != 0);
 }
 
 SiteRec NewSite(const ListedSite& listed) {
@@ -150,7 +150,8 @@ SiteListPlan PlanSiteListChanges(const UpdateFile& file, const QList<SiteRec>& s
   SiteListPlan plan;
   for (const ListedStation& station : file.stations) {
     const std::optional<GivenPlace> stored = placeOf(station.call);
-    if (!stored || !DiffersInDatabase(station.place, *stored)) continue;
+    const bool replaces = stored && station.place.MayReplaceRecord() && DiffersInDatabase(station.place, *stored);
+    if (!replaces) continue;
     plan.log.append(station.call + kBlanks + "Changed coordinates in DB to "_L1 + PlaceText(station.place));
     plan.positions.append(station);
   }

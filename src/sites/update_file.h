@@ -14,6 +14,9 @@ struct GivenPlace {
   bool isGiven = false;  // false: both fields are empty
   double lat = 0;
   double lon = 0;
+
+  // A 0 stands for a number that nobody knows, so a record of the call database keeps what it has.
+  bool MayReplaceRecord() const { return isGiven && lat != 0 && lon != 0; }
 };
 
 // A station whose position is to be corrected in the call database.

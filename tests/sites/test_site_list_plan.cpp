@@ -117,6 +117,8 @@ class TestSiteListPlan : public QObject {
           {kToday,
            {{u"DB1"_s, {}, u"1.234567890123456"_s, u"2"_s},
             {u"DB2"_s, {}, u"1.25"_s, u"2"_s},
+            {u"DB3"_s, {}, u"0"_s, u"0"_s},
+            {u"DB4"_s, {}, u"0"_s, u"2.5"_s},
             {u"AB1C"_s, {}, u"5"_s, u"5"_s}},
            {},
            {}});
