@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/database_file.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
@@ -71,10 +70,6 @@ void DatabaseFile::Recover() {
   Forget();
   const std::optional<QByteArray> bytes = WholeFile(RedoPath(), kLargestRedo);
   redo_ = resuming_ = WasInterrupted();
-  // What a rename that was cut off has left beside the file, under the name of a QSaveFile.
-  QDir folder(appDataDir_);
-  const QStringList left = folder.entryList({u"Omni-Perch-DB.db.??????"_s}, QDir::Files | QDir::Hidden);
-  for (const QString& name : left) folder.remove(name);
   const std::optional<RedoRecord> redo = bytes ? RedoRecord::Of(*bytes) : std::nullopt;
   if (redo && !redo->after.isEmpty()) Repair(*redo);
 }
