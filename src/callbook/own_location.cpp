@@ -58,7 +58,12 @@ void OwnLocation::Save(const QString& typedCall, const QString& lat, const QStri
       config.SaveSetupLines(program_.AppDataDir, program_.MapLeft.value(map), program_.MapTop.value(map));
   const QString failed = written ? QString() : Config::Path(program_.AppDataDir);
   if (call.isEmpty()) return then(failed);
-  SaveRecord(call, lat, lon, [this, then, failed](bool durable) { then(durable ? failed : database_.Path()); });
+  SaveRecord(call, lat, lon, [this, then, failed](bool durable) {
+    QStringList paths{failed};
+    if (!durable) paths += database_.Path();
+    paths.removeAll(QString());
+    then(paths.join(", "_L1));
+  });
 }
 
 // A record that is there keeps everything but its place, and its place too if the boxes have none.

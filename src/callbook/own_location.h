@@ -29,7 +29,7 @@ class OwnLocation : public QObject {
   // Takes the call over and has its record written, without an answer: the program's end writes the configuration.
   void SaveAtEnd(const QString& typedCall, const QString& lat, const QString& lon);
   // Stores the station: its record in the call database, the own call, and the configuration. lat and lon are the texts
-  // of the boxes, with points. then gets the path of the file that could not be written; empty: all is on the disk.
+  // of the boxes, with points. then gets the paths of the files that could not be written; empty: all is on the disk.
   void Save(const QString& typedCall, const QString& lat, const QString& lon,
             const std::function<void(const QString& failedPath)>& then);
 

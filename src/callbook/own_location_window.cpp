@@ -163,6 +163,8 @@ void Form11::Save() {
   closing_ = Closing::Saving;
   failure_->SetFailure({});
   location_.Save(txtCall->text(), place_->Lat()->Stored(), place_->Lon()->Stored(), [this](const QString& failedPath) {
+    // The program has taken the state over meanwhile, and ends.
+    if (closing_ == Closing::Done) return;
     closing_ = failedPath.isEmpty() ? Closing::Done : Closing::No;
     Q_EMIT LocationSaved();
     if (failedPath.isEmpty()) {

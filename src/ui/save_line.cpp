@@ -2,6 +2,7 @@
 #include "ui/save_line.h"
 
 #include <QDir>
+#include <QLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -26,4 +27,11 @@ void SaveLine::ShowTexts() {
   const QString text = tr("%1 could not be written. What you have entered is still here.");
   SetLine(path_.isEmpty() ? QString() : text.arg(QDir::toNativeSeparators(path_)),
           {tr("Try again"), tr("Close without saving")});
+  if (path_.isEmpty() || !window()->isVisible() || window()->layout() == nullptr) return;
+  // Without room for it the line would squeeze what stands above it.
+  QLayout* rows = window()->layout();
+  rows->activate();
+  const int wanted =
+      rows->hasHeightForWidth() ? rows->totalHeightForWidth(window()->width()) : window()->sizeHint().height();
+  if (wanted > window()->height()) window()->resize(window()->width(), wanted);
 }
