@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "callbook/database_editor.h"
 
+#include <utility>
+
 #include "platform/text/numbers.h"
 #include "station/nicknames.h"
 
@@ -61,7 +63,7 @@ int DatabaseEditor::RowOf(const QString& call) const {
 
 QMap<QString, DatabaseEditor::Edit> DatabaseEditor::AllEdits() const {
   QMap<QString, Edit> edits = edits_;
-  if (IsDirty()) edits.insert(call_, {boxes_, loadedCall_ == call_});
+  if (IsDirty()) edits.insert(call_, {boxes_, baseline_, loadedCall_ == call_});
   return edits;
 }
 
@@ -89,7 +91,16 @@ QString DatabaseEditor::Deleted() const {
 void DatabaseEditor::TypeCall(const QString& shown) {
   const QString call = QString(shown).replace(u'Ø', u'0').trimmed();
   if (call == call_) return;
+  // The boxes keep showing the record, but from now on they are not its edit.
+  if (IsDirty() && loadedCall_ == call_) {
+    KeepEdit();
+    baseline_ = boxes_;
+    typedAway_ = true;
+  }
   call_ = call;
+  if (call_ == loadedCall_ && std::exchange(typedAway_, false) && edits_.contains(call_)) {
+    baseline_ = edits_.take(call_).baseline;
+  }
   ShowNickname();
   Q_EMIT Changed();
 }
@@ -111,7 +122,7 @@ void DatabaseEditor::ShowNickname() {
 }
 
 void DatabaseEditor::KeepEdit() {
-  if (IsDirty()) edits_.insert(call_, {boxes_, loadedCall_ == call_});
+  if (IsDirty()) edits_.insert(call_, {boxes_, baseline_, loadedCall_ == call_});
 }
 
 void DatabaseEditor::Choose(int row) {
@@ -120,8 +131,15 @@ void DatabaseEditor::Choose(int row) {
   call_ = calls_.Call(row);
   const std::optional<FoundRecord> found = database_.Find(call_);
   baseline_ = BoxesOf(found ? found->record : DbRec());
-  boxes_ = edits_.contains(call_) ? edits_.take(call_).boxes : baseline_;
+  boxes_ = baseline_;
+  // Only what was typed stands over the record; an edit may have begun on another one's boxes.
+  if (const Edit edit = edits_.value(call_); edits_.remove(call_)) {
+    for (std::size_t i = 0; i < kBoxes; ++i) {
+      if (edit.boxes[i] != edit.baseline[i]) boxes_[i] = edit.boxes[i];
+    }
+  }
   loadedCall_ = call_;
+  typedAway_ = false;
   typedSince_.clear();
   ShowNickname();
   Q_EMIT BoxesChanged();
@@ -138,6 +156,9 @@ void DatabaseEditor::Take(const FoundStation& station) {
   KeepEdit();
   call_ = station.call;
   loadedCall_ = station.call;
+  typedAway_ = false;
+  // The lookup has stored the call anew, and what was deleted must not replace that.
+  if (removedCall_ == call_) removed_.clear();
   const QString mark = station.derived ? u"*"_s : QString();
   BoxTexts found = {station.name.isEmpty() ? At(boxes_, Box::Name) : station.name,
                     station.add1,
@@ -172,6 +193,7 @@ void DatabaseEditor::Blank() {
   boxes_.fill({});
   baseline_ = boxes_;
   loadedCall_.clear();
+  typedAway_ = false;
   ShowNickname();
   Q_EMIT BoxesChanged();
   Q_EMIT Changed();
@@ -181,78 +203,102 @@ bool DatabaseEditor::ReplacesUnseen() const {
   return Exists() && loadedCall_ != call_;
 }
 
-void DatabaseEditor::TakeSaved(bool durable) {
+void DatabaseEditor::TakeSaved(bool durable, const std::function<void()>& retry) {
   failedPath_ = durable ? QString() : database_.Path();
+  retry_ = durable ? nullptr : retry;
   Refresh();
   Q_EMIT Changed();
   if (durable) Q_EMIT Stored();
 }
 
 void DatabaseEditor::Add() {
-  if (call_.isEmpty()) return;
-  retry_ = [this]() { Add(); };
-  database_.SaveStation(call_, RecordOf(call_, boxes_), this, [this, call = call_, boxes = boxes_](bool durable) {
-    if (durable) {
-      edits_.remove(call);
-      // What has been typed meanwhile is an edit of the new record.
-      if (call_ == call) baseline_ = boxes;
-      if (call_ == call) loadedCall_ = call;
-    }
-    TakeSaved(durable);
-  });
+  if (!call_.isEmpty()) Save(call_, boxes_);
+}
+
+void DatabaseEditor::Save(const QString& call, const BoxTexts& boxes) {
+  database_.SaveStation(call, RecordOf(call, boxes), this,
+                        [this, call, boxes, kept = edits_.value(call).boxes](bool durable) {
+                          if (durable) {
+                            RemoveEdit(call, {boxes, kept});
+                            if (removedCall_ == call) removed_.clear();
+                            if (call_ == call) {
+                              // What has been typed meanwhile is an edit of the new record.
+                              baseline_ = boxes;
+                              loadedCall_ = call;
+                              typedAway_ = false;
+                            }
+                          }
+                          TakeSaved(durable, [this, call, boxes]() { Save(call, boxes); });
+                        });
+}
+
+// Another edit than those may have been left there while they were written.
+void DatabaseEditor::RemoveEdit(const QString& call, const QList<BoxTexts>& saved) {
+  if (saved.contains(edits_.value(call).boxes)) edits_.remove(call);
 }
 
 void DatabaseEditor::Delete() {
-  if (call_.isEmpty()) return;
-  retry_ = [this]() { Delete(); };
-  database_.DeleteRecord(call_, this, [this, call = call_](const Deletion& deletion) {
+  if (!call_.isEmpty()) Remove(call_);
+}
+
+void DatabaseEditor::Remove(const QString& call) {
+  database_.DeleteRecord(call, this, [this, call](const Deletion& deletion) {
     if (deletion.durable) {
       edits_.remove(call);
       removed_ = deletion.removed;
       removedCall_ = call;
       if (call_ == call) Blank();
     }
-    TakeSaved(deletion.durable);
+    TakeSaved(deletion.durable, [this, call]() { Remove(call); });
   });
 }
 
 void DatabaseEditor::Undo() {
-  if (removed_.isEmpty()) return;
-  retry_ = [this]() { Undo(); };
+  // A copy, since restoring empties the list.
+  const QList<DbRec> removed = removed_;
+  if (!removed.isEmpty()) Restore(removedCall_, removed);
+}
+
+// A single record takes the place of its call; of several, all come back, since a call that is too long is never found.
+void DatabaseEditor::Restore(const QString& call, const QList<DbRec>& removed) {
+  // A second press must not add them twice.
+  if (removedCall_ == call) removed_.clear();
+  const QString place = removed.size() > 1 ? call + QString(DbRec().Call.Bytes().size(), u'+') : call;
   QList<StationRecord> stations;
-  for (const DbRec& record : std::as_const(removed_)) stations += {record.Call.Text(), record};
-  database_.SaveStations(stations, this, [this](bool durable) {
-    if (durable) removed_.clear();
-    TakeSaved(durable);
+  for (const DbRec& record : removed) stations += {place, record};
+  database_.SaveStations(stations, this, [this, call, removed](bool durable) {
+    TakeSaved(durable, [this, call, removed]() { Restore(call, removed); });
   });
 }
 
 void DatabaseEditor::SaveEdits(const std::function<void(bool saved)>& then) {
   const QMap<QString, Edit> edits = AllEdits();
   if (edits.isEmpty()) return then(true);
-  retry_ = [this, then]() { SaveEdits(then); };
   QList<StationRecord> stations;
   for (auto edit = edits.begin(); edit != edits.end(); ++edit) {
     stations += {edit.key(), RecordOf(edit.key(), edit->boxes)};
   }
-  database_.SaveStations(stations, this, [this, edits, then](bool durable) {
+  database_.SaveStations(stations, this, [this, edits, then, kept = edits_, sent = boxes_](bool durable) {
     if (durable) {
       for (auto edit = edits.begin(); edit != edits.end(); ++edit) {
-        // Another edit may have been left there meanwhile.
-        if (edits_.value(edit.key()).boxes == edit->boxes) edits_.remove(edit.key());
+        RemoveEdit(edit.key(), {edit->boxes, kept.value(edit.key()).boxes});
+        if (edit.key() == removedCall_) removed_.clear();
         if (edit.key() != call_) continue;
         baseline_ = edit->boxes;
         loadedCall_ = call_;
-        boxes_ = edit->boxes;
+        typedAway_ = false;
+        // What has been typed meanwhile stays in the boxes.
+        if (boxes_ == sent) boxes_ = edit->boxes;
         Q_EMIT BoxesChanged();
       }
     }
-    TakeSaved(durable);
+    TakeSaved(durable, [this, then]() { SaveEdits(then); });
     then(durable);
   });
 }
 
 void DatabaseEditor::DiscardEdits() {
+  if (std::exchange(typedAway_, false) && edits_.contains(loadedCall_)) baseline_ = edits_.value(loadedCall_).baseline;
   edits_.clear();
   boxes_ = baseline_;
   failedPath_.clear();
@@ -261,7 +307,7 @@ void DatabaseEditor::DiscardEdits() {
 }
 
 void DatabaseEditor::Retry() {
-  if (const std::function<void()> retry = retry_) retry();
+  if (const std::function<void()> retry = std::exchange(retry_, nullptr)) retry();
 }
 
 void DatabaseEditor::WriteNicknames() {

@@ -97,6 +97,7 @@ class DatabaseEditor : public QObject {
   // An edit that was left.
   struct Edit {
     BoxTexts boxes;
+    BoxTexts baseline;
     bool loaded = false;  // made on the call's own record
   };
 
@@ -105,22 +106,27 @@ class DatabaseEditor : public QObject {
   QMap<QString, Edit> AllEdits() const;
   void ShowNickname();
   void Blank();
-  void TakeSaved(bool durable);
+  void Save(const QString& call, const BoxTexts& boxes);
+  void RemoveEdit(const QString& call, const QList<BoxTexts>& saved);
+  void Remove(const QString& call);
+  void Restore(const QString& call, const QList<DbRec>& removed);
+  void TakeSaved(bool durable, const std::function<void()>& retry);
 
   Program& program_;
   CallDatabase& database_;
   CallList calls_;
   QString call_;
   BoxTexts boxes_;
-  BoxTexts baseline_;     // the boxes as they were loaded or saved last
-  QString loadedCall_;    // whose record the boxes were loaded from
-  QString lookedUp_;      // the call that the last lookup was about
-  QSet<int> typedSince_;  // boxes typed into since the last lookup began
+  BoxTexts baseline_;       // the boxes as they were loaded or saved last
+  QString loadedCall_;      // whose record the boxes were loaded from
+  bool typedAway_ = false;  // the edit of loadedCall_ was kept when another call was typed
+  QString lookedUp_;        // the call that the last lookup was about
+  QSet<int> typedSince_;    // boxes typed into since the last lookup began
   QMap<QString, Edit> edits_;
   QString nickname_;
   QHash<QString, QString> nicknames_;  // as typed, by call
   QList<DbRec> removed_;
   QString removedCall_;
   QString failedPath_;
-  std::function<void()> retry_;  // what is being written, or could not be
+  std::function<void()> retry_;  // what could not be written
 };

@@ -346,10 +346,15 @@ void Form26::closeEvent(QCloseEvent* event) {
     closing_ = Closing::Saving;
     const QString question = tr("Edited, not saved: %1").arg(edited.join(", "_L1));
     const bool save = deps_.dialogs.AskSecond(this, question, tr("Discard"), tr("Save"));
-    closing_ = Closing::No;
-    if (save) {
-      event->ignore();
-      return SaveAndClose();
+    const bool saves = save && AskAboutEdits();
+    // The program may have begun to end below the question.
+    if (closing_ == Closing::Saving) {
+      closing_ = Closing::No;
+      if (save) {
+        event->ignore();
+        if (saves) SaveAndClose();
+        return;
+      }
     }
   }
   closing_ = Closing::Done;
@@ -362,7 +367,8 @@ void Form26::closeEvent(QCloseEvent* event) {
 void Form26::SaveAndClose() {
   closing_ = Closing::Saving;
   editor_.SaveEdits([this](bool saved) {
-    closing_ = saved ? Closing::Done : Closing::No;
+    // Done: the program ends, and closes the window by itself.
+    if (closing_ != Closing::Done) closing_ = saved ? Closing::Done : Closing::No;
     // Queued: without an edit the answer comes within the event that began the closing.
     if (saved) QMetaObject::invokeMethod(this, &QWidget::close, Qt::QueuedConnection);
   });

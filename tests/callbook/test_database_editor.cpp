@@ -102,7 +102,19 @@ class TestDatabaseEditor : public QObject {
     QCOMPARE(f.Part<ActionLine>(u"deletedLine"_s)->findChild<QLabel*>()->text(), u"K1QPE was deleted"_s);
     f.Press(u"undoButton"_s);
     QTRY_VERIFY(f.Calls() == 4 && !f.Part<ActionLine>(u"deletedLine"_s)->isVisible());
-    QVERIFY(f.Filed(u"K1QPE"_s).startsWith(u"Robin*51.5"_s) && f.Close());
+    QVERIFY(f.Filed(u"K1QPE"_s).startsWith(u"Robin*51.5"_s));
+    // Every addition of a call that is too long makes a further record: all go, and all come back.
+    f.Type(u"txtCall"_s, u"AA9QXAB"_s);
+    for (const int calls : {5, 6}) {
+      f.Press(u"cmdAddNewSite"_s);
+      QTRY_COMPARE(f.Calls(), calls);
+    }
+    f.Pick(0);
+    f.Press(u"cmdDeleteSite"_s);
+    QTRY_COMPARE(f.Calls(), 4);
+    f.Press(u"undoButton"_s);
+    QTRY_COMPARE(f.Calls(), 6);
+    QVERIFY(f.Close());
   }
 
   void KeepsEdits() {
@@ -122,6 +134,16 @@ class TestDatabaseEditor : public QObject {
     f.Type(u"txtName"_s, u"Berta"_s);
     f.Press(u"discardButton"_s);
     QCOMPARE(f.Text(u"txtName"_s) + f.Edits(), u"Anna"_s);
+    // Another call, typed into the box, takes neither the edit nor the boxes with it.
+    f.Type(u"txtName"_s, u"Dora"_s);
+    f.Type(u"txtCall"_s, u"zz9qx"_s);
+    QCOMPARE(f.Edits(), u"Edited, not saved: DL1AB"_s);
+    QTest::keyClick(f.Part<QLineEdit>(u"txtCall"_s), Qt::Key_Return);
+    QCOMPARE(f.Text(u"txtName"_s) + f.Edits(), u"RobinEdited, not saved: DL1AB"_s);
+    f.Type(u"txtCall"_s, u"dl1ab"_s);
+    QTest::keyClick(f.Part<QLineEdit>(u"txtCall"_s), Qt::Key_Return);
+    QCOMPARE(f.Text(u"txtName"_s), u"Dora"_s);
+    f.Press(u"discardButton"_s);
     // Only closing asks.
     f.Type(u"txtName"_s, u"Carl"_s);
     QVERIFY(f.dialogs.asked.isEmpty());
@@ -194,6 +216,15 @@ class TestDatabaseEditor : public QObject {
     line->Button(0)->click();
     QTRY_VERIFY(!line->isVisible());
     QVERIFY(f.Filed(u"DL1AB"_s).startsWith(u"Anna"_s));
+    // What is tried again is the deletion of the call for which it failed, whatever has been chosen since.
+    QVERIFY(QFile::rename(file, file + u"-away"_s) && QDir().mkdir(file));
+    f.Press(u"cmdDeleteSite"_s);
+    QTRY_VERIFY(line->isVisible());
+    QVERIFY(QDir().rmdir(file) && QFile::rename(file + u"-away"_s, file));
+    f.Type(u"txtCall"_s, u"zz9qx"_s);
+    line->Button(0)->click();
+    QTRY_VERIFY(!line->isVisible());
+    QVERIFY(f.Filed(u"DL1AB"_s).isEmpty() && f.Filed(u"ZZ9QX"_s).startsWith(u"Robin"_s));
   }
 };
 
