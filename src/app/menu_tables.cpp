@@ -371,6 +371,7 @@ QList<MenuEntry> MenuTables::PictureMenu(const MenuSubject& subject) const {
   entries[kLookup].text.replace(u"***"_s, program_.config.CallbookName);
 
   if (!subject.hasCam) Grey(entries, kCam, kCam);
+  if (!HasSender(subject)) Grey(entries, kBlock, kBlock);
   if (subject.caller == "Not found"_L1) Grey(entries, kFirstOutput, kLastOutput);
   if (subject.camOnly) {
     Grey(entries, 0, 4);

@@ -90,8 +90,8 @@ class TestMenuTables : public QObject {
     };
     check("picture and cam", u"PA0XYZ"_s, false, false, true, false, u"7"_s);
     check("no cam", u"PA0XYZ"_s, false, false, false, false, u"4 7"_s);
-    check("not found", u"Not found"_s, false, false, true, false, u"7 10 11 12 13 14 15 16"_s);
-    check("cam only", {}, true, false, true, false, u"0 1 2 3 4 7 9 10 11 12 13 14 15 16"_s);
+    check("not found", u"Not found"_s, false, false, true, false, u"5 7 10 11 12 13 14 15 16"_s);
+    check("cam only", {}, true, false, true, false, u"0 1 2 3 4 5 7 9 10 11 12 13 14 15 16"_s);
     check("weather", u"PA0XYZ"_s, false, true, true, false, u"2 3 4 5 6 7 8 9 10"_s);
     check("weather, not found", u"Not found"_s, false, true, false, false, u"2 3 4 5 6 7 8 9 10 11 12 13 14 15 16"_s);
     check("empty", {}, false, false, false, true, u"1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16 17 18 19"_s);
