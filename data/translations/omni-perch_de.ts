@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Zeilenenden werden weggelassen.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Emojis und fremde Buchstaben werden weggelassen.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Se omiten los saltos de línea.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Se omiten los emojis y las letras extranjeras.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Les fins de ligne sont omises.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Les émojis et les lettres étrangères sont omis.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>改行は取り除かれます。</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>絵文字と外国の文字は除かれます。</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

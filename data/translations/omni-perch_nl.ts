@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Regeleinden worden weggelaten.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Emoji&apos;s en vreemde letters worden weggelaten.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

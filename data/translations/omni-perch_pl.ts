@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Końce wierszy są pomijane.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Emotikony i obce litery są pomijane.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

@@ -69,6 +69,10 @@
         <source>Line ends are left out.</source>
         <translation>Концы строк пропускаются.</translation>
     </message>
+    <message>
+        <source>Emoji and foreign letters are left out.</source>
+        <translation>Эмодзи и посторонние буквы опускаются.</translation>
+    </message>
 </context>
 <context>
     <name>CompareWindow</name>

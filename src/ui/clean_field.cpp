@@ -18,6 +18,9 @@ class CleanField::Cleaner : public QValidator {
     const qsizetype before = input.size();
     input.removeIf([this](QChar c) { return IsRefused(c); });
     if (input.size() != before) lost_ = Lost::Signs;
+    const qsizetype plain = input.size();
+    input.removeIf([this](QChar c) { return IsForeign(c); });
+    if (input.size() != plain) lost_ = Lost::Foreign;
     const int limit = field_->rule_.limit;
     if (input.size() > limit) {
       lost_ = Lost::Rest;
@@ -36,6 +39,11 @@ class CleanField::Cleaner : public QValidator {
   Lost TakeLost() { return std::exchange(lost_, Lost::Nothing); }
 
  private:
+  // The call database and the lists hold Latin letters; an emoji is a pair of surrogates.
+  bool IsForeign(QChar c) const {
+    if (c.isSurrogate()) return true;
+    return field_->spelling_ == Spelling::Call && c.unicode() > 0xff && c != field_->zeroGlyph_;
+  }
   bool IsRefused(QChar c) const {
     if (c == u'\r' || c == u'\n' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) return true;
     return field_->rule_.isField && (c == u'*' || c.category() == QChar::Other_Control);
@@ -69,6 +77,7 @@ void CleanField::SetRole(const QString& label) {
 
 QString CleanField::Note() const {
   if (lost_ == Lost::Rest) return tr("Cut: only %1 letters fit.").arg(rule_.limit);
+  if (lost_ == Lost::Foreign) return tr("Emoji and foreign letters are left out.");
   if (lost_ == Lost::Signs) return rule_.isField ? tr("* and line ends are left out.") : tr("Line ends are left out.");
   return {};
 }

@@ -36,7 +36,7 @@ class CleanField : public QLineEdit {
  private:
   class Cleaner;
   // What has been left out.
-  enum class Lost { Nothing, Signs, Rest };
+  enum class Lost { Nothing, Signs, Foreign, Rest };
 
   const Rule rule_;
   Spelling spelling_ = Spelling::AsTyped;
