@@ -60,6 +60,7 @@ void FirstSteps::PutBack() {
   const auto add = [copy](SiteEdit& edit) {
     TableEdit& table = copy->list == SiteList::Dsstv ? edit.dsstv : edit.wx;
     for (const SiteRec& site : copy->sites) table.Add(site);
+    edit.dropsFilesOfNew = true;
   };
   deps_.changes.ChangeSites(add, options, this, [this](const QStringList& notWritten) {
     if (!notWritten.isEmpty()) Q_EMIT NotWritten(notWritten);

@@ -24,15 +24,19 @@ UndoLine::UndoLine(PageSites& places, SiteChanges& sites, Dialogs& dialogs, QWid
   connect(undo_, &QPushButton::clicked, this, &UndoLine::Undo);
   connect(&places_, &PageSites::UndoableChanged, this, &UndoLine::ShowChange);
   connect(&sites_, &SiteChanges::UndoableChanged, this, &UndoLine::ShowChange);
+  connect(&sites_, &SiteChanges::NotWritten, this, &UndoLine::Tell);
 }
 
 // A change of places forgets that of the sites, and the other way round: there is one at most.
 void UndoLine::Undo() {
   if (places_.Undoable()) return places_.Undo();
   sites_.Undo(this, [this](const QStringList& notWritten) {
-    if (notWritten.isEmpty()) return;
-    dialogs_.Inform(window(), tr("%1 could not be written.").arg(notWritten.join(QStringLiteral(", "))), true);
+    if (!notWritten.isEmpty()) Tell(notWritten);
   });
+}
+
+void UndoLine::Tell(const QStringList& notWritten) {
+  dialogs_.Inform(window(), tr("%1 could not be written.").arg(notWritten.join(QStringLiteral(", "))), true);
 }
 
 void UndoLine::ShowChange() {

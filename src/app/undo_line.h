@@ -22,6 +22,7 @@ class UndoLine : public QFrame {
   // True while there is a change to undo.
   bool IsWanted() const { return places_.Undoable() || sites_.Undoable(); }
   void Undo();
+  void Tell(const QStringList& notWritten);
 
  Q_SIGNALS:
   // There is another change, or none.

@@ -65,8 +65,16 @@ void SiteChanges::ChangeSites(const Change& change, const ChangeOptions& options
   const quint64 number = ++number_;
   const auto saved = [this, number, options, done,
                       context = QPointer<QObject>(context)](const QStringList& notWritten) {
-    Saved(number, options, notWritten);
-    if (context && done) done(notWritten);
+    QStringList failed = notWritten;
+    QStringList others;
+    if (!options.keepUnsaved) {
+      // With a list on the disk the change would come back at the next start, whatever the other files say.
+      failed = notWritten.filter(u".lst"_s, Qt::CaseInsensitive);
+      if (failed.isEmpty()) others = notWritten;
+    }
+    Saved(number, options, failed);
+    if (context && done) done(failed);
+    if (!others.isEmpty()) Q_EMIT NotWritten(others);
   };
   if (SaveAllState) {
     SaveAllState(saved);
@@ -108,7 +116,7 @@ void SiteChanges::Apply(const Change& change) {
   sites.BuildPageSlots(layout);
   former_ = former;
   ListCams(cams);
-  if (!edit.filesMoved) DropFiles(before);
+  if (!edit.filesMoved) DropFiles(before, edit.dropsFilesOfNew);
   if (program_.page.OnDsstvPage()) {
     ShowDsstvCells(before);
   } else {
@@ -135,8 +143,13 @@ QHash<int, int> SiteChanges::SitesOfPlaces() const {
 
 // Picture and height of a slot belong to the site that stood there. Those of a slot that has become vacant stay for
 // Undo; whoever puts another site there removes them.
-void SiteChanges::DropFiles(const QHash<int, int>& before) {
+void SiteChanges::DropFiles(const QHash<int, int>& before, bool ofNew) {
   const QHash<int, int> now = SitesOfPlaces();
+  for (auto place = now.cbegin(); ofNew && place != now.cend(); ++place) {
+    if (before.contains(place.key())) continue;
+    files_.Remove(place.key() / kPlacesOfPage, place.key() % kPlacesOfPage);
+    heights_.SetHeight(place.key() / kPlacesOfPage, place.key() % kPlacesOfPage, 0);
+  }
   for (auto place = before.cbegin(); place != before.cend(); ++place) {
     const auto found = now.constFind(place.key());
     if (found == now.cend()) continue;

@@ -31,7 +31,7 @@ struct SiteNews {
 struct ChangeOptions {
   // With a value the change can be undone until the next change of sites or places.
   std::optional<SiteNews> news;
-  // Otherwise the tables are as before when a file could not be written, so that the user can try again.
+  // Otherwise the tables are as before when a list could not be written, so that the user can try again.
   bool keepUnsaved = false;
 };
 
@@ -49,7 +49,8 @@ class SiteChanges : public QObject {
     PollCycle& poll;
   };
   using Change = std::function<void(SiteEdit& edit)>;
-  // notWritten: names of the files that could not be written; empty: all is saved.
+  // notWritten: names of the files that could not be written; empty: all is saved. Of a change that is taken back where
+  // a list cannot be written, the lists alone; the rest is told by NotWritten.
   using Done = std::function<void(const QStringList& notWritten)>;
 
   explicit SiteChanges(const Dependencies& deps, QObject* parent = nullptr);
@@ -80,6 +81,8 @@ class SiteChanges : public QObject {
   // They have changed; indices kept from before mean nothing any more.
   void Changed();
   void UndoableChanged();
+  // The change stands, but these files could not be written with it.
+  void NotWritten(const QStringList& files);
 
  private:
   // The tables before a change, and where their records are now.
@@ -96,7 +99,7 @@ class SiteChanges : public QObject {
   void Saved(quint64 number, const ChangeOptions& options, const QStringList& notWritten);
   // Site of each taken place, by page * 100 + slot, from 0.
   QHash<int, int> SitesOfPlaces() const;
-  void DropFiles(const QHash<int, int>& before);
+  void DropFiles(const QHash<int, int>& before, bool ofNew);
   void ShowDsstvCells(const QHash<int, int>& before);
   void ShowWxCells();
   void ListCams(const QStringList& formerCams);

@@ -44,4 +44,7 @@ struct SiteEdit {
   // The pictures, thumbs and heights of the slots have been moved by whoever makes this change. Otherwise the files of
   // a slot that goes to another site are removed.
   bool filesMoved = false;
+  // Whatever lies under a slot that was vacant is another site's: sites from a copy may have other places than those of
+  // the last run.
+  bool dropsFilesOfNew = false;
 };
