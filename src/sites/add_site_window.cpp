@@ -88,19 +88,31 @@ void Form3::ShowButtons() {
   cmdAdd->setEnabled(form_->Fields().IsComplete() && !adding_);
 }
 
+// The boxes stay as they are until the answer is there, so that what was added is what they show.
+void Form3::SetAdding(bool adding) {
+  adding_ = adding;
+  if (adding) {
+    form_->EndLooking();
+    focused_ = focusWidget();
+  }
+  for (QWidget* part : {static_cast<QWidget*>(Option1), static_cast<QWidget*>(Option2), static_cast<QWidget*>(form_)}) {
+    part->setEnabled(!adding);
+  }
+  ShowButtons();
+  if (!adding && focused_ != nullptr) focused_->setFocus();
+}
+
 void Form3::Add() {
   const SiteFields fields = form_->Fields();
   if (!fields.IsComplete() || adding_) return;
-  adding_ = true;
-  ShowButtons();
+  SetAdding(true);
   deps_.desk.Add(List(), fields, this, [this](const SiteOutcome& outcome) { Take(outcome); });
 }
 
 void Form3::Take(const SiteOutcome& outcome) {
-  adding_ = false;
+  SetAdding(false);
   notWritten_ = outcome.notWritten;
   ShowNotWritten(fault_, notWritten_);
-  ShowButtons();
   if (!outcome.duplicate.isEmpty()) {
     deps_.dialogs.Inform(this, outcome.duplicate, false);
   } else if (outcome.IsDone()) {
@@ -109,6 +121,11 @@ void Form3::Take(const SiteOutcome& outcome) {
 }
 
 void Form3::closeEvent(QCloseEvent* event) {
+  // An addition that is done closes the window by itself, one that fails has to be told.
+  if (adding_ && !mayClose_) {
+    event->ignore();
+    return;
+  }
   form_->EndLooking();
   SetupWindow::closeEvent(event);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QGroupBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QRadioButton>
 
@@ -26,6 +27,7 @@ class Form3 : public SetupWindow {
   Form3(const Dependencies& dependencies, QWidget* mainWindow);
 
   void ShowTexts() override;
+  void ProgramEnds() override { mayClose_ = true; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -35,6 +37,7 @@ class Form3 : public SetupWindow {
   SiteTableKind List() const { return Option2->isChecked() ? SiteTableKind::Wx : SiteTableKind::Dsstv; }
   void ChooseList();
   void ShowButtons();
+  void SetAdding(bool adding);
   void Add();
   void Take(const SiteOutcome& outcome);
 
@@ -46,6 +49,8 @@ class Form3 : public SetupWindow {
   QLabel* fault_;
   QPushButton* cmdAdd;
   QPushButton* cmdClose;
+  QPointer<QWidget> focused_;  // when adding began
   bool adding_ = false;
+  bool mayClose_ = false;  // even while adding
   QStringList notWritten_;
 };

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "sites/not_written.h"
 
@@ -34,6 +35,7 @@ Form7::Form7(const Dependencies& dependencies, QWidget* mainWindow)
   SetDefaultButton(cmdSave);
   ConnectSignals();
   picker_->Fill();
+  picker_->FocusSearch();
   ShowSite();
 }
 
@@ -104,6 +106,9 @@ void Form7::ShowSite() {
   form_->SetList(picker_->List());
   const int index = picker_->Index();
   form_->SetFields(index < 0 ? SiteFields() : drafts_.Shown(picker_->List(), index));
+  if (index >= 0 && !drafts_.IsEdited(picker_->List(), index)) {
+    drafts_.SetBoxes(picker_->List(), index, form_->Fields());
+  }
   form_->setEnabled(index >= 0);
   ShowState();
 }
@@ -143,12 +148,15 @@ QList<SiteDesk::Edit> Form7::EditsOf(SiteTableKind list) const {
   QList<SiteDesk::Edit> edits = drafts_.EditsOf(list);
   // The selected site is written even where nothing has been changed in its boxes.
   const int index = picker_->Index();
-  if (list == picker_->List() && index >= 0 && !drafts_.IsEdited(list, index)) edits.append({index, form_->Fields()});
+  if (list == picker_->List() && index >= 0 && !drafts_.IsEdited(list, index)) {
+    edits.append({index, drafts_.Stored(list, index, form_->Fields())});
+  }
   return edits;
 }
 
 void Form7::SaveOne() {
-  const QList<SiteDesk::Edit> edit{{picker_->Index(), form_->Fields()}};
+  const int index = picker_->Index();
+  const QList<SiteDesk::Edit> edit{{index, drafts_.Stored(picker_->List(), index, form_->Fields())}};
   const bool isDsstv = picker_->List() == SiteTableKind::Dsstv;
   Begin(isDsstv ? edit : QList<SiteDesk::Edit>(), isDsstv ? QList<SiteDesk::Edit>() : edit, false);
 }
@@ -159,34 +167,53 @@ void Form7::SaveAll() {
   Begin(EditsOf(SiteTableKind::Dsstv), EditsOf(SiteTableKind::Wx), true);
 }
 
+// Until the answer is there nothing is typed or picked: it belongs to what was shown when the button was pressed.
+void Form7::SetSaving(bool saving) {
+  saving_ = saving;
+  if (saving) {
+    form_->EndLooking();
+    focused_ = focusWidget();
+  }
+  picker_->setEnabled(!saving);
+  form_->setEnabled(!saving && picker_->Index() >= 0);
+  ShowState();
+  if (!saving && focused_ != nullptr) focused_->setFocus();
+}
+
 void Form7::Begin(const QList<SiteDesk::Edit>& dsstv, const QList<SiteDesk::Edit>& wx, bool closes) {
   if (saving_ || picker_->Index() < 0) return;
-  saving_ = true;
-  ShowState();
+  savedList_ = picker_->List();
+  savedIndex_ = picker_->Index();
+  SetSaving(true);
   deps_.desk.Save(dsstv, wx, this, [this, closes](const SiteOutcome& outcome) { Take(outcome, closes); });
 }
 
 void Form7::Take(const SiteOutcome& outcome, bool closes) {
-  saving_ = false;
   notWritten_ = outcome.notWritten;
+  SetSaving(false);
+  const bool closeWanted = std::exchange(closeWanted_, false);
   if (!outcome.duplicate.isEmpty()) deps_.dialogs.Inform(this, outcome.duplicate, false);
-  if (!outcome.IsDone()) return ShowState();
+  if (!outcome.IsDone()) return;
   if (closes) {
     mayClose_ = true;
     close();
     return;
   }
-  const SiteTableKind list = picker_->List();
-  const int index = picker_->Index();
-  drafts_.Discard(list, index);
+  drafts_.Discard(savedList_, savedIndex_);
   drafts_.Move(SiteTableKind::Dsstv, deps_.changes.Moved(SiteTableKind::Dsstv));
   drafts_.Move(SiteTableKind::Wx, deps_.changes.Moved(SiteTableKind::Wx));
   picker_->Fill();
-  picker_->Select(deps_.changes.Moved(list).value(index, -1));
+  picker_->Select(deps_.changes.Moved(savedList_).value(savedIndex_, -1));
   ShowSite();
+  if (closeWanted) close();
 }
 
 void Form7::closeEvent(QCloseEvent* event) {
+  if (!mayClose_ && saving_) {
+    closeWanted_ = true;
+    event->ignore();
+    return;
+  }
   if (!mayClose_ && drafts_.Count() > 0) {
     const QString question =
         tr("Entries with changes that are not saved: %1. Close all the same?").arg(drafts_.Count());

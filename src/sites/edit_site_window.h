@@ -3,6 +3,7 @@
 // saved or discarded.
 #pragma once
 
+#include <QPointer>
 #include <QPushButton>
 
 #include "sites/site_drafts.h"
@@ -27,6 +28,7 @@ class Form7 : public SetupWindow {
   Form7(const Dependencies& dependencies, QWidget* mainWindow);
 
   void ShowTexts() override;
+  void ProgramEnds() override { mayClose_ = true; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
@@ -35,6 +37,7 @@ class Form7 : public SetupWindow {
   void MakeLayout();
   void ConnectSignals();
   void ShowSite();
+  void SetSaving(bool saving);
   void ShowState();
   void Edited();
   void SaveOne();
@@ -55,7 +58,11 @@ class Form7 : public SetupWindow {
   QLabel* fault_;
   QPushButton* cmdSave;
   QPushButton* cmdClose;
+  SiteTableKind savedList_ = SiteTableKind::Dsstv;  // table and index of the site that was shown when saving began
+  int savedIndex_ = -1;
+  QPointer<QWidget> focused_;  // then
   bool saving_ = false;
-  bool mayClose_ = false;
+  bool closeWanted_ = false;  // by the user, while saving
+  bool mayClose_ = false;     // without a question
   QStringList notWritten_;
 };

@@ -2,6 +2,7 @@
 #include "sites/not_written.h"
 
 #include <QCoreApplication>
+#include <QLayout>
 
 namespace {
 
@@ -21,4 +22,10 @@ void ShowNotWritten(QLabel* line, const QStringList& files) {
                           .arg(names));
   line->setAccessibleName(line->text());
   line->setVisible(!files.isEmpty());
+  QWidget* window = line->window();
+  if (files.isEmpty() || window->layout() == nullptr) return;
+  // Without more room the line would be taken out of the boxes above it.
+  window->layout()->activate();
+  const int height = window->layout()->totalHeightForWidth(window->width());
+  window->resize(window->size().expandedTo(window->layout()->totalSizeHint()).expandedTo({0, height}));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "sites/remove_site_window.h"
 
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -31,11 +32,11 @@ Form4::Form4(const Program& program, SiteDesk& desk, QWidget* mainWindow)
   cmdRemove->setObjectName(u"cmdRemove"_s);
   cmdClose->setObjectName(u"cmdClose"_s);
   MakeLayout();
-  SetDefaultButton(cmdRemove);
   connect(picker_, &SitePicker::Picked, this, &Form4::ShowSite);
   connect(cmdRemove, &QPushButton::clicked, this, &Form4::Remove);
   connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
   picker_->Fill();
+  picker_->FocusSearch();
 }
 
 void Form4::MakeLayout() {
@@ -91,16 +92,27 @@ void Form4::ShowSite() {
 void Form4::Remove() {
   if (picker_->Index() < 0 || removing_) return;
   removing_ = true;
+  picker_->setEnabled(false);
   ShowSite();
   desk_.Remove(picker_->List(), picker_->Index(), this, [this](const SiteOutcome& outcome) { Take(outcome); });
 }
 
 void Form4::Take(const SiteOutcome& outcome) {
   removing_ = false;
+  picker_->setEnabled(true);
   notWritten_ = outcome.notWritten;
   if (outcome.IsDone()) {
     close();
   } else {
     ShowSite();
   }
+}
+
+void Form4::closeEvent(QCloseEvent* event) {
+  // A removal that is done closes the window by itself, one that fails has to be told.
+  if (removing_ && !mayClose_) {
+    event->ignore();
+    return;
+  }
+  SetupWindow::closeEvent(event);
 }

@@ -16,6 +16,10 @@ class Form4 : public SetupWindow {
   Form4(const Program& program, SiteDesk& desk, QWidget* mainWindow);
 
   void ShowTexts() override;
+  void ProgramEnds() override { mayClose_ = true; }
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void MakeLayout();
@@ -33,5 +37,6 @@ class Form4 : public SetupWindow {
   QPushButton* cmdRemove;
   QPushButton* cmdClose;
   bool removing_ = false;
+  bool mayClose_ = false;  // even while removing
   QStringList notWritten_;
 };

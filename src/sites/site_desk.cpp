@@ -26,9 +26,42 @@ QString DuplicateText(SiteTableKind list, const SiteFields& fields, QChar zeroGl
                                    : ShownCall(fields.call, zeroGlyph) + u"\r\n already in OmniPerch list"_s;
 }
 
-void ChangeTable(TableEdit& table, SiteTableKind list, const QList<SiteDesk::Edit>& edits) {
-  for (const auto& [index, fields] : edits) {
-    if (index >= 0 && index < table.FormerSize()) WriteFields(fields, list, table.Change(index));
+// What is to be written into a site, with the site as it was when the button was pressed: the database answers later,
+// and in between another change may have given the index to a neighbour.
+struct Target {
+  SiteDesk::Edit edit;
+  QString call;
+  QString url;
+};
+
+QList<Target> TargetsOf(const QList<SiteRec>& sites, const QList<SiteDesk::Edit>& edits) {
+  QList<Target> targets;
+  for (const SiteDesk::Edit& edit : edits) {
+    if (edit.first < 0 || edit.first >= sites.size()) continue;
+    const SiteRec& site = sites.at(edit.first);
+    targets.append({edit, site.Call, site.Url});
+  }
+  return targets;
+}
+
+// Where the site of a target stands now; -1: it has been removed or changed.
+int FindTarget(const TableEdit& table, const Target& target) {
+  const auto isIt = [&](int index) {
+    return index < table.FormerSize() && table.At(index).Call == target.call && table.At(index).Url == target.url;
+  };
+  if (isIt(target.edit.first)) return target.edit.first;
+  for (int index = 0; index < table.FormerSize(); ++index) {
+    if (isIt(index)) return index;
+  }
+  return -1;
+}
+
+void ChangeTable(TableEdit& table, SiteTableKind list, const QList<Target>& targets) {
+  // All are found before one is written, because a site may take the call that another one gives up.
+  QList<int> places;
+  for (const Target& target : targets) places.append(FindTarget(table, target));
+  for (qsizetype i = 0; i < targets.size(); ++i) {
+    if (places.at(i) >= 0) WriteFields(targets.at(i).edit.second, list, table.Change(places.at(i)));
   }
 }
 
@@ -135,13 +168,15 @@ void SiteDesk::Save(const QList<Edit>& dsstv, const QList<Edit>& wx, QObject* co
   for (const Edit& edit : dsstv) {
     if (const std::optional<StationRecord> record = RecordWith(edit.second, false)) records.append(*record);
   }
-  SaveRecords(records, context, then, [this, dsstv, wx, then, context = QPointer<QObject>(context)]() {
-    const auto write = [dsstv, wx](SiteEdit& edit) {
-      ChangeTable(edit.dsstv, SiteTableKind::Dsstv, dsstv);
-      ChangeTable(edit.wx, SiteTableKind::Wx, wx);
-    };
-    Change(write, {}, context, then);
-  });
+  SaveRecords(records, context, then,
+              [this, dsstvTargets = TargetsOf(program_.sites.Sites, dsstv),
+               wxTargets = TargetsOf(program_.sites.WxSites, wx), then, context = QPointer<QObject>(context)]() {
+                const auto write = [dsstvTargets, wxTargets](SiteEdit& edit) {
+                  ChangeTable(edit.dsstv, SiteTableKind::Dsstv, dsstvTargets);
+                  ChangeTable(edit.wx, SiteTableKind::Wx, wxTargets);
+                };
+                Change(write, {}, context, then);
+              });
 }
 
 void SiteDesk::Remove(SiteTableKind list, int index, QObject* context, const Then& then) {

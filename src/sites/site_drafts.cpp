@@ -19,17 +19,31 @@ SiteFields SiteDrafts::Shown(SiteTableKind list, int index) {
 
 void SiteDrafts::Keep(SiteTableKind list, int index, const SiteFields& fields) {
   const Place place(list, index);
-  if (shown_.value(place) == fields) {
+  if (boxes_.value(place) == fields) {
     edits_.remove(place);
   } else {
     edits_.insert(place, fields);
   }
 }
 
+SiteFields SiteDrafts::Stored(SiteTableKind list, int index, const SiteFields& fields) const {
+  const auto shown = shown_.constFind({list, index});
+  const auto boxes = boxes_.constFind({list, index});
+  if (shown == shown_.cend() || boxes == boxes_.cend()) return fields;
+  SiteFields stored = fields;
+  if (fields.call == boxes->call) stored.call = shown->call;
+  if (fields.url == boxes->url) stored.url = shown->url;
+  if (fields.camUrl == boxes->camUrl) stored.camUrl = shown->camUrl;
+  if (fields.lat == boxes->lat) stored.lat = shown->lat;
+  if (fields.lon == boxes->lon) stored.lon = shown->lon;
+  return stored;
+}
+
 QList<SiteDesk::Edit> SiteDrafts::EditsOf(SiteTableKind list) const {
   QList<SiteDesk::Edit> edits;
   for (auto edit = edits_.cbegin(); edit != edits_.cend(); ++edit) {
-    if (edit.key().first == list) edits.append({edit.key().second, edit.value()});
+    const auto [table, index] = edit.key();
+    if (table == list) edits.append({index, Stored(table, index, edit.value())});
   }
   return edits;
 }
@@ -50,10 +64,13 @@ void SiteDrafts::Move(SiteTableKind list, const TableEdit::NewIndex& newIndex) {
   }
   edits_ = moved;
   QMap<Place, SiteFields> shown;
+  QMap<Place, SiteFields> boxes;
   for (auto entry = edits_.cbegin(); entry != edits_.cend(); ++entry) {
     const Place place = entry.key();
     const int before = place.first == list ? static_cast<int>(newIndex.indexOf(place.second)) : place.second;
     shown.insert(place, shown_.value({place.first, before}));
+    boxes.insert(place, boxes_.value({place.first, before}));
   }
   shown_ = shown;
+  boxes_ = boxes;
 }

@@ -15,11 +15,15 @@ class SiteDrafts {
 
   // The edit of a site, or else the site itself; a DSSTV site without a place has that of the call database.
   SiteFields Shown(SiteTableKind list, int index);
+  // What the boxes make of a site that has just been shown and is not edited: they may show less than the list has.
+  void SetBoxes(SiteTableKind list, int index, const SiteFields& fields) { boxes_.insert({list, index}, fields); }
   // What the boxes say of a site now; an edit that has been taken back by hand is none.
   void Keep(SiteTableKind list, int index, const SiteFields& fields);
   void Discard(SiteTableKind list, int index) { edits_.remove({list, index}); }
   bool IsEdited(SiteTableKind list, int index) const { return edits_.contains({list, index}); }
   int Count() const { return static_cast<int>(edits_.size()); }
+  // What is to be stored where the boxes hold these fields: a box that has not been edited changes nothing.
+  SiteFields Stored(SiteTableKind list, int index, const SiteFields& fields) const;
   QList<SiteDesk::Edit> EditsOf(SiteTableKind list) const;
   // An edit that cannot be saved because its call or its address is empty; index -1: none.
   QPair<SiteTableKind, int> FirstIncomplete() const;
@@ -32,5 +36,6 @@ class SiteDrafts {
   const SiteTable& sites_;
   SiteDesk& desk_;
   QMap<Place, SiteFields> shown_;  // before any edit, as it was shown first
+  QMap<Place, SiteFields> boxes_;  // the same, as the boxes hold it
   QMap<Place, SiteFields> edits_;
 };

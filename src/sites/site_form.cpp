@@ -41,6 +41,7 @@ SiteForm::SiteForm(const Dependencies& dependencies, const QString& fetchName, b
       callNote_(NoteLabel(u"lblCallNote"_s, this)),
       url_(MakeAddressRow(u"txtUrl"_s)),
       cam_(MakeAddressRow(u"txtCamUrl"_s)),
+      hasKeepBox_(hasKeepBox),
       ckKeep_(new QCheckBox(this)),
       group_(new FetchGroup(dependencies.lookUps.program, fetch_, dependencies.browser,
                             {fetchName, u"Label4"_s, u"lblMsg"_s}, this)) {
@@ -124,6 +125,8 @@ void SiteForm::SetList(SiteTableKind list) {
        {static_cast<QWidget*>(cam_.box), static_cast<QWidget*>(cam_.label), static_cast<QWidget*>(ckKeep_)}) {
     part->setEnabled(isDsstv);
   }
+  // A WX site has no place; a new one whose title is a call gets one in the database.
+  group_->setEnabled(isDsstv || !hasKeepBox_);
   ShowTexts();
 }
 

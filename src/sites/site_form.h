@@ -68,6 +68,7 @@ class SiteForm : public QWidget {
   QLabel* callNote_;
   AddressRow url_;
   AddressRow cam_;
+  const bool hasKeepBox_;
   QCheckBox* ckKeep_;
   FetchGroup* group_;
   bool filling_ = false;  // the program writes the boxes

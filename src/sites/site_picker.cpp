@@ -154,12 +154,17 @@ QList<QWidget*> SitePicker::TabChain() const {
   return {dsstv_, wx_, search_, List1};
 }
 
-// Typing searches wherever the focus is, and the arrows move in the list.
+// Typing in the list searches, and the arrows move in the list from the search box. Return presses no button of the
+// window here: the search selects its first match by itself, and nobody has looked at that yet.
 bool SitePicker::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
   auto* key = static_cast<QKeyEvent*>(event);
   const bool isArrow = key->key() == Qt::Key_Down || key->key() == Qt::Key_Up || key->key() == Qt::Key_PageDown ||
                        key->key() == Qt::Key_PageUp;
+  if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+    if (watched == search_) List1->setFocus();
+    return true;
+  }
   if (watched == search_ && isArrow) {
     QCoreApplication::sendEvent(List1, event);
     return true;

@@ -33,6 +33,7 @@ class SitePicker : public QWidget {
   void ShowMarks();
   // heading: above the list.
   void ShowTexts(const QString& heading);
+  void FocusSearch() { search_->setFocus(); }
   QList<QWidget*> TabChain() const;
 
   // Whether a row has an edit that is not saved. Without a function none has.
