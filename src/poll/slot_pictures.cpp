@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <algorithm>
 #include <array>
+#include <filesystem>
 
 #include "core/page_files.h"
 #include "platform/text/numbers.h"
@@ -23,14 +24,16 @@ int PlaceOf(int page, int slot) {
   return page * 100 + slot;
 }
 
-// Names are "<page>-<slot>" with or without an ending. A file that cannot be moved is removed, so that no site is shown
-// with the picture of another.
-void MovePageFiles(const QString& folder, const QList<int>& pageBefore) {
-  struct Moved {
-    QString part;
-    QString path;
-  };
-  QList<Moved> files;
+// A file of a page that moves: it goes from its name to a hidden one, and from that to its new name.
+struct MovedFile {
+  QString path;
+  QString part;
+  QString newPath;
+};
+
+// Names are "<page>-<slot>" with or without an ending.
+QList<MovedFile> FilesToMove(const QString& folder, const QList<int>& pageBefore) {
+  QList<MovedFile> files;
   const QStringList names = QDir(folder).entryList(QDir::Files);
   for (const QString& name : names) {
     const qsizetype sign = name.indexOf(u'-');
@@ -38,12 +41,32 @@ void MovePageFiles(const QString& folder, const QList<int>& pageBefore) {
     const qsizetype now = pageBefore.indexOf(page);
     if (page < 1 || now < 1 || now == page) continue;
     const QString path = folder + u'/' + name;
-    const QString part = PartPath(path);
-    if (!PutInPlace(path, part)) continue;
-    files.append({part, folder + u'/' + QString::number(now) + name.sliced(sign)});
+    files.append({path, PartPath(path), folder + u'/' + QString::number(now) + name.sliced(sign)});
   }
+  return files;
+}
+
+// Unlike PutInPlace() it leaves the file where it is when it cannot be renamed.
+bool Rename(const QString& from, const QString& to) {
+  std::error_code error;
+  std::filesystem::rename(QFile::encodeName(from).toStdString(), QFile::encodeName(to).toStdString(), error);
+  return !error;
+}
+
+// Moves all files, or none: where one cannot be moved the others go back, so that no site is shown with the picture of
+// another.
+bool MoveFiles(const QList<MovedFile>& files) {
+  qsizetype away = 0;
+  while (away < files.size() && Rename(files.at(away).path, files.at(away).part)) ++away;
   // All are away by now: the new name of one was the old name of another.
-  for (const Moved& file : std::as_const(files)) PutInPlace(file.part, file.path);
+  qsizetype placed = 0;
+  if (away == files.size()) {
+    while (placed < files.size() && Rename(files.at(placed).part, files.at(placed).newPath)) ++placed;
+  }
+  if (placed == files.size()) return true;
+  for (qsizetype i = 0; i < placed; ++i) Rename(files.at(i).newPath, files.at(i).part);
+  for (qsizetype i = 0; i < away; ++i) PutInPlace(files.at(i).part, files.at(i).path);
+  return false;
 }
 
 }  // namespace
@@ -227,18 +250,18 @@ void SlotPictures::Move(int page, const QList<QPair<int, int>>& moves) {
   }
 }
 
-void SlotPictures::MovePages(const QList<int>& pageBefore, const std::function<void()>& moved) {
+void SlotPictures::MovePages(const QList<int>& pageBefore, const std::function<void(bool)>& moved) {
   WithdrawAll();
   pagesMove_ = true;
   const QString pictures = program_.AppDataDir + u"/images/dsstv"_s;
   background_.Run<bool>(
       this,
       [pictures, pageBefore]() {
-        MovePageFiles(pictures, pageBefore);
-        MovePageFiles(pictures + u"/thumbs"_s, pageBefore);
-        return true;
+        return MoveFiles(FilesToMove(pictures, pageBefore) + FilesToMove(pictures + u"/thumbs"_s, pageBefore));
       },
-      [this, pageBefore, moved](bool) {
+      [this, pageBefore, moved](bool allMoved) {
+        pagesMove_ = false;
+        if (!allMoved) return moved(false);
         const HeightTable before = heights_;
         for (int page = 1; page < pageBefore.size(); ++page) {
           if (pageBefore.at(page) == page) continue;
@@ -246,7 +269,6 @@ void SlotPictures::MovePages(const QList<int>& pageBefore, const std::function<v
             heights_.SetHeight(page, slot, before.Height(pageBefore.at(page), slot));
           }
         }
-        pagesMove_ = false;
-        moved();
+        moved(true);
       });
 }

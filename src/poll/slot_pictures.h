@@ -68,8 +68,9 @@ class SlotPictures : public QObject {
   // Moves picture, thumb, remembered failure and height of each first slot to the second one.
   void Move(int page, const QList<QPair<int, int>>& moves);
   // The same for whole pages, beside the event loop: the files of page pageBefore[p] become those of page p, 1 to 20;
-  // index 0 is not used. Until moved is called no answer is stored for any slot.
-  void MovePages(const QList<int>& pageBefore, const std::function<void()>& moved);
+  // index 0 is not used. Until moved is called no answer is stored for any slot. moved(false): a file could not be
+  // moved, and all is as it was.
+  void MovePages(const QList<int>& pageBefore, const std::function<void(bool)>& moved);
 
  private:
   // The steps for one slot from the body to the thumb.

@@ -274,11 +274,11 @@ void Form5::closeEvent(QCloseEvent* event) {
 void Form5::Apply() {
   closing_ = Closing::Applying;
   setEnabled(false);
-  mover_.Apply(order_, this, [this](const QStringList& notWritten) { Applied(notWritten); });
+  mover_.Apply(order_, this, [this](bool moved, const QStringList& notWritten) { Applied(moved, notWritten); });
 }
 
-void Form5::Applied(const QStringList& notWritten) {
-  order_.Applied();
+void Form5::Applied(bool moved, const QStringList& notWritten) {
+  if (moved) order_.Applied();
   setEnabled(true);
   if (notWritten.isEmpty()) {
     closing_ = Closing::Done;
@@ -288,9 +288,10 @@ void Form5::Applied(const QStringList& notWritten) {
   closing_ = Closing::No;
   ShowRows();
   SelectRow(SelectedPageRow_);
-  lblFailure_->setText(tr("These files could not be written: %1. The new names and places hold as long as the program "
-                          "runs; when it closes it tries again.")
-                           .arg(notWritten.join(u", "_s)));
+  const QString text = moved ? tr("These files could not be written: %1. The new names and places hold as long as the "
+                                  "program runs; when it closes it tries again.")
+                             : tr("The pictures in this folder could not be moved, so nothing has been changed: %1");
+  lblFailure_->setText(text.arg(notWritten.join(u", "_s)));
   lblFailure_->show();
   cmdLeave_->show();
   cmdClose_->setFocus();

@@ -53,7 +53,7 @@ class Form5 : public SetupWindow {
   // A step of the selected row, -1: up, 1: down.
   void MoveRow(int step);
   void Apply();
-  void Applied(const QStringList& notWritten);
+  void Applied(bool moved, const QStringList& notWritten);
 
   Program& program_;
   PageMover& mover_;

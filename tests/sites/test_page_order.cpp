@@ -64,7 +64,7 @@ class TestPageOrder : public QObject {
     PageOrder order(f.program);
     order.SwapPages(0, 1);
     bool done = false;
-    f.logic->mover.Apply(order, this, [&done](const QStringList&) { done = true; });
+    f.logic->mover.Apply(order, this, [&done](bool moved, const QStringList&) { done = moved; });
     QTRY_VERIFY(done && verdict.has_value());
     f.logic->poll.Timer5.stop();
     QCOMPARE(*verdict, FilesVerdict::GivenUp);
@@ -80,6 +80,19 @@ class TestPageOrder : public QObject {
     QCOMPARE(f.logic->heights.Height(2, 2), 100);
     QCOMPARE(f.logic->heights.Height(1, 2), 200);
     QCOMPARE(f.logic->heights.Height(3, 0), 300);
+    // A folder stands in the way of the last file: those that have moved already go back, and nothing has changed.
+    QVERIFY(QFile::remove(f.folder.filePath(u"images/dsstv/thumbs/1-3.jpg"_s)));
+    f.folder.PutFolder(u"images/dsstv/thumbs/1-3.jpg/inside"_s);
+    std::optional<bool> moved;
+    PageOrder again(f.program);
+    again.SwapPages(0, 1);
+    f.logic->mover.Apply(again, this, [&moved](bool allMoved, const QStringList&) { moved = allMoved; });
+    QTRY_VERIFY(moved.has_value());
+    QVERIFY(!*moved);
+    QCOMPARE(f.folder.Bytes(u"images/dsstv/2-3"_s), "picture 1"_ba);
+    QCOMPARE(f.folder.Bytes(u"images/dsstv/thumbs/2-3.jpg"_s), "thumb 1"_ba);
+    QCOMPARE(f.logic->heights.Height(2, 2), 100);
+    QCOMPARE(sites.GetSiteSlot(sites.FindCall(u"ZZ1AA"_s), 2), 3);
   }
 };
 
