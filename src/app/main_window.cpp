@@ -22,6 +22,8 @@ namespace {
 constexpr std::chrono::milliseconds kShowAtLast = 250ms;
 // Until the first poll begins: its requests are made in one stretch, and the window is to be painted before.
 constexpr std::chrono::milliseconds kPaintFirst = 30ms;
+// Write the state at the latest now, though the files of pages are still being moved.
+constexpr std::chrono::milliseconds kMovedAtLast = 5s;
 constexpr QSize kFrameGuess(2, 32);  // pixels; the real decoration is unknown before the first show
 constexpr QColor kClosingGreen(0, 255, 0);
 
@@ -206,8 +208,17 @@ void Form1::StartWork() {
   page.UpdateCheckDue = true;
   pic_->txtCall->setFocus();
   Q_EMIT Loaded();
+  AskLocation();
+}
+
+void Form1::AskLocation() {
   // Without a position nothing on the maps or in the tips has a distance.
-  if (program_.config.MyLat == 0 && program_.config.MyLon == 0) setup_->Open(WindowKind::OwnLocation);
+  const bool isKnown = program_.config.MyLat != 0 || program_.config.MyLon != 0;
+  if (isKnown || closing_ != Closing::No || windows_->Find(WindowKind::OwnLocation) != nullptr) return;
+  const BaseWindow* open = windows_->OpenSetupWindow();
+  if (open == nullptr) return setup_->Open(WindowKind::OwnLocation);
+  // Queued: the menu closes one setup window to open another.
+  connect(open, &BaseWindow::Closed, this, &Form1::AskLocation, Qt::QueuedConnection);
 }
 
 void Form1::ApplyPlacement() {
@@ -372,14 +383,19 @@ void Form1::closeEvent(QCloseEvent* event) {
 
 void Form1::CloseMe() {
   if (closing_ != Closing::No) return;
-  closing_ = Closing::Running;
+  closing_ = Closing::Waiting;
   showTimer_.stop();
   // What an open setup window holds belongs to the state that is written now.
   windows_->ProgramEnds();
-  FirstClosingStep();
+  if (!logic_.mover.IsBusy()) return FirstClosingStep();
+  // Pictures that stand under their new numbers already belong to places that are not in the state yet.
+  connect(&logic_.mover, &PageMover::Ended, this, &Form1::FirstClosingStep);
+  QTimer::singleShot(kMovedAtLast, this, &Form1::FirstClosingStep);
 }
 
 void Form1::FirstClosingStep() {
+  if (closing_ != Closing::Waiting) return;
+  closing_ = Closing::Running;
   const auto sendClosed = [this]() { received_->SendClosed(); };
   load_.WriteState(Placement(), sendClosed, [this](const QString& text) { dialogs_.Inform(this, text, false); });
   cams_->Stop();

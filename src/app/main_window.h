@@ -86,6 +86,8 @@ class Form1 : public QWidget {
   void RefreshCaptions();
   void StepPage(int step);
   std::optional<WindowPlacement> Placement() const;
+  // Opens the own location where no position is stored, but not over a setup window that the user has opened.
+  void AskLocation();
   void FirstClosingStep();
   void SecondClosingStep();
   void ThirdClosingStep();
@@ -115,5 +117,5 @@ class Form1 : public QWidget {
   long screenHTwips_ = 0;
   RxOkList lstRxOk_;
   std::unique_ptr<Windows> windows_;  // destroyed first, because open windows refer to the members above
-  enum class Closing { No, Running, Done } closing_ = Closing::No;
+  enum class Closing { No, Waiting, Running, Done } closing_ = Closing::No;
 };

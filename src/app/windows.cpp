@@ -302,6 +302,13 @@ void Windows::RaiseMaps() {
   }
 }
 
+BaseWindow* Windows::OpenSetupWindow() const {
+  for (const Registration& registration : registrations_) {
+    if (BaseWindow* window = Find(registration.kind); window != nullptr && registration.isSetup) return window;
+  }
+  return nullptr;
+}
+
 void Windows::CloseSetupWindows() {
   for (const Registration& registration : std::as_const(registrations_)) {
     BaseWindow* window = Find(registration.kind);

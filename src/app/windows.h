@@ -95,6 +95,8 @@ class Windows : public QObject {
   // A language has been read; before the windows show their texts in it.
   void LanguageLoaded();
 
+  // The setup window that is open; nullptr where none is.
+  BaseWindow* OpenSetupWindow() const;
   // Closes setup windows: before another one opens, and before others change the tables that they show.
   void CloseSetupWindows();
   // Has setup windows give their state back, before it is written for the last time.

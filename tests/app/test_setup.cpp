@@ -77,6 +77,20 @@ class TestSetup : public QObject {
     QVERIFY(f.Read("settings.ini").contains("LABELS\\1=Asia"));
   }
 
+  // The program ends, as by a signal, while a page has been moved: files, heights and places have one order.
+  void EndsWithAMovedPage() {
+    WindowFixture f;
+    Station& site = f.AddSite(u"ZZ1AA"_s, 1);
+    QVERIFY(f.StartAndPoll());
+    QTRY_VERIFY(f.HasPicture(0));
+    OpenPages(f)->findChild<QPushButton*>(u"cmdDown"_s)->click();
+    f.Close();
+    QVERIFY(f.Read("Omni-Perch.lst").startsWith("ZZ1AA*0201*****"));
+    QVERIFY(QFile::exists(f.folder.filePath(u"images/dsstv/2-1"_s)));
+    const QByteArray height = "2-0-" + QByteArray::number(site.Marker().height());
+    QVERIFY(f.Read("images/dsstv/ckNewHeight.txt").contains(height + "\r\n"));
+  }
+
   // The program ends, as by a signal, while the own location is open and changed: what was typed is stored, and nothing
   // else of the configuration is lost by the window's own way of writing.
   void EndsWithTheOwnLocationOpen() {
