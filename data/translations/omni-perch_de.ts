@@ -294,6 +294,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Diese Dateien konnten nicht geschrieben werden: %1. Die neuen Namen und Plätze gelten, solange das Programm läuft; beim Beenden versucht es das noch einmal.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>Die Bilder in diesem Ordner konnten nicht verschoben werden, daher wurde nichts geändert: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -304,6 +308,14 @@
     <message>
         <source>Keep all</source>
         <translation>Alle behalten</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Die Änderungen wurden nicht vorgenommen, da diese Dateien nicht geschrieben werden konnten:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Ohne Speichern schließen</translation>
     </message>
 </context>
 <context>
@@ -336,8 +348,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>Die Änderungen wurden nicht vorgenommen, da diese Dateien nicht geschrieben werden konnten:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>Die Stationen wurden geändert, aber ihre Positionen konnten nicht in die Rufzeichen-Datenbank geschrieben werden.</translation>
     </message>
 </context>
 <context>

@@ -294,6 +294,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>No se han podido escribir estos archivos: %1. Los nuevos nombres y lugares valen mientras el programa esté abierto; al cerrarse lo intentará de nuevo.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>No se han podido mover las imágenes de esta carpeta, así que no se ha cambiado nada: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -304,6 +308,14 @@
     <message>
         <source>Keep all</source>
         <translation>Conservar todos</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>No se hicieron los cambios porque no se pudieron escribir estos archivos:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Cerrar sin guardar</translation>
     </message>
 </context>
 <context>
@@ -336,8 +348,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>No se hicieron los cambios porque no se pudieron escribir estos archivos:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>Las estaciones se han cambiado, pero sus posiciones no se han podido escribir en la base de datos de indicativos.</translation>
     </message>
 </context>
 <context>

@@ -294,6 +294,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Ces fichiers n&apos;ont pas pu être écrits : %1. Les nouveaux noms et places valent tant que le programme tourne ; il essaiera de nouveau en se fermant.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>Les images de ce dossier n&apos;ont pas pu être déplacées, donc rien n&apos;a été modifié : %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -304,6 +308,14 @@
     <message>
         <source>Keep all</source>
         <translation>Tout conserver</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Les modifications n&apos;ont pas été faites, car ces fichiers n&apos;ont pas pu être écrits :</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Fermer sans enregistrer</translation>
     </message>
 </context>
 <context>
@@ -336,8 +348,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>Les modifications n&apos;ont pas été faites, car ces fichiers n&apos;ont pas pu être écrits :</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>Les stations ont été modifiées, mais leurs positions n&apos;ont pas pu être écrites dans la base de données d&apos;indicatifs.</translation>
     </message>
 </context>
 <context>

@@ -291,6 +291,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>書き込めなかったファイル: %1。新しい名前と順番はプログラムの実行中は有効で、終了時にもう一度保存を試みます。</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>このフォルダーの画像を移動できなかったため、何も変更されていません: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -301,6 +305,14 @@
     <message>
         <source>Keep all</source>
         <translation>すべて残す</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>次のファイルを書き込めなかったため、変更は行われませんでした:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>保存せずに閉じる</translation>
     </message>
 </context>
 <context>
@@ -333,8 +345,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>次のファイルを書き込めなかったため、変更は行われませんでした:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>局は変更されましたが、その位置をコールサイン データベースに書き込めませんでした。</translation>
     </message>
 </context>
 <context>

@@ -294,6 +294,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Deze bestanden konden niet worden geschreven: %1. De nieuwe namen en plaatsen gelden zolang het programma loopt; bij het sluiten probeert het dat opnieuw.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>De afbeeldingen in deze map konden niet worden verplaatst, dus er is niets gewijzigd: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -304,6 +308,14 @@
     <message>
         <source>Keep all</source>
         <translation>Alle behouden</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>De wijzigingen zijn niet aangebracht, omdat deze bestanden niet konden worden geschreven:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Sluiten zonder opslaan</translation>
     </message>
 </context>
 <context>
@@ -336,8 +348,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>De wijzigingen zijn niet aangebracht, omdat deze bestanden niet konden worden geschreven:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>De stations zijn gewijzigd, maar hun posities konden niet in de roepnamendatabase worden geschreven.</translation>
     </message>
 </context>
 <context>

@@ -297,6 +297,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Nie udało się zapisać tych plików: %1. Nowe nazwy i miejsca obowiązują, dopóki program działa; przy zamykaniu spróbuje ponownie.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>Nie udało się przenieść obrazów z tego folderu, więc nic nie zostało zmienione: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -307,6 +311,14 @@
     <message>
         <source>Keep all</source>
         <translation>Zachowaj wszystkie</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Zmian nie wprowadzono, ponieważ nie można było zapisać tych plików:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Zamknij bez zapisywania</translation>
     </message>
 </context>
 <context>
@@ -339,8 +351,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>Zmian nie wprowadzono, ponieważ nie można było zapisać tych plików:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>Stacje zostały zmienione, ale ich położeń nie udało się zapisać w bazie znaków.</translation>
     </message>
 </context>
 <context>

@@ -297,6 +297,10 @@
         <source>These files could not be written: %1. The new names and places hold as long as the program runs; when it closes it tries again.</source>
         <translation>Не удалось записать эти файлы: %1. Новые названия и места действуют, пока программа работает; при закрытии она попробует ещё раз.</translation>
     </message>
+    <message>
+        <source>The pictures in this folder could not be moved, so nothing has been changed: %1</source>
+        <translation>Не удалось переместить изображения в этой папке, поэтому ничего не изменено: %1</translation>
+    </message>
 </context>
 <context>
     <name>Form6</name>
@@ -307,6 +311,14 @@
     <message>
         <source>Keep all</source>
         <translation>Оставить все</translation>
+    </message>
+    <message>
+        <source>The changes were not made, as these files could not be written:</source>
+        <translation>Изменения не внесены, так как не удалось записать эти файлы:</translation>
+    </message>
+    <message>
+        <source>Close without saving</source>
+        <translation>Закрыть без сохранения</translation>
     </message>
 </context>
 <context>
@@ -339,8 +351,8 @@
 <context>
     <name>MainUpdates</name>
     <message>
-        <source>The changes were not made, as these files could not be written:</source>
-        <translation>Изменения не внесены, так как не удалось записать эти файлы:</translation>
+        <source>The sites have been changed, but their positions could not be written to the call database.</source>
+        <translation>Станции изменены, но их координаты не удалось записать в базу позывных.</translation>
     </message>
 </context>
 <context>

@@ -3,10 +3,19 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QTimer>
+#include <QWindow>
 
 #include "app/new_version_window.h"
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr auto kUntilNextTry = 100ms;  // to open Form6 while another window keeps it away
+
+}  // namespace
 
 MainUpdates::MainUpdates(const Dependencies& dependencies)
     : QObject(dependencies.mainWindow),
@@ -39,10 +48,10 @@ void MainUpdates::Stop() {
   check_.Stop();
 }
 
-// Setup windows and message boxes are modal; the question about a new version is not.
+// Setup windows and message boxes are modal. The question about a new version is not, and may stay unanswered for
+// hours.
 bool MainUpdates::MayOpen() const {
   return QApplication::activeModalWidget() == nullptr && QApplication::activePopupWidget() == nullptr &&
-         deps_.windows.Find(WindowKind::NewVersion) == nullptr &&
          deps_.windows.Find(WindowKind::SiteChanges) == nullptr;
 }
 
@@ -79,25 +88,35 @@ void MainUpdates::OpenListChanges(const SiteListPlan& plan) {
 void MainUpdates::Apply(const SiteListPlan& plan, const QSet<int>& kept) {
   // Windows are closed with the program, too: then nothing is applied, and the next run finds the same changes.
   if (isStopped_) return;
-  if (std::exchange(isHidden_, false)) {
-    // Before it shows: the window manager gives a new place to a window that comes without one.
-    deps_.mainWindow->move(corner_);
-    deps_.mainWindow->show();
-  }
+  ShowMainWindow();
   if (program_.config.AutoRefreshOn == 1) deps_.logic.poll.StartRefreshTimer();
   if (plan.IsEmpty()) return;
-  SavePositions(plan.positions);
   ChangeOptions options;
   options.news = SiteNews{RemovedCalls(plan, kept), AddedSites(plan)};
-  deps_.logic.changes.ChangeSites(
-      [plan, kept](SiteEdit& edit) { ApplyPlan(plan, kept, edit.dsstv); }, options, this,
-      [this](const QStringList& notWritten) {
-        if (notWritten.isEmpty() || isStopped_) return;
-        deps_.services.dialogs.Inform(
-            deps_.mainWindow,
-            tr("The changes were not made, as these files could not be written:") + u"\n\n"_s + notWritten.join(u'\n'),
-            true);
-      });
+  deps_.logic.changes.ChangeSites([plan, kept](SiteEdit& edit) { ApplyPlan(plan, kept, edit.dsstv); }, options, this,
+                                  [this, plan, kept](const QStringList& notWritten) {
+                                    if (notWritten.isEmpty()) return SavePositions(plan.positions);
+                                    OpenAgain(plan, kept, notWritten);
+                                  });
+}
+
+void MainUpdates::ShowMainWindow() {
+  if (!std::exchange(isHidden_, false)) return;
+  // Before it shows: the window manager gives a new place to a window that comes without one. QWidget::move() does
+  // nothing where the widget believes that it is there already.
+  deps_.mainWindow->move(corner_);
+  if (QWindow* window = deps_.mainWindow->windowHandle()) window->setFramePosition(corner_);
+  deps_.mainWindow->show();
+}
+
+void MainUpdates::OpenAgain(const SiteListPlan& plan, const QSet<int>& kept, const QStringList& notWritten) {
+  if (isStopped_) return;
+  if (!MayOpen()) {
+    QTimer::singleShot(kUntilNextTry, this, [this, plan, kept, notWritten]() { OpenAgain(plan, kept, notWritten); });
+    return;
+  }
+  OpenListChanges(plan);
+  static_cast<Form6&>(deps_.windows.Get(WindowKind::SiteChanges)).TakeFailure(kept, notWritten);
 }
 
 // Of a record that is found only the position changes. The records are looked up beside the event loop.
@@ -108,6 +127,7 @@ void MainUpdates::SavePositions(const QList<ListedStation>& positions) {
     for (const ListedStation& station : positions) {
       StationRecord saved{station.call, {}};
       if (const std::optional<FoundRecord> found = reader.Find(station.call)) {
+        if (!station.place.MayReplaceRecord()) continue;
         saved.record = found->record;
       } else {
         saved.record.Call = station.call;
@@ -118,6 +138,13 @@ void MainUpdates::SavePositions(const QList<ListedStation>& positions) {
     }
     return records;
   };
-  deps_.services.background.Run<QList<StationRecord>>(
-      this, stations, [this](const QList<StationRecord>& records) { deps_.services.database.SaveStations(records); });
+  deps_.services.background.Run<QList<StationRecord>>(this, stations, [this](const QList<StationRecord>& records) {
+    if (records.isEmpty()) return;
+    deps_.services.database.SaveStations(records, this, [this](bool durable) {
+      if (durable || isStopped_) return;
+      deps_.services.dialogs.Inform(
+          deps_.mainWindow,
+          tr("The sites have been changed, but their positions could not be written to the call database."), true);
+    });
+  });
 }

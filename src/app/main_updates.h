@@ -44,6 +44,9 @@ class MainUpdates : public QObject {
   void AskVersion(const QString& version);
   void OpenListChanges(const SiteListPlan& plan);
   void Apply(const SiteListPlan& plan, const QSet<int>& kept);
+  void ShowMainWindow();
+  // The files could not be written: Form6 comes back with its marks as soon as no other window keeps it away.
+  void OpenAgain(const SiteListPlan& plan, const QSet<int>& kept, const QStringList& notWritten);
   void SavePositions(const QList<ListedStation>& positions);
 
   Dependencies deps_;

@@ -28,6 +28,11 @@ void ChangeListModel::MarkAll(bool marked) {
   if (count_ > 0) Q_EMIT dataChanged(index(0), index(count_ - 1), {Qt::CheckStateRole});
 }
 
+void ChangeListModel::Unmark(const QSet<int>& rows) {
+  unmarked_.unite(rows);
+  if (count_ > 0) Q_EMIT dataChanged(index(0), index(count_ - 1), {Qt::CheckStateRole});
+}
+
 void ChangeListModel::SetRowSize(QSize size) {
   rowSize_ = size;
   Q_EMIT layoutChanged();

@@ -22,6 +22,7 @@ class ChangeListModel : public QAbstractListModel {
   // Rows whose mark the user has taken away.
   const QSet<int>& Unmarked() const { return unmarked_; }
   void MarkAll(bool marked);
+  void Unmark(const QSet<int>& rows);
   // All rows are as large as this, in pixels.
   void SetRowSize(QSize size);
 

@@ -32,13 +32,20 @@ Form6::Form6(const Program& program)
       List4(new ChangeList(u"List4"_s, ChangeListModel::Marks::None, this)),
       markAll_(new QPushButton(this)),
       markNone_(new QPushButton(this)),
+      lblFailure_(new QLabel(this)),
+      cmdLeave_(new QPushButton(this)),
       cmdCancel(new QPushButton(this)) {
   setObjectName(u"Form6"_s);
   hint_->setObjectName(u"lblHint"_s);
   cmdCancel->setObjectName(u"cmdCancel"_s);
   markAll_->setObjectName(u"markAll"_s);
   markNone_->setObjectName(u"markNone"_s);
-  hint_->setWordWrap(true);
+  lblFailure_->setObjectName(u"lblFailure"_s);
+  lblFailure_->setTextFormat(Qt::PlainText);
+  cmdLeave_->setObjectName(u"cmdLeave"_s);
+  for (QLabel* label : {hint_, lblFailure_}) label->setWordWrap(true);
+  lblFailure_->hide();
+  cmdLeave_->hide();
 
   auto* grid = new QGridLayout;
   grid->addWidget(Framed(addFrame_, List1), 0, 0);
@@ -55,13 +62,19 @@ Form6::Form6(const Program& program)
   static_cast<QVBoxLayout*>(removeFrame_->layout())->addLayout(marks);
   auto* foot = new QHBoxLayout;
   foot->addStretch(1);
+  foot->addWidget(cmdLeave_);
   foot->addWidget(cmdCancel);
   auto* column = new QVBoxLayout(this);
   column->addWidget(hint_);
   column->addLayout(grid, 1);
+  column->addWidget(lblFailure_);
   column->addLayout(foot);
 
   connect(cmdCancel, &QPushButton::clicked, this, &Form6::close);
+  connect(cmdLeave_, &QPushButton::clicked, this, [this]() {
+    plan_ = std::make_shared<const SiteListPlan>();
+    close();
+  });
   connect(markAll_, &QPushButton::clicked, this, [this]() { List2->Model().MarkAll(true); });
   connect(markNone_, &QPushButton::clicked, this, [this]() { List2->Model().MarkAll(false); });
   SetDefaultButton(cmdCancel);
@@ -82,6 +95,14 @@ void Form6::Take(const SiteListPlan& plan) {
   ShowTexts();
 }
 
+void Form6::TakeFailure(const QSet<int>& kept, const QStringList& notWritten) {
+  notWritten_ = notWritten;
+  List2->Model().Unmark(kept);
+  lblFailure_->show();
+  cmdLeave_->show();
+  ShowTexts();
+}
+
 void Form6::ShowHeading(QGroupBox* frame, ChangeList* list, TextLine heading) {
   const QString text = program_.language[heading].trimmed() + u" (%1)"_s.arg(list->Model().rowCount());
   frame->setTitle(text);
@@ -98,6 +119,10 @@ void Form6::ShowTexts() {
   ShowHeading(doneFrame_, List4, TextLine::kChangesDone);
   cmdCancel->setText(texts[TextLine::kChangesApply].trimmed());
   cmdCancel->setAccessibleName(cmdCancel->text());
+  lblFailure_->setText(tr("The changes were not made, as these files could not be written:") + u' ' +
+                       notWritten_.join(u", "_s));
+  cmdLeave_->setText(tr("Close without saving"));
+  cmdLeave_->setAccessibleName(cmdLeave_->text());
   markAll_->setText(tr("Remove all"));
   markNone_->setText(tr("Keep all"));
   const bool hasRemovals = List2->Model().rowCount() > 0;

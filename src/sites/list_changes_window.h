@@ -13,7 +13,8 @@
 #include "sites/site_list_plan.h"
 #include "ui/base_window.h"
 
-// Four lists, and one way out: the button and every other way of closing are the same.
+// Four lists, and one way out: the button and every other way of closing are the same. After a failure there is a
+// second one, which changes nothing.
 class Form6 : public BaseWindow {
   Q_OBJECT
 
@@ -21,6 +22,8 @@ class Form6 : public BaseWindow {
   explicit Form6(const Program& program);
 
   void Take(const SiteListPlan& plan);
+  // The changes of this plan could not be made: names the files, and marks the removals as they were.
+  void TakeFailure(const QSet<int>& kept, const QStringList& notWritten);
   void ShowTexts() override;
 
  Q_SIGNALS:
@@ -48,6 +51,9 @@ class Form6 : public BaseWindow {
   ChangeList* List4;
   QPushButton* markAll_;
   QPushButton* markNone_;
+  QLabel* lblFailure_;
+  QPushButton* cmdLeave_;
   QPushButton* cmdCancel;
+  QStringList notWritten_;
   bool decided_ = false;
 };
