@@ -72,6 +72,10 @@ void Form1::ConnectSignals() {
     // The change of the page has polled it.
     logic_.poll.Timer5.stop();
   });
+  connect(&logic_.mover, &PageMover::Ended, this, [this]() {
+    // Its window has stopped the refresh; where the pages were not moved no change of the page starts it again.
+    if (closing_ == Closing::No && program_.config.AutoRefreshOn == 1) logic_.poll.StartRefreshTimer();
+  });
   connect(&logic_.poll, &PollCycle::BusyChanged, this, &Form1::ShowBusy);
   connect(&logic_.poll, &PollCycle::RefreshCaptionChanged, this, &Form1::RefreshCaptions);
   connect(picAll_, &PageView::CellPressed, &logic_.click, &PageClick::Press);
