@@ -109,6 +109,10 @@ void CallDatabase::DeleteRecord(const QString& call, QObject* context,
   Run<Deletion>(work, context, then);
 }
 
+void CallDatabase::PutBack(const QList<DbRec>& removed, QObject* context, const Saved& then) {
+  Change([this, removed]() { return file_.PutBack(removed); }, context, then);
+}
+
 void CallDatabase::SortDatabase(QObject* context, const Saved& then) {
   Run<bool>([this]() { return file_.SortDatabase(); }, context, then);
 }

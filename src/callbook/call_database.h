@@ -60,6 +60,8 @@ class CallDatabase : public CallReader {
   // Removes every record of the call.
   void DeleteRecord(const QString& call, QObject* context = nullptr,
                     const std::function<void(const Deletion&)>& then = {});
+  // Adds the records that a deletion has removed.
+  void PutBack(const QList<DbRec>& removed, QObject* context = nullptr, const Saved& then = {});
   // Brings the file into order. Needed only before the file is copied: searches see it in order at any time.
   void SortDatabase(QObject* context = nullptr, const Saved& then = {});
   // The calls of all records; empty if the file cannot be read.

@@ -259,14 +259,10 @@ void DatabaseEditor::Undo() {
   if (!removed.isEmpty()) Restore(removedCall_, removed);
 }
 
-// A single record takes the place of its call; of several, all come back, since a call that is too long is never found.
 void DatabaseEditor::Restore(const QString& call, const QList<DbRec>& removed) {
   // A second press must not add them twice.
   if (removedCall_ == call) removed_.clear();
-  const QString place = removed.size() > 1 ? call + QString(DbRec().Call.Bytes().size(), u'+') : call;
-  QList<StationRecord> stations;
-  for (const DbRec& record : removed) stations += {place, record};
-  database_.SaveStations(stations, this, [this, call, removed](bool durable) {
+  database_.PutBack(removed, this, [this, call, removed](bool durable) {
     TakeSaved(durable, [this, call, removed]() { Restore(call, removed); });
   });
 }

@@ -180,6 +180,10 @@ bool DatabaseFile::SaveStations(const QList<StationRecord>& stations) {
   return Rewrite(added, changes);
 }
 
+bool DatabaseFile::PutBack(const QList<DbRec>& removed) {
+  return KnowOrMake() && Order() && Rewrite({removed.begin(), removed.end()}, {});
+}
+
 bool DatabaseFile::AddRecord(const DbRec& record) {
   return Know() && Add(record);
 }

@@ -55,6 +55,8 @@ class DatabaseFile {
   // Saves one by one if they are few, otherwise all or none of them, with one new file.
   bool SaveStations(const QList<StationRecord>& stations);
 
+  // Adds records that a deletion has removed, several of one call, too, which SaveStations would make one.
+  bool PutBack(const QList<DbRec>& removed);
   // Adds a record behind the last.
   bool AddRecord(const DbRec& record);
   // Replaces the record with that number in the file, from 1.

@@ -27,6 +27,7 @@ class TestCallDatabase : public QObject {
     while (text.endsWith(' ')) text.chop(1);
     return text;
   }
+  static QByteArray Bytes(const DbRec& record) { return {reinterpret_cast<const char*>(&record), kRecordSize}; }
   static QByteArray CallOf(const QByteArray& record) { return Trimmed(record.left(6)); }
 
   // Records in memory.
@@ -98,6 +99,10 @@ class TestCallDatabase : public QObject {
           model.records.removeIf([&call](const QByteArray& stored) { return CallOf(stored) == Trimmed(call); });
           const Deletion deletion = database.file.DeleteRecord(text);
           QVERIFY(deletion.durable && deletion.removed.size() == before - model.records.size());
+          if (random.bounded(3) == 0 && database.file.PutBack(deletion.removed)) {
+            for (const DbRec& removed : deletion.removed) model.records += Bytes(removed);
+            model.Sort();
+          }
         } else if (number > 0 && (searchesFirst || choice < 3)) {
           QVERIFY(database.file.UpdateRecord(database.NumberInFile(), record));
           model.records[number - 1] = Stored(call, name);
