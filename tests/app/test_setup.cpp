@@ -111,6 +111,17 @@ class TestSetup : public QObject {
     QVERIFY(f.services->database.Finish() && f.services->database.Find(u"DL7AA"_s));
   }
 
+  // Each button of the empty page opens its own window.
+  void AnEmptyPageLeadsOn() {
+    WindowFixture f;
+    QVERIFY(f.StartAndPoll());
+    for (const auto& [button, kind] :
+         {std::pair("locationButton", WindowKind::OwnLocation), std::pair("addSiteButton", WindowKind::AddSite)}) {
+      f.form->findChild<EmptyPage*>()->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+      QVERIFY(f.form->AllWindows().Find(kind) != nullptr);
+    }
+  }
+
   // What is in memory is in the copy; a No copies nothing.
   void MakesABackup() {
     WindowFixture f;
@@ -144,10 +155,6 @@ class TestSetup : public QObject {
     QTRY_VERIFY(!notice->isVisible());
     f.form->MnuPagesClick(0);
     QTRY_VERIFY(putBack->isVisible());
-    notice->findChild<QPushButton*>(u"locationButton"_s)->click();
-    QTRY_VERIFY(f.form->AllWindows().Find(WindowKind::OwnLocation) != nullptr);
-    f.form->AllWindows().Find(WindowKind::OwnLocation)->close();
-    QTRY_VERIFY(f.form->AllWindows().Find(WindowKind::OwnLocation) == nullptr);
     // By keyboard, from the bar past the buttons that can be pressed, on a page of the least height.
     f.form->resize(500, 160);
     QVERIFY(notice->geometry().bottom() <= f.form->height());
