@@ -122,12 +122,14 @@ struct SessionFixture : LookupFixture {
     QTRY_VERIFY_WITH_TIMEOUT(!view.busy, 10'000);
     Settle();
   }
-  // Returns when the background thread has done all that it was given before.
+  // Returns when the background thread and the database have done all that they were given before.
   void Settle() {
     bool done = false;
     background.Run<bool>(
         &session, [] { return true; }, [&done](bool) { done = true; });
     QTRY_VERIFY(done);
+    database.Finish();
+    QCoreApplication::processEvents();
   }
   QString Text(TextLine line) const { return program.language[line]; }
   // All that the window shows of a record: call, name, three lines of the address, distance.

@@ -51,7 +51,7 @@ class TestSiteListPlan : public QObject {
 
  private Q_SLOTS:
   void TakesOnlyWholeAndFreshFiles() {
-    const auto reads = [](const char* what, QByteArray file, bool wanted) {
+    const auto reads = [](const char* what, const QByteArray& file, bool wanted) {
       const TableRow row(what);
       QCOMPARE(ReadUpdateFile(file, kToday).has_value(), wanted);
     };
