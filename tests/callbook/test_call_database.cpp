@@ -50,6 +50,16 @@ class TestCallDatabase : public QObject {
       return 0;
     }
 
+    // A call of up to seven of the letters, or that of a record.
+    QByteArray AnyCall(QRandomGenerator& random, const QByteArray& letters) const {
+      if (!records.isEmpty() && random.bounded(3) == 0) {
+        return CallOf(records[random.bounded(static_cast<int>(records.size()))]);
+      }
+      QByteArray call;
+      for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
+      return call;
+    }
+
     void Sort() {
       std::stable_sort(records.begin(), records.end(),
                        [](const QByteArray& a, const QByteArray& b) { return CallOf(a) < CallOf(b); });
@@ -71,16 +81,8 @@ class TestCallDatabase : public QObject {
       Model model;
       QRandomGenerator random(41);
       bool sorted = true;
-      const auto anyCall = [&] {
-        if (!model.records.isEmpty() && random.bounded(3) == 0) {
-          return CallOf(model.records[random.bounded(static_cast<int>(model.records.size()))]);
-        }
-        QByteArray call;
-        for (int i = random.bounded(8); i > 0; --i) call += letters[random.bounded(static_cast<int>(letters.size()))];
-        return call;
-      };
       for (int step = 0; step < 400; ++step) {
-        const QByteArray call = anyCall();
+        const QByteArray call = model.AnyCall(random, letters);
         const QString text = QString::fromLatin1(call);
         const QByteArray name = QByteArray::number(step);
         const int number = database.FindRecord(text);
