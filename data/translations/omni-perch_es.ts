@@ -107,6 +107,17 @@
     </message>
 </context>
 <context>
+    <name>EasyPalPaste</name>
+    <message>
+        <source>EasyPal did not come to the front. The picture is on the clipboard: press F7 in EasyPal.</source>
+        <translation>EasyPal no pasó al frente. La imagen está en el portapapeles: pulse F7 en EasyPal.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard. Press F7 in EasyPal to paste it.</source>
+        <translation>La imagen está en el portapapeles. Pulse F7 en EasyPal para pegarla.</translation>
+    </message>
+</context>
+<context>
     <name>EmptyPage</name>
     <message>
         <source>No station stands on any page yet</source>

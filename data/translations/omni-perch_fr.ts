@@ -107,6 +107,17 @@
     </message>
 </context>
 <context>
+    <name>EasyPalPaste</name>
+    <message>
+        <source>EasyPal did not come to the front. The picture is on the clipboard: press F7 in EasyPal.</source>
+        <translation>EasyPal n&apos;est pas passé au premier plan. L&apos;image est dans le presse-papiers : appuyez sur F7 dans EasyPal.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard. Press F7 in EasyPal to paste it.</source>
+        <translation>L&apos;image est dans le presse-papiers. Appuyez sur F7 dans EasyPal pour la coller.</translation>
+    </message>
+</context>
+<context>
     <name>EmptyPage</name>
     <message>
         <source>No station stands on any page yet</source>

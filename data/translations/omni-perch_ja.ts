@@ -107,6 +107,17 @@
     </message>
 </context>
 <context>
+    <name>EasyPalPaste</name>
+    <message>
+        <source>EasyPal did not come to the front. The picture is on the clipboard: press F7 in EasyPal.</source>
+        <translation>EasyPal を前面に表示できませんでした。画像はクリップボードにあります。EasyPal で F7 を押してください。</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard. Press F7 in EasyPal to paste it.</source>
+        <translation>画像はクリップボードにあります。EasyPal で F7 を押すと貼り付けられます。</translation>
+    </message>
+</context>
+<context>
     <name>EmptyPage</name>
     <message>
         <source>No station stands on any page yet</source>

@@ -107,6 +107,17 @@
     </message>
 </context>
 <context>
+    <name>EasyPalPaste</name>
+    <message>
+        <source>EasyPal did not come to the front. The picture is on the clipboard: press F7 in EasyPal.</source>
+        <translation>EasyPal kwam niet naar voren. De afbeelding staat op het klembord: druk op F7 in EasyPal.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard. Press F7 in EasyPal to paste it.</source>
+        <translation>De afbeelding staat op het klembord. Druk op F7 in EasyPal om haar te plakken.</translation>
+    </message>
+</context>
+<context>
     <name>EmptyPage</name>
     <message>
         <source>No station stands on any page yet</source>

@@ -107,6 +107,17 @@
     </message>
 </context>
 <context>
+    <name>EasyPalPaste</name>
+    <message>
+        <source>EasyPal did not come to the front. The picture is on the clipboard: press F7 in EasyPal.</source>
+        <translation>Okno EasyPal nie pojawiło się na wierzchu. Obraz jest w schowku: naciśnij F7 w EasyPal.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard. Press F7 in EasyPal to paste it.</source>
+        <translation>Obraz jest w schowku. Naciśnij F7 w EasyPal, aby go wkleić.</translation>
+    </message>
+</context>
+<context>
     <name>EmptyPage</name>
     <message>
         <source>No station stands on any page yet</source>

@@ -16,6 +16,7 @@
 #include "maps/map_store.h"
 #include "platform/background.h"
 #include "platform/clock.h"
+#include "platform/desktop_window.h"
 #include "platform/net/cookie_store.h"
 #include "platform/net/url_reader.h"
 #include "platform/picture/page_text_tool.h"
@@ -61,5 +62,6 @@ struct Services {
   CallDatabase database;
   WebLibrary web;
   MapStore maps;
+  DesktopWindow easyPal;
   Commands commands;
 };

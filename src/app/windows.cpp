@@ -16,6 +16,7 @@ Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk,
       lstRxOk_(lstRxOk),
       cams_(cams),
       mainWindow_(mainWindow),
+      paste_({services.program, services.dialogs, services.easyPal}, mainWindow),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
   RegisterOwn();
   RegisterOnAirCommands();

@@ -15,6 +15,7 @@
 #include "cams/cam_status_window.h"
 #include "cams/site_index_window.h"
 #include "display/compare_window.h"
+#include "display/easypal_paste.h"
 #include "display/last15_window.h"
 #include "display/viewer_window.h"
 #include "maps/map_location_window.h"
@@ -90,6 +91,8 @@ class Windows : public QObject {
   // Opens the site index where it was when it was closed last; one that is open is closed first.
   Form19& ShowSiteIndex();
 
+  // The paste into EasyPal, for everything that shows a picture.
+  EasyPalPaste& Paste() { return paste_; }
   // The call database or the own location has changed: open lists and maps place their stations anew.
   void PlacesChanged();
   // A language has been read; before the windows show their texts in it.
@@ -154,6 +157,7 @@ class Windows : public QObject {
   QWidget* mainWindow_;
   QList<Registration> registrations_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
+  EasyPalPaste paste_;
   OnAirCaption onAirCaption_;
   Background drawing_;             // smooths what the viewer shows, beside the disk's work
   QString lblOnAirNow_;            // what it was last made to say in the present language
