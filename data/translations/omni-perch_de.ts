@@ -454,6 +454,13 @@
     </message>
 </context>
 <context>
+    <name>PictureActions</name>
+    <message>
+        <source>This picture cannot be copied: it cannot be decoded.</source>
+        <translation>Dieses Bild kann nicht kopiert werden: Es lässt sich nicht dekodieren.</translation>
+    </message>
+</context>
+<context>
     <name>PropagationMap</name>
     <message>
         <source>The newest report is older than this period</source>

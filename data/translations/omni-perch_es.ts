@@ -454,6 +454,13 @@
     </message>
 </context>
 <context>
+    <name>PictureActions</name>
+    <message>
+        <source>This picture cannot be copied: it cannot be decoded.</source>
+        <translation>Esta imagen no se puede copiar: no se puede descodificar.</translation>
+    </message>
+</context>
+<context>
     <name>PropagationMap</name>
     <message>
         <source>The newest report is older than this period</source>

@@ -450,6 +450,13 @@
     </message>
 </context>
 <context>
+    <name>PictureActions</name>
+    <message>
+        <source>This picture cannot be copied: it cannot be decoded.</source>
+        <translation>この画像はデコードできないため、コピーできません。</translation>
+    </message>
+</context>
+<context>
     <name>PropagationMap</name>
     <message>
         <source>The newest report is older than this period</source>

@@ -458,6 +458,13 @@
     </message>
 </context>
 <context>
+    <name>PictureActions</name>
+    <message>
+        <source>This picture cannot be copied: it cannot be decoded.</source>
+        <translation>Tego obrazu nie można skopiować: nie da się go zdekodować.</translation>
+    </message>
+</context>
+<context>
     <name>PropagationMap</name>
     <message>
         <source>The newest report is older than this period</source>

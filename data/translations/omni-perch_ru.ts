@@ -458,6 +458,13 @@
     </message>
 </context>
 <context>
+    <name>PictureActions</name>
+    <message>
+        <source>This picture cannot be copied: it cannot be decoded.</source>
+        <translation>Это изображение нельзя скопировать: его не удаётся декодировать.</translation>
+    </message>
+</context>
+<context>
     <name>PropagationMap</name>
     <message>
         <source>The newest report is older than this period</source>

@@ -14,6 +14,7 @@
 #include "app/main_updates.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
+#include "app/picture_actions.h"
 #include "app/received_ok.h"
 #include "app/services.h"
 #include "app/setup_windows.h"
@@ -106,6 +107,7 @@ class Form1 : public QWidget {
   EmptyPage* emptyPage_;
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
+  PictureActions* pictures_ = nullptr;
   ReceivedOk* received_ = nullptr;
   MainCams* cams_ = nullptr;
   MainUpdates* updates_ = nullptr;

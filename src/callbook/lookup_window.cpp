@@ -2,7 +2,6 @@
 #include "callbook/lookup_window.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QCursor>
 #include <QHBoxLayout>
@@ -103,7 +102,6 @@ void Form12::ConnectSignals() {
     deps_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
   };
   does(Command::ShowCallOnMap, [](Form12& form, const MenuChoice& choice) { form.MnuMapsClick(choice.index); });
-  does(Command::CopyOperatorPicture, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
   does(Command::SaveOperatorPictureAs, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
   does(Command::SignInOrOut, [](Form12& form, const MenuChoice&) { form.signIn_.SignInOrOut(); });
 }
@@ -231,20 +229,12 @@ void Form12::MnuMapsClick(int index) {
 }
 
 void Form12::MnuPicClick(int index) {
-  if (index == 0) CopyPicture();
   if (index == 3) SavePicture();
 }
 
 void Form12::WithWholePicture(const std::function<void(const QImage&)>& then) {
   deps_.tool.View(session_.PicturePath(), kWholePicture, this, [then](const PictureAnswer& answer) {
     if (answer.ok && !answer.frames.isEmpty()) then(answer.frames.first().image);
-  });
-}
-
-void Form12::CopyPicture() {
-  WithWholePicture([](const QImage& picture) {
-    QGuiApplication::clipboard()->clear();
-    QGuiApplication::clipboard()->setImage(picture);
   });
 }
 

@@ -44,6 +44,9 @@ class Form12 : public BaseWindow {
   // Puts the pointer into the window; for callers whose call came from a menu or a key.
   void CentrePointer();
   void ShowTexts() override;
+  // The call that is shown, and the path of the operator's picture, which need not be there.
+  QString Call() const { return session_.Call(); }
+  QString PicturePath() const { return session_.PicturePath(); }
 
   // Handlers of menus 11 and 12, by the index of their entries.
   void MnuMapsClick(int index);
@@ -76,7 +79,6 @@ class Form12 : public BaseWindow {
   void OpenPicture();
   void StatusClicked();
   void WithWholePicture(const std::function<void(const QImage&)>& then);
-  void CopyPicture();
   void SavePicture();
 
   Dependencies deps_;

@@ -304,20 +304,24 @@ bool History::Opens(int slot) const {
   return picture.found && picture.blockReason != 2 && !Cells().at(slot).picProg;
 }
 
+SourcePicture History::PictureOf(int slot) const {
+  const Fields& fields = FieldsOf(slot);
+  return {PathOf(slot),
+          site_.Call,
+          fields.Caller,
+          fields.ModeText,
+          fields.SentTime,
+          QUrl(PlainUrl(site_.Url)).host(),
+          {PictureSource::Window::History, slot}};
+}
+
 PictureList History::Pictures(int slot) const {
   PictureList list;
   list.at = -1;
   for (int each = 0; each < Count(); ++each) {
-    const Picture& picture = pictures_.at(static_cast<std::size_t>(each));
     if (!Opens(each)) continue;
     if (each == slot) list.at = list.pictures.size();
-    list.pictures.append({PathOf(each),
-                          site_.Call,
-                          picture.fields.Caller,
-                          picture.fields.ModeText,
-                          picture.fields.SentTime,
-                          QUrl(PlainUrl(site_.Url)).host(),
-                          {PictureSource::Window::History, each}});
+    list.pictures.append(PictureOf(each));
   }
   list.renew = [history = QPointer(this), slot]() { return history ? history->Pictures(slot) : PictureList(); };
   return list;

@@ -71,6 +71,7 @@ class History : public QObject {
   // The pictures that a click opens, blocked senders' among them as on the page; at: that of the slot, or -1 where the
   // slot has none.
   PictureList Pictures(int slot) const;
+  SourcePicture PictureOf(int slot) const;
   // Marks a picture for the comparison, or takes its mark back; nothing of a slot that has no picture to show.
   void ToggleMark(int slot);
   // The marked pictures, at most two.

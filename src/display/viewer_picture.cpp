@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/viewer_picture.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
+#include "display/source_file.h"
 #include "platform/picture/file_type.h"
 #include "platform/picture/picture_protocol.h"
 #include "station/callsign.h"
@@ -15,18 +14,9 @@ namespace {
 
 constexpr qsizetype kTypeBytes = 300;
 
-// The file of this name, or the first of this name with an extension; empty where there is none.
-QString FileOf(const QString& name) {
-  if (name.isEmpty()) return {};
-  const QFileInfo wanted(name);
-  if (wanted.isFile()) return name;
-  const QStringList found = wanted.dir().entryList({wanted.fileName() + u".*"_s}, QDir::Files, QDir::Name);
-  return found.isEmpty() ? QString() : wanted.dir().filePath(found.first());
-}
-
 // Nothing of a file that is larger than a decoder takes, or that is no plain file.
 QByteArray BytesOf(const QString& name) {
-  QFile file(FileOf(name));
+  QFile file(FileOfName(name));
   if (file.fileName().isEmpty() || file.size() > PictureLimits::kFileBytes) return {};
   return file.open(QIODevice::ReadOnly) ? file.read(PictureLimits::kFileBytes) : QByteArray();
 }

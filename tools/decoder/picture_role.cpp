@@ -3,8 +3,10 @@
 
 #include <QImageReader>
 #include <QList>
+#include <algorithm>
 
 #include "decode.h"
+#include "picture_facts.h"
 #include "platform/picture/picture_protocol.h"
 
 namespace {
@@ -17,6 +19,7 @@ struct JobResult {
   PictureReply reply;
   QByteArray file;
   QList<DecodedFrame> frames;
+  int counted = 0;  // frames of the picture that are not sent
 };
 
 // The formats that a cell's picture control loads. The program converts any other picture first.
@@ -32,6 +35,11 @@ QByteArray MakeFile(PictureVerb verb, const QByteArray& bytes, const PictureHead
   return Encode24(image, verb == PictureVerb::ConvertToBmp ? WrittenFormat::Bmp : WrittenFormat::Jpeg);
 }
 
+int CountFrames(const QByteArray& bytes, const PictureHeader& header) {
+  if (header.kind != PictureKind::Gif) return 1;
+  return static_cast<int>(std::clamp<qint64>(CountGifFrames(bytes), 1, PictureLimits::kWholeFrames));
+}
+
 // False where the picture cannot be done as asked.
 bool RunVerb(const PictureRequest& request, const QByteArray& bytes, const PictureHeader& header, JobResult& result) {
   switch (request.verb) {
@@ -39,6 +47,13 @@ bool RunVerb(const PictureRequest& request, const QByteArray& bytes, const Pictu
       return !DecodeStill(bytes, header, FitInto(header.size, kMeasuredBox, Fit::DownOnly)).isNull();
     case PictureVerb::Size:
       return !header.size.isEmpty();
+    case PictureVerb::Frames:
+      result.counted = CountFrames(bytes, header);
+      return true;
+    case PictureVerb::Facts:
+      result.counted = CountFrames(bytes, header);
+      result.file = ReadFacts(bytes, header);
+      return true;
     case PictureVerb::Thumb:
     case PictureVerb::Convert:
     case PictureVerb::ConvertToBmp:
@@ -71,7 +86,7 @@ JobResult RunJob(const PictureRequest& request, const QByteArray& bytes) {
   reply.depth = header.depth;
   if (!header.size.isEmpty()) reply.size = header.size;
   if (WithinLimits(header) && RunVerb(request, bytes, header, result)) reply.outcome = PictureOutcome::Done;
-  reply.frames = static_cast<int>(result.frames.size());
+  reply.frames = result.counted > 0 ? result.counted : static_cast<int>(result.frames.size());
   reply.payloadBytes = result.file.size();
   for (const DecodedFrame& frame : std::as_const(result.frames)) {
     reply.payloadBytes += static_cast<qint64>(sizeof(PictureFrameHead)) + frame.image.sizeInBytes();

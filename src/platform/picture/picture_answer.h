@@ -2,6 +2,7 @@
 // The answer to a picture job, as values. Whoever asks picture_tool reads it; picture_job fills it in.
 #pragma once
 
+#include <QByteArray>
 #include <QImage>
 #include <QList>
 #include <QSize>
@@ -25,5 +26,7 @@ struct PictureAnswer {
   QString type;            // by content, as GetFileType says
   QSize size;              // pixels of the picture itself, before any scaling
   int depth = 0;  // colour depth as the converter reports it (JPEG and JPEG 2000: bits a pixel; PNG, BMP: 8); 0 unknown
+  int frameCount = 0;          // of CountFrames and ReadFacts
+  QByteArray facts;            // of ReadFacts: lines of a word, a blank and a value (see platform/picture/picture_tool)
   QList<PictureFrame> frames;  // of Load and View, scaled to fit their box; more than one for an animation
 };

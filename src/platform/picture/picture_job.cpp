@@ -124,6 +124,12 @@ void TakeAnswer(const PictureTask& task, int part, const HelperAnswer& given, Pi
     case PictureVerb::Size:
       answer.ok = true;
       break;
+    case PictureVerb::Frames:
+    case PictureVerb::Facts:
+      answer.frameCount = reply->frames;
+      answer.facts = given.body;
+      answer.ok = true;
+      break;
     case PictureVerb::Thumb:
     case PictureVerb::Convert:
     case PictureVerb::ConvertToBmp:
@@ -150,7 +156,10 @@ qint64 MostBytes(const PictureRequest& request) {
   switch (request.verb) {
     case PictureVerb::Measure:
     case PictureVerb::Size:
+    case PictureVerb::Frames:
       return 0;
+    case PictureVerb::Facts:
+      return PictureLimits::kFactsBytes;
     case PictureVerb::Thumb:
       return box + (1 << 16);  // a thumb of noise compresses badly
     case PictureVerb::Convert:

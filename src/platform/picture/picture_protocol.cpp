@@ -7,8 +7,8 @@
 
 namespace {
 
-constexpr std::array<const char*, 9> kVerbNames{"measure", "thumb",  "convert", "convert-bmp", "load",
-                                                "view",    "glance", "whole",   "size"};
+constexpr std::array<const char*, 11> kVerbNames{"measure", "thumb", "convert", "convert-bmp", "load", "view",
+                                                 "glance",  "whole", "size",    "frames",      "facts"};
 
 constexpr qint64 kMaxId = 1LL << 62;
 constexpr qint64 kMaxSide = 1LL << 30;

@@ -8,7 +8,7 @@
 #include <optional>
 
 // What is to be done with a picture.
-enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View, Glance, Whole, Size };
+enum class PictureVerb { Measure, Thumb, Convert, ConvertToBmp, Load, View, Glance, Whole, Size, Frames, Facts };
 
 // A job's line.
 struct PictureRequest {
@@ -50,6 +50,7 @@ inline constexpr int kWholeFrames = 10'000;                         // of one an
 inline constexpr qint64 kAnimationBytes = 16LL * 1024 * 1024;       // scaled pixels of one animation
 inline constexpr qint64 kPayloadBytes = kDecodedBytes + (1 << 20);  // of one answer
 inline constexpr int kBoxSide = 16384;                              // of the box that a caller may ask for
+inline constexpr qint64 kFactsBytes = 10LL * 1024 * 1024;           // of what is told about a picture
 inline constexpr int kSide = 64 * 1000 * 1000;                      // of a frame: one row of kPixels
 }  // namespace PictureLimits
 

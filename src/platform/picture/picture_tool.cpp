@@ -99,7 +99,20 @@ void PictureTool::ReadSize(const QByteArray& bytes, QObject* context, Done done,
 }
 
 void PictureTool::Whole(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
-  PictureTask task = Task(PictureVerb::Whole, {}, {}, {});
+  AddBytes(PictureVerb::Whole, bytes, context, std::move(done), options);
+}
+
+void PictureTool::CountFrames(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
+  AddBytes(PictureVerb::Frames, bytes, context, std::move(done), options);
+}
+
+void PictureTool::ReadFacts(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options) {
+  AddBytes(PictureVerb::Facts, bytes, context, std::move(done), options);
+}
+
+void PictureTool::AddBytes(PictureVerb verb, const QByteArray& bytes, QObject* context, Done done,
+                           const PictureOptions& options) {
+  PictureTask task = Task(verb, {}, {}, {});
   if (bytes.size() <= PictureLimits::kFileBytes) task.bytes = bytes;
   Add(std::move(task), context, std::move(done), options, PicturePriority::Screen);
 }

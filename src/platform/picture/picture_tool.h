@@ -24,6 +24,7 @@
 class HelperProcess;
 struct HelperJob;
 enum class HelperEnd;
+enum class PictureVerb;
 struct PictureTask;
 
 // The queue of picture jobs and the processes that do them.
@@ -71,6 +72,13 @@ class PictureTool : public QObject {
   // (a half, a third), an animation with all its frames, each reduced so that together they stay below it.
   void Whole(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
 
+  // Counts the frames of an animation, without decoding them; 1 for any other picture.
+  void CountFrames(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
+  // Reads what can be told about a picture, one fact a line of UTF-8: "dpi" and two numbers (left out where the file
+  // tells none), "depth" and the bits a pixel, "colors" and how many different ones there are, and the words "comment"
+  // and "creator" with a text each.
+  void ReadFacts(const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options = {});
+
   // The host has flooded a read, or done worse: its pictures wait behind all others until one of them was done quickly.
   void Suspect(const QString& host);
 
@@ -80,6 +88,7 @@ class PictureTool : public QObject {
  private:
   struct Job;
 
+  void AddBytes(PictureVerb verb, const QByteArray& bytes, QObject* context, Done done, const PictureOptions& options);
   void Add(PictureTask task, QObject* context, Done done, const PictureOptions& options, PicturePriority usual);
   void HandOut();
   void Begin(size_t helper, quint64 id);
