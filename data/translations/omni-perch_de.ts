@@ -609,6 +609,10 @@
         <translation>%1 wurde aus der Liste der Stationen entfernt</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>Die Liste der Stationen wurde geändert</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Stationen hinzugefügt: %1, entfernt: %2</translation>
     </message>

@@ -609,6 +609,10 @@
         <translation>%1 se ha eliminado de la lista de estaciones</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>La lista de estaciones ha cambiado</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Estaciones añadidas: %1, eliminadas: %2</translation>
     </message>

@@ -609,6 +609,10 @@
         <translation>%1 a été retiré de la liste des stations</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>La liste des stations a été modifiée</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Stations ajoutées : %1, retirées : %2</translation>
     </message>

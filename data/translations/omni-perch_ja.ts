@@ -603,6 +603,10 @@
         <translation>%1 を局のリストから削除しました</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>局の一覧を変更しました</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>追加した局：%1、削除した局：%2</translation>
     </message>

@@ -609,6 +609,10 @@
         <translation>%1 is uit de lijst van stations verwijderd</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>De lijst van stations is gewijzigd</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Stations toegevoegd: %1, verwijderd: %2</translation>
     </message>

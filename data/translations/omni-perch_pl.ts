@@ -615,6 +615,10 @@
         <translation>Usunięto %1 z listy stacji</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>Lista stacji została zmieniona</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Dodane stacje: %1, usunięte: %2</translation>
     </message>

@@ -615,6 +615,10 @@
         <translation>%1: удалено из списка станций</translation>
     </message>
     <message>
+        <source>The list of sites was changed</source>
+        <translation>Список станций изменён</translation>
+    </message>
+    <message>
         <source>Sites added: %1, removed: %2</source>
         <translation>Добавлено станций: %1, удалено: %2</translation>
     </message>

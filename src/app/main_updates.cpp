@@ -93,11 +93,12 @@ void MainUpdates::Apply(const SiteListPlan& plan, const QSet<int>& kept) {
   if (plan.IsEmpty()) return;
   ChangeOptions options;
   options.news = SiteNews{RemovedCalls(plan, kept), AddedSites(plan)};
-  deps_.logic.changes.ChangeSites([plan, kept](SiteEdit& edit) { ApplyPlan(plan, kept, edit.dsstv); }, options, this,
-                                  [this, plan, kept](const QStringList& notWritten) {
-                                    if (notWritten.isEmpty()) return SavePositions(plan.positions);
-                                    OpenAgain(plan, kept, notWritten);
-                                  });
+  deps_.logic.changes.ChangeManySites([plan, kept](SiteEdit& edit) { ApplyPlan(plan, kept, edit.dsstv); }, options,
+                                      this,
+                                      [this, plan, kept](const QStringList& notWritten) {
+                                        if (notWritten.isEmpty()) return SavePositions(plan.positions);
+                                        OpenAgain(plan, kept, notWritten);
+                                      });
 }
 
 void MainUpdates::ShowMainWindow() {

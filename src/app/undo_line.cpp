@@ -55,6 +55,7 @@ QString UndoLine::Text() const {
   if (!sites) return {};
   const qsizetype removed = sites->removed.size();
   if (removed == 1 && sites->added == 0) return tr("%1 was removed from the list of sites").arg(sites->removed.at(0));
+  if (removed == 0 && sites->added == 0) return tr("The list of sites was changed");
   return tr("Sites added: %1, removed: %2").arg(sites->added).arg(removed);
 }
 

@@ -122,7 +122,7 @@ void Backup::Make(QObject* context, const Done& done) {
   job.name = deps_.clock.Now().toString(u"yyyy-MM-dd-HHmmss"_s);
   job.kind = kNames;
   job.kept = kKept;
-  if (!running_) Start(job, context, done);
+  Begin(job, context, done);
 }
 
 void Backup::MakeBeforeUpdate(QObject* context, const Done& done) {
@@ -133,14 +133,21 @@ void Backup::MakeBeforeUpdate(QObject* context, const Done& done) {
   job.further = now.toString(u"-HHmmss"_s);
   job.kind = kNames;
   job.kept = kKeptBeforeUpdates;
-  Start(job, context, done);
+  Begin(job, context, done);
 }
 
-void Backup::Start(Job job, QObject* context, const Done& done) {
+// One after another: two at once would replace each other's files, and the state is written once for both.
+void Backup::Begin(const Job& job, QObject* context, const Done& done) {
+  const auto start = [this, job, guard = QPointer<QObject>(context), done]() { Start(job, guard, done); };
+  if (running_) return waiting_.enqueue(start);
+  start();
+}
+
+void Backup::Start(Job job, const QPointer<QObject>& context, const Done& done) {
   running_ = true;
   job.data = deps_.appDataDir;
   job.backups = Folder();
-  deps_.saveState([this, job, context = QPointer<QObject>(context), done](const QStringList& failed) {
+  deps_.saveState([this, job, context, done](const QStringList& failed) {
     Job saved = job;
     saved.result.failed = failed;
     deps_.mergeDatabase([this, saved, context, done]() { Copy(saved, context, done); });
@@ -156,5 +163,6 @@ void Backup::Copy(const Job& job, const QPointer<QObject>& context, const Done& 
   deps_.background.Run<BackupResult>(this, run, [this, context, done](const BackupResult& result) {
     running_ = false;
     if (context != nullptr) done(result);
+    if (!running_ && !waiting_.isEmpty()) waiting_.dequeue()();
   });
 }

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QQueue>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -41,16 +42,18 @@ class Backup : public QObject {
   QString Folder() const;  // where the copies are
 
   // The user's backup: the four main files are replaced, and a dated copy of all files is made, of which ten are kept.
-  // Does nothing while a backup is being made. done is called on the event loop of context, unless that is gone.
+  // Begins when a backup that is being made is done. done is called on the event loop of context, unless that is gone.
   void Make(QObject* context, const Done& done);
   // A dated copy alone, under the name of the update, of which three are kept.
   void MakeBeforeUpdate(QObject* context, const Done& done);
 
  private:
   struct Job;
-  void Start(Job job, QObject* context, const Done& done);
+  void Begin(const Job& job, QObject* context, const Done& done);
+  void Start(Job job, const QPointer<QObject>& context, const Done& done);
   void Copy(const Job& job, const QPointer<QObject>& context, const Done& done);
 
   Dependencies deps_;
   bool running_ = false;
+  QQueue<std::function<void()>> waiting_;  // each starts a backup
 };

@@ -174,22 +174,28 @@ QString DuplicateText(QLatin1String list, const SiteRec& site) {
   return "Duplicate removed from "_L1 + list + " list\n"_L1 + site.Call + "  "_L1 + site.Url;
 }
 
-// Of equal calls the first one stays.
+// Of equal calls the first one stays. The messages come in the order of those that stay.
 QStringList DropDsstvDuplicates(QList<SiteRec>& sites) {
-  QHash<QString, QList<qsizetype>> placesOfCall;
+  QHash<QString, qsizetype> firstOfCall;
+  firstOfCall.reserve(sites.size());
+  QMultiMap<qsizetype, qsizetype> duplicates;  // by the first of their call
   for (qsizetype i = 0; i < sites.size(); ++i) {
-    if (!sites.at(i).Call.isEmpty()) {
-      placesOfCall[sites.at(i).Call].append(i);
+    const QString& call = std::as_const(sites).at(i).Call;
+    if (call.isEmpty()) {
+      continue;
+    }
+    const auto first = firstOfCall.constFind(call);
+    if (first == firstOfCall.cend()) {
+      firstOfCall.insert(call, i);
+    } else {
+      duplicates.insert(duplicates.upperBound(*first), *first, i);
     }
   }
   QStringList messages;
-  for (qsizetype i = 0; i < sites.size(); ++i) {
-    const QList<qsizetype> places = placesOfCall.take(sites.at(i).Call);
-    for (qsizetype n = 1; n < places.size(); ++n) {
-      SiteRec& duplicate = sites[places.at(n)];
-      messages.append(DuplicateText("DSSTV"_L1, duplicate));
-      duplicate.Call.clear();
-    }
+  for (const qsizetype place : std::as_const(duplicates)) {
+    SiteRec& duplicate = sites[place];
+    messages.append(DuplicateText("DSSTV"_L1, duplicate));
+    duplicate.Call.clear();
   }
   return messages;
 }

@@ -2,6 +2,8 @@
 #include "sites/site_changes.h"
 
 #include <QPointer>
+#include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "page/cam_light.h"
@@ -44,6 +46,27 @@ void TakeTableBack(TableEdit& edit, const QList<SiteRec>& former, const TableEdi
   }
 }
 
+// All of a record but the date of its newest picture.
+auto Undated(const SiteRec& site) {
+  return std::tie(site.Call, site.Url, site.PageSlots, site.Lat, site.Lon, site.CamUrl, site.LatText, site.LonText,
+                  site.MoreFields);
+}
+
+// Carries dates that a poll has written into now over to the table before a change and to that behind it; false where
+// now differs from before in anything else.
+bool FollowDates(const QList<SiteRec>& now, const TableEdit::NewIndex& newIndex, QList<SiteRec>& before,
+                 QList<SiteRec>& behind) {
+  const bool isSame = std::equal(now.cbegin(), now.cend(), before.cbegin(), before.cend(),
+                                 [](const SiteRec& a, const SiteRec& b) { return Undated(a) == Undated(b); });
+  for (qsizetype i = 0; isSame && i < now.size(); ++i) {
+    const QString& seen = now.at(i).LastSeen;
+    if (seen == std::as_const(before).at(i).LastSeen) continue;
+    before[i].LastSeen = seen;
+    if (const int site = newIndex.at(i); site >= 0) behind[site].LastSeen = seen;
+  }
+  return isSame;
+}
+
 int SlotOfWx(const SiteRec& site, int layout) {
   if (layout < 1 || layout > kLayouts) return 0;
   return static_cast<int>(Val(site.PageSlots[static_cast<std::size_t>(layout)]));
@@ -57,10 +80,33 @@ SiteChanges::SiteChanges(const Dependencies& deps, QObject* parent)
       grid_(deps.grid),
       heights_(deps.heights),
       files_(deps.files),
-      poll_(deps.poll) {}
+      poll_(deps.poll),
+      background_(deps.background) {}
 
 void SiteChanges::ChangeSites(const Change& change, const ChangeOptions& options, QObject* context, const Done& done) {
   Apply(change);
+  Save(options, context, done);
+}
+
+void SiteChanges::ChangeManySites(const Change& change, const ChangeOptions& options, QObject* context,
+                                  const Done& done) {
+  BeginChange();
+  const int layout = program_.config.ThumbLayout;
+  const auto make = [sites = program_.sites, layout, change]() { return Make(sites, layout, change); };
+  background_.Run<Made>(this, make,
+                        [this, layout, change, options, context = QPointer<QObject>(context), done](Made made) {
+                          // A poll may have begun meanwhile, and the user may have placed a site or changed the layout.
+                          if (layout == program_.config.ThumbLayout && FollowPoll(made)) {
+                            BeginChange();
+                            Take(made);
+                          } else {
+                            Apply(change);
+                          }
+                          Save(options, context, done);
+                        });
+}
+
+void SiteChanges::Save(const ChangeOptions& options, QObject* context, const Done& done) {
   former_.news = options.news;
   const quint64 number = ++number_;
   const auto saved = [this, number, options, done,
@@ -87,7 +133,7 @@ void SiteChanges::Saved(quint64 number, const ChangeOptions& options, const QStr
   // Of two changes in quick succession the later one has the word.
   if (number != number_) return;
   if (!notWritten.isEmpty() && !options.keepUnsaved) {
-    Apply([this](SiteEdit& edit) { TakeBack(edit); });
+    Apply([former = former_](SiteEdit& edit) { TakeBack(former, edit); });
   } else if (options.news) {
     undoable_ = true;
     Q_EMIT UndoableChanged();
@@ -95,45 +141,69 @@ void SiteChanges::Saved(quint64 number, const ChangeOptions& options, const QStr
   poll_.StartTimer5();
 }
 
-void SiteChanges::Apply(const Change& change) {
+void SiteChanges::BeginChange() {
   Q_EMIT AboutToChange();
   ForgetUndo();
   poll_.EndPoll();
-  SiteTable& sites = program_.sites;
-  const int layout = program_.config.ThumbLayout;
-  sites.StorePageSlots(layout);
+  program_.sites.StorePageSlots(program_.config.ThumbLayout);
+}
+
+void SiteChanges::Apply(const Change& change) {
+  BeginChange();
+  Take(Make(program_.sites, program_.config.ThumbLayout, change));
+}
+
+SiteChanges::Made SiteChanges::Make(const SiteTable& table, int layout, const Change& change) {
+  Made made{table, {}, SitesOfPlaces(table), table.SitePosMask, false, false};
+  SiteTable& sites = made.table;
   SiteEdit edit{TableEdit(sites.Sites), TableEdit(sites.WxSites)};
-  const QHash<int, int> before = SitesOfPlaces();
-  const QStringList cams = sites.lstCams;
   change(edit);
-  Former former{sites.Sites, sites.WxSites, {}, {}, {}};
+  made.filesMoved = edit.filesMoved;
+  made.dropsFilesOfNew = edit.dropsFilesOfNew;
+  made.former.sites = sites.Sites;
+  made.former.wxSites = sites.WxSites;
   std::vector<int> left;
   sites.Sites = edit.dsstv.Left(left);
   // The masks are built anew from PageSlots, so that they need not follow the records.
-  former.newIndex = NewIndices(left, sites.SortSites(), edit.dsstv.FormerSize());
+  made.former.newIndex = NewIndices(left, sites.SortSites(), edit.dsstv.FormerSize());
   sites.WxSites = edit.wx.Left(left);
-  former.newWxIndex = NewIndices(left, sites.SortWxSites(), edit.wx.FormerSize());
+  made.former.newWxIndex = NewIndices(left, sites.SortWxSites(), edit.wx.FormerSize());
   sites.BuildPageSlots(layout);
-  former_ = former;
+  // Makes the index of calls here, so that the first look-up on the event loop has it.
+  if (!sites.lstCalls.isEmpty()) sites.FindCall(sites.lstCalls.first());
+  return made;
+}
+
+bool SiteChanges::FollowPoll(Made& made) const {
+  const SiteTable& now = program_.sites;
+  Former& former = made.former;
+  return now.SitePosMask == made.masks && FollowDates(now.Sites, former.newIndex, former.sites, made.table.Sites) &&
+         FollowDates(now.WxSites, former.newWxIndex, former.wxSites, made.table.WxSites);
+}
+
+void SiteChanges::Take(const Made& made) {
+  const QStringList cams = program_.sites.lstCams;
+  program_.sites = made.table;
+  former_ = made.former;
   ListCams(cams);
-  if (!edit.filesMoved) DropFiles(before, edit.dropsFilesOfNew);
+  if (!made.filesMoved) DropFiles(made.before, made.dropsFilesOfNew);
   if (program_.page.OnDsstvPage()) {
-    ShowDsstvCells(before);
+    ShowDsstvCells(made.before);
   } else {
     ShowWxCells();
   }
   Q_EMIT Changed();
 }
 
-void SiteChanges::TakeBack(SiteEdit& edit) const {
-  TakeTableBack(edit.dsstv, former_.sites, former_.newIndex);
-  TakeTableBack(edit.wx, former_.wxSites, former_.newWxIndex);
+void SiteChanges::TakeBack(const Former& former, SiteEdit& edit) {
+  TakeTableBack(edit.dsstv, former.sites, former.newIndex);
+  TakeTableBack(edit.wx, former.wxSites, former.newWxIndex);
 }
 
-QHash<int, int> SiteChanges::SitesOfPlaces() const {
+QHash<int, int> SiteChanges::SitesOfPlaces(const SiteTable& sites) {
   QHash<int, int> places;
   // Where two sites stand in one slot, the first entry of the list counts, as it does for the walk.
-  for (const QString& entry : std::as_const(program_.sites.lstThumbPos)) {
+  for (const QString& entry : sites.lstThumbPos) {
     const int place = static_cast<int>(Val(entry.left(2))) * kPlacesOfPage + static_cast<int>(Val(entry.mid(3, 2))) - 1;
     const int site = SiteOfThumbPos(entry);
     if (site >= 0 && !places.contains(place)) places.insert(place, site);
@@ -144,7 +214,7 @@ QHash<int, int> SiteChanges::SitesOfPlaces() const {
 // Picture and height of a slot belong to the site that stood there. Those of a slot that has become vacant stay for
 // Undo; whoever puts another site there removes them.
 void SiteChanges::DropFiles(const QHash<int, int>& before, bool ofNew) {
-  const QHash<int, int> now = SitesOfPlaces();
+  const QHash<int, int> now = SitesOfPlaces(program_.sites);
   for (auto place = now.cbegin(); ofNew && place != now.cend(); ++place) {
     if (before.contains(place.key())) continue;
     files_.Remove(place.key() / kPlacesOfPage, place.key() % kPlacesOfPage);
@@ -223,6 +293,7 @@ void SiteChanges::ListCams(const QStringList& formerCams) {
   for (const QString& item : formerCams) marks.insert(item.chopped(2), item.back());
   QHash<QString, QString> newCalls;
   for (qsizetype i = 0; i < former_.sites.size(); ++i) {
+    if (former_.sites.at(i).CamUrl.isEmpty()) continue;
     const int site = former_.newIndex.value(i, -1);
     if (site < 0 || program_.sites.Sites.at(site).CamUrl != former_.sites.at(i).CamUrl) continue;
     newCalls.insert(former_.sites.at(i).Call, program_.sites.Sites.at(site).Call);
@@ -258,7 +329,7 @@ void SiteChanges::Undo(QObject* context, const Done& done) {
   // What the user sees come back stays, even where it cannot be saved now: the next save makes up for it.
   ChangeOptions options;
   options.keepUnsaved = true;
-  ChangeSites([this](SiteEdit& edit) { TakeBack(edit); }, options, context, done);
+  ChangeManySites([former = former_](SiteEdit& edit) { TakeBack(former, edit); }, options, context, done);
 }
 
 void SiteChanges::ForgetUndo() {

@@ -13,6 +13,7 @@
 
 #include "core/program.h"
 #include "page/thumb_grid.h"
+#include "platform/background.h"
 #include "poll/height_table.h"
 #include "poll/poll_cycle.h"
 #include "poll/slot_pictures.h"
@@ -47,6 +48,7 @@ class SiteChanges : public QObject {
     HeightTable& heights;
     SlotPictures& files;
     PollCycle& poll;
+    Background& background;
   };
   using Change = std::function<void(SiteEdit& edit)>;
   // notWritten: names of the files that could not be written; empty: all is saved. Of a change that is taken back where
@@ -59,6 +61,9 @@ class SiteChanges : public QObject {
   // puts captions, cam lights and lists right. Saves the state beside the event loop, then polls anew and calls done,
   // unless context is gone by then.
   void ChangeSites(const Change& change, const ChangeOptions& options, QObject* context, const Done& done);
+  // The same for a change of thousands of sites, which would hold the event loop for several frames: the tables are
+  // made beside it, and take effect as a whole when they are ready. The change may refer to nothing but its own values.
+  void ChangeManySites(const Change& change, const ChangeOptions& options, QObject* context, const Done& done);
 
   // The last change, unless it cannot be undone or another change has followed.
   std::optional<SiteNews> Undoable() const;
@@ -94,11 +99,27 @@ class SiteChanges : public QObject {
     std::optional<SiteNews> news;
   };
 
+  // The tables as a change leaves them.
+  struct Made {
+    SiteTable table;
+    Former former;
+    QHash<int, int> before;  // site of each place before the change
+    QStringList masks;       // of the sites before it
+    bool filesMoved = false;
+    bool dropsFilesOfNew = false;
+  };
+
+  static Made Make(const SiteTable& table, int layout, const Change& change);
+  void BeginChange();
   void Apply(const Change& change);
-  void TakeBack(SiteEdit& edit) const;
+  void Take(const Made& made);
+  // Carries over what a poll has written since the tables were made; false where anything else has changed.
+  bool FollowPoll(Made& made) const;
+  void Save(const ChangeOptions& options, QObject* context, const Done& done);
+  static void TakeBack(const Former& former, SiteEdit& edit);
   void Saved(quint64 number, const ChangeOptions& options, const QStringList& notWritten);
   // Site of each taken place, by page * 100 + slot, from 0.
-  QHash<int, int> SitesOfPlaces() const;
+  static QHash<int, int> SitesOfPlaces(const SiteTable& sites);
   void DropFiles(const QHash<int, int>& before, bool ofNew);
   void ShowDsstvCells(const QHash<int, int>& before);
   void ShowWxCells();
@@ -110,6 +131,7 @@ class SiteChanges : public QObject {
   HeightTable& heights_;
   SlotPictures& files_;
   PollCycle& poll_;
+  Background& background_;
   Former former_;       // of the last change
   quint64 number_ = 0;  // of changes so far
   bool undoable_ = false;

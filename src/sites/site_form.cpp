@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QScopedValueRollback>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "station/callsign.h"
 #include "ui/call_field.h"
@@ -62,6 +63,8 @@ SiteForm::AddressRow SiteForm::MakeAddressRow(const QString& name) {
   row.box->installEventFilter(this);
   connect(row.box, &CleanField::NoteChanged, this, &SiteForm::ShowNotes);
   connect(row.probe, &AddressProbe::Changed, this, &SiteForm::ShowNotes);
+  // Queued: a look that begins ends the one before it, and is not under way yet when that is told.
+  connect(row.probe, &AddressProbe::Changed, this, &SiteForm::LookNext, Qt::QueuedConnection);
   connect(row.box, &QLineEdit::textChanged, row.probe, &AddressProbe::End);
   connect(row.box, &QLineEdit::textChanged, this, [this]() {
     if (!filling_) Q_EMIT Edited();
@@ -108,11 +111,22 @@ void SiteForm::UrlEdited() {
 
 bool SiteForm::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusOut) {
-    for (const AddressRow* row : {&url_, &cam_}) {
-      if (watched == row->box) row->probe->Look(row->box->text().trimmed());
+    for (AddressRow* row : {&url_, &cam_}) {
+      if (watched == row->box) row->waits = true;
     }
+    LookNext();
   }
   return QWidget::eventFilter(watched, event);
+}
+
+// One look at a time: a cam's address is often at the server of the pictures.
+void SiteForm::LookNext() {
+  for (AddressRow* row : {&url_, &cam_}) {
+    const bool isBusy =
+        url_.probe->Found() == AddressProbe::Finding::Looking || cam_.probe->Found() == AddressProbe::Finding::Looking;
+    if (isBusy) return;
+    if (std::exchange(row->waits, false)) row->probe->Look(row->box->text().trimmed());
+  }
 }
 
 void SiteForm::SetList(SiteTableKind list) {
@@ -153,6 +167,7 @@ SiteFields SiteForm::Fields() const {
 
 void SiteForm::EndLooking() {
   fetch_.End();
+  for (AddressRow* row : {&url_, &cam_}) row->waits = false;
   url_.probe->End();
   cam_.probe->End();
 }

@@ -51,11 +51,13 @@ class SiteForm : public QWidget {
     CleanField* box;
     QLabel* note;
     AddressProbe* probe;
+    bool waits = false;  // its address is looked at when the other look has ended
   };
 
   AddressRow MakeAddressRow(const QString& name);
   void MakeLayout();
   void ConnectSignals();
+  void LookNext();
   void ShowNotes();
   QString NoteOf(const AddressRow& row, bool isPicture) const;
   void UrlEdited();

@@ -2,8 +2,10 @@
 #include "ui/base_window.h"
 
 #include <QAbstractButton>
+#include <QCheckBox>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QRadioButton>
 
 #include "ui/window_place.h"
 
@@ -37,6 +39,10 @@ void BaseWindow::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter: {
       // Press the focused button too: not every desktop's style lets Return do that.
       auto* focused = qobject_cast<QAbstractButton*>(focusWidget());
+      // A check or radio box turns by Space; Return is meant for the window.
+      const bool isBox =
+          qobject_cast<QCheckBox*>(focused) != nullptr || qobject_cast<QRadioButton*>(focused) != nullptr;
+      if (isBox && defaultButton_ != nullptr) focused = nullptr;
       QAbstractButton* button = focused != nullptr ? focused : defaultButton_;
       if (button != nullptr && button->isEnabled()) button->click();
       return;

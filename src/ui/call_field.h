@@ -5,7 +5,8 @@
 
 #include <QLineEdit>
 
-// Letters become upper case and zeros the ZeroGlyph as they are typed, pasted or set; the caret stays where it was.
+// "*" and line ends, which divide the lines of the lists, are left out; letters become upper case and zeros the
+// ZeroGlyph as they are typed, pasted or set; the caret stays where it was.
 class CallField : public QLineEdit {
   Q_OBJECT
 
@@ -16,7 +17,16 @@ class CallField : public QLineEdit {
   void SetRole(const QString& label);
   // The text with plain zeros, as it is stored.
   QString Call() const;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  const QChar zeroGlyph_;
 };
+
+// True if a key types letters; with Ctrl it is a command.
+bool TypesText(const QKeyEvent& key);
 
 // The accessible name of a box from the text of its label.
 QString RoleOf(const QString& label);

@@ -1,38 +1,46 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/clean_field.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QValidator>
+#include <algorithm>
 #include <utility>
 
 #include "ui/call_field.h"
 
 using namespace Qt::StringLiterals;
 
-// A validator may rewrite a text before textChanged is emitted, and keeps undo and the caret as they are.
+// A validator may rewrite a text before textChanged is emitted, whatever way it came in. The box's history for undo
+// ends there, so keys bring texts that need no rewriting.
 class CleanField::Cleaner : public QValidator {
  public:
   explicit Cleaner(CleanField* field) : QValidator(field), field_(field) {}
 
   State validate(QString& input, int& caret) const override {
+    Clean(input, field_->rule_.limit);
+    caret = std::min(caret, static_cast<int>(input.size()));
+    return Acceptable;
+  }
+
+  void Clean(QString& input, int limit) const {
     const qsizetype before = input.size();
     input.removeIf([this](QChar c) { return IsRefused(c); });
     if (input.size() != before) lost_ = Lost::Signs;
     const qsizetype plain = input.size();
     input.removeIf([this](QChar c) { return IsForeign(c); });
     if (input.size() != plain) lost_ = Lost::Foreign;
-    const int limit = field_->rule_.limit;
     if (input.size() > limit) {
       lost_ = Lost::Rest;
       // Half of a pair of surrogates is no letter.
-      input.truncate(input.at(limit - 1).isHighSurrogate() ? limit - 1 : limit);
+      const bool halves = limit > 0 && input.at(limit - 1).isHighSurrogate();
+      input.truncate(halves ? limit - 1 : limit);
     }
     if (field_->spelling_ == Spelling::Call) {
       // Character by character, because the upper case of a whole text may have another length.
       for (QChar& c : input) c = c == u'0' ? field_->zeroGlyph_ : c.toUpper();
     }
-    caret = std::min(caret, static_cast<int>(input.size()));
-    return Acceptable;
   }
 
   // What has been left out since this was called last.
@@ -58,10 +66,7 @@ CleanField::CleanField(const QString& name, const Rule& rule, QWidget* parent)
   setObjectName(name);
   // QLineEdit's own limit, of 32,767 letters, cuts before the cleaner sees the text.
   setValidator(cleaner_);
-  connect(this, &QLineEdit::textChanged, this, [this]() {
-    const Lost before = std::exchange(lost_, cleaner_->TakeLost());
-    if (lost_ != before) Q_EMIT NoteChanged();
-  });
+  connect(this, &QLineEdit::textChanged, this, &CleanField::TakeLost);
 }
 
 void CleanField::SetSpelling(Spelling spelling, QChar zeroGlyph) {
@@ -82,11 +87,25 @@ QString CleanField::Note() const {
   return {};
 }
 
+// Letters that the box has room for beside those that stay.
+int CleanField::Room() const {
+  return rule_.limit - static_cast<int>(text().size() - selectedText().size());
+}
+
+void CleanField::TakeLost() {
+  const Lost before = std::exchange(lost_, cleaner_->TakeLost());
+  if (lost_ != before) Q_EMIT NoteChanged();
+}
+
 void CleanField::keyPressEvent(QKeyEvent* event) {
-  const QString upper = event->text().toUpper();
-  if (spelling_ == Spelling::Title && upper != event->text()) {
-    QKeyEvent key(event->type(), event->key(), event->modifiers(), upper, event->isAutoRepeat());
-    return QLineEdit::keyPressEvent(&key);
-  }
-  QLineEdit::keyPressEvent(event);
+  const bool isPaste = event->matches(QKeySequence::Paste);
+  if (isReadOnly() || !(isPaste || TypesText(*event))) return QLineEdit::keyPressEvent(event);
+  QString text = isPaste ? QGuiApplication::clipboard()->text() : event->text();
+  if (!isPaste && spelling_ == Spelling::Title) text = text.toUpper();
+  cleaner_->Clean(text, Room());
+  // Nothing is left of it, so that no change of the text would tell.
+  if (text.isEmpty()) return TakeLost();
+  if (isPaste) return insert(text);
+  QKeyEvent key(event->type(), event->key(), event->modifiers(), text, event->isAutoRepeat());
+  QLineEdit::keyPressEvent(&key);
 }

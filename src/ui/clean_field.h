@@ -35,6 +35,8 @@ class CleanField : public QLineEdit {
 
  private:
   class Cleaner;
+  int Room() const;
+  void TakeLost();
   // What has been left out.
   enum class Lost { Nothing, Signs, Foreign, Rest };
 

@@ -75,8 +75,8 @@ class TestSiteChanges : public QObject {
 
     const int asked = f.band.Find(u"ZZ1AB"_s)->Requests(u"image1"_s);
     f.logic->changes.Undo(&f.network, {});
-    f.program.sites.SetSiteSlot(f.Site(u"ZZ5BB"_s), 3, 0);
     QTRY_VERIFY(f.HasPicture(0));
+    f.program.sites.SetSiteSlot(f.Site(u"ZZ5BB"_s), 3, 0);
     QTRY_VERIFY(!f.logic->poll.Busy());
     f.program.sites.lstThumbPos.removeIf([](const QString& entry) { return entry.startsWith("03"_L1); });
     QCOMPARE(f.Stand(), before);
@@ -98,6 +98,33 @@ class TestSiteChanges : public QObject {
              (QStringList{u"ZZ9XY|ZZ9XY|2|cam"_s, u"ZZ1ABC|ZZ1ABC|0|-"_s, u"ZZ5BB|ZZ5BB|1|cam"_s, u"01-01-002-ZZ9XY"_s,
                           u"01-02-000-ZZ1ABC"_s, u"01-03-001-ZZ5BB"_s, u"ZZ5BB*Y"_s, u"ZZ9XY*G"_s}));
     QVERIFY(f.HasPicture(0) && f.HasPicture(1));
+  }
+
+  // While a large change is being made, a poll writes a date and the user places a site.
+  void FollowsWhatHappensWhileALargeChangeIsMade() {
+    Page f;
+    const auto change = [&f](const QString& call) {
+      const int site = f.Site(call);
+      ChangeOptions options;
+      options.news = SiteNews{{call}, 0};
+      f.logic->changes.ChangeManySites([site](SiteEdit& edit) { edit.dsstv.Remove(site); }, options, &f.network, {});
+    };
+    const auto seen = [&f](const QString& call) { return f.program.sites.Sites.at(f.Site(call)).LastSeen; };
+    change(u"ZZ1AB"_s);
+    QVERIFY(f.Site(u"ZZ1AB"_s) >= 0);
+    for (const QString& call : {u"ZZ1AB"_s, u"ZZ5BB"_s})
+      f.program.sites.Sites[f.Site(call)].LastSeen = u"01/02/2026 03:04"_s;
+    QTRY_COMPARE(f.Site(u"ZZ1AB"_s), -1);
+    QCOMPARE(seen(u"ZZ5BB"_s), u"01/02/2026 03:04"_s);
+    QVERIFY(f.CellOf(0).lblDisk.isEmpty());
+    f.logic->changes.Undo(&f.network, {});
+    f.program.sites.SetSiteSlot(f.Site(u"ZZ5BB"_s), 3, 7);
+    QTRY_VERIFY(f.Site(u"ZZ1AB"_s) >= 0);
+    QCOMPARE(seen(u"ZZ1AB"_s), u"01/02/2026 03:04"_s);
+    change(u"ZZ1ABC"_s);
+    f.program.sites.SetSiteSlot(f.Site(u"ZZ5BB"_s), 4, 8);
+    QTRY_COMPARE(f.Site(u"ZZ1ABC"_s), -1);
+    QCOMPARE(f.program.sites.Sites.at(f.Site(u"ZZ5BB"_s)).PageSlots[5], u"0103:0408"_s);
   }
 
   // A change that cannot be saved is none, and can be tried again.

@@ -8,6 +8,7 @@
 
 #include "test_suite.h"
 #include "ui/call_field.h"
+#include "ui/clean_field.h"
 #include "ui/coordinate_field.h"
 #include "ui/dialogs.h"
 #include "ui/plain_tip.h"
@@ -65,6 +66,31 @@ class TestFields : public QObject {
     QCOMPARE(field.cursorPosition(), 4);
     QTest::keyClick(&field, Qt::Key_Backspace);
     QCOMPARE(field.cursorPosition(), 3);
+  }
+
+  // Letters that the field spells its own way must not end the history of what was typed.
+  void UndoesWhatItHasSpelled() {
+    const auto check = [](QLineEdit& field, const QString& all) {
+      QApplication::clipboard()->setText(u"x*0"_s);
+      Type(field, u"pa*0"_s);
+      QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
+      QCOMPARE(field.text(), all);
+      QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+      QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+      QVERIFY2(field.text().size() < all.size() - 2, qPrintable(field.text()));
+      QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+      QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+      QCOMPARE(field.text(), all);
+    };
+    CallField call(u"txtCall"_s, u'Ø', nullptr);
+    check(call, u"PAØXØ"_s);
+    CleanField clean(u"txtCall"_s, {4, true}, nullptr);
+    clean.SetSpelling(CleanField::Spelling::Call, u'Ø');
+    check(clean, u"PAØX"_s);
+    Type(clean, u"y"_s);
+    QVERIFY(clean.text().size() == 4 && clean.Note().contains(u'4'));
+    Type(clean, u"*"_s);
+    QVERIFY(clean.Note().contains(u'*'));
   }
 
   void TakesCoordinates() {
