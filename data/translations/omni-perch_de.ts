@@ -258,6 +258,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Passt auf die Seite</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Größer als die Seite</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Druck abbrechen</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Vorschau der Seite</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>Das Bild wird gelesen ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Es wird gedruckt ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>Es gibt keinen Drucker.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>Das Bild ist an den Drucker gegangen.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Geschrieben: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>Der Druck wurde abgebrochen.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>Dieses Bild kann nicht gedruckt werden: Es lässt sich nicht dekodieren.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>Der Drucker nimmt das Bild nicht an.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Diese Datei konnte nicht geschrieben werden: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -458,6 +513,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Dieses Bild kann nicht kopiert werden: Es lässt sich nicht dekodieren.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>Dieses Bild kann nicht eingefügt werden: Es lässt sich nicht dekodieren.</translation>
     </message>
 </context>
 <context>

@@ -258,6 +258,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Cabe en la página</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Más grande que la página</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Cancelar la impresión</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Vista previa de la página</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>Leyendo la imagen ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Imprimiendo ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>No hay ninguna impresora.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>La imagen se ha enviado a la impresora.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Escrito: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>Se ha cancelado la impresión.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>No se puede imprimir esta imagen: no se puede decodificar.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>La impresora no acepta la imagen.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>No se pudo escribir este archivo: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -458,6 +513,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Esta imagen no se puede copiar: no se puede descodificar.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>No se puede pegar esta imagen: no se puede decodificar.</translation>
     </message>
 </context>
 <context>

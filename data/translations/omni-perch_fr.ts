@@ -258,6 +258,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Tient sur la page</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Plus grand que la page</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Annuler l&apos;impression</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Aperçu de la page</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>Lecture de l&apos;image ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Impression en cours ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>Il n&apos;y a pas d&apos;imprimante.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>L&apos;image a été envoyée à l&apos;imprimante.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Écrit : %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>L&apos;impression a été annulée.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>Cette image ne peut pas être imprimée : elle ne peut pas être décodée.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>L&apos;imprimante n&apos;accepte pas l&apos;image.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Ce fichier n&apos;a pas pu être écrit : %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -458,6 +513,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Cette image ne peut pas être copiée : elle ne peut pas être décodée.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>Cette image ne peut pas être collée : elle ne peut pas être décodée.</translation>
     </message>
 </context>
 <context>

@@ -255,6 +255,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>ページに収まります</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>ページより大きくなります</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>印刷を中止</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>ページのプレビュー</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>画像を読み込んでいます ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>印刷しています ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>プリンターがありません。</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>画像をプリンターに送りました。</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>書き込みました: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>印刷を中止しました。</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>この画像は印刷できません。デコードできません。</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>プリンターが画像を受け付けません。</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>このファイルを書き込めませんでした: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -454,6 +509,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>この画像はデコードできないため、コピーできません。</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>この画像は貼り付けできません。デコードできません。</translation>
     </message>
 </context>
 <context>

@@ -258,6 +258,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Past op de pagina</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Groter dan de pagina</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Afdrukken annuleren</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Voorbeeld van de pagina</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>De afbeelding wordt gelezen ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Bezig met afdrukken ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>Er is geen printer.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>De afbeelding is naar de printer gestuurd.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Geschreven: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>Het afdrukken is geannuleerd.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>Deze afbeelding kan niet worden afgedrukt: ze kan niet worden gedecodeerd.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>De printer neemt de afbeelding niet aan.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Dit bestand kon niet worden geschreven: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -458,6 +513,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Deze afbeelding kan niet worden gekopieerd: ze kan niet worden gedecodeerd.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>Deze afbeelding kan niet worden geplakt: ze kan niet worden gedecodeerd.</translation>
     </message>
 </context>
 <context>

@@ -261,6 +261,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Mieści się na stronie</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Większy niż strona</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Anuluj drukowanie</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Podgląd strony</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>Odczytywanie obrazu ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Drukowanie ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>Nie ma drukarki.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>Obraz wysłano do drukarki.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Zapisano: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>Drukowanie anulowano.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>Tego obrazu nie można wydrukować: nie da się go zdekodować.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>Drukarka nie przyjmuje obrazu.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Nie można było zapisać tego pliku: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -462,6 +517,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Tego obrazu nie można skopiować: nie da się go zdekodować.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>Tego obrazu nie można wkleić: nie da się go zdekodować.</translation>
     </message>
 </context>
 <context>

@@ -261,6 +261,61 @@
     </message>
 </context>
 <context>
+    <name>Form21</name>
+    <message>
+        <source>Fits on the page</source>
+        <translation>Помещается на странице</translation>
+    </message>
+    <message>
+        <source>Larger than the page</source>
+        <translation>Больше страницы</translation>
+    </message>
+    <message>
+        <source>Cancel the print</source>
+        <translation>Отменить печать</translation>
+    </message>
+    <message>
+        <source>Preview of the page</source>
+        <translation>Предварительный просмотр страницы</translation>
+    </message>
+    <message>
+        <source>The picture is being read ...</source>
+        <translation>Изображение читается ...</translation>
+    </message>
+    <message>
+        <source>Printing ...</source>
+        <translation>Идёт печать ...</translation>
+    </message>
+    <message>
+        <source>There is no printer.</source>
+        <translation>Нет принтера.</translation>
+    </message>
+    <message>
+        <source>The picture has gone to the printer.</source>
+        <translation>Изображение отправлено на принтер.</translation>
+    </message>
+    <message>
+        <source>Written: %1</source>
+        <translation>Записано: %1</translation>
+    </message>
+    <message>
+        <source>The print was cancelled.</source>
+        <translation>Печать отменена.</translation>
+    </message>
+    <message>
+        <source>This picture cannot be printed: it cannot be decoded.</source>
+        <translation>Это изображение нельзя напечатать: его не удаётся декодировать.</translation>
+    </message>
+    <message>
+        <source>The printer does not take the picture.</source>
+        <translation>Принтер не принимает изображение.</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Не удалось записать этот файл: %1</translation>
+    </message>
+</context>
+<context>
     <name>Form22</name>
     <message>
         <source>New version</source>
@@ -462,6 +517,13 @@
     <message>
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Это изображение нельзя скопировать: его не удаётся декодировать.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureTransfer</name>
+    <message>
+        <source>This picture cannot be pasted: it cannot be decoded.</source>
+        <translation>Это изображение нельзя вставить: его не удаётся декодировать.</translation>
     </message>
 </context>
 <context>

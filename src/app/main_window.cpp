@@ -45,6 +45,7 @@ Form1::Form1(Services& services)
   windows_ = std::make_unique<Windows>(services, *menus_, lstRxOk_, logic_.cams, this);
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   pictures_ = new PictureActions({services, logic_, *windows_, this});
+  transfer_ = new PictureTransfer(services, *windows_, *pictures_, this);
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
   setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },

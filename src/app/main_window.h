@@ -14,7 +14,7 @@
 #include "app/main_updates.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
-#include "app/picture_actions.h"
+#include "app/picture_transfer.h"
 #include "app/received_ok.h"
 #include "app/services.h"
 #include "app/setup_windows.h"
@@ -108,6 +108,7 @@ class Form1 : public QWidget {
   WindowMenus* menus_;
   StationCalls* stations_ = nullptr;
   PictureActions* pictures_ = nullptr;
+  PictureTransfer* transfer_ = nullptr;
   ReceivedOk* received_ = nullptr;
   MainCams* cams_ = nullptr;
   MainUpdates* updates_ = nullptr;

@@ -7,7 +7,14 @@
 #include "onair/rx_ok_window.h"
 #include "platform/heap.h"
 #include "station/callsign.h"
+#include "ui/msg_box_timed.h"
 #include "ui/setup_window.h"
+
+using namespace std::chrono_literals;
+
+namespace {
+constexpr auto kPrintNotice = 10s;
+}  // namespace
 
 Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk, CamRound& cams, QWidget* mainWindow)
     : QObject(mainWindow),
@@ -17,7 +24,9 @@ Windows::Windows(Services& services, MenuOpener& menus, const RxOkList& lstRxOk,
       cams_(cams),
       mainWindow_(mainWindow),
       paste_({services.program, services.dialogs, services.easyPal}, mainWindow),
+      printJobs_(services.tool),
       onAirCaption_(services.program, [this]() { return Find(WindowKind::OnAirNow) != nullptr; }) {
+  connect(&printJobs_, &PrintJobs::Ended, this, &Windows::TellPrintEnd);
   RegisterOwn();
   RegisterOnAirCommands();
   RegisterHistoryCommands();
@@ -47,6 +56,7 @@ void Windows::RegisterOwn() {
       Row{WindowKind::SiteIndex, &Windows::MakeSiteIndex},
       Row{WindowKind::CamStatus, &Windows::MakeCamStatus},
       Row{WindowKind::Comparison, &Windows::MakeComparison},
+      Row{WindowKind::Print, &Windows::MakePrint},
   };
   for (const Row& row : kRows) {
     Register(
@@ -203,6 +213,18 @@ BaseWindow* Windows::MakeComparison() {
   return new CompareWindow({{s.tool, s.background}, drawing_, s.program}, mainWindow_);
 }
 
+BaseWindow* Windows::MakePrint() {
+  Services& s = services_;
+  return new Form21({s.program, s.tool, s.background, s.store, s.dialogs, printJobs_}, mainWindow_);
+}
+
+void Windows::TellPrintEnd(int job, PrintEnd end, const QString& file) {
+  const auto* window = qobject_cast<const Form21*>(Find(WindowKind::Print));
+  const bool isGood = end == PrintEnd::Printed || end == PrintEnd::Cancelled;
+  if (isGood || (window != nullptr && window->Tells(job))) return;
+  frmMsgBoxTimed::ShowMsg(mainWindow_, Form21::TextOf(end, file), kPrintNotice);
+}
+
 void Windows::RegisterOnAirCommands() {
   Commands& commands = services_.commands;
   commands.Register(Command::ShowOnAirList, this, [this](const MenuChoice&) { Show(WindowKind::OnAirNow); });
@@ -257,6 +279,11 @@ Form19& Windows::ShowSiteIndex() {
   Close(WindowKind::SiteIndex);
   Show(WindowKind::SiteIndex);
   return static_cast<Form19&>(Get(WindowKind::SiteIndex));
+}
+
+void Windows::ShowPrint(const Form21::Picture& picture) {
+  LowerViewer();
+  static_cast<Form21&>(Get(WindowKind::Print)).Open(picture);
 }
 
 void Windows::ShowPropagationMap() {

@@ -17,6 +17,7 @@
 #include "display/compare_window.h"
 #include "display/easypal_paste.h"
 #include "display/last15_window.h"
+#include "display/print_window.h"
 #include "display/viewer_window.h"
 #include "maps/map_location_window.h"
 #include "onair/map_on_air_window.h"
@@ -40,6 +41,7 @@ enum class WindowKind {
   Viewer,
   CamStatus,
   Comparison,
+  Print,
   // Setup windows; setup_windows.cpp registers them.
   OwnLocation,
   DatabaseEditor,
@@ -87,6 +89,8 @@ class Windows : public QObject {
   void ShowViewer(const PictureList& pictures);
   // Shows two pictures side by side.
   void ShowComparison(const PictureList& pair);
+  // Offers to print a picture.
+  void ShowPrint(const Form21::Picture& picture);
   void ShowPropagationMap();
   // Opens the site index where it was when it was closed last; one that is open is closed first.
   Form19& ShowSiteIndex();
@@ -142,10 +146,13 @@ class Windows : public QObject {
   BaseWindow* MakeSiteIndex();
   BaseWindow* MakeCamStatus();
   BaseWindow* MakeComparison();
+  BaseWindow* MakePrint();
   // Connects what all maps of many stations want of other windows.
   BaseWindow* Connected(CallMapWindow* window);
   void RegisterOnAirCommands();
   void RegisterHistoryCommands();
+  // Of a print whose window has been closed.
+  void TellPrintEnd(int job, PrintEnd end, const QString& file);
   void RaiseMaps();
   // The viewer lies above all windows until one of them is wanted.
   void LowerViewer();
@@ -158,6 +165,7 @@ class Windows : public QObject {
   QList<Registration> registrations_;
   QHash<WindowKind, QPointer<BaseWindow>> open_;
   EasyPalPaste paste_;
+  PrintJobs printJobs_;
   OnAirCaption onAirCaption_;
   Background drawing_;             // smooths what the viewer shows, beside the disk's work
   QString lblOnAirNow_;            // what it was last made to say in the present language

@@ -4,6 +4,8 @@
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPointer>
+#include <QPrintDialog>
+#include <QPrinter>
 #include <QPushButton>
 
 #include "core/program.h"
@@ -55,4 +57,15 @@ QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QStri
   dialog.setDefaultSuffix(filter.section("(*."_L1, 1).section(u')', 0, 0).section(u' ', 0, 0));
   dialog.selectFile(name);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+bool Dialogs::PrintDialog(QWidget* parent, QPrinter& printer) {
+  const QPointer<QPrintDialog> dialog(new QPrintDialog(&printer, parent));
+  // A picture is one page.
+  dialog->setOptions(QAbstractPrintDialog::PrintToFile | QAbstractPrintDialog::PrintShowPageSize);
+  const int result = dialog->exec();
+  // As a box it goes with its parent.
+  if (dialog == nullptr) return false;
+  delete dialog;
+  return result == QDialog::Accepted;
 }

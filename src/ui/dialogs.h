@@ -5,6 +5,8 @@
 #include <QString>
 #include <QWidget>
 
+class QPrinter;
+
 // Shows the boxes; a test overrides it.
 class Dialogs {
  public:
@@ -23,4 +25,6 @@ class Dialogs {
   // existing file. filter as in "bmp files (*.bmp)": its first ending is added to a name without one. Empty if
   // cancelled.
   virtual QString AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter);
+  // Asks for a printer, or for the file to print to, with the page of printer as the suggestion; false if cancelled.
+  virtual bool PrintDialog(QWidget* parent, QPrinter& printer);
 };

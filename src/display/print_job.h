@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Prints pictures beside the event loop: decodes one in full resolution, paints it onto the printer's page, and puts a
+// printed file in place only when it is whole. Form21 starts the jobs; they live on when it is closed.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QPrinter>
+#include <atomic>
+#include <memory>
+
+#include "platform/background.h"
+#include "platform/picture/picture_tool.h"
+
+// How a print ended.
+enum class PrintEnd {
+  Printed,     // handed to the printer, or written to the file
+  Cancelled,   // nothing was printed, no file is there
+  NotDecoded,  // the bytes are no picture that can be decoded
+  NotPrinted,  // the printer does not take it
+  NotWritten   // the file could not be written whole; none is there
+};
+
+// The prints under way, in the order of their start.
+class PrintJobs : public QObject {
+  Q_OBJECT
+
+ public:
+  // One picture on one page.
+  struct Sheet {
+    QByteArray picture;                 // bytes of the file
+    int widthCm = 0;                    // of the print
+    std::shared_ptr<QPrinter> printer;  // belongs to the job from now on; its page is as the user has chosen it
+  };
+
+  explicit PrintJobs(PictureTool& tool, QObject* parent = nullptr);
+  // Waits for the page that is being printed; those behind it are given up.
+  ~PrintJobs() override;
+
+  // Begins a print; the answer names it in Ended and Cancel.
+  int Print(const Sheet& sheet);
+  // Ended says whether it was in time: a page that has gone to the printer comes.
+  void Cancel(int job);
+
+ Q_SIGNALS:
+  // file: where a print to a file went; empty for a printer.
+  void Ended(int job, PrintEnd end, const QString& file);
+
+ private:
+  using Flag = std::shared_ptr<std::atomic<bool>>;
+  void Decoded(int job, const Sheet& sheet, const Flag& cancelled, const PictureAnswer& answer);
+  void End(int job, PrintEnd end, const QString& file);
+
+  PictureTool& tool_;
+  QHash<int, Flag> cancelled_;  // of the jobs under way
+  int last_ = 0;
+  Background painting_;
+};

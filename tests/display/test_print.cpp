@@ -1,0 +1,210 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The print window and the pages that come out of it.
+#include <QLabel>
+#include <QProcess>
+#include <QPushButton>
+#include <QSlider>
+
+#include "display/print_size.h"
+#include "display/print_window.h"
+#include "no_room.h"
+#include "sample_pictures.h"
+#include "window_fixture.h"
+
+namespace {
+
+// Prints to a file on the paper that a test has chosen.
+class PrintingDialogs : public Dialogs {
+ public:
+  QString file;
+  bool accepts = true;
+  bool across = false;  // as the page was suggested
+
+  bool PrintDialog(QWidget*, QPrinter& printer) override {
+    across = printer.pageLayout().orientation() == QPageLayout::Landscape;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    return accepts;
+  }
+};
+
+struct PrintFixture {
+  TestFolder folder;
+  Program program;
+  PictureTool tool{QStringLiteral(PICTURE_TOOL), folder.path()};
+  Background background;
+  SettingsStore store{folder.filePath(u"settings.ini"_s)};
+  PrintingDialogs dialogs;
+  PrintJobs jobs{tool};
+  QSignalSpy ended{&jobs, &PrintJobs::Ended};
+  QPointer<Form21> window;
+
+  PrintFixture() {
+    LoadLanguage(QStringLiteral(LANGUAGES_DIR), u"English"_s, 8, Program::ProgVersion(), program.language);
+    program.config.LanguageName = u"English"_s;
+    dialogs.file = folder.filePath(u"page.pdf"_s);
+  }
+  ~PrintFixture() { delete window; }
+  Q_DISABLE_COPY_MOVE(PrintFixture)
+
+  template <typename Widget>
+  Widget* Find(const QString& name) const {
+    return window->findChild<Widget*>(name);
+  }
+  QString Size() const { return Find<QLabel>(u"lblSize"_s)->text(); }
+  QString State() const { return Find<QLabel>(u"lblState"_s)->text(); }
+  // Opens the window and waits for its picture.
+  bool Open(const QByteArray& bytes) {
+    window = new Form21({program, tool, background, store, dialogs, jobs}, nullptr);
+    window->Open({bytes, u"ZZ1AA 2026_03_15 10_30"_s});
+    return QTest::qWaitFor([this]() { return !State().contains(u"being read"_s); });
+  }
+  void Print() const { QTest::keyClick(window.data(), Qt::Key_Return); }
+  PrintEnd End() {
+    if (!QTest::qWaitFor([this]() { return !ended.isEmpty(); })) return PrintEnd::NotPrinted;
+    return ended.takeFirst().at(1).value<PrintEnd>();
+  }
+  // Names of all files that a print has left.
+  QStringList Pages() const { return QDir(folder.path()).entryList({u"*.pdf*"_s}, QDir::Files | QDir::Hidden); }
+};
+
+QStringList LastLineOf(const QString& program, const QStringList& arguments) {
+  QProcess process;
+  process.start(program, arguments);
+  process.waitForFinished();
+  return QString::fromLatin1(process.readAllStandardOutput()).trimmed().section(u'\n', -1).simplified().split(u' ');
+}
+
+// Width and height on the paper of the only picture in a file, in millimetres, as well as whole pixels an inch tell.
+QSizeF PrintedMm(const QString& file) {
+  const QStringList row = LastLineOf(u"pdfimages"_s, {u"-list"_s, file});
+  const auto mm = [&row](int pixels, int perInch) {
+    return row.value(pixels).toDouble() / row.value(perInch).toDouble();
+  };
+  return QSizeF(mm(3, 12), mm(4, 13)) * 25.4;
+}
+
+// What is inked of the page, in millimetres from its corner; page takes the size of the sheet.
+QRectF InkedMm(const QString& file, QSizeF& page) {
+  constexpr double kDotsPerMm = 4;
+  const QString base = file + u"-seen"_s;
+  LastLineOf(u"pdftoppm"_s, {u"-r"_s, QString::number(kDotsPerMm * 25.4), u"-png"_s, u"-singlefile"_s, file, base});
+  const QImage seen(base + u".png"_s);
+  QFile::remove(base + u".png"_s);
+  page = QSizeF(seen.size()) / kDotsPerMm;
+  QRect inked;
+  for (int y = 0; y < seen.height(); ++y) {
+    for (int x = 0; x < seen.width(); ++x) {
+      if (qGray(seen.pixel(x, y)) < 128) inked |= QRect(x, y, 1, 1);
+    }
+  }
+  return {QPointF(inked.topLeft()) / kDotsPerMm, QSizeF(inked.size()) / kDotsPerMm};
+}
+
+bool IsNear(const QRectF& a, const QRectF& b) {
+  const QMarginsF off(a.left() - b.left(), a.top() - b.top(), a.right() - b.right(), a.bottom() - b.bottom());
+  return std::max({std::abs(off.left()), std::abs(off.top()), std::abs(off.right()), std::abs(off.bottom())}) < 1;
+}
+
+QByteArray DarkPicture(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  image.fill(Qt::black);
+  QByteArray bytes;
+  QBuffer buffer(&bytes);
+  image.save(&buffer, "JPG");
+  return bytes;
+}
+
+}  // namespace
+
+class TestPrint : public QObject {
+  Q_OBJECT
+
+ private Q_SLOTS:
+  void TellsTheSize() {
+    const auto tells = [](QSize picture, const QString& locale, const QString& expected) {
+      QCOMPARE(PrintSizeText(PrintedSize(12, picture), QLocale(locale)), expected);
+    };
+    tells({640, 480}, u"en_US"_s, u"  (12.00 x 9.00 cm)\n  (4.72 x 3.54 in)"_s);
+    tells({480, 640}, u"de_DE"_s, u"  (12,00 x 16,00 cm)\n  (4,72 x 6,30 in)"_s);
+    tells({1200, 75}, u"en_US"_s, u"  (12.00 x .75 cm)\n  (4.72 x .30 in)"_s);
+  }
+
+  // In the chosen size, in the middle of what the margins leave, and not beyond it.
+  void PrintsInTheChosenSize() {
+    const auto prints = [](const char* row, QSize pixels, int cm, QSizeF page, QRectF inked, const QString& words) {
+      const TableRow name(row);
+      PrintFixture f;
+      StoredSettings(f.store).SetNumber(Setting::PrintSize, cm - 1);
+      QVERIFY(f.Open(DarkPicture(pixels)));
+      QTest::keyClick(f.Find<QSlider>(u"Slider1"_s), Qt::Key_Right);
+      QVERIFY2(f.Size().contains(u"(%1.00 x"_s.arg(cm)) && f.Size().endsWith(words), qPrintable(f.Size()));
+      QCOMPARE(f.Find<QSlider>(u"Slider1"_s)->accessibleDescription(), f.Size().simplified());
+      f.Print();
+      QCOMPARE(f.End(), PrintEnd::Printed);
+      QCOMPARE(f.dialogs.across, pixels.width() > pixels.height());
+      const QSizeF printed = PrintedMm(f.dialogs.file);
+      QVERIFY2(std::abs(printed.width() - cm * 10) < cm * 0.1, qPrintable(QString::number(printed.width())));
+      QVERIFY2(std::abs(printed.height() - cm * 10.0 * pixels.height() / pixels.width()) < cm * 0.1,
+               qPrintable(QString::number(printed.height())));
+      QSizeF sheet;
+      const QRectF seen = InkedMm(f.dialogs.file, sheet);
+      QVERIFY(IsNear({QPointF(), sheet}, {QPointF(), page}));
+      QVERIFY2(IsNear(seen, inked), QTest::toString(seen));
+      f.window->close();
+      QCOMPARE(StoredSettings(f.store).Number(Setting::PrintSize), cm);
+      QCOMPARE(f.Pages(), QStringList{u"page.pdf"_s});
+    };
+    prints("across", {1600, 1200}, 12, {297, 210}, {88.5, 60, 120, 90}, u"Fits on the page"_s);
+    prints("upright", {1200, 1600}, 9, {210, 297}, {60, 88.5, 90, 120}, u"Fits on the page"_s);
+    prints("larger than the page", {1200, 1600}, 30, {210, 297}, {20, 20, 170, 257}, u"Larger than the page"_s);
+  }
+
+  // The size stands on the told colours, and its letters can be read on either.
+  void ColoursTheSize() {
+    PrintFixture f;
+    QVERIFY(f.Open(DarkPicture({640, 480})));
+    for (const auto& [cm, ground] : {std::pair{5, QColor(128, 255, 128)}, std::pair{30, QColor(0, 64, 0)}}) {
+      f.Find<QSlider>(u"Slider1"_s)->setValue(cm);
+      const QPalette colours = f.Find<QLabel>(u"lblSize"_s)->palette();
+      QCOMPARE(colours.color(QPalette::Window), ground);
+      QVERIFY(std::abs(qGray(colours.color(QPalette::WindowText).rgb()) - qGray(ground.rgb())) > 120);
+    }
+  }
+
+  void WhatComesInBetween() {
+    PrintFixture f;
+    QVERIFY(f.Open(DarkPicture({1600, 1200})));
+    f.Print();
+    QTest::keyClick(f.Find<QPushButton>(u"cmdCancel"_s), Qt::Key_Space);
+    QCOMPARE(f.End(), PrintEnd::Cancelled);
+    QVERIFY(f.State().contains(u"cancelled"_s));
+    QCOMPARE(f.Pages(), QStringList());
+
+    const PrintEnd full = WithoutRoom([&f]() {
+      f.Print();
+      return f.End();
+    });
+    QCOMPARE(full, PrintEnd::NotWritten);
+    QVERIFY(f.State().contains(u"page.pdf"_s));
+    QCOMPARE(f.Pages(), QStringList());
+
+    f.dialogs.accepts = false;
+    f.Print();
+    QVERIFY(f.ended.isEmpty());
+    f.dialogs.accepts = true;
+    f.Print();
+    f.window->close();
+    QCOMPARE(f.End(), PrintEnd::Printed);
+    QCOMPARE(f.Pages(), QStringList{u"page.pdf"_s});
+
+    QVERIFY(f.Open("no picture"));
+    QVERIFY(f.State().contains(u"cannot be decoded"_s));
+    QVERIFY(!f.Find<QPushButton>(u"cmdPrint"_s)->isEnabled());
+  }
+};
+
+OMNI_TEST(TestPrint)
+#include "test_print.moc"
