@@ -45,7 +45,7 @@ SetupWindows::SetupWindows(const Dependencies& dependencies)
     : QObject(dependencies.mainWindow),
       deps_(dependencies),
       sites_({dependencies.services, dependencies.logic, dependencies.mainWindow,
-              [this]() { Open(WindowKind::BlockCalls); }},
+              [this]() { Open(WindowKind::BlockCalls); }, [this]() { deps_.windows.BlocksChanged(); }},
              this),
       backup_(BackupNeeds()) {
   // A choice from elsewhere, as that of a button on the empty page, has no index in this menu.

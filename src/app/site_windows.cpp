@@ -38,9 +38,14 @@ BaseWindow* SiteWindows::MakeDeleteSite() {
 
 BaseWindow* SiteWindows::MakeBlockCalls() {
   auto* window = new Form18(deps_.services.program, deps_.mainWindow);
-  connect(window, &Form18::ListChanged, this, [this]() { BlankBlocked(deps_.services.program, deps_.logic.grid); });
+  connect(window, &Form18::ListChanged, this, &SiteWindows::Blank);
   connect(window, &BaseWindow::Closed, this, &SiteWindows::ReloadPage);
   return window;
+}
+
+void SiteWindows::Blank() {
+  BlankBlocked(deps_.services.program, deps_.logic.grid);
+  deps_.blocksChanged();
 }
 
 void SiteWindows::ReloadPage() {
@@ -53,8 +58,9 @@ void SiteWindows::BlockSender(const QString& caller) {
   Program& program = deps_.services.program;
   switch (ToggleSender(program, caller)) {
     case BlockStep::Blocked:
-      return BlankBlocked(program, deps_.logic.grid);
+      return Blank();
     case BlockStep::Unblocked:
+      deps_.blocksChanged();
       // The files are still there.
       return deps_.logic.poll.ShowStoredPage();
     case BlockStep::WindowWanted:

@@ -22,6 +22,7 @@ class SiteWindows : public QObject {
     PageLogic& logic;
     QWidget* mainWindow;
     std::function<void()> openBlockWindow;
+    std::function<void()> blocksChanged;
   };
 
   SiteWindows(const Dependencies& dependencies, QObject* parent);
@@ -34,6 +35,7 @@ class SiteWindows : public QObject {
  private:
   // The block entry of a picture's menu.
   void BlockSender(const QString& caller);
+  void Blank();
   void ReloadPage();
 
   Dependencies deps_;

@@ -112,6 +112,10 @@ void Windows::PlacesChanged() {
   }
 }
 
+void Windows::BlocksChanged() {
+  if (auto* history = qobject_cast<Form15*>(Find(WindowKind::History))) history->TakeBlocks();
+}
+
 BaseWindow* Windows::MakeHistory() {
   Services& s = services_;
   const History::Dependencies history{s.program, s.network, s.tool, s.background};

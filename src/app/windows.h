@@ -99,6 +99,8 @@ class Windows : public QObject {
   EasyPalPaste& Paste() { return paste_; }
   // The call database or the own location has changed: open lists and maps place their stations anew.
   void PlacesChanged();
+  // Other senders are blocked: an open history blanks their pictures, too.
+  void BlocksChanged();
   // A language has been read; before the windows show their texts in it.
   void LanguageLoaded();
 

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QUrl>
 #include <algorithm>
+#include <utility>
 
 #include "core/page_files.h"
 #include "page/cell_signs.h"
@@ -240,10 +241,28 @@ void History::Shown(int slot, CellResult result) {
   Picture& picture = At(slot);
   picture.found = true;
   picture.blockReason = BlockReason(program_, picture.fields.Caller);
-  if (picture.blockReason != 0) {
-    cells_.ShowBox(slot, BlockedBox(picture.blockReason, ShownCall(picture.fields.Caller, program_.ZeroGlyph)));
-  }
+  if (picture.blockReason != 0) ShowBlocked(slot);
   Q_EMIT Progressed();
+}
+
+void History::ShowBlocked(int slot) {
+  const Picture& picture = At(slot);
+  cells_.ShowBox(slot, BlockedBox(picture.blockReason, ShownCall(picture.fields.Caller, program_.ZeroGlyph)));
+}
+
+void History::TakeBlocks() {
+  for (int slot = 0; slot < Count(); ++slot) {
+    Picture& picture = At(slot);
+    // A picture that has not come yet is judged when it does.
+    if (!picture.found) continue;
+    const int before = std::exchange(picture.blockReason, BlockReason(program_, picture.fields.Caller));
+    if (picture.blockReason == before) continue;
+    if (picture.blockReason != 0) {
+      ShowBlocked(slot);
+    } else {
+      ShowThumb15(slot);
+    }
+  }
 }
 
 void History::NoImage(const QString& key) {

@@ -56,6 +56,8 @@ class History : public QObject {
   void ReloadSlot(int slot);
   // Writes the captions again after a change of language.
   void TakeLanguage();
+  // Blanks the pictures of senders that are blocked now, and shows those of senders that no longer are.
+  void TakeBlocks();
 
   const QList<Cell>& Cells() const { return cells_.Cells(); }
   const Fields& FieldsOf(int slot) const { return pictures_.at(static_cast<std::size_t>(slot)).fields; }
@@ -108,6 +110,7 @@ class History : public QObject {
   // The slot in a key; -1 if it is not one of this opening.
   int SlotOf(const QString& key) const;
   bool Opens(int slot) const;
+  void ShowBlocked(int slot);
   Picture& At(int slot) { return pictures_[static_cast<std::size_t>(slot)]; }
 
   void PictureReady(const QString& key, const QByteArray& body);

@@ -29,6 +29,8 @@ class Form15 : public BaseWindow {
   void Open(const HistoryOrigin& origin);
   void ShowTexts() override;
   const History& Pictures() const { return history_; }
+  // Another list of blocked senders holds.
+  void TakeBlocks() { history_.TakeBlocks(); }
 
   // An entry of the window's menu that no other window handles was chosen, for the cell at which the menu was opened.
   void MnuPopupClick(int index);

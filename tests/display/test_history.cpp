@@ -87,6 +87,11 @@ class TestHistory : public QObject {
     QCOMPARE(f.history->Pictures(8).at, 8);
     QCOMPARE(f.history->Pictures(9).at, -1);
     QCOMPARE(f.history->Pictures(10).at, 9);
+    // Another sender is blocked while the history is open.
+    f.program.lstBlock = {HistoryFixture::CallerOf(f.first, 12)};
+    f.history->TakeBlocks();
+    QVERIFY(f.HistoryCell(12).errorBox);
+    QTRY_VERIFY(!f.HistoryCell(9).errorBox);
   }
 
   // Every kind of fault in one history: each costs its own cell and nothing else.
