@@ -16,6 +16,8 @@ if(TARGET omni_web)
   install(TARGETS omni_web LIBRARY DESTINATION lib/omni-perch)
 endif()
 install(PROGRAMS data/desktop/launcher.sh DESTINATION bin RENAME omni-perch)
+# By which the launcher knows a default that its user has not changed.
+install(FILES data/desktop/former-defaults DESTINATION lib/omni-perch)
 
 install(FILES data/Omni-Perch.cfg data/WXsites.lst data/Help.txt data/hosts.ini DESTINATION share/omni-perch)
 foreach(folder Languages Maps)

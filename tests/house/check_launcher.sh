@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The launcher in a small installation of its own: check_launcher.sh LAUNCHER. What is missing arrives, what is there stays.
+# The launcher in a small installation of its own: check_launcher.sh LAUNCHER. What is missing arrives, what is there stays,
+# and what an earlier version brought is renewed unless the user has changed it.
 set -uo pipefail
 tree=$(mktemp -d)
 trap 'rm -rf "$tree"' EXIT
@@ -38,6 +39,29 @@ ln -s "$tree/usr/bin/omni-perch" "$tree/link"
 expect "works through a link, in a folder of the user's choice with a blank" "started " \
   "$(env XDG_DATA_HOME="$tree/my data" HOME="$tree/home" "$tree/link")"
 expect "fills the chosen folder" "$everything" "$(listing "$tree/my data/Omni-Perch")"
+
+# A later version. Its help, its maps and one language are new; the user has changed that language and the configuration.
+rm -rf "$data"
+mkdir -p "$share/Maps"
+echo old >"$share/Maps/World Map.jpg"
+former=$tree/usr/lib/omni-perch/former-defaults
+checksums() { (cd "$share" && find . -type f -exec sha256sum {} +) | sed 's#\./##' >>"$former"; }
+checksums
+launch >/dev/null
+expect "renews nothing of the same version" "0" "$(find "$data" -name '*.new' | wc -l)"
+echo mine | tee "$data/Omni-Perch.cfg" "$data/Languages/Omni-Perch_Dutch.Language" >/dev/null
+mv "$data/Help.txt" "$data/HELP.TXT"
+for name in Omni-Perch.cfg Help.txt "Maps/World Map.jpg" Languages/Omni-Perch_Dutch.Language; do echo later >"$share/$name"; done
+checksums
+launch >/dev/null
+expect "renews unchanged defaults" "later later default" \
+  "$(cat "$data/HELP.TXT" "$data/Maps/World Map.jpg" "$data/Languages/Omni-Perch_English.Language" | tr '\n' ' ' | sed 's/ $//')"
+expect "keeps what the user has changed, with today's beside it" "mine mine later" \
+  "$(cat "$data/Omni-Perch.cfg" "$data/Languages/Omni-Perch_Dutch.Language" "$data/Languages/Omni-Perch_Dutch.Language.new" | tr '\n' ' ' | sed 's/ $//')"
+expect "puts nothing else beside" "1" "$(find "$data" -name '*.new' | wc -l)"
+rm "$data/Languages/Omni-Perch_Dutch.Language.new"
+launch >/dev/null
+expect "renews once a version" "0" "$(find "$data" -name '*.new' | wc -l)"
 
 # A folder that cannot be made: the program is started all the same, and says itself what it misses.
 expect "starts without a place for the data" "started " \
