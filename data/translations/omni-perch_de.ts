@@ -514,6 +514,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Dieses Bild kann nicht kopiert werden: Es lässt sich nicht dekodieren.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Gespeichert als %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Diese Datei konnte nicht geschrieben werden: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>Es gibt kein Programm für E-Mail. Das Bild ist in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>Das Bild ist in der Zwischenablage.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 von %2 Bildern gespeichert</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -534,6 +554,17 @@
             <numerusform>%n ältere Meldung wurde weggelassen.</numerusform>
             <numerusform>%n ältere Meldungen wurden weggelassen.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 von %2 Bildern gespeichert</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
     </message>
 </context>
 <context>

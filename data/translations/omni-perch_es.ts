@@ -514,6 +514,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Esta imagen no se puede copiar: no se puede descodificar.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Guardado como %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>No se pudo escribir este archivo: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>No hay ningún programa de correo. La imagen está en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>La imagen está en el portapapeles.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 de %2 imágenes guardadas</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -534,6 +554,17 @@
             <numerusform>Se omitió %n informe más antiguo.</numerusform>
             <numerusform>Se omitieron %n informes más antiguos.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 de %2 imágenes guardadas</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Detener</translation>
     </message>
 </context>
 <context>

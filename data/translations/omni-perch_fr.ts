@@ -514,6 +514,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Cette image ne peut pas être copiée : elle ne peut pas être décodée.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Enregistré sous %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Ce fichier n&apos;a pas pu être écrit : %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>Il n&apos;y a pas de programme de messagerie. L&apos;image est dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>L&apos;image est dans le presse-papiers.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 images enregistrées sur %2</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -534,6 +554,17 @@
             <numerusform>%n rapport plus ancien a été omis.</numerusform>
             <numerusform>%n rapports plus anciens ont été omis.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 images enregistrées sur %2</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Arrêter</translation>
     </message>
 </context>
 <context>

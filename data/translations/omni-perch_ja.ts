@@ -510,6 +510,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>この画像はデコードできないため、コピーできません。</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>%1 として保存しました</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>このファイルに書き込めませんでした: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>メールのプログラムがありません。画像はクリップボードにあります。</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>画像はクリップボードにあります。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%2 枚中 %1 枚の画像を保存しました</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -529,6 +549,17 @@
         <translation>
             <numerusform>古い報告%n件は省かれました。</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%2 枚中 %1 枚の画像を保存しました</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
     </message>
 </context>
 <context>

@@ -514,6 +514,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Deze afbeelding kan niet worden gekopieerd: ze kan niet worden gedecodeerd.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Opgeslagen als %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Dit bestand kon niet worden geschreven: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>Er is geen e-mailprogramma. De afbeelding staat op het klembord.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>De afbeelding staat op het klembord.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 van %2 afbeeldingen opgeslagen</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -534,6 +554,17 @@
             <numerusform>%n oudere melding is weggelaten.</numerusform>
             <numerusform>%n oudere meldingen zijn weggelaten.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>%1 van %2 afbeeldingen opgeslagen</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Stoppen</translation>
     </message>
 </context>
 <context>

@@ -518,6 +518,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Tego obrazu nie można skopiować: nie da się go zdekodować.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Zapisano jako %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Nie udało się zapisać tego pliku: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>Nie ma programu pocztowego. Obraz jest w schowku.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>Obraz jest w schowku.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>Zapisano obrazy: %1 z %2</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -539,6 +559,17 @@
             <numerusform>Pominięto %n starsze raporty.</numerusform>
             <numerusform>Pominięto %n starszych raportów.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>Zapisano obrazy: %1 z %2</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Zatrzymaj</translation>
     </message>
 </context>
 <context>

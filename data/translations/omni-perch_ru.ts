@@ -518,6 +518,26 @@
         <source>This picture cannot be copied: it cannot be decoded.</source>
         <translation>Это изображение нельзя скопировать: его не удаётся декодировать.</translation>
     </message>
+    <message>
+        <source>Saved as %1</source>
+        <translation>Сохранено как %1</translation>
+    </message>
+    <message>
+        <source>This file could not be written: %1</source>
+        <translation>Не удалось записать этот файл: %1</translation>
+    </message>
+    <message>
+        <source>There is no program for mail. The picture is on the clipboard.</source>
+        <translation>Нет почтовой программы. Изображение находится в буфере обмена.</translation>
+    </message>
+    <message>
+        <source>The picture is on the clipboard.</source>
+        <translation>Изображение находится в буфере обмена.</translation>
+    </message>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>Сохранено изображений: %1 из %2</translation>
+    </message>
 </context>
 <context>
     <name>PictureTransfer</name>
@@ -539,6 +559,17 @@
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
             <numerusform>Опущено более старых отчётов: %n.</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SaveAllLine</name>
+    <message>
+        <source>%1 of %2 pictures have been saved</source>
+        <translation>Сохранено изображений: %1 из %2</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Остановить</translation>
     </message>
 </context>
 <context>

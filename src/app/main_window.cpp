@@ -86,6 +86,10 @@ void Form1::ConnectSignals() {
   connect(&logic_.click, &PageClick::ViewerWanted, windows_.get(), &Windows::ShowViewer);
   connect(windows_.get(), &Windows::HistoryPictureWanted, &logic_.poll, &PollCycle::Rest);
   connect(windows_.get(), &Windows::FilmFound, &logic_.click, &PageClick::MarkFilm);
+  connect(picAll_, &PageView::DragWanted, this, [this](int slot) {
+    hover_.Close();
+    if (logic_.click.Opens(slot)) pictures_->Drag(logic_.click.PictureOf(slot), this);
+  });
   connect(&logic_.poll, &PollCycle::RestChanged, this, &Form1::RefreshCaptions);
   connect(&logic_.poll, &PollCycle::PageChanged, this, &Form1::ShowPageLabel);
   connect(pic_->lblRefresh, &QToolButton::clicked, &logic_.poll, &PollCycle::RefreshClick);
@@ -366,6 +370,9 @@ void Form1::keyPressEvent(QKeyEvent* event) {
   const bool typing = qobject_cast<QLineEdit*>(focusWidget()) != nullptr;
   if (event->matches(QKeySequence::Undo) && !typing) return undoLine_->Undo();
   if (event->key() == Qt::Key_D && event->modifiers() == Qt::ControlModifier && logic_.click.Compare()) return;
+  if (event->key() == Qt::Key_S && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+    return pictures_->SaveAllPictures(logic_.click.Pictures(-1), this);
+  }
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   QWidget::keyPressEvent(event);
 }

@@ -57,6 +57,7 @@ void Windows::RegisterOwn() {
       Row{WindowKind::CamStatus, &Windows::MakeCamStatus},
       Row{WindowKind::Comparison, &Windows::MakeComparison},
       Row{WindowKind::Print, &Windows::MakePrint},
+      Row{WindowKind::Information, &Windows::MakeInformation},
   };
   for (const Row& row : kRows) {
     Register(
@@ -129,16 +130,25 @@ BaseWindow* Windows::MakeHistory() {
     Q_EMIT HistoryPictureWanted();
     ShowViewer(pictures);
   });
+  connect(window, &Form15::DragWanted, this,
+          [this, window](const SourcePicture& picture) { Q_EMIT HistoryDragWanted(picture, window); });
+  connect(window, &Form15::SaveAllWanted, this,
+          [this, window](const PictureList& list) { Q_EMIT HistorySaveWanted(list, window); });
   connect(window, &Form15::LookupWanted, this,
           [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
 }
 
-BaseWindow* Windows::MakeLocationMap() {
-  auto* window = new frmMapLoc(services_.program, services_.maps, menus_, mainWindow_);
-  connect(window, &frmMapLoc::LookupWanted, this,
-          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
+template <typename Map>
+BaseWindow* Windows::Connected(Map* window) {
+  connect(window, &Map::LookupWanted, this, [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
+  connect(window, &Map::CopyWanted, this, [this, window](const QImage& seen) { Q_EMIT MapCopyWanted(seen, window); });
+  connect(window, &Map::SaveWanted, this, [this, window](const QImage& seen) { Q_EMIT MapSaveWanted(seen, window); });
   return window;
+}
+
+BaseWindow* Windows::MakeLocationMap() {
+  return Connected(new frmMapLoc(services_.program, services_.maps, menus_, mainWindow_));
 }
 
 BaseWindow* Windows::MakeOnAirNow() {
@@ -149,12 +159,6 @@ BaseWindow* Windows::MakeOnAirNow() {
     lblOnAirNow_ = caption;
     Q_EMIT OnAirCaptionChanged(caption);
   });
-  return window;
-}
-
-BaseWindow* Windows::Connected(CallMapWindow* window) {
-  connect(window, &CallMapWindow::LookupWanted, this,
-          [this](const QString& call, const QRect& beside) { LookUp(call, beside); });
   return window;
 }
 
@@ -227,6 +231,10 @@ void Windows::TellPrintEnd(int job, PrintEnd end, const QString& file) {
   const bool isGood = end == PrintEnd::Printed || end == PrintEnd::Cancelled;
   if (isGood || (window != nullptr && window->Tells(job))) return;
   frmMsgBoxTimed::ShowMsg(mainWindow_, Form21::TextOf(end, file), kPrintNotice);
+}
+
+BaseWindow* Windows::MakeInformation() {
+  return new frmInfo({services_.program, services_.tool}, mainWindow_);
 }
 
 void Windows::RegisterOnAirCommands() {
@@ -319,6 +327,11 @@ void Windows::ShowViewer(const PictureList& pictures) {
 void Windows::ShowComparison(const PictureList& pair) {
   LowerViewer();
   static_cast<CompareWindow&>(Get(WindowKind::Comparison)).Open(pair);
+}
+
+void Windows::ShowPictureInfo(const SourceFile& file, const QWidget* owner) {
+  LowerViewer();
+  static_cast<frmInfo&>(Get(WindowKind::Information)).ShowPictureInfo(file, owner);
 }
 
 void Windows::LowerViewer() {

@@ -16,6 +16,7 @@
 #include "cams/site_index_window.h"
 #include "display/compare_window.h"
 #include "display/easypal_paste.h"
+#include "display/info_window.h"
 #include "display/last15_window.h"
 #include "display/print_window.h"
 #include "display/viewer_window.h"
@@ -42,6 +43,7 @@ enum class WindowKind {
   CamStatus,
   Comparison,
   Print,
+  Information,
   // Setup windows; setup_windows.cpp registers them.
   OwnLocation,
   DatabaseEditor,
@@ -91,6 +93,8 @@ class Windows : public QObject {
   void ShowComparison(const PictureList& pair);
   // Offers to print a picture.
   void ShowPrint(const Form21::Picture& picture);
+  // Shows what is told of a picture's file, over the window that the picture belongs to.
+  void ShowPictureInfo(const SourceFile& file, const QWidget* owner);
   void ShowPropagationMap();
   // Opens the site index where it was when it was closed last; one that is open is closed first.
   Form19& ShowSiteIndex();
@@ -120,6 +124,12 @@ class Windows : public QObject {
   void HistoryFetching();
   // A picture of the history was clicked, which stops the refresh timers as a click on the page does.
   void HistoryPictureWanted();
+  // What a map window shows is to be copied, or saved.
+  void MapCopyWanted(const QImage& seen, QWidget* window);
+  void MapSaveWanted(const QImage& seen, QWidget* window);
+  // Of the window of a history: a picture is dragged out of it; all its pictures are to be saved.
+  void HistoryDragWanted(const SourcePicture& picture, QWidget* window);
+  void HistorySaveWanted(const PictureList& pictures, QWidget* window);
   // A picture that the viewer was asked for is a film.
   void FilmFound(const SourcePicture& picture);
   // What lblOnAirNow says from now on.
@@ -149,8 +159,10 @@ class Windows : public QObject {
   BaseWindow* MakeCamStatus();
   BaseWindow* MakeComparison();
   BaseWindow* MakePrint();
-  // Connects what all maps of many stations want of other windows.
-  BaseWindow* Connected(CallMapWindow* window);
+  BaseWindow* MakeInformation();
+  // Connects what all maps want of other windows.
+  template <typename Map>
+  BaseWindow* Connected(Map* window);
   void RegisterOnAirCommands();
   void RegisterHistoryCommands();
   // Of a print whose window has been closed.

@@ -102,7 +102,6 @@ void Form12::ConnectSignals() {
     deps_.commands.Register(command, this, [this, handler](const MenuChoice& choice) { handler(*this, choice); });
   };
   does(Command::ShowCallOnMap, [](Form12& form, const MenuChoice& choice) { form.MnuMapsClick(choice.index); });
-  does(Command::SaveOperatorPictureAs, [](Form12& form, const MenuChoice& choice) { form.MnuPicClick(choice.index); });
   does(Command::SignInOrOut, [](Form12& form, const MenuChoice&) { form.signIn_.SignInOrOut(); });
 }
 
@@ -226,30 +225,6 @@ void Form12::MnuMapsClick(int index) {
   // Both other entries open the same page; SatelliteViewUrl decides between coordinates and address.
   Q_EMIT PageViewWanted(SatelliteViewUrl(deps_.hosts, target, session_.Call()));
   close();
-}
-
-void Form12::MnuPicClick(int index) {
-  if (index == 3) SavePicture();
-}
-
-void Form12::WithWholePicture(const std::function<void(const QImage&)>& then) {
-  deps_.tool.View(session_.PicturePath(), kWholePicture, this, [then](const PictureAnswer& answer) {
-    if (answer.ok && !answer.frames.isEmpty()) then(answer.frames.first().image);
-  });
-}
-
-void Form12::SavePicture() {
-  // The filter makes the dialog list bitmaps; a "*.bmp" in its field would be taken for the file's name.
-  const QString path =
-      deps_.dialogs.AskSaveFile(this, deps_.program.SaveDir, session_.Call() + u".bmp"_s, u"bmp files (*.bmp)"_s);
-  if (path.isEmpty()) return;
-  WithWholePicture([this, path](const QImage& picture) {
-    const auto write = [path, picture]() {
-      QSaveFile file(path);
-      return file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.commit();
-    };
-    deps_.background.Run<bool>(this, write, [](bool) {});
-  });
 }
 
 void Form12::StatusClicked() {

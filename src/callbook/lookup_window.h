@@ -48,9 +48,8 @@ class Form12 : public BaseWindow {
   QString Call() const { return session_.Call(); }
   QString PicturePath() const { return session_.PicturePath(); }
 
-  // Handlers of menus 11 and 12, by the index of their entries.
+  // Handler of menu 11, by the index of its entries. Those of menu 12 are in app/picture_actions.
   void MnuMapsClick(int index);
-  void MnuPicClick(int index);
 
  Q_SIGNALS:
   // The location picker is wanted for a call and its place, in degrees.
@@ -78,8 +77,6 @@ class Form12 : public BaseWindow {
   void OpenPictureMenu(const QPoint& at, bool byKeyboard);
   void OpenPicture();
   void StatusClicked();
-  void WithWholePicture(const std::function<void(const QImage&)>& then);
-  void SavePicture();
 
   Dependencies deps_;
   LookupSession session_;

@@ -47,6 +47,11 @@ void Form15::ConnectParts() {
     const PictureList list = history_.Pictures(slot);
     if (list.Holds(list.at)) Q_EMIT ViewWanted(list);
   });
+  connect(&view_.Cells(), &HistoryCells::DragWanted, this, [this](int slot) {
+    hover_.Close();
+    const PictureList list = history_.Pictures(slot);
+    if (list.Holds(list.at)) Q_EMIT DragWanted(list.pictures.at(list.at));
+  });
   // The cells move under an open tip.
   connect(&view_.ScrollBar1, &QScrollBar::valueChanged, &hover_, &HoverTip::Close);
 }
@@ -159,6 +164,9 @@ void Form15::keyPressEvent(QKeyEvent* event) {
     const PictureList pair = history_.Marked();
     if (pair.pictures.size() == 2) Q_EMIT ComparisonWanted(pair);
     return;
+  }
+  if (event->key() == Qt::Key_S && event->modifiers() == (Qt::ControlModifier | Qt::ShiftModifier)) {
+    return Q_EMIT SaveAllWanted(history_.Pictures(-1));
   }
   if (event->key() == Qt::Key_Escape && hover_.Close()) return;
   BaseWindow::keyPressEvent(event);

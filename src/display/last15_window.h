@@ -42,6 +42,10 @@ class Form15 : public BaseWindow {
   void ViewWanted(const PictureList& list);
   // Ctrl+D with two marked pictures.
   void ComparisonWanted(const PictureList& pair);
+  // A picture is being dragged out of the window.
+  void DragWanted(const SourcePicture& picture);
+  // Ctrl+Shift+S: all pictures are to be saved.
+  void SaveAllWanted(const PictureList& list);
   // A click on a sender's caption; beside: its place on the screen.
   void LookupWanted(const QString& call, const QRect& beside);
 

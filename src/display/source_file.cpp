@@ -57,6 +57,10 @@ class OpenFile {
 
 }  // namespace
 
+std::function<QByteArray()> OpenNow(const QString& path) {
+  return [file = std::make_shared<const OpenFile>(path)]() { return file->Bytes(); };
+}
+
 QString FileOfName(const QString& name) {
   if (name.isEmpty()) return {};
   const QFileInfo wanted(name);
@@ -85,9 +89,8 @@ SourceFiles::SourceFiles(const Dependencies& services, QObject* parent) : QObjec
 
 void SourceFiles::FindSourceFile(const SourcePicture& picture, QObject* context, const Found& found) {
   const QString path = FileOfName(picture.file);
-  const auto file = std::make_shared<const OpenFile>(path);
   services_.background.Run<QByteArray>(
-      this, [file]() { return file->Bytes(); },
+      this, OpenNow(path),
       [this, named = picture, path, asker = QPointer(context), found](const QByteArray& bytes) mutable {
         named.file = path;
         if (asker != nullptr) TakeBytes(named, bytes, asker, found);

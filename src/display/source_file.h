@@ -53,6 +53,9 @@ class SourceFiles : public QObject {
   Dependencies services_;
 };
 
+// Opens a file and gives a function that reads it whole, on any thread: the file of this moment, whatever takes its
+// name later. It reads nothing of what is no plain file.
+std::function<QByteArray()> OpenNow(const QString& path);
 // The file of this name, or the first of this name with an extension; empty where there is none.
 QString FileOfName(const QString& name);
 // "1/24/2024 15:30" gives "2024_01_24 15_30". A text without a time gives the date alone; one that is no date, nothing.

@@ -2,6 +2,7 @@
 #include "maps/map_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QScreen>
 #include <algorithm>
 #include <cmath>
@@ -34,6 +35,8 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
       Shape1_(&imgMenuBar_),
       lblHelp_(&imgMenuBar_),
       Shape2_(&imgMenuBar_),
+      lblCopy_(u"lblCopy"_s, &imgMenuBar_),
+      lblSave_(u"lblSave"_s, &imgMenuBar_),
       cmdClose_(u"cmdClose"_s, &imgMenuBar_),
       picInfo_(this),
       lblMapInfo1_(&picInfo_),
@@ -58,6 +61,8 @@ MapWindow::MapWindow(const Names& names, Program& program, MapStore& store, Menu
 
   connect(&maps_, &MapChooser::Chosen, this, &MapWindow::ChooseMap);
   connect(&maps_, &MapChooser::Dismissed, this, [this]() { picOuter_->setFocus(); });
+  connect(&lblCopy_, &QToolButton::clicked, this, [this]() { Q_EMIT CopyWanted(Seen()); });
+  connect(&lblSave_, &QToolButton::clicked, this, [this]() { Q_EMIT SaveWanted(Seen()); });
   connect(&cmdClose_, &QToolButton::clicked, this, &QWidget::close);
   connect(picOuter_, &MapView::Panned, this, &MapWindow::StoreOffsets);
   connect(picOuter_, &MapView::PointerMoved, this, &MapWindow::ShowPointer);
@@ -85,6 +90,8 @@ void MapWindow::MakeBar() {
   bar_->addWidget(&Shape1_);
   bar_->addWidget(&lblHelp_, 1);
   bar_->addWidget(&Shape2_);
+  bar_->addWidget(&lblCopy_);
+  bar_->addWidget(&lblSave_);
   bar_->addWidget(&cmdClose_);
 }
 
@@ -97,6 +104,8 @@ void MapWindow::ShowTexts() {
   maps_.SetTexts(language[TextLine::kMapsWord].trimmed());
   lblHelp_.setText(language[TextLine::kMapHelp].trimmed());
   lblHelp_.setToolTip(lblHelp_.text());
+  lblCopy_.SetCaption(language[TextLine::kViewCopy].trimmed());
+  lblSave_.SetCaption(language[TextLine::kViewSave].trimmed());
   cmdClose_.SetCaption(language[TextLine::kCloseWord].trimmed());
   if (!isVisible()) return;
   RedrawOverlay();
@@ -292,6 +301,17 @@ void MapWindow::changeEvent(QEvent* event) {
   if (event->type() != QEvent::FontChange || !isVisible()) return;
   RedrawOverlay();
   PlaceControls();
+}
+
+// The frame reaches below the window's edge, and the picture need not fill it.
+QImage MapWindow::Seen() {
+  return picOuter_->grab(picOuter_->rect() & picOuter_->picInner() & rect().translated(-picOuter_->pos())).toImage();
+}
+
+void MapWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return Q_EMIT CopyWanted(Seen());
+  if (event->matches(QKeySequence::Save)) return Q_EMIT SaveWanted(Seen());
+  BaseWindow::keyPressEvent(event);
 }
 
 void MapWindow::closeEvent(QCloseEvent* event) {

@@ -38,6 +38,13 @@ class MapWindow : public BaseWindow {
   void ShowTexts() override;
   // Reads the picture of the map at MapIndex, then shows the window with it.
   void Redraw_Map();
+  // The part of the map that the window shows, with its marks.
+  QImage Seen();
+
+ Q_SIGNALS:
+  // Ctrl+C, Ctrl+S, or the buttons of the bar: what the window shows is to be copied, or saved.
+  void CopyWanted(const QImage& seen);
+  void SaveWanted(const QImage& seen);
 
  protected:
   // Returns what is drawn on the map. Called whenever map, font or language may have changed.
@@ -63,6 +70,7 @@ class MapWindow : public BaseWindow {
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
   Program& program_;
   MenuOpener& menus_;
@@ -100,6 +108,8 @@ class MapWindow : public BaseWindow {
   QFrame Shape1_;
   QLabel lblHelp_;
   QFrame Shape2_;
+  BarLabel lblCopy_;
+  BarLabel lblSave_;
   BarLabel cmdClose_;
   QFrame picInfo_;
   QLabel lblMapInfo1_;

@@ -49,6 +49,7 @@ void CellGridView::MakeCells() {
     connect(cell, &ThumbCell::MarkPressed, this, &CellGridView::MarkPressed);
     connect(cell, &ThumbCell::SenderPressed, this, &CellGridView::SenderPressed);
     connect(cell, &ThumbCell::CamPressed, this, &CellGridView::CamPressed);
+    connect(cell, &ThumbCell::DragWanted, this, &CellGridView::DragWanted);
     connect(cell, &ThumbCell::MenuWanted, this, &CellGridView::MenuWanted);
     connect(cell, &ThumbCell::Hovered, this, &CellGridView::Hovered);
     connect(cell, &ThumbCell::HoverLeft, this, &CellGridView::HoverLeft);

@@ -49,6 +49,8 @@ class CellGridView : public QWidget {
   void SenderPressed(int slot);
   // The light of the site's cam was pressed.
   void CamPressed(int slot);
+  // The pointer has begun to drag the cell's picture.
+  void DragWanted(int slot);
   // The right button, or the menu key, on a cell; at: a point of the screen.
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
   void Hovered(int slot, TipPart part);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "page/thumb_cell.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -136,9 +137,15 @@ void ThumbCell::mousePressEvent(QMouseEvent* event) {
   }
   if (PartAt(event->position()) == TipPart::From && cell_.fromVisible && !cell_.lblFrom.isEmpty()) {
     Q_EMIT SenderPressed(slot_);
+  } else if (PartAt(event->position()) == TipPart::Picture && !cell_.frames.isEmpty() && !cell_.errorBox) {
+    pressedAt_ = event->position();
   } else {
     Q_EMIT Pressed(slot_);
   }
+}
+
+void ThumbCell::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && std::exchange(pressedAt_, std::nullopt)) Q_EMIT Pressed(slot_);
 }
 
 QRect ThumbCell::SenderPlace() const {
@@ -206,6 +213,12 @@ std::optional<TipPart> ThumbCell::PartAt(const QPointF& place) const {
 }
 
 void ThumbCell::mouseMoveEvent(QMouseEvent* event) {
+  if (pressedAt_) {
+    const bool held = event->buttons().testFlag(Qt::LeftButton);
+    if (held && (event->position() - *pressedAt_).manhattanLength() < QApplication::startDragDistance()) return;
+    pressedAt_.reset();
+    if (held) Q_EMIT DragWanted(slot_);
+  }
   const std::optional<TipPart> part = PartAt(event->position());
   if (part == hovered_) return;
   hovered_ = part;

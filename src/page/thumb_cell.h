@@ -44,6 +44,8 @@ class ThumbCell : public QWidget {
   void SenderPressed(int slot);
   // A press on the light of the site's cam, or the key C.
   void CamPressed(int slot);
+  // The pointer has begun to drag the picture.
+  void DragWanted(int slot);
   void MenuWanted(int slot, QPoint at, bool byKeyboard);
   // The pointer has come to a part that has a tip, or left the last one.
   void Hovered(int slot, TipPart part);
@@ -61,6 +63,7 @@ class ThumbCell : public QWidget {
   void enterEvent(QEnterEvent* event) override;
   void leaveEvent(QEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
@@ -84,6 +87,7 @@ class ThumbCell : public QWidget {
   QString emptyName_;
   QString tipText_;
   std::optional<TipPart> hovered_;
+  std::optional<QPointF> pressedAt_;  // on a picture: it may become a press or a drag
   qsizetype frame_ = 0;
   QPixmap pixmap_;     // the frame at the size that it is painted with
   bool stale_ = true;  // pixmap_ has to be made again

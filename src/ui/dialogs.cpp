@@ -26,6 +26,17 @@ QMessageBox::ButtonRole Answer(const QPointer<QMessageBox>& box) {
   return role;
 }
 
+// The path that was chosen; empty where none was. The dialog may go with its parent as a box may.
+QString Chosen(const QPointer<QFileDialog>& dialog) {
+  // The desktop's own dialog would be in the language of the desktop.
+  dialog->setOption(QFileDialog::DontUseNativeDialog);
+  const bool accepted = dialog->exec() == QDialog::Accepted;
+  if (dialog == nullptr) return {};
+  QString path = accepted ? dialog->selectedFiles().value(0) : QString();
+  delete dialog;
+  return path;
+}
+
 }  // namespace
 
 void Dialogs::Inform(QWidget* parent, const QString& text, bool exclamation) {
@@ -50,13 +61,18 @@ bool Dialogs::AskSecond(QWidget* parent, const QString& text, const QString& fir
 }
 
 QString Dialogs::AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter) {
-  QFileDialog dialog(parent, Program::Title(), folder, filter);
-  // The desktop's own dialog would be in the language of the desktop.
-  dialog.setOption(QFileDialog::DontUseNativeDialog);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
-  dialog.setDefaultSuffix(filter.section("(*."_L1, 1).section(u')', 0, 0).section(u' ', 0, 0));
-  dialog.selectFile(name);
-  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+  const QPointer<QFileDialog> dialog = new QFileDialog(parent, Program::Title(), folder, filter);
+  dialog->setAcceptMode(QFileDialog::AcceptSave);
+  dialog->setDefaultSuffix(filter.section("(*."_L1, 1).section(u')', 0, 0).section(u' ', 0, 0));
+  dialog->selectFile(name);
+  return Chosen(dialog);
+}
+
+QString Dialogs::AskFolder(QWidget* parent, const QString& folder) {
+  const QPointer<QFileDialog> dialog = new QFileDialog(parent, Program::Title(), folder);
+  dialog->setFileMode(QFileDialog::Directory);
+  dialog->setOption(QFileDialog::ShowDirsOnly);
+  return Chosen(dialog);
 }
 
 bool Dialogs::PrintDialog(QWidget* parent, QPrinter& printer) {

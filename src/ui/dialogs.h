@@ -27,4 +27,6 @@ class Dialogs {
   virtual QString AskSaveFile(QWidget* parent, const QString& folder, const QString& name, const QString& filter);
   // Asks for a printer, or for the file to print to, with the page of printer as the suggestion; false if cancelled.
   virtual bool PrintDialog(QWidget* parent, QPrinter& printer);
+  // Asks for an existing folder, beginning at one; empty if cancelled.
+  virtual QString AskFolder(QWidget* parent, const QString& folder);
 };

@@ -165,11 +165,6 @@ class TestLookupWindow : public QObject {
     QApplication::sendEvent(image, &byKey);
     QCOMPARE(f.Wanted(), MenuId::LookupPicture);
 
-    f.dialogs.savePath = f.folder.filePath(u"saved.bmp"_s);
-    f.Form().MnuPicClick(3);
-    QTRY_COMPARE(QImage(f.dialogs.savePath, "BMP").size(), QSize(240, 180));
-    QCOMPARE(f.dialogs.told, QStringList{f.folder.filePath(u"K1QPE.bmp"_s)});
-
     // A page that is still being read when the window closes is neither shown later nor filed.
     f.Service().SetLatency(std::chrono::milliseconds(100));
     QTest::keyClick(&f.Form(), Qt::Key_F5);

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/save_all.h"
+
+#include "platform/picture/file_type.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kTypeBytes = 300;
+
+// A picture that has vanished since it was shown has no path, and is no failure.
+SavedCopy CopyOf(const SourcePicture& picture, const std::function<QByteArray()>& read, const QString& folder) {
+  SourceFile file{picture, {}, read(), {}, false};
+  if (file.Vanished()) return {};
+  file.type = FileTypeOf(file.bytes.left(kTypeBytes));
+  return SaveBesides(folder, SuggestedName(file), file.Extension(), file.bytes);
+}
+
+}  // namespace
+
+SaveAll::SaveAll(QObject* parent) : QObject(parent) {}
+
+void SaveAll::Start(const PictureList& list, const QString& folder) {
+  if (Busy() || list.pictures.isEmpty()) return;
+  for (const SourcePicture& picture : list.pictures) waiting_.append({picture, OpenNow(FileOfName(picture.file))});
+  folder_ = folder;
+  count_ = static_cast<int>(waiting_.size());
+  saved_ = 0;
+  Q_EMIT Progressed();
+  Next();
+}
+
+void SaveAll::Next() {
+  writer_.Run<SavedCopy>(
+      this, [first = waiting_.first(), folder = folder_]() { return CopyOf(first.picture, first.read, folder); },
+      [this, token = wanted_.Ask()](const SavedCopy& copy) {
+        if (copy.saved) ++saved_;
+        if (token.StillWanted()) Written(copy);
+      });
+}
+
+void SaveAll::Written(const SavedCopy& copy) {
+  waiting_.removeFirst();
+  const bool failed = !copy.saved && !copy.path.isEmpty();
+  if (failed) waiting_.clear();
+  Q_EMIT Progressed();
+  if (!waiting_.isEmpty()) return Next();
+  wanted_.Withdraw();
+  Q_EMIT Ended(failed ? copy.path : QString());
+}
+
+void SaveAll::Stop() {
+  if (!Busy()) return;
+  wanted_.Withdraw();
+  waiting_.clear();
+  Q_EMIT Ended({});
+}
