@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
-# The places of what cmake --install installs: the program and its decoder side by side (the program looks for the
-# decoder in its own folder), the launcher, the defaults that the launcher copies for each user, and the desktop's
+# The places of what cmake --install installs: the program, its decoder and its player of films side by side (the program
+# looks for both in its own folder), the launcher, the defaults that the launcher copies for each user, and the desktop's
 # entry.
 
 if(CMAKE_INSTALL_PREFIX_INITIALIZED_TO_DEFAULT)
@@ -10,6 +10,9 @@ endif()
 install(TARGETS omni-perch RUNTIME DESTINATION lib/omni-perch)
 if(TARGET omni-perch-decoder)
   install(TARGETS omni-perch-decoder RUNTIME DESTINATION lib/omni-perch)
+endif()
+if(TARGET omni-perch-player)
+  install(TARGETS omni-perch-player RUNTIME DESTINATION lib/omni-perch)
 endif()
 # Beside the program, which loads the library from there when the first browser window opens.
 if(TARGET omni_web)

@@ -189,6 +189,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vor</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Abspielen</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Leertaste</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Stelle im Film</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Ton ein</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Ton aus</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Lautstärke</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Vollbild verlassen</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Vollbild</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -255,6 +302,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Bilder werden nicht dekodiert: Dieses System hat keine Sandbox für den Decoder (Seccomp-Filter fehlen)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Ein Film: Die Eingabetaste spielt ihn ab.</translation>
     </message>
 </context>
 <context>
@@ -439,6 +490,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° O</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Seiten können hier nicht gezeigt werden: Ein Teil des Programms (libomni_web.so) fehlt.</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>Im Browser öffnen</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>Filme können nicht abgespielt werden: Ein Teil des Programms (omni-perch-player) fehlt.</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>Der Film konnte nicht für das Abspielprogramm des Desktops kopiert werden.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>Der Desktop hat kein Abspielprogramm für Filme.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
     </message>
 </context>
 <context>
@@ -801,6 +879,64 @@
     <message>
         <source>Mode</source>
         <translation>Art</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>Die Seite wurde beendet. F5 zeigt sie wieder.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Seite</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Meldung</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>Der Film beginnt nicht.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>Dieser Film kann nicht abgespielt werden: Seine Datei ist verschwunden oder zu groß.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>Filme werden nicht abgespielt: Dieses System hat keine Sandbox für den Player (keine seccomp-Filter).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>Filme dieser Art können nicht abgespielt werden. Es fehlt: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>Dieser Film kann nicht abgespielt werden: Er ist beschädigt oder kein Film.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>Dieser Film kann nicht abgespielt werden. Vielleicht fehlt: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Mit dem Abspielprogramm des Desktops öffnen</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>Es gibt keinen Ton: Dieses System hat kein Gerät dafür.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>Dieser Film hat keinen Ton.</translation>
     </message>
 </context>
 </TS>

@@ -189,6 +189,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Atrás</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Adelante</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pausa</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Reproducir</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espacio</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Posición en la película</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Activar el sonido</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Silenciar</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volumen</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Salir de la pantalla completa</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Pantalla completa</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -255,6 +302,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Las imágenes no se decodifican: este sistema no tiene un entorno aislado para el decodificador (faltan los filtros seccomp)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Una película: Intro la reproduce.</translation>
     </message>
 </context>
 <context>
@@ -439,6 +490,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° E</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Aquí no se pueden mostrar páginas: falta una parte del programa (libomni_web.so).</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>Abrir en el navegador</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>No se pueden reproducir películas: falta una parte del programa (omni-perch-player).</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>No se pudo copiar la película para el reproductor del escritorio.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>El escritorio no tiene reproductor de películas.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>No se pudo guardar la imagen: %1</translation>
     </message>
 </context>
 <context>
@@ -801,6 +879,64 @@
     <message>
         <source>Mode</source>
         <translation>Modo</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>La página se ha detenido. F5 la muestra de nuevo.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Página</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Mensaje</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>La película no empieza.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>No se puede reproducir esta película: su archivo ya no existe o es demasiado grande.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>No se reproducen películas: este sistema no tiene un entorno aislado para el reproductor (sin filtros seccomp).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>No se pueden reproducir películas de este tipo. Falta: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>No se puede reproducir esta película: está dañada o no es una película.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>No se puede reproducir esta película. Quizá falte: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Película</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Abrir con el reproductor del escritorio</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>No hay sonido: este sistema no tiene un dispositivo para ello.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>Esta película no tiene sonido.</translation>
     </message>
 </context>
 </TS>

@@ -189,6 +189,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Reculer</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Avancer</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Lire</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Espace</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Position dans le film</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Activer le son</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Couper le son</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Quitter le plein écran</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Plein écran</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -255,6 +302,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Les images ne sont pas décodées : ce système n&apos;a pas de bac à sable pour le décodeur (filtres seccomp absents)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Un film : Entrée le lit.</translation>
     </message>
 </context>
 <context>
@@ -439,6 +490,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° E</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Les pages ne peuvent pas être affichées ici : une partie du programme (libomni_web.so) manque.</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>Ouvrir dans le navigateur</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>Les films ne peuvent pas être lus : une partie du programme (omni-perch-player) manque.</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>Le film n’a pas pu être copié pour le lecteur du bureau.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>Le bureau n’a pas de lecteur de films.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>L’image n’a pas pu être enregistrée : %1</translation>
     </message>
 </context>
 <context>
@@ -801,6 +879,64 @@
     <message>
         <source>Mode</source>
         <translation>Mode</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>La page s’est arrêtée. F5 l’affiche à nouveau.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Page</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Message</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>Le film ne commence pas.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>Ce film ne peut pas être lu : son fichier a disparu ou est trop grand.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>Les films ne sont pas lus : ce système n’a pas de bac à sable pour le lecteur (pas de filtres seccomp).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>Les films de ce type ne peuvent pas être lus. Il manque : %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>Ce film ne peut pas être lu : il est endommagé ou n’en est pas un.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>Ce film ne peut pas être lu. Il manque peut-être : %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Ouvrir avec le lecteur du bureau</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>Il n’y a pas de son : ce système n’a pas de périphérique audio.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>Ce film n’a pas de son.</translation>
     </message>
 </context>
 </TS>

@@ -186,6 +186,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>戻る</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>進む</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>一時停止</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>再生</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>スペース</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>映像の再生位置</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>音声オン</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>音声オフ</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>音量</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>全画面を終了</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>全画面</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -252,6 +299,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>画像はデコードされません: このシステムにはデコーダーのサンドボックスがありません (seccomp フィルターなし)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>映像です。Enterキーで再生します。</translation>
     </message>
 </context>
 <context>
@@ -436,6 +487,33 @@
     <message>
         <source>%1° E</source>
         <translation>東経 %1°</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>ここではページを表示できません。プログラムの一部 (libomni_web.so) がありません。</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>ブラウザーで開く</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>映像を再生できません。プログラムの一部 (omni-perch-player) がありません。</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>デスクトップのプレーヤー用に映像をコピーできませんでした。</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>デスクトップに映像のプレーヤーがありません。</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>画像を保存できませんでした: %1</translation>
     </message>
 </context>
 <context>
@@ -795,6 +873,64 @@
     <message>
         <source>Mode</source>
         <translation>モード</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>ページが停止しました。F5キーで再表示します。</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>ページ</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>メッセージ</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>映像が始まりません。</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>この映像を再生できません。ファイルがないか、大きすぎます。</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>映像は再生されません。このシステムにはプレーヤー用のサンドボックスがありません (seccompフィルターなし)。</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>この種類の映像を再生できません。不足しているもの: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>この映像を再生できません。壊れているか、映像ではありません。</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>この映像を再生できません。不足している可能性があるもの: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>映像</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>デスクトップのプレーヤーで開く</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>音声はありません。このシステムには音声デバイスがありません。</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>この映像には音声がありません。</translation>
     </message>
 </context>
 </TS>

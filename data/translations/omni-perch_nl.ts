@@ -189,6 +189,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Terug</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Vooruit</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pauze</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Afspelen</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Spatie</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Plaats in de film</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Geluid aan</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Geluid uit</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Volume</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Volledig scherm verlaten</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Volledig scherm</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -255,6 +302,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Afbeeldingen worden niet gedecodeerd: dit systeem heeft geen sandbox voor de decoder (geen seccomp-filters)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Een film: Enter speelt hem af.</translation>
     </message>
 </context>
 <context>
@@ -439,6 +490,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° O</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Pagina’s kunnen hier niet worden getoond: een deel van het programma (libomni_web.so) ontbreekt.</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>In de browser openen</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>Films kunnen niet worden afgespeeld: een deel van het programma (omni-perch-player) ontbreekt.</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>De film kon niet voor de speler van het bureaublad worden gekopieerd.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>Het bureaublad heeft geen speler voor films.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>De afbeelding kon niet worden opgeslagen: %1</translation>
     </message>
 </context>
 <context>
@@ -801,6 +879,64 @@
     <message>
         <source>Mode</source>
         <translation>Mode</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>De pagina is gestopt. F5 toont haar opnieuw.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Pagina</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Melding</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>De film begint niet.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>Deze film kan niet worden afgespeeld: het bestand is weg of te groot.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>Films worden niet afgespeeld: dit systeem heeft geen sandbox voor de speler (geen seccomp-filters).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>Films van deze soort kunnen niet worden afgespeeld. Er ontbreekt: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>Deze film kan niet worden afgespeeld: hij is beschadigd of geen film.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>Deze film kan niet worden afgespeeld. Misschien ontbreekt: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Met de speler van het bureaublad openen</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>Er is geen geluid: dit systeem heeft er geen apparaat voor.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>Deze film heeft geen geluid.</translation>
     </message>
 </context>
 </TS>

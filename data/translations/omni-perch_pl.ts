@@ -192,6 +192,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Wstecz</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Naprzód</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Wstrzymaj</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Odtwórz</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Spacja</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Miejsce w filmie</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Włącz dźwięk</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Wyłącz dźwięk</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Głośność</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Zamknij pełny ekran</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Pełny ekran</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -258,6 +305,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Obrazy nie są dekodowane: ten system nie ma piaskownicy dla dekodera (brak filtrów seccomp)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Film: Enter go odtwarza.</translation>
     </message>
 </context>
 <context>
@@ -442,6 +493,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° E</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Nie można tu pokazać stron: brakuje części programu (libomni_web.so).</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>Otwórz w przeglądarce</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>Nie można odtwarzać filmów: brakuje części programu (omni-perch-player).</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>Nie udało się skopiować filmu dla odtwarzacza pulpitu.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>Pulpit nie ma odtwarzacza filmów.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Nie udało się zapisać obrazu: %1</translation>
     </message>
 </context>
 <context>
@@ -807,6 +885,64 @@
     <message>
         <source>Mode</source>
         <translation>Emisja</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>Strona została zatrzymana. F5 pokaże ją ponownie.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Strona</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Komunikat</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>Film się nie zaczyna.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>Nie można odtworzyć tego filmu: jego plik zniknął albo jest za duży.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>Filmy nie są odtwarzane: ten system nie ma piaskownicy dla odtwarzacza (brak filtrów seccomp).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>Filmów tego rodzaju nie można odtwarzać. Brakuje: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>Nie można odtworzyć tego filmu: jest uszkodzony albo nie jest filmem.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>Nie można odtworzyć tego filmu. Być może brakuje: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Film</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Otwórz w odtwarzaczu pulpitu</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>Brak dźwięku: ten system nie ma do tego urządzenia.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>Ten film nie ma dźwięku.</translation>
     </message>
 </context>
 </TS>

@@ -192,6 +192,53 @@
     </message>
 </context>
 <context>
+    <name>FilmControls</name>
+    <message>
+        <source>Back</source>
+        <translation>Назад</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>Вперёд</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Пауза</translation>
+    </message>
+    <message>
+        <source>Play</source>
+        <translation>Воспроизвести</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Пробел</translation>
+    </message>
+    <message>
+        <source>Position in the film</source>
+        <translation>Место в фильме</translation>
+    </message>
+    <message>
+        <source>Sound on</source>
+        <translation>Включить звук</translation>
+    </message>
+    <message>
+        <source>Sound off</source>
+        <translation>Выключить звук</translation>
+    </message>
+    <message>
+        <source>Volume</source>
+        <translation>Громкость</translation>
+    </message>
+    <message>
+        <source>Leave the full screen</source>
+        <translation>Выйти из полноэкранного режима</translation>
+    </message>
+    <message>
+        <source>Full screen</source>
+        <translation>Во весь экран</translation>
+    </message>
+</context>
+<context>
     <name>Form1</name>
     <message>
         <source>Automatic refresh rests because a picture was opened. It goes on after the next refresh or change of page.</source>
@@ -258,6 +305,10 @@
     <message>
         <source>Pictures are not decoded: this system has no sandbox for the decoder (no seccomp filters)</source>
         <translation>Изображения не декодируются: в этой системе нет песочницы для декодера (нет фильтров seccomp)</translation>
+    </message>
+    <message>
+        <source>A film: Return plays it.</source>
+        <translation>Фильм: Enter воспроизводит его.</translation>
     </message>
 </context>
 <context>
@@ -442,6 +493,33 @@
     <message>
         <source>%1° E</source>
         <translation>%1° в. д.</translation>
+    </message>
+</context>
+<context>
+    <name>MediaViews</name>
+    <message>
+        <source>Pages cannot be shown here: a part of the program (libomni_web.so) is missing.</source>
+        <translation>Страницы здесь показать нельзя: отсутствует часть программы (libomni_web.so).</translation>
+    </message>
+    <message>
+        <source>Open in the browser</source>
+        <translation>Открыть в браузере</translation>
+    </message>
+    <message>
+        <source>Films cannot be played: a part of the program (omni-perch-player) is missing.</source>
+        <translation>Фильмы воспроизвести нельзя: отсутствует часть программы (omni-perch-player).</translation>
+    </message>
+    <message>
+        <source>The film could not be copied for the desktop&apos;s player.</source>
+        <translation>Не удалось скопировать фильм для проигрывателя рабочего стола.</translation>
+    </message>
+    <message>
+        <source>The desktop has no player for films.</source>
+        <translation>На рабочем столе нет проигрывателя фильмов.</translation>
+    </message>
+    <message>
+        <source>The picture could not be saved: %1</source>
+        <translation>Не удалось сохранить изображение: %1</translation>
     </message>
 </context>
 <context>
@@ -807,6 +885,64 @@
     <message>
         <source>Mode</source>
         <translation>Вид</translation>
+    </message>
+</context>
+<context>
+    <name>frmStView</name>
+    <message>
+        <source>The page has stopped. F5 shows it again.</source>
+        <translation>Страница остановилась. F5 покажет её снова.</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>Страница</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>Сообщение</translation>
+    </message>
+</context>
+<context>
+    <name>frmWmp</name>
+    <message>
+        <source>The film does not begin.</source>
+        <translation>Фильм не начинается.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: its file is gone, or too large.</source>
+        <translation>Этот фильм воспроизвести нельзя: его файл исчез или слишком велик.</translation>
+    </message>
+    <message>
+        <source>Films are not played: this system has no sandbox for the player (no seccomp filters).</source>
+        <translation>Фильмы не воспроизводятся: в этой системе нет песочницы для проигрывателя (нет фильтров seccomp).</translation>
+    </message>
+    <message>
+        <source>Films of this kind cannot be played. What is missing: %1</source>
+        <translation>Фильмы этого вида воспроизвести нельзя. Не хватает: %1</translation>
+    </message>
+    <message>
+        <source>This film cannot be played: it is damaged, or no film.</source>
+        <translation>Этот фильм воспроизвести нельзя: он повреждён или это не фильм.</translation>
+    </message>
+    <message>
+        <source>This film cannot be played. What may be missing: %1</source>
+        <translation>Этот фильм воспроизвести нельзя. Возможно, не хватает: %1</translation>
+    </message>
+    <message>
+        <source>Film</source>
+        <translation>Фильм</translation>
+    </message>
+    <message>
+        <source>Open with the desktop&apos;s player</source>
+        <translation>Открыть проигрывателем рабочего стола</translation>
+    </message>
+    <message>
+        <source>There is no sound: this system has no device for it.</source>
+        <translation>Звука нет: в этой системе нет устройства для него.</translation>
+    </message>
+    <message>
+        <source>This film has no sound.</source>
+        <translation>У этого фильма нет звука.</translation>
     </message>
 </context>
 </TS>

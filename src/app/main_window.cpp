@@ -46,6 +46,7 @@ Form1::Form1(Services& services)
   stations_ = new StationCalls({services, logic_, *pic_, *picAll_, *menus_, *windows_}, this);
   pictures_ = new PictureActions({services, logic_, *windows_, this});
   transfer_ = new PictureTransfer(services, *windows_, *pictures_, this);
+  media_ = new MediaViews({services, *windows_, *pictures_, *transfer_, this});
   received_ = new ReceivedOk({services, logic_.poll, *pic_, *windows_, lstRxOk_}, this);
   cams_ = new MainCams({services, logic_, *pic_, *picAll_, *windows_}, this);
   setup_ = new SetupWindows({services, logic_, *menus_, *windows_, this, [this]() { received_->OpenMap(); },
@@ -345,6 +346,7 @@ void Form1::ShowTexts() {
   ShowPageLabel();
   picAll_->TakeLanguage();
   emptyPage_->ShowTexts();
+  media_->ShowTexts();
 }
 
 void Form1::changeEvent(QEvent* event) {
@@ -434,6 +436,7 @@ void Form1::ThirdClosingStep() {
 void Form1::LastClosingStep() {
   message_.reset();
   closing_ = Closing::Done;
+  media_->CloseAll();
   windows_->CloseAll();
   const QWidgetList windows = QApplication::topLevelWidgets();
   for (QWidget* window : windows) {

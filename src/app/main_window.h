@@ -12,6 +12,7 @@
 #include "app/load_sequence.h"
 #include "app/main_cams.h"
 #include "app/main_updates.h"
+#include "app/media_views.h"
 #include "app/menu_strip.h"
 #include "app/page_logic.h"
 #include "app/picture_transfer.h"
@@ -109,6 +110,7 @@ class Form1 : public QWidget {
   StationCalls* stations_ = nullptr;
   PictureActions* pictures_ = nullptr;
   PictureTransfer* transfer_ = nullptr;
+  MediaViews* media_ = nullptr;
   ReceivedOk* received_ = nullptr;
   MainCams* cams_ = nullptr;
   MainUpdates* updates_ = nullptr;

@@ -26,6 +26,7 @@ RunSettings RunSettings::OfUser() {
   run.appDataDir = DefaultAppDataDir();
   run.programDir = QCoreApplication::applicationDirPath();
   run.decoder = run.programDir + u"/omni-perch-decoder"_s;
+  run.player = run.programDir + u"/omni-perch-player"_s;
   run.socketDir = CompanionLink::DefaultSocketDir();
   run.hosts = Hosts::Read(run.appDataDir);
   return run;

@@ -31,6 +31,7 @@ struct RunSettings {
   QString appDataDir;
   QString programDir;  // folder of the executable
   QString decoder;     // path of omni-perch-decoder
+  QString player{};    // path of omni-perch-player
   QString socketDir;   // folder of the companion program's socket
   Hosts hosts;
   UrlLimits limits;

@@ -101,6 +101,7 @@ BaseWindow* Windows::MakeLookup() {
   auto* window = new Form12(Form12::Dependencies{session, s.SignIn(), s.dialogs, s.commands, menus_}, mainWindow_);
   connect(window, &Form12::LookupStatusChanged, this, &Windows::LookupStatusChanged);
   connect(window, &Form12::MapWanted, this, &Windows::ShowOnMap);
+  connect(window, &Form12::PageViewWanted, this, &Windows::PageViewWanted);
   connect(window, &Form12::Stored, this, &Windows::PlacesChanged);
   connect(window, &BaseWindow::Closed, this, &Windows::RaiseMaps);
   return window;
@@ -193,6 +194,7 @@ BaseWindow* Windows::MakeViewer() {
   Services& s = services_;
   auto* window = new Form2({{s.tool, s.background}, drawing_, s.program, menus_}, mainWindow_);
   connect(window, &Form2::FilmFound, this, &Windows::FilmFound);
+  connect(window, &Form2::FilmWanted, this, &Windows::FilmWanted);
   connect(window, &BaseWindow::Closed, this, [this]() {
     if (BaseWindow* history = Find(WindowKind::History)) history->raise();
   });

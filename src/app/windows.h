@@ -85,6 +85,8 @@ class Windows : public QObject {
   void ShowReceivedOkMap();
   // Shows the history of a site, in the open window if there is one.
   void ShowHistory(const HistoryOrigin& origin);
+  // The viewer lies above all windows until one of them is wanted.
+  void LowerViewer();
   // Closes the window of a kind; none may be open.
   void Close(WindowKind kind);
   // Shows the meant picture of a window in full size; the viewer steps among the others.
@@ -132,6 +134,10 @@ class Windows : public QObject {
   void HistorySaveWanted(const PictureList& pictures, QWidget* window);
   // A picture that the viewer was asked for is a film.
   void FilmFound(const SourcePicture& picture);
+  // A film was clicked.
+  void FilmWanted(const SourcePicture& picture);
+  // The lookup window wants a page about a place; PageViewUrl as in callbook/place_page.
+  void PageViewWanted(const QString& PageViewUrl);
   // What lblOnAirNow says from now on.
   void OnAirCaptionChanged(const QString& caption);
   // F1 was pressed in a window.
@@ -168,9 +174,6 @@ class Windows : public QObject {
   // Of a print whose window has been closed.
   void TellPrintEnd(int job, PrintEnd end, const QString& file);
   void RaiseMaps();
-  // The viewer lies above all windows until one of them is wanted.
-  void LowerViewer();
-
   Services& services_;
   MenuOpener& menus_;
   const RxOkList& lstRxOk_;

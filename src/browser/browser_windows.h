@@ -3,9 +3,14 @@
 // takes this, so that its test needs no browser.
 #pragma once
 
+#include <QImage>
 #include <QObject>
 #include <QString>
 #include <QUrl>
+
+#include "browser/page_view.h"
+
+class QWidget;
 
 // All browser windows, found by their titles.
 class BrowserWindows : public QObject {
@@ -21,8 +26,15 @@ class BrowserWindows : public QObject {
   // through have left, that is cookies (in the store too) and storage.
   virtual void Forget(const QUrl& url) = 0;
   virtual void CloseAll() = 0;
+  // Opens frmStView on the monitor of the pointer, or shows the address in the open one. http and https only. Nothing
+  // of it stays: neither cookies nor storage.
+  virtual void OpenView(const QUrl& address, const PageViewTexts& texts) = 0;
+  // The texts of the open frmStView in another language.
+  virtual void SetViewTexts(const PageViewTexts& texts) = 0;
 
  Q_SIGNALS:
   // A window was closed by the user, by Forget or by CloseAll. All that its pages had set is in the store by then.
   void Closed(const QString& title);
+  // A button of frmStView was pressed; picture: of the page within the frame; window: frmStView.
+  void PictureTaken(PageViewAction action, const QImage& picture, QWidget* window);
 };

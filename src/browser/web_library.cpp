@@ -35,6 +35,8 @@ class LoadedWindows : public BrowserWindows, private WebPort {
   }
 
   void CloseAll() override { pages_->CloseAll(); }
+  void OpenView(const QUrl& address, const PageViewTexts& texts) override { pages_->OpenView(address, texts); }
+  void SetViewTexts(const PageViewTexts& texts) override { pages_->SetViewTexts(texts); }
 
  private:
   void OnChanged() { pages_->SyncCookies(); }
@@ -42,6 +44,9 @@ class LoadedWindows : public BrowserWindows, private WebPort {
   void TakeCookies(const QList<CookieChange>& changes) override { cookies_.Apply(changes); }
   void PageClosed(const QString& title) override { Q_EMIT Closed(title); }
   void PageVisits(const QUrl& site, const QUrl& url) override { cookies_.NoteVisit(site, url); }
+  void TakePicture(PageViewAction action, const QImage& picture, QWidget* window) override {
+    Q_EMIT PictureTaken(action, picture, window);
+  }
 
   CookieStore& cookies_;
   std::unique_ptr<WebPages> pages_;

@@ -4,12 +4,16 @@
 // library's.
 #pragma once
 
+#include <QImage>
 #include <QList>
 #include <QNetworkCookie>
 #include <QString>
 #include <QUrl>
 
+#include "browser/page_view.h"
 #include "platform/net/cookie_store.h"
+
+class QWidget;
 
 // What the library calls in the program.
 class WebPort {
@@ -22,6 +26,7 @@ class WebPort {
   virtual void PageClosed(const QString& title) = 0;
   // A window that was opened on a page of site goes to another address, perhaps by a redirect.
   virtual void PageVisits(const QUrl& site, const QUrl& url) = 0;
+  virtual void TakePicture(PageViewAction action, const QImage& picture, QWidget* window) = 0;
 };
 
 // What the program calls in the library.
@@ -36,6 +41,8 @@ class WebPages {
   virtual void ClearStorage(const QUrl& url) = 0;
   // Takes over the program's cookies, which have changed.
   virtual void SyncCookies() = 0;
+  virtual void OpenView(const QUrl& address, const PageViewTexts& texts) = 0;
+  virtual void SetViewTexts(const PageViewTexts& texts) = 0;
 };
 
 // The library's one exported function. Made after the application object, destroyed before it.

@@ -19,14 +19,29 @@ QByteArray PlaceWord(const QString& line) {
   return QUrl::toPercentEncoding(line.trimmed().replace(u' ', u'+'), "+");
 }
 
+// The page of a place, seen from above at that point.
+QString ViewUrl(const Hosts& hosts, const QString& place, const TargetLocation& target, const QString& call) {
+  return hosts.Maps + "/maps/place/"_L1 + place + "/@"_L1 + CoordinateText(target.TargetLat) + u',' +
+         CoordinateText(target.TargetLon) + ",19z/data=!3m1!1e3*"_L1 + call;
+}
+
+QString ByCoordinates(const TargetLocation& target) {
+  return CoordinateText(target.TargetLat) + u',' + CoordinateText(target.TargetLon);
+}
+
+QString ByAddress(const TargetLocation& target) {
+  return QString::fromLatin1(PlaceWord(target.Add1) + ',' + PlaceWord(target.Add2) + ',' + PlaceWord(target.Ctry));
+}
+
 }  // namespace
 
 QString SatelliteViewUrl(const Hosts& hosts, const TargetLocation& target, const QString& call) {
-  const QString lat = CoordinateText(target.TargetLat);
-  const QString lon = CoordinateText(target.TargetLon);
   const bool real = IsKnownPosition(target.TargetLat, target.TargetLon) && std::abs(target.TargetLat) != kMapLimit;
-  const QString address =
-      QString::fromLatin1(PlaceWord(target.Add1) + ',' + PlaceWord(target.Add2) + ',' + PlaceWord(target.Ctry));
-  const QString place = real ? lat + u',' + lon : address;
-  return hosts.Maps + "/maps/place/"_L1 + place + "/@"_L1 + lat + u',' + lon + ",19z/data=!3m1!1e3*"_L1 + call;
+  return ViewUrl(hosts, real ? ByCoordinates(target) : ByAddress(target), target, call);
+}
+
+QString PlaceViewUrl(const Hosts& hosts, const TargetLocation& target, const QString& call, bool byAddress) {
+  const bool unknown = target.TargetLat == 0 && target.TargetLon == 0;
+  if (unknown || (target.TargetLat == kMapLimit && target.TargetLon == kMapLimit)) return {};
+  return ViewUrl(hosts, byAddress ? ByAddress(target) : ByCoordinates(target), target, call);
 }

@@ -135,12 +135,15 @@ void Form2::TakeFilm(const SourcePicture& picture) {
     zoom_.SetPicture(imgMp4().size());
     AniGIF->SetPicture({PictureFrame{imgMp4()}}, PictureScales(imgMp4()), false);
     ShowWindow();
-  } else if (isVisible()) {
+    return;
+  }
+  if (isVisible()) {
     note_ = Note::None;
     ShowTexts();
   } else {
     close();
   }
+  Q_EMIT FilmWanted(picture);
 }
 
 void Form2::TakeFailure(const SourcePicture& picture, bool noSandbox) {
@@ -193,8 +196,9 @@ void Form2::resizeEvent(QResizeEvent* event) {
 QString Form2::NoteText() const {
   switch (note_) {
     case Note::None:
-    case Note::Film:
       return {};
+    case Note::Film:
+      return tr("A film: Return plays it.");
     case Note::Waiting:
       return tr("The picture is being decoded …");
     case Note::Gone:
@@ -247,6 +251,7 @@ void Form2::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
+      if (note_ == Note::Film) Q_EMIT FilmWanted(source_);
       close();
       return;
     case Qt::Key_PageUp:

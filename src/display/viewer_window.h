@@ -42,6 +42,8 @@ class Form2 : public BaseWindow {
 
  Q_SIGNALS:
   void FilmFound(const SourcePicture& picture);
+  // That film is to be played: it was clicked, or Return was pressed on the mark that stands for it among pictures.
+  void FilmWanted(const SourcePicture& picture);
 
  protected:
   void PlaceWindow() override;

@@ -28,7 +28,7 @@ void CallMapWindow::LabelPressed(const QString& name, const QPoint& at, bool byK
 }
 
 void CallMapWindow::MnuPopupClick(int index) {
-  if (index != 0) return;  // the satellite views have no window yet
+  if (index != 0) return;  // app/media_views opens the views of the place
   // The label may have gone while the menu was open.
   const qsizetype label = LabelOf(menuCall_);
   const QRect place = label < 0 ? QRect(View().rect().center(), QSize(1, 1)) : View().LabelRect(label);

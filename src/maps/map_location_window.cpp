@@ -33,7 +33,7 @@ void frmMapLoc::LabelPressed(const QString& name, const QPoint& at, bool byKeybo
 }
 
 void frmMapLoc::MnuPopupClick(int index) {
-  if (index != 0) return;  // the satellite views have no window yet
+  if (index != 0) return;  // app/media_views opens the views of the place
   // The lookup opens beside a clickable label, one that is in view if there is any.
   QRect seen;
   for (qsizetype i = 0; i < View().Labels().size(); ++i) {

@@ -20,6 +20,8 @@ class RecordingBrowser : public BrowserWindows {
   void OpenPage(const QString& title, const QUrl& url) override { done += title + u' ' + url.path(); }
   void Forget(const QUrl& url) override { done += u"forget "_s + url.host(); }
   void CloseAll() override {}
+  void OpenView(const QUrl&, const PageViewTexts&) override {}
+  void SetViewTexts(const PageViewTexts&) override {}
 };
 
 struct ScriptedAnswers : Dialogs {

@@ -2,7 +2,6 @@
 #include "sandbox.h"
 
 #include <fcntl.h>
-#include <linux/landlock.h>
 #include <seccomp.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
@@ -18,6 +17,8 @@
 #include <cerrno>
 #include <latch>
 #include <memory>
+
+#include "platform/file_rights.h"
 
 namespace {
 
@@ -60,26 +61,6 @@ bool FilterCalls() {
   const bool loaded = seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1) == 0 && seccomp_load(filter) == 0;
   seccomp_release(filter);
   return loaded;
-}
-
-// Enters Landlock with every right handled and none granted. Even where it is not named, the right to link or move a
-// file into another folder is refused from version 2 on; the right to truncate came with version 3, that to control
-// devices with version 5.
-bool RefuseFiles() {
-  const long version = syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
-  if (version < 1) return false;
-  quint64 rights = 13;
-  if (version >= 2) rights = 14;
-  if (version >= 3) rights = 15;
-  if (version >= 5) rights = 16;
-  landlock_ruleset_attr attributes = {};
-  attributes.handled_access_fs = (1ULL << rights) - 1;
-  const auto rules =
-      static_cast<int>(syscall(SYS_landlock_create_ruleset, &attributes, sizeof(attributes.handled_access_fs), 0));
-  if (rules < 0) return false;
-  const bool kept = syscall(SYS_landlock_restrict_self, rules, 0) == 0;
-  close(rules);
-  return kept;
 }
 
 // Qt scales and converts large pictures in the threads of its pool, and waits for ever for one that cannot begin. So
@@ -130,7 +111,7 @@ void CloseInherited() {
 SandboxState EnterSandbox(quint64 addressSpace) {
   SandboxState state;
   if (prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) != 0) return state;
-  state.files = RefuseFiles();  // before the threads begin: it holds for the calling one and later ones
+  state.files = RestrictFiles({});  // before the threads begin: it holds for the calling one and later ones
   StartPoolThreads();
   LimitResources(addressSpace);
   state.calls = FilterCalls();

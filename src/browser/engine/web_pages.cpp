@@ -9,6 +9,7 @@
 #include <QWebEngineProfile>
 #include <QtWebEngineQuick>
 
+#include "browser/engine/page_view_window.h"
 #include "browser/engine/profile_cookies.h"
 #include "browser/engine/site_storage.h"
 #include "browser/engine/web_page.h"
@@ -61,6 +62,8 @@ BrowserPages::~BrowserPages() {
   BrowserPages::CloseAll();
   const QList<WebWindow*> closing = closing_;
   qDeleteAll(closing);
+  delete view_;
+  delete closingView_;
   qDeleteAll(findChildren<SiteStorage*>(Qt::FindDirectChildrenOnly));
 }
 
@@ -100,6 +103,32 @@ void BrowserPages::OnClosed(WebWindow* window) {
 void BrowserPages::CloseAll() {
   const QList<WebWindow*> windows = windows_;
   for (WebWindow* window : windows) window->close();
+  if (view_) view_->close();
+}
+
+void BrowserPages::OpenView(const QUrl& address, const PageViewTexts& texts) {
+  if (!IsWebUrl(address)) return;
+  if (!viewProfile_) {
+    // A profile without a name keeps everything in memory, apart from the sign-ins of the other windows.
+    viewProfile_ = std::make_unique<QWebEngineProfile>();
+    connect(viewProfile_.get(), &QWebEngineProfile::downloadRequested, this, &BrowserPages::RefuseDownload);
+  }
+  if (!view_) {
+    view_ = new frmStView(viewProfile_.get());
+    connect(view_, &frmStView::PictureTaken, this,
+            [this](PageViewAction action, const QImage& picture) { port_.TakePicture(action, picture, view_); });
+    // A closed window is deleted later, and must not be shown again meanwhile.
+    connect(view_, &frmStView::Closed, this, [this]() {
+      view_->deleteLater();
+      closingView_ = view_;
+      view_.clear();
+    });
+  }
+  view_->Open(address, texts);
+}
+
+void BrowserPages::SetViewTexts(const PageViewTexts& texts) {
+  if (view_) view_->SetTexts(texts);
 }
 
 void BrowserPages::CloseSite(const QUrl& url) {

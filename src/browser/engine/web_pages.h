@@ -5,12 +5,14 @@
 
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <memory>
 
 #include "browser/web_port.h"
 
 class ProfileCookies;
 class SiteStorage;
+class frmStView;
 class QWebEngineDownloadRequest;
 class QWebEngineProfile;
 class WebWindow;
@@ -29,6 +31,8 @@ class BrowserPages : public QObject, public WebPages {
   void CloseSite(const QUrl& url) override;
   void ClearStorage(const QUrl& url) override;
   void SyncCookies() override;
+  void OpenView(const QUrl& address, const PageViewTexts& texts) override;
+  void SetViewTexts(const PageViewTexts& texts) override;
 
  private:
   // A window that has not begun to load, and its address.
@@ -50,4 +54,7 @@ class BrowserPages : public QObject, public WebPages {
   QList<WebWindow*> closing_;  // closed, and deleted soon
   QList<SiteStorage*> emptying_;
   QList<Waiting> waiting_;
+  std::unique_ptr<QWebEngineProfile> viewProfile_;  // of frmStView; nothing of it is stored
+  QPointer<frmStView> view_;
+  QPointer<frmStView> closingView_;  // closed, and deleted soon; before its profile in any case
 };

@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "display/film_player.h"
+
+#include <QFile>
+#include <utility>
+
+#include "display/source_file.h"
+#include "platform/picture/film_signature.h"
+#include "platform/whole_file.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Copies a film into the folder, under a name with the ending of its format; the path of the copy. Empty where the
+// bytes are not those of a film: the desktop chooses the program by the ending, and anything else could make it start
+// one that does more than play.
+QString CopyFilm(const QString& film, const QString& folder, int number) {
+  QFile file(film);
+  if (!file.open(QIODevice::ReadOnly)) return {};
+  const QByteArray bytes = file.readAll();
+  const QString ending = FilmSignature(bytes.left(300));
+  const QString copy = u"%1/film-%2.%3"_s.arg(folder, QString::number(number), ending);
+  return !ending.isEmpty() && WriteWhole(copy, bytes) ? copy : QString();
+}
+
+}  // namespace
+
+FilmPlayer::FilmPlayer(Dependencies services, QObject* parent) : QObject(parent), services_(std::move(services)) {}
+
+FilmPlayer::~FilmPlayer() {
+  Drop();
+}
+
+void FilmPlayer::startup(const QString& path, const QString& title) {
+  Drop();
+  file_ = FileOfName(path);
+  handedOn_ = false;
+  process_ = std::make_unique<QProcess>();
+  process_->setProgram(services_.player);
+  process_->setArguments({file_.isEmpty() ? path : file_, services_.program.config.LanguageName, title});
+  // What the decoders have to say about a stranger's film is of no use to the user.
+  process_->setStandardErrorFile(QProcess::nullDevice());
+  connect(process_.get(), &QProcess::readyReadStandardOutput, this, &FilmPlayer::ReadWishes);
+  connect(process_.get(), &QProcess::finished, this, &FilmPlayer::ProcessEnded);
+  connect(process_.get(), &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
+    if (error != QProcess::FailedToStart) return;
+    Drop();
+    Q_EMIT Failed(Fault::NoPlayer);
+  });
+  process_->start();
+}
+
+// The process may be the sender of the signal that is being handled.
+void FilmPlayer::Drop() {
+  if (!process_) return;
+  process_->disconnect(this);
+  process_->kill();
+  process_.release()->deleteLater();
+}
+
+void FilmPlayer::Close() {
+  if (!process_) return;
+  Drop();
+  Q_EMIT Closed();
+}
+
+void FilmPlayer::ProcessEnded() {
+  Drop();
+  Q_EMIT Closed();
+}
+
+void FilmPlayer::TakeLanguage() {
+  if (process_) process_->write("language " + services_.program.config.LanguageName.toUtf8() + '\n');
+}
+
+void FilmPlayer::ReadWishes() {
+  // A player that a film has taken over may write without end, and may ask for more than a user would.
+  const QByteArray said = process_->read(64);
+  process_->readAll();
+  if (said != "open\n" || std::exchange(handedOn_, true)) return;
+  OpenElsewhere();
+}
+
+void FilmPlayer::OpenElsewhere() {
+  if (!copies_) copies_ = std::make_unique<QTemporaryDir>();
+  services_.background.Run<QString>(
+      this,
+      [film = file_, folder = copies_->path(), number = ++copyCount_]() { return CopyFilm(film, folder, number); },
+      [this](const QString& copy) {
+        if (copy.isEmpty()) return Q_EMIT Failed(Fault::NoCopy);
+        if (!services_.openFile(QUrl::fromLocalFile(copy))) return Q_EMIT Failed(Fault::NoOtherPlayer);
+        Close();
+      });
+}

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Plays films: starts omni-perch-player, which is the window frmWmp in a process of its own, and follows it. A film
+// comes from a stranger, so nothing of it is decoded here. Windows owns the only one.
+#pragma once
+
+#include <QObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QUrl>
+#include <functional>
+#include <memory>
+
+#include "core/program.h"
+#include "platform/background.h"
+
+// The player of films. There is one window; another film takes its place.
+class FilmPlayer : public QObject {
+  Q_OBJECT
+
+ public:
+  // The parts of the program that the player works with.
+  struct Dependencies {
+    const Program& program;
+    Background& background;
+    QString player;                             // path of omni-perch-player
+    std::function<bool(const QUrl&)> openFile;  // the desktop's own player
+  };
+
+  // What could not be done.
+  enum class Fault { NoPlayer, NoCopy, NoOtherPlayer };
+
+  explicit FilmPlayer(Dependencies services, QObject* parent = nullptr);
+  // Closes the window.
+  ~FilmPlayer() override;
+
+  // Plays the file, or the first one of this name with an extension. title: what the window is about.
+  void startup(const QString& path, const QString& title);
+  bool IsOpen() const { return process_ != nullptr; }
+  void Close();
+  // A language has been chosen.
+  void TakeLanguage();
+
+ Q_SIGNALS:
+  // The window is gone, whoever closed it, or because a film has brought the player down.
+  void Closed();
+  void Failed(FilmPlayer::Fault fault);
+
+ private:
+  void ReadWishes();
+  void ProcessEnded();
+  // Hands a copy of the film to the desktop's own player.
+  void OpenElsewhere();
+  void Drop();
+
+  Dependencies services_;
+  QString file_;
+  bool handedOn_ = false;  // the film has been given to the desktop's player
+  std::unique_ptr<QProcess> process_;
+  std::unique_ptr<QTemporaryDir> copies_;  // kept until the program ends, because another program reads them
+  int copyCount_ = 0;
+};
