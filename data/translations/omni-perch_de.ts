@@ -514,10 +514,6 @@
         <source>The desktop has no player for films.</source>
         <translation>Der Desktop hat kein Abspielprogramm für Filme.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>Das Bild konnte nicht gespeichert werden: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -514,10 +514,6 @@
         <source>The desktop has no player for films.</source>
         <translation>El escritorio no tiene reproductor de películas.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>No se pudo guardar la imagen: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

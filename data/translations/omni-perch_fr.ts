@@ -514,10 +514,6 @@
         <source>The desktop has no player for films.</source>
         <translation>Le bureau n’a pas de lecteur de films.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>L’image n’a pas pu être enregistrée : %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -511,10 +511,6 @@
         <source>The desktop has no player for films.</source>
         <translation>デスクトップに映像のプレーヤーがありません。</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>画像を保存できませんでした: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -514,10 +514,6 @@
         <source>The desktop has no player for films.</source>
         <translation>Het bureaublad heeft geen speler voor films.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>De afbeelding kon niet worden opgeslagen: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

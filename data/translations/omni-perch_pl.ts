@@ -517,10 +517,6 @@
         <source>The desktop has no player for films.</source>
         <translation>Pulpit nie ma odtwarzacza filmów.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>Nie udało się zapisać obrazu: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

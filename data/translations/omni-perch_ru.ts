@@ -517,10 +517,6 @@
         <source>The desktop has no player for films.</source>
         <translation>На рабочем столе нет проигрывателя фильмов.</translation>
     </message>
-    <message>
-        <source>The picture could not be saved: %1</source>
-        <translation>Не удалось сохранить изображение: %1</translation>
-    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -2,8 +2,6 @@
 #include "app/media_views.h"
 
 #include <QDesktopServices>
-#include <QFileInfo>
-#include <QSaveFile>
 
 #include "callbook/call_entry.h"
 #include "callbook/place_page.h"
@@ -93,38 +91,12 @@ PageViewTexts MediaViews::TextsOf(const QString& title) const {
 void MediaViews::TakePicture(PageViewAction action, const QImage& picture, QWidget* window) {
   switch (action) {
     case PageViewAction::Copy:
-      return deps_.pictures.Clipboard().CopyImage(picture, {});
+      return deps_.pictures.CopyImage(picture, window);
     case PageViewAction::Save:
-      return SaveMap(picture, window);
+      return deps_.pictures.SaveImageAs(picture, u"Sat"_s, window);  // the told title of a map
     case PageViewAction::Paste:
       return deps_.transfer.PasteImage(picture, window);
   }
-}
-
-// What is saved under a name is a copy of Map.bmp, the file of a picture that has none of its own.
-void MediaViews::SaveMap(const QImage& picture, QWidget* window) {
-  const QPointer<QWidget> over(window);
-  WriteMap(picture, deps_.services.run.appDataDir + u"/images/Map.bmp"_s, over, [this, picture, over]() {
-    if (over == nullptr) return;
-    const QString path =
-        deps_.services.dialogs.AskSaveFile(over, deps_.services.program.SaveDir, u"Sat.bmp"_s, u"bmp files (*.bmp)"_s);
-    if (path.isEmpty()) return;
-    deps_.services.program.SaveDir = QFileInfo(path).path();
-    WriteMap(picture, path, over, []() {});
-  });
-}
-
-void MediaViews::WriteMap(const QImage& picture, const QString& path, const QPointer<QWidget>& over,
-                          const std::function<void()>& then) {
-  const auto write = [picture, path]() {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && picture.save(&file, "BMP") && file.commit();
-  };
-  deps_.services.background.Run<bool>(this, write, [this, path, over, then](bool written) {
-    if (written) return then();
-    QWidget* window = over != nullptr ? over.data() : deps_.mainWindow;
-    frmMsgBoxTimed::ShowMsg(window, tr("The picture could not be saved: %1").arg(path), kNoticeTime);
-  });
 }
 
 void MediaViews::Play(const SourcePicture& film) {

@@ -44,10 +44,6 @@ class MediaViews : public QObject {
   PageViewTexts TextsOf(const QString& title) const;
   // What a button of frmStView has taken of its page.
   void TakePicture(PageViewAction action, const QImage& picture, QWidget* window);
-  void SaveMap(const QImage& picture, QWidget* window);
-  // then: called once the file is there.
-  void WriteMap(const QImage& picture, const QString& path, const QPointer<QWidget>& over,
-                const std::function<void()>& then);
   void TellFault(FilmPlayer::Fault fault);
 
   Dependencies deps_;

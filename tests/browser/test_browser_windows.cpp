@@ -291,6 +291,51 @@ class TestBrowserWindows : public QObject {
     QCOMPARE(spoken(u"Klingon"_s), (QStringList{u"Not encrypted"_s, u"Address"_s, u"Back"_s, u"Reload"_s}));
   }
 
+  // The picture is of the page within the frame, without the lines; the page's cookies stay out of the store.
+  void TakesAPictureOfAPage() {
+    SignInSite site;
+    site.pages["/place"] =
+        "<script>document.cookie = 'seen=1'; window.open('/window'); navigator.clipboard.writeText('x')"
+        ".catch(() => location = '/after')</script><body style='background: #1e3c5a'>";
+    site.pages["/after"] = "<body style='background: #1e3c5a; margin: 0; height: 3000px'>";
+    BrowserWindows* windows = library_->Windows();
+    QImage picture;
+    QList<PageViewAction> actions;
+    const QWidget* taker = nullptr;
+    connect(windows, &BrowserWindows::PictureTaken, this,
+            [&](PageViewAction action, const QImage& taken, const QWidget* window) {
+              picture = taken;
+              actions = {action};
+              taker = window;
+            });
+    PageViewTexts texts{u"View of ZZ1AA"_s, u"Copy"_s, u"Save"_s, u"Paste"_s, u"Save image"_s, u"Paste it"_s};
+    windows->OpenView(QUrl(u"file:///etc/hostname"_s), texts);
+    windows->OpenView(site.Url(u"/place"_s), texts);
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked.value("/after"), 1, kPatienceMs);
+    QCOMPARE(site.asked.value("/window"), 0);
+    const QList<QWidget*> shown = WindowsTitled(u"View of ZZ1AA"_s);
+    QCOMPARE(shown.size(), 1);
+    const auto takes = [&]() {
+      PartNamed<QToolButton>(shown.first(), u"Save"_s)->click();
+      return picture.pixelColor(picture.rect().center()) == QColor(0x1e, 0x3c, 0x5a);
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(takes(), kPatienceMs);
+    QCOMPARE(actions, QList{PageViewAction::Save});
+    QCOMPARE(taker, shown.first());
+    QVERIFY(picture.width() > 400 && std::abs(picture.width() * 3 - picture.height() * 4) < 8);
+    for (const QPoint& corner : {QPoint(0, 0), QPoint(picture.width() - 1, picture.height() - 1)})
+      QCOMPARE(picture.pixelColor(corner), QColor(0x1e, 0x3c, 0x5a));
+    QVERIFY(store_->All().isEmpty());
+
+    // Another place is shown in the same window.
+    texts.caption = u"View of ZZ2BB"_s;
+    windows->OpenView(site.Url(u"/home"_s), texts);
+    QTRY_COMPARE_WITH_TIMEOUT(site.asked.value("/home"), 1, kPatienceMs);
+    QCOMPARE(WindowsTitled(u"View of ZZ2BB"_s), shown);
+    QTest::keyClick(shown.first(), Qt::Key_Escape);
+    QTRY_VERIFY(WindowsTitled(u"View of ZZ2BB"_s).isEmpty());
+  }
+
   void WindowsCloseByKeyAndTogether() {
     SignInSite site;
     BrowserWindows* windows = library_->Windows();

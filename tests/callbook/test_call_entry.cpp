@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The texts that a lookup begins with, and the two menus of its window.
 
+#include "browser/page_view.h"
 #include "callbook/call_entry.h"
 #include "callbook/place_page.h"
 #include "test_suite.h"
@@ -47,6 +48,18 @@ class TestCallEntry : public QObject {
     for (const int lat : {89, -89, 0}) {
       check("a map's end, half a place", lat, 12.0, address + u"%1,12,19z/data=!3m1!1e3*ZZ9QX"_s.arg(lat));
     }
+    Hosts hosts;
+    hosts.Maps = u"https://m"_s;
+    const auto view = [&hosts](double lat, double lon, bool byAddress) {
+      return PlaceViewUrl(hosts, {true, lat, lon, {}, u"1 Mill Lane"_s, {}, u"A*B"_s}, u"ZZ9QX"_s, byAddress);
+    };
+    QCOMPARE(view(51.5, 0, false), u"https://m/maps/place/51.5,0/@51.5,0,19z/data=!3m1!1e3*ZZ9QX"_s);
+    QCOMPARE(view(89, 12, true), u"https://m/maps/place/1+Mill+Lane,,A%2AB/@89,12,19z/data=!3m1!1e3*ZZ9QX"_s);
+    QVERIFY(view(0, 0, true).isEmpty() && view(89, 89, false).isEmpty());
+    // An address has no "*" of its own; a title may.
+    const PageViewPlace place = SplitPageViewUrl(view(51.5, 0, true) + u"*2"_s);
+    QCOMPARE(place.title, u"ZZ9QX*2"_s);
+    QCOMPARE(place.address.host(), u"m"_s);
   }
 };
 

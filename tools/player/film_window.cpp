@@ -23,6 +23,7 @@ constexpr auto kStall = 5s;    // after this the film counts as one that does no
 constexpr auto kRest = 3s;
 constexpr auto kLeastStep = 1s;  // back and forward go by a tenth of the film, within these limits
 constexpr auto kLargestStep = 10s;
+constexpr auto kLastPicture = 50ms;  // before the end
 constexpr int kVolumeStep = 5;
 constexpr double kOfScreen = 0.9;
 constexpr int kLeastWidth = 480;     // pixels
@@ -162,6 +163,7 @@ void frmWmp::ShowFault(const FilmFault& fault) {
   stallTimer_.stop();
   Timer6.stop();
   if (player_) player_->stop();
+  picControls->ShowPlaying(false);
   picControls->ShowNothing();
   ShowNote();
   ShowSized(WMP->HasFrame() ? WMP->size() : kUnknown);
@@ -252,7 +254,8 @@ void frmWmp::Step(int by) {
 // The next tick seeks: a pointer that is dragged asks for more places than a film can be decoded at.
 void frmWmp::SeekTo(std::chrono::milliseconds position) {
   if (fault_.kind != FilmFault::Kind::None) return;
-  wanted_ = std::clamp(position, 0ms, Length());
+  // At the very end there is no picture any more.
+  wanted_ = std::clamp(position, 0ms, std::max(0ms, Length() - kLastPicture));
 }
 
 void frmWmp::ToggleFullScreen() {

@@ -3,6 +3,7 @@
 // standard input, or with the program that started it. A line "language NAME" on its standard input changes its texts;
 // a line "open" on its standard output says that the desktop's player is to play the film.
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QApplication>
@@ -66,10 +67,12 @@ void TakeLanguage(Translations& translations, const QString& language) {
 int main(int argc, char** argv) {
   // A decoder that a film holds up cannot hold up the end of the program.
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // No rule covers a descriptor that was inherited by mistake.
+  syscall(SYS_close_range, STDERR_FILENO + 1, ~0U, 0);
   std::signal(SIGPIPE, SIG_IGN);
   qputenv("QT_MEDIA_BACKEND", "gstreamer");
-  // Without OpenGL frames are converted by the processor in 2 ms; to load it takes longer than all the rest of the start,
-  // and a driver would have to be let into the sandbox.
+  // Without OpenGL frames are converted by the processor in 2 ms; to load it takes longer than all the rest of the
+  // start, and a driver would have to be let into the sandbox.
   qputenv("QT_XCB_GL_INTEGRATION", "none");
   ForbidWriting();
   QApplication app(argc, argv);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "film_writer.h"
 #include "gif_writer.h"
 #include "jp2_writer.h"
 #include "overlay.h"
@@ -92,8 +93,8 @@ QByteArray Saved(const QImage& image, const char* format, int quality) {
   return file;
 }
 
-QByteArray AnimatedGifOf(const QImage& image) {
-  // A slow pan to and fro over the picture: what a moving picture on the band usually is.
+// A slow pan to and fro over the picture: what a moving picture on the band usually is.
+QList<QImage> PanOf(const QImage& image) {
   QList<QImage> frames;
   const int wide = image.width() * 4 / 5;
   const int high = image.height() * 4 / 5;
@@ -101,18 +102,12 @@ QByteArray AnimatedGifOf(const QImage& image) {
   for (const int step : kSteps) {
     frames << image.copy((image.width() - wide) * step / 4, (image.height() - high) * step / 8, wide, high);
   }
-  return WriteGif(frames, QList<int>(frames.size(), 15));
+  return frames;
 }
 
-// The head of a film and bytes behind it that spell no word.
-QByteArray Mp4Like(quint32 seed) {
-  QByteArray file(
-      "\0\0\0\x18"
-      "ftypmp42\0\0\0\0mp42isom",
-      24);
-  Rng rng(seed);
-  for (int i = 0; i < 30000; ++i) file += static_cast<char>(rng.Int(0x80, 0xff));
-  return file;
+QByteArray AnimatedGifOf(const QImage& image) {
+  const QList<QImage> frames = PanOf(image);
+  return WriteGif(frames, QList<int>(frames.size(), 15));
 }
 
 QByteArray Encoded(const QImage& painted, const PictureRecipe& settled) {
@@ -132,7 +127,7 @@ QByteArray Encoded(const QImage& painted, const PictureRecipe& settled) {
     case PictureType::Bmp:
       return Saved(image.convertToFormat(QImage::Format_RGB888), "BMP", -1);
     case PictureType::Mp4:
-      return Mp4Like(settled.seed);
+      return WriteFilm(PanOf(image), 5);
     default:
       return Saved(image, "JPEG", image.width() > 900 ? 68 : 80);
   }
@@ -163,8 +158,7 @@ QImage PaintPicture(const PictureRecipe& recipe) {
 
 QByteArray MakePicture(const PictureRecipe& recipe) {
   const PictureRecipe settled = Settled(recipe);
-  const QImage painted = settled.type == PictureType::Mp4 ? QImage() : Paint(settled);
-  return Encoded(painted, settled) + TailOf(settled);
+  return Encoded(Paint(settled), settled) + TailOf(settled);
 }
 
 QByteArray MakeTail(const PictureRecipe& recipe) {
