@@ -102,6 +102,7 @@ void Form1::ConnectSignals() {
   connect(windows_.get(), &Windows::HistoryFetching, this, [this]() {
     if (program_.config.AutoRefreshOn == 1) logic_.poll.StartRefreshTimer();
   });
+  connect(windows_.get(), &Windows::PasteWanted, transfer_, &PictureTransfer::PasteImage);
   connect(&windows_->Paste(), &EasyPalPaste::RefreshTimerWanted, &logic_.poll, &PollCycle::StartRefreshTimer);
   connect(windows_.get(), &Windows::LookupStatusChanged, menus_, &WindowMenus::SetLookupStatus);
 }

@@ -50,6 +50,7 @@ void PictureTransfer::Paste(const SourceFile& file, const MenuChoice& choice) {
 }
 
 void PictureTransfer::PasteImage(const QImage& image, QWidget* over) {
+  if (image.isNull()) return;
   const auto copy = [this, image](const std::function<void(bool)>& done) {
     pictures_.Clipboard().CopyImage(image, [done](CopyResult result) { done(result == CopyResult::Copied); });
   };

@@ -176,6 +176,8 @@ BaseWindow* Windows::MakeOnAirMap() {
   const OnAirFeed::Dependencies feed{s.program, s.network, s.run.hosts, s.pageText, s.background};
   auto* window = new frmMapOnAir(
       {{feed, s.store, s.database}, s.program, s.maps, s.tool, menus_, s.dialogs, onAirCaption_}, mainWindow_);
+  connect(window, &frmMapOnAir::PasteWanted, this,
+          [this, window](const QImage& seen) { Q_EMIT PasteWanted(seen, window); });
   return Connected(window);
 }
 

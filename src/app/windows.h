@@ -129,6 +129,8 @@ class Windows : public QObject {
   // What a map window shows is to be copied, or saved.
   void MapCopyWanted(const QImage& seen, QWidget* window);
   void MapSaveWanted(const QImage& seen, QWidget* window);
+  // What a window shows is to be pasted into EasyPal.
+  void PasteWanted(const QImage& seen, QWidget* window);
   // Of the window of a history: a picture is dragged out of it; all its pictures are to be saved.
   void HistoryDragWanted(const SourcePicture& picture, QWidget* window);
   void HistorySaveWanted(const PictureList& pictures, QWidget* window);

@@ -49,8 +49,10 @@ PrintEnd PaintFile(const QImage& image, int widthCm, QPrinter& printer, const st
 
 PrintJobs::PrintJobs(PictureTool& tool, QObject* parent) : QObject(parent), tool_(tool) {}
 
-PrintJobs::~PrintJobs() {
-  for (const Flag& flag : std::as_const(cancelled_)) *flag = true;
+void PrintJobs::FindPage(QObject* context, const std::function<void(const QPageLayout&)>& found) {
+  painting_.Run<QPageLayout>(
+      context, []() { return QPrinter(QPrinter::HighResolution).pageLayout(); },
+      [found](const QPageLayout& page) { found(page); });
 }
 
 int PrintJobs::Print(const Sheet& sheet) {

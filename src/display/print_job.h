@@ -34,9 +34,11 @@ class PrintJobs : public QObject {
   };
 
   explicit PrintJobs(PictureTool& tool, QObject* parent = nullptr);
-  // Waits for the page that is being printed; those behind it are given up.
-  ~PrintJobs() override;
+  // On the way out it waits for the page that is being painted; those behind it are given up.
 
+  // The page of the printer that the system has chosen, at whose margins a print is cut off. Asking for it may take a
+  // printer on the network seconds, so found is called later, unless context is gone by then.
+  void FindPage(QObject* context, const std::function<void(const QPageLayout&)>& found);
   // Begins a print; the answer names it in Ended and Cancel.
   int Print(const Sheet& sheet);
   // Ended says whether it was in time: a page that has gone to the printer comes.

@@ -21,20 +21,11 @@ constexpr int kMargin = 12;
 constexpr QColor kFits(128, 255, 128);
 constexpr QColor kTooLarge(0, 64, 0);
 
-// A printer with the page of another one, which belongs to a job by now.
-std::shared_ptr<QPrinter> PrinterLike(const QPrinter& used) {
-  auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-  if (used.outputFormat() == QPrinter::NativeFormat) printer->setPrinterName(used.printerName());
-  printer->setPageLayout(used.pageLayout());
-  return printer;
-}
-
 }  // namespace
 
 Form21::Form21(const Dependencies& dependencies, QWidget* opener)
     : BaseWindow(opener),
       deps_(dependencies),
-      printer_(std::make_shared<QPrinter>(QPrinter::HighResolution)),
       preview_(new PrintPreview(this)),
       caption_(new QLabel(this)),
       Slider1(new QSlider(Qt::Horizontal, this)),
@@ -59,6 +50,10 @@ Form21::Form21(const Dependencies& dependencies, QWidget* opener)
   connect(cmdPrint, &QPushButton::clicked, this, &Form21::Print);
   connect(cancel_, &QPushButton::clicked, this, [this]() { deps_.jobs.Cancel(job_); });
   connect(&deps_.jobs, &PrintJobs::Ended, this, &Form21::JobEnded);
+  deps_.jobs.FindPage(this, [this](const QPageLayout& page) {
+    page_ = page;
+    TurnPage();
+  });
 }
 
 void Form21::MakeLayout() {
@@ -111,8 +106,14 @@ void Form21::TakePicture(const PictureAnswer& answer) {
   if (decoded) {
     size_ = answer.size;
     preview_->SetPicture(answer.frames.first().image);
-    // A picture that is wider than high goes across the page.
-    printer_->setPageOrientation(size_.width() > size_.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
+  }
+  TurnPage();
+}
+
+// A picture that is wider than high goes across the page.
+void Form21::TurnPage() {
+  if (!size_.isEmpty()) {
+    page_.setOrientation(size_.width() > size_.height() ? QPageLayout::Landscape : QPageLayout::Portrait);
   }
   ShowTexts();
 }
@@ -123,11 +124,11 @@ QSizeF Form21::PrintCm() const {
 
 void Form21::ShowSize() {
   const QSizeF cm = PrintCm();
-  preview_->SetPage(printer_->pageLayout(), cm);
-  const bool fits = FitsOn(cm, printer_->pageLayout().paintRect(QPageLayout::Millimeter).size() / kMmPerCm);
+  preview_->SetPage(page_, cm);
+  const bool fits = FitsOn(cm, page_.paintRect(QPageLayout::Millimeter).size() / kMmPerCm);
   QPalette colours = palette();
   QString text;
-  if (!size_.isEmpty()) {
+  if (IsReady()) {
     text = PrintSizeText(cm, LanguageLocale(deps_.program.config.LanguageName)) + u"\n  "_s +
            (fits ? tr("Fits on the page") : tr("Larger than the page"));
     colours.setColor(QPalette::Window, fits ? kFits : kTooLarge);
@@ -171,7 +172,7 @@ void Form21::ShowState(const QString& text) {
   state_->setText(text);
   state_->setAccessibleName(text);
   cmdPrint->setAccessibleDescription(text);
-  cmdPrint->setEnabled(!size_.isEmpty() && !printing);
+  cmdPrint->setEnabled(IsReady() && !printing);
   // The focus stays in the row when the button that has it goes.
   if (!printing && cancel_->hasFocus()) cmdPrint->setFocus();
   cancel_->setVisible(printing);
@@ -197,19 +198,20 @@ QString Form21::TextOf(PrintEnd end, const QString& file) {
 void Form21::Print() {
   // The dialog turns the event loop: the window may be gone afterwards, or have another picture.
   const QPointer<Form21> self(this);
-  const std::shared_ptr<QPrinter> printer = printer_;
+  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
   const QByteArray bytes = picture_.bytes;
+  if (!printerName_.isEmpty()) printer->setPrinterName(printerName_);
+  printer->setPageLayout(page_);
   printer->setDocName(picture_.name);
   const bool accepted = deps_.dialogs.PrintDialog(this, *printer);
-  if (self == nullptr) return;
-  if (accepted && printer->outputFileName().isEmpty() && printer->printerName().isEmpty()) {
-    shownState_ = State::NoPrinter;
-  } else if (accepted) {
+  if (self == nullptr || !accepted) return;
+  page_ = printer->pageLayout();
+  printerName_ = printer->printerName();
+  shownState_ = State::NoPrinter;
+  if (!printer->outputFileName().isEmpty() || !printerName_.isEmpty()) {
     shownState_ = State::Printing;
-    printer_ = PrinterLike(*printer);
     job_ = deps_.jobs.Print({bytes, Slider1->value(), printer});
   }
-  // The dialog may have changed the page all the same.
   ShowTexts();
 }
 

@@ -53,16 +53,19 @@ class Form21 : public BaseWindow {
  private:
   void MakeLayout();
   void TakePicture(const PictureAnswer& answer);
+  void TurnPage();
   void ShowSize();
   void ShowState(const QString& text);
   void Print();
   void JobEnded(int job, PrintEnd end, const QString& file);
   QSizeF PrintCm() const;
+  bool IsReady() const { return !size_.isEmpty() && page_.isValid(); }
 
   Dependencies deps_;
   Picture picture_;
-  QSize size_;  // of the picture in pixels; empty: it has not been decoded
-  std::shared_ptr<QPrinter> printer_;
+  QSize size_;           // of the picture in pixels; empty: it has not been decoded
+  QPageLayout page_;     // of the printer chosen last; invalid: not known yet
+  QString printerName_;  // chosen last; empty: the system's choice
   PrintPreview* preview_;
   QLabel* caption_;
   QSlider* Slider1;

@@ -48,8 +48,6 @@ void frmMapOnAir::MakeControls() {
        std::initializer_list<QWidget*>{&cmdOnAir_, panels_.cmdMode(), panels_.cmdBand(), &cmdPaste_, &cmdHelp_}) {
     AddToBar(control);
   }
-  // Nothing can paste yet.
-  cmdPaste_.setEnabled(false);
   picList2_.setObjectName(u"picList2"_s);
   picList2_.setFrameShape(QFrame::StyledPanel);
   picList2_.setAutoFillBackground(true);
@@ -78,6 +76,7 @@ void frmMapOnAir::MakeControls() {
 }
 
 void frmMapOnAir::ConnectSignals() {
+  connect(&cmdPaste_, &QToolButton::clicked, this, [this]() { Q_EMIT PasteWanted(Seen()); });
   connect(&session_, &OnAirSession::Changed, this, &frmMapOnAir::ShowView);
   connect(&session_.Feed(), &OnAirFeed::Failed, this,
           [this](const QString& message) { frmMsgBoxTimed::ShowMsg(this, message, kMessageTime); });

@@ -37,6 +37,10 @@ class frmMapOnAir : public CallMapWindow {
   // The panel of the list, on the screen.
   QRect ListPlace() const;
 
+ Q_SIGNALS:
+  // What the window shows is to be pasted into EasyPal.
+  void PasteWanted(const QImage& seen);
+
  protected:
   MapDrawing BuildDrawing(const MapSurface& surface) override;
   // Whatever map it is: who is on the air, and how many.

@@ -84,7 +84,10 @@ class TestOnAirMap : public QObject {
     QTRY_COMPARE(f.Part<QToolButton>(u"cmdOnAir"_s).text(), u"0 (6)"_s);
     QCOMPARE(f.window->windowTitle(), u"On Air Now (6)"_s);
     QCOMPARE(f.Row(2) + u'|' + f.Row(4) + u'|' + f.Row(5), u"ZZ3QX\tFT8\t7.074|ZZ1ØQ\tEPH\t3.733|ZZ9QX\tEP\t"_s);
-    QVERIFY(!f.Part<QToolButton>(u"cmdPaste"_s).isEnabled());
+    QSignalSpy pasted(f.window.data(), &frmMapOnAir::PasteWanted);
+    QTest::mouseClick(&f.Part<QToolButton>(u"cmdPaste"_s), Qt::LeftButton);
+    QCOMPARE(pasted.count(), 1);
+    QVERIFY(!pasted.first().first().value<QImage>().isNull());
 
     // Another map has its own places and the same list, and is there in the next run.
     const QPointF world = *f.View().Labels().at(1).anchor;
