@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/save_all.h"
 
-#include "platform/picture/file_type.h"
+#include "platform/picture/film_signature.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,7 +13,7 @@ constexpr qsizetype kTypeBytes = 300;
 SavedCopy CopyOf(const SourcePicture& picture, const std::function<QByteArray()>& read, const QString& folder) {
   SourceFile file{picture, {}, read(), {}, false};
   if (file.Vanished()) return {};
-  file.type = FileTypeOf(file.bytes.left(kTypeBytes));
+  file.type = ShownTypeOf(file.bytes.left(kTypeBytes));
   return SaveBesides(folder, SuggestedName(file), file.Extension(), file.bytes);
 }
 

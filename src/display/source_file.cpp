@@ -12,7 +12,7 @@
 #include <cerrno>
 #include <memory>
 
-#include "platform/picture/file_type.h"
+#include "platform/picture/film_signature.h"
 #include "platform/picture/picture_protocol.h"
 #include "station/date_text.h"
 
@@ -99,7 +99,7 @@ void SourceFiles::FindSourceFile(const SourcePicture& picture, QObject* context,
 
 void SourceFiles::TakeBytes(const SourcePicture& picture, const QByteArray& bytes, QObject* context,
                             const Found& found) {
-  SourceFile file{picture, picture.file, bytes, FileTypeOf(bytes.left(kTypeBytes)), false};
+  SourceFile file{picture, picture.file, bytes, ShownTypeOf(bytes.left(kTypeBytes)), false};
   if (file.type != "gif"_L1) {
     QMetaObject::invokeMethod(
         context, [file, found]() { found(file); }, Qt::QueuedConnection);

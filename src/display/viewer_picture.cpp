@@ -5,6 +5,7 @@
 
 #include "display/source_file.h"
 #include "platform/picture/file_type.h"
+#include "platform/picture/film_signature.h"
 #include "platform/picture/picture_protocol.h"
 #include "station/callsign.h"
 
@@ -48,7 +49,7 @@ void ViewerPicture::Load(const SourcePicture& source, QSize box) {
         Picture picture;
         picture.source = source;
         picture.bytes = bytes;
-        picture.type = FileTypeOf(bytes.left(kTypeBytes));
+        picture.type = ShownTypeOf(bytes.left(kTypeBytes));
         Read(picture, box, token);
       });
 }

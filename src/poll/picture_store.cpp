@@ -3,6 +3,7 @@
 
 #include "page/still_pictures.h"
 #include "platform/picture/file_type.h"
+#include "platform/picture/film_signature.h"
 #include "platform/whole_file.h"
 #include "poll/caption.h"
 
@@ -18,7 +19,7 @@ StoredBody StoreBody(const QByteArray& body, const QString& picture, const QStri
   stored.usable = body.size() >= kLeastBytes && !(body.contains("404") && body.contains("html"));
   if (!stored.usable) return stored;
   stored.tail = TailOfDownload(body);
-  stored.type = FileTypeOf(body.left(kTypeBytes));
+  stored.type = ShownTypeOf(body.left(kTypeBytes));
   stored.written = WriteWhole(picture, body);
   if (!stored.written || thumb.isEmpty()) return stored;
   if (stored.type == "gif"_L1) {

@@ -112,6 +112,9 @@ class TestFilmWindow : public QObject {
                                       "ftypmp42",
                                       12)),
              u"mp4"_s);
+    QVERIFY(FilmSignature("1234ftypheic").isEmpty());
+    QCOMPARE(ShownTypeOf("1234ftypisom x264 subme=7"), u"mp4"_s);
+    QCOMPARE(ShownTypeOf("BM subme=7"), u"bmp"_s);
     QCOMPARE(FilmSignature("G" + QByteArray(187, 'x') + "G"), u"mpg"_s);
   }
 };
