@@ -46,10 +46,9 @@ int FirstNotRefused(const QByteArray& folder) {
   if (!refused(kill(getppid(), 0) == 0)) return step;
   execl("/bin/true", "true", nullptr);
   ++step;
-  const pid_t child = vfork();
+  const pid_t child = fork();
   if (child == 0) _exit(0);
-  if (!refused(child > 0)) return step;
-  return 0;
+  return refused(child > 0) ? 0 : step;
 }
 
 // The steps that only the kernel's file rules refuse, for the threads that begin behind the sandbox.
