@@ -6,6 +6,8 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QtEndian>
+#include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
@@ -19,16 +21,33 @@ QByteArray Number(quint32 number) {
   return bytes;
 }
 
-void AddChunk(QByteArray& file, const char* kind, QByteArrayView content) {
-  auto sum = static_cast<quint32>(crc32(0, reinterpret_cast<const Bytef*>(kind), 4));
-  // Of no bytes at all crc32 begins anew.
-  if (!content.isEmpty()) {
-    const auto* bytes = reinterpret_cast<const Bytef*>(content.data());
-    sum = static_cast<quint32>(crc32(sum, bytes, static_cast<uInt>(content.size())));
+// What follows the length: kind and content, as they stand at the end of the file by now.
+void CloseChunk(QByteArray& file, qsizetype kindAt) {
+  qToBigEndian(static_cast<quint32>(file.size() - kindAt - 4), file.data() + kindAt - 4);
+  const auto* bytes = reinterpret_cast<const Bytef*>(file.constData() + kindAt);
+  file += Number(static_cast<quint32>(crc32(0, bytes, static_cast<uInt>(file.size() - kindAt))));
+}
+
+qsizetype OpenChunk(QByteArray& file, const char* kind) {
+  file += Number(0) + QByteArray(kind, 4);
+  return file.size() - 4;
+}
+
+// The bytes as a zlib stream that stores them as they are.
+void AddStored(QByteArray& file, const QByteArray& bytes) {
+  constexpr qsizetype kBlock = 65'535;
+  file += "\x78\x01";
+  for (qsizetype at = 0; at < bytes.size(); at += kBlock) {
+    const auto length = static_cast<quint16>(std::min(kBlock, bytes.size() - at));
+    std::array<char, 5> head{};
+    head[0] = at + length == bytes.size() ? 1 : 0;
+    qToLittleEndian(length, head.data() + 1);
+    qToLittleEndian(static_cast<quint16>(~length), head.data() + 3);
+    file.append(head.data(), head.size());
+    file.append(bytes.constData() + at, length);
   }
-  file += Number(static_cast<quint32>(content.size())) + QByteArray(kind, 4);
-  file.append(content);
-  file += Number(sum);
+  const auto* all = reinterpret_cast<const Bytef*>(bytes.constData());
+  file += Number(static_cast<quint32>(adler32(1, all, static_cast<uInt>(bytes.size()))));
 }
 
 }  // namespace
@@ -58,15 +77,20 @@ QByteArray PngOf(const QImage& image) {
     *to = 0;  // the row is stored as it is
     std::memcpy(to + 1, plain.constScanLine(y), static_cast<size_t>(row));
   }
-  const bool compressed = qint64{plain.width()} * plain.height() <= kCompressedPixels;
-  const QByteArray packed = qCompress(rows, compressed ? 1 : 0);
-  QByteArray head = Number(static_cast<quint32>(plain.width())) + Number(static_cast<quint32>(plain.height()));
-  head += QByteArray::fromRawData(alpha ? "\x08\x06\0\0\0" : "\x08\x02\0\0\0", 5);
   QByteArray file;
-  file.reserve(packed.size() + 100);
+  file.reserve(rows.size() + rows.size() / 1000 + 100);
   file += "\x89PNG\r\n\x1a\n";
-  AddChunk(file, "IHDR", head);
-  AddChunk(file, "IDAT", QByteArrayView(packed).sliced(kLengthOfCompress));
-  AddChunk(file, "IEND", {});
+  const qsizetype head = OpenChunk(file, "IHDR");
+  file += Number(static_cast<quint32>(plain.width())) + Number(static_cast<quint32>(plain.height()));
+  file.append(alpha ? "\x08\x06\0\0\0" : "\x08\x02\0\0\0", 5);
+  CloseChunk(file, head);
+  const qsizetype content = OpenChunk(file, "IDAT");
+  if (qint64{plain.width()} * plain.height() <= kCompressedPixels) {
+    file.append(QByteArrayView(qCompress(rows, 1)).sliced(kLengthOfCompress));
+  } else {
+    AddStored(file, rows);
+  }
+  CloseChunk(file, content);
+  CloseChunk(file, OpenChunk(file, "IEND"));
   return file;
 }

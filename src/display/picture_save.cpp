@@ -1,10 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "display/picture_save.h"
 
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
 #include <QSet>
+#include <functional>
+
+#include "platform/picture/picture_protocol.h"
 
 using namespace Qt::StringLiterals;
 
@@ -19,18 +25,48 @@ const QString& Prefix() {
 
 enum class Written { Yes, Exists, No };
 
+// Puts a picture into an open, empty file; false where not all of it could be written.
+using Fill = std::function<bool(QFile&)>;
+
+Fill FillWith(const QByteArray& bytes) {
+  return [&bytes](QFile& file) { return file.write(bytes) == bytes.size(); };
+}
+
+// Some file systems cannot copy between each other.
+Fill FillFrom(const OpenFile& source) {
+  return [&source](QFile& file) {
+    off_t at = 0;
+    ssize_t copied = 1;
+    while (copied > 0) {
+      copied = copy_file_range(source.Handle(), &at, file.handle(), nullptr, PictureLimits::kFileBytes, 0);
+    }
+    if (at > 0) return copied == 0;
+    const QByteArray bytes = source.Bytes();
+    return file.write(bytes) == bytes.size();
+  };
+}
+
 // Makes a file that did not exist; what could not be written whole is removed.
-Written WriteNew(const QString& path, const QByteArray& bytes) {
+Written WriteNew(const QString& path, const Fill& fill) {
   QFile file(path);
   if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
     return QFileInfo::exists(path) || QFileInfo(path).isSymLink() ? Written::Exists : Written::No;
   }
-  bool whole = file.write(bytes) == bytes.size() && file.flush();
+  bool whole = fill(file) && file.flush();
   // A full disk may be reported only when the file is closed.
   file.close();
   whole = whole && file.error() == QFileDevice::NoError;
   if (!whole) file.remove();
   return whole ? Written::Yes : Written::No;
+}
+
+SavedCopy SaveBeside(const QString& folder, const QString& name, const QString& extension, const Fill& fill) {
+  for (int number = 1;; ++number) {
+    const QString mark = number == 1 ? QString() : u" (%1)"_s.arg(number);
+    const QString path = folder + u'/' + name + mark + u'.' + extension;
+    const Written written = WriteNew(path, fill);
+    if (written != Written::Exists) return {path, written == Written::Yes};
+  }
 }
 
 // Characters that a file system, another system's file system or a reader of the name would take for something else.
@@ -70,21 +106,22 @@ SavedCopy SaveNumbered(const QString& folder, const QString& extension, const QB
   for (int number = 1;; ++number) {
     if (taken.contains(QString::number(number))) continue;
     const QString path = u"%1/%2%3.%4"_s.arg(folder, Prefix()).arg(number).arg(extension);
-    const Written written = WriteNew(path, bytes);
+    const Written written = WriteNew(path, FillWith(bytes));
     if (written != Written::Exists) return {path, written == Written::Yes};
   }
 }
 
 SavedCopy SaveBesides(const QString& folder, const QString& name, const QString& extension, const QByteArray& bytes) {
-  for (int number = 1;; ++number) {
-    const QString mark = number == 1 ? QString() : u" (%1)"_s.arg(number);
-    const QString path = folder + u'/' + name + mark + u'.' + extension;
-    const Written written = WriteNew(path, bytes);
-    if (written != Written::Exists) return {path, written == Written::Yes};
-  }
+  return SaveBeside(folder, name, extension, FillWith(bytes));
+}
+
+SavedCopy SaveBesides(const QString& folder, const QString& name, const QString& extension, const OpenFile& file) {
+  return SaveBeside(folder, name, extension, FillFrom(file));
 }
 
 SavedCopy SaveOver(const QString& path, const QByteArray& bytes) {
   QSaveFile file(path);
-  return {path, file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit()};
+  // commit() alone takes a disk that fills up with the last bytes for a success.
+  const bool written = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush();
+  return {path, written && file.commit()};
 }

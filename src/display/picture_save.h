@@ -23,5 +23,7 @@ QString SuggestedName(const SourceFile& file);
 SavedCopy SaveNumbered(const QString& folder, const QString& extension, const QByteArray& bytes);
 // name, or, where a file is called so, name with " (2)" and so on. Replaces nothing.
 SavedCopy SaveBesides(const QString& folder, const QString& name, const QString& extension, const QByteArray& bytes);
+// The same with a file that is open, without its bytes passing through the program where the system can do that.
+SavedCopy SaveBesides(const QString& folder, const QString& name, const QString& extension, const OpenFile& file);
 // Replaces a file of that name, whole or not at all.
 SavedCopy SaveOver(const QString& path, const QByteArray& bytes);

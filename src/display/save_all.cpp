@@ -10,11 +10,11 @@ namespace {
 constexpr qsizetype kTypeBytes = 300;
 
 // A picture that has vanished since it was shown has no path, and is no failure.
-SavedCopy CopyOf(const SourcePicture& picture, const std::function<QByteArray()>& read, const QString& folder) {
-  SourceFile file{picture, {}, read(), {}, false};
+SavedCopy CopyOf(const SourcePicture& picture, const OpenFile& open, const QString& folder) {
+  SourceFile file{picture, {}, open.Bytes(kTypeBytes), {}, false};
   if (file.Vanished()) return {};
-  file.type = ShownTypeOf(file.bytes.left(kTypeBytes));
-  return SaveBesides(folder, SuggestedName(file), file.Extension(), file.bytes);
+  file.type = ShownTypeOf(file.bytes);
+  return SaveBesides(folder, SuggestedName(file), file.Extension(), open);
 }
 
 }  // namespace
@@ -23,7 +23,9 @@ SaveAll::SaveAll(QObject* parent) : QObject(parent) {}
 
 void SaveAll::Start(const PictureList& list, const QString& folder) {
   if (Busy() || list.pictures.isEmpty()) return;
-  for (const SourcePicture& picture : list.pictures) waiting_.append({picture, OpenNow(FileOfName(picture.file))});
+  for (const SourcePicture& picture : list.pictures) {
+    waiting_.append({picture, std::make_shared<const OpenFile>(FileOfName(picture.file))});
+  }
   folder_ = folder;
   count_ = static_cast<int>(waiting_.size());
   saved_ = 0;
@@ -33,7 +35,7 @@ void SaveAll::Start(const PictureList& list, const QString& folder) {
 
 void SaveAll::Next() {
   writer_.Run<SavedCopy>(
-      this, [first = waiting_.first(), folder = folder_]() { return CopyOf(first.picture, first.read, folder); },
+      this, [first = waiting_.first(), folder = folder_]() { return CopyOf(first.picture, *first.file, folder); },
       [this, token = wanted_.Ask()](const SavedCopy& copy) {
         if (copy.saved) ++saved_;
         if (token.StillWanted()) Written(copy);

@@ -5,7 +5,7 @@
 
 #include <QObject>
 #include <QString>
-#include <functional>
+#include <memory>
 
 #include "display/picture_save.h"
 #include "display/picture_source.h"
@@ -40,7 +40,7 @@ class SaveAll : public QObject {
   // A picture whose file is open.
   struct Waiting {
     SourcePicture picture;
-    std::function<QByteArray()> read;
+    std::shared_ptr<const OpenFile> file;
   };
 
   void Next();

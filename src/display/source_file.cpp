@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
+#include <algorithm>
 #include <cerrno>
 #include <memory>
 
@@ -22,43 +23,34 @@ namespace {
 
 constexpr qsizetype kTypeBytes = 300;
 
-// An open file, which stays the same one when another takes its name.
-class OpenFile {
- public:
-  // O_NONBLOCK, because a named pipe in the folder must not hold the event loop.
-  explicit OpenFile(const QString& path)
-      : file_(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
-  ~OpenFile() {
-    if (file_ >= 0) close(file_);
-  }
-  OpenFile(const OpenFile&) = delete;
-  OpenFile& operator=(const OpenFile&) = delete;
-
-  // Nothing of what is no plain file, or larger than any picture that is stored.
-  QByteArray Bytes() const {
-    struct stat facts {};
-    if (file_ < 0 || fstat(file_, &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
-    if (facts.st_size > PictureLimits::kFileBytes) return {};
-    QByteArray bytes(static_cast<qsizetype>(facts.st_size), Qt::Uninitialized);
-    qsizetype filled = 0;
-    while (filled < bytes.size()) {
-      const ssize_t got = read(file_, bytes.data() + filled, static_cast<size_t>(bytes.size() - filled));
-      if (got < 0 && errno == EINTR) continue;
-      if (got <= 0) break;
-      filled += got;
-    }
-    bytes.truncate(filled);
-    return bytes;
-  }
-
- private:
-  int file_;
-};
-
 }  // namespace
 
-std::function<QByteArray()> OpenNow(const QString& path) {
-  return [file = std::make_shared<const OpenFile>(path)]() { return file->Bytes(); };
+// O_NONBLOCK, because a named pipe in the folder must not hold the event loop.
+OpenFile::OpenFile(const QString& path)
+    : file_(open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {}
+
+OpenFile::~OpenFile() {
+  if (file_ >= 0) close(file_);
+}
+
+QByteArray OpenFile::Bytes() const {
+  return Bytes(PictureLimits::kFileBytes);
+}
+
+QByteArray OpenFile::Bytes(qsizetype most) const {
+  struct stat facts {};
+  if (file_ < 0 || fstat(file_, &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
+  if (facts.st_size > PictureLimits::kFileBytes) return {};
+  QByteArray bytes(std::min(most, static_cast<qsizetype>(facts.st_size)), Qt::Uninitialized);
+  qsizetype filled = 0;
+  while (filled < bytes.size()) {
+    const ssize_t got = pread(file_, bytes.data() + filled, static_cast<size_t>(bytes.size() - filled), filled);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    filled += got;
+  }
+  bytes.truncate(filled);
+  return bytes;
 }
 
 QString FileOfName(const QString& name) {
@@ -90,7 +82,7 @@ SourceFiles::SourceFiles(const Dependencies& services, QObject* parent) : QObjec
 void SourceFiles::FindSourceFile(const SourcePicture& picture, QObject* context, const Found& found) {
   const QString path = FileOfName(picture.file);
   services_.background.Run<QByteArray>(
-      this, OpenNow(path),
+      this, [file = std::make_shared<const OpenFile>(path)]() { return file->Bytes(); },
       [this, named = picture, path, asker = QPointer(context), found](const QByteArray& bytes) mutable {
         named.file = path;
         if (asker != nullptr) TakeBytes(named, bytes, asker, found);

@@ -53,9 +53,24 @@ class SourceFiles : public QObject {
   Dependencies services_;
 };
 
-// Opens a file and gives a function that reads it whole, on any thread: the file of this moment, whatever takes its
-// name later. It reads nothing of what is no plain file.
-std::function<QByteArray()> OpenNow(const QString& path);
+// An open file: that of the moment when it was opened, whatever takes its name later. Any thread may read it.
+class OpenFile {
+ public:
+  explicit OpenFile(const QString& path);
+  ~OpenFile();
+  OpenFile(const OpenFile&) = delete;
+  OpenFile& operator=(const OpenFile&) = delete;
+
+  // The first of its bytes, at most so many; nothing of what is no plain file, or larger than any picture.
+  QByteArray Bytes(qsizetype most) const;
+  QByteArray Bytes() const;
+  // Its descriptor, for copies within the system; -1 where it could not be opened.
+  int Handle() const { return file_; }
+
+ private:
+  int file_;
+};
+
 // The file of this name, or the first of this name with an extension; empty where there is none.
 QString FileOfName(const QString& name);
 // "1/24/2024 15:30" gives "2024_01_24 15_30". A text without a time gives the date alone; one that is no date, nothing.

@@ -5,6 +5,9 @@
 #include <QMimeData>
 
 #include "display/picture_copy.h"
+#include "display/picture_info.h"
+#include "display/picture_save.h"
+#include "no_room.h"
 #include "sample_pictures.h"
 #include "test_folder.h"
 
@@ -101,10 +104,98 @@ class TestPictureCopy : public QObject {
   }
 
   void NamesTheFile() {
-    const auto check = [](const QString& sent, const QString& stamp) { QCOMPARE(MakeFileStamp(sent), stamp); };
-    check(u"01/24/2024 15:30"_s, u"2024_01_24 15_30"_s);
-    check(u"1/4/2024"_s, u"2024_01_04"_s);
-    check(u"no date"_s, {});
+    const auto check = [](const QString& sender, const QString& sent, const QString& name) {
+      SourceFile file;
+      file.picture.site = u"ZZ1AA"_s;
+      file.picture.sender = sender;
+      file.picture.sentTime = sent;
+      QCOMPARE(SuggestedName(file), name);
+    };
+    check(u"ZZ9QX"_s, u"01/24/2024 15:30"_s, u"ZZ9QX 2024_01_24 15_30"_s);
+    check(u"Not found"_s, u"1/4/2024"_s, u"ZZ1AA 2024_01_04"_s);
+    check(u"ZZ9QX/P"_s, u"no date"_s, u"ZZ9QX_P"_s);
+    check(u"../../etc"_s, {}, u"_.._etc"_s);
+    check(u"...\u202Egpj\u200F.a\0b\n|"_s, {}, u"gpj.ab"_s);
+    check(u". .."_s, {}, u"Omni-Perch"_s);
+    check(QString(300, u'ł'), {}, QString(100, u'ł'));
+  }
+
+  // Two saves give two numbers, and a number is taken whatever its extension.
+  void ReplacesNothingAndLeavesNothingHalf() {
+    const TestFolder folder;
+    const auto number = [&folder](const QString& extension) {
+      return QFileInfo(SaveNumbered(folder.path(), extension, "picture").path).fileName();
+    };
+    QCOMPARE(number(u"jpg"_s), u"Omni-Perch_1.jpg"_s);
+    folder.Put(u"Omni-Perch_2.txt"_s, "kept");
+    QCOMPARE(number(u"gif"_s), u"Omni-Perch_3.gif"_s);
+    const auto beside = [&folder]() { return SaveBesides(folder.path(), u"a"_s, u"jpg"_s, "picture"); };
+    QVERIFY(beside().path.endsWith("/a.jpg"_L1) && beside().path.endsWith("/a (2).jpg"_L1));
+    folder.Put(u"over.jpg"_s, "kept");
+    const QByteArray large(5000, 'x');
+    const QStringList before = folder.Files();
+    QVERIFY(!WithoutRoom([&]() { return SaveNumbered(folder.path(), u"jpg"_s, large); }).saved);
+    QVERIFY(!WithoutRoom([&]() { return SaveBesides(folder.path(), u"b"_s, u"jpg"_s, large); }).saved);
+    QVERIFY(!WithoutRoom([&]() { return SaveOver(folder.filePath(u"over.jpg"_s), large); }).saved);
+    QVERIFY(!SaveNumbered(folder.filePath(u"none"_s), u"jpg"_s, large).saved);
+    QCOMPARE(folder.Files(), before);
+    QCOMPARE(folder.Bytes(u"over.jpg"_s), "kept"_ba);
+  }
+
+  void TellsWhatTheFileSaysOfItself() {
+    CopyFixture f;
+    const auto text = [&f](const QByteArray& bytes) {
+      QString told;
+      f.tool.ReadFacts(bytes, &f.copy, [&](const PictureAnswer& answer) {
+        SourceFile file{{}, u"/pictures/1-1"_s, bytes, u"jpg"_s, false};
+        file.picture.mode = u"JT65 snr 5"_s;
+        file.picture.sentTime = u"1/24/2024 15:30"_s;
+        file.picture.source.window = PictureSource::Window::Page;
+        told = PictureInfoText(file, answer.size, answer.facts, QLocale(u"en_US"_s));
+      });
+      return QTest::qWaitFor([&]() { return !told.isEmpty(); }) ? told.split(u"\r\n"_s) : QStringList();
+    };
+    const auto segment = [](char marker, const QByteArray& content) {
+      const auto length = static_cast<quint16>(content.size() + 2);
+      return QByteArray("\xFF") + marker + static_cast<char>(length >> 8) + static_cast<char>(length) + content;
+    };
+    QByteArray jpeg = SamplePicture(u"jpg"_s, QSize(600, 300));
+    // An Exif directory of one entry: the creator, in Windows-1252.
+    const QByteArray exif = QByteArray::fromHex(
+                                "45786966000049492a0008000000"
+                                "0100"
+                                "3b010200"
+                                "07000000"
+                                "1a000000"
+                                "00000000") +
+                            "J\xF6rg ZZ";
+    const QByteArray jfif = QByteArray::fromHex(
+        "4a46494600"
+        "0102"
+        "01"
+        "012c012c"
+        "0000");  // 300 dpi
+    jpeg =
+        jpeg.left(2) + segment('\xE0', jfif) + segment('\xE1', exif) + segment('\xFE', "Hello\nEasyPal") + jpeg.mid(2);
+    QStringList lines = text(jpeg);
+    // The decoder's rounding decides how many there are.
+    QCOMPARE(lines.removeIf([](const QString& line) { return line.startsWith(u"Number of unique colors = "_s); }), 1);
+    QCOMPARE(lines, (QStringList{u"File name = 1-1"_s,
+                                 u"File path = /pictures"_s,
+                                 u"Mode = JT65"_s,
+                                 u"File size = %1 bytes"_s.arg(QLocale(u"en_US"_s).toString(jpeg.size())),
+                                 u"Print size = 5.08 x 2.54 cm"_s,
+                                 u"Print size = 2.00 x 1.00 in"_s,
+                                 u"Color depth = 24 (24 BitsPerPixel)"_s,
+                                 u"File date/time = 1/24/2024 15:30"_s,
+                                 u"CREATOR = Jörg ZZ"_s,
+                                 u"COMMENT = Hello"_s,
+                                 u"COMMENT = EasyPal"_s,
+                                 {}}));
+    // Comments without end, and one that claims more than there is, cost a moment and no more.
+    QByteArray flood("\xFF\xD8");
+    for (int i = 0; i < 500; ++i) flood += segment('\xFE', QByteArray(60'000, '\n') + "x");
+    QVERIFY(text(flood + "\xFF\xFE\xFF").contains(u"COMMENT = x"_s));
   }
 };
 

@@ -15,6 +15,7 @@ class ScriptedDialogs : public Dialogs {
   QList<bool> retries;
   int asked = 0;
   bool second = false;  // the answer to a question with two buttons
+  QString path;         // the file or folder that is chosen
 
   void Inform(QWidget*, const QString& text, bool mark) override {
     told.append(text);
@@ -24,6 +25,11 @@ class ScriptedDialogs : public Dialogs {
     ++asked;
     return !retries.isEmpty() && retries.takeFirst();
   }
+  QString AskSaveFile(QWidget*, const QString&, const QString& name, const QString& filter) override {
+    told.append(name + u'|' + filter);
+    return path;
+  }
+  QString AskFolder(QWidget*, const QString&) override { return path; }
   bool AskSecond(QWidget*, const QString& text, const QString&, const QString&) override {
     told.append(text);
     return second;

@@ -206,7 +206,7 @@ QByteArray ReadFacts(const QByteArray& bytes, const PictureHeader& header) {
   QByteArray lines = facts.Lines();
   const int depth = DepthOf(bytes, header);
   if (depth > 0) lines += "depth " + QByteArray::number(depth) + '\n';
-  const QImage image = DecodeStill(bytes, header, header.size);
+  const QImage image = WithinLimits(header) ? DecodeStill(bytes, header, header.size) : QImage();
   if (!image.isNull()) lines += "colors " + QByteArray::number(CountColors(image)) + '\n';
   return lines;
 }

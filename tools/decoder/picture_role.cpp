@@ -85,7 +85,9 @@ JobResult RunJob(const PictureRequest& request, const QByteArray& bytes) {
   const PictureHeader header = ReadPictureHeader(bytes);
   reply.depth = header.depth;
   if (!header.size.isEmpty()) reply.size = header.size;
-  if (WithinLimits(header) && RunVerb(request, bytes, header, result)) reply.outcome = PictureOutcome::Done;
+  // What a file tells of itself is read even where its pixels are not.
+  const bool read = WithinLimits(header) || request.verb == PictureVerb::Facts;
+  if (read && RunVerb(request, bytes, header, result)) reply.outcome = PictureOutcome::Done;
   reply.frames = result.counted > 0 ? result.counted : static_cast<int>(result.frames.size());
   reply.payloadBytes = result.file.size();
   for (const DecodedFrame& frame : std::as_const(result.frames)) {
