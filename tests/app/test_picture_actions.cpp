@@ -17,8 +17,8 @@ struct ActionFixture : WindowFixture {
   Station& other = AddSite(u"ZZ2BB"_s, 2);
 
   ActionFixture() {
-    station.SetPicture(PlainPicture("***EP-AB1CD-11/22/2026 12:34", QSize(320, 240)));
-    other.SetPicture(PlainPicture("***EP-AB2CD-11/22/2026 12:35", QSize(160, 120)));
+    station.SetPicture(PlainPicture("AB1CD * EP snr -3 *11:22:2026 12:34", QSize(320, 240)));
+    other.SetPicture(PlainPicture("AB2CD * EP snr -3 *11:22:2026 12:35", QSize(160, 120)));
   }
   void Choose(Command command, int slot) {
     MenuChoice choice;
