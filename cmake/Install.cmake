@@ -31,3 +31,9 @@ endforeach()
 
 install(FILES data/desktop/omni-perch.desktop DESTINATION share/applications)
 install(FILES data/desktop/omni-perch.svg DESTINATION share/icons/hicolor/scalable/apps)
+# Made from the drawing by scripts/make-icons.
+foreach(size 16 22 24 32 48 64 128 256)
+  install(FILES data/desktop/icons/${size}x${size}/omni-perch.png DESTINATION share/icons/hicolor/${size}x${size}/apps)
+endforeach()
+install(FILES data/desktop/localhost.omni_perch.omni_perch.metainfo.xml DESTINATION share/metainfo)
+install(FILES data/desktop/omni-perch.1 DESTINATION share/man/man1)
