@@ -79,6 +79,7 @@ void PictureActions::FindDesktopBmp(const Form12& window, const SourceFiles::Fou
   picture.site = window.Call();
   deps_.services.tool.Convert(window.PicturePath(), picture.file, this,
                               [this, picture, found](const PictureAnswer& answer) {
+                                if (answer.notStored) return TellSaved(deps_.mainWindow, {picture.file, false});
                                 if (!answer.ok) return found(SourceFile{picture, {}, {}, {}, false});
                                 files_.FindSourceFile(picture, this, found);
                               });
@@ -106,7 +107,10 @@ void PictureActions::TellSaved(QWidget* window, const SavedCopy& copy) {
 }
 
 void PictureActions::CopyThen(const MenuChoice& choice, const std::function<void()>& then) {
-  FindSourceFile(choice, [this, choice, then](const SourceFile& file) {
+  // Of two copies the one that was chosen last holds, however long the look at either file takes.
+  const Wanted::Token token = copyWanted_.Ask();
+  FindSourceFile(choice, [this, choice, then, token](const SourceFile& file) {
+    if (!token.StillWanted()) return;
     copy_.CopyPicture(file, [this, choice, then](CopyResult result) {
       if (result == CopyResult::NotDecoded) Tell(choice, tr("This picture cannot be copied: it cannot be decoded."));
       if (result == CopyResult::Copied) then();
@@ -198,11 +202,13 @@ void PictureActions::SaveAllPictures(const PictureList& list, QWidget* window) {
   Program& program = deps_.services.program;
   const QPointer<PictureActions> self = this;
   const QPointer<QWidget> owner = window;
+  // Before the dialog: what the list says of a picture holds for the file of now.
+  const QList<SaveAll::OpenPicture> pictures = SaveAll::OpenAll(list);
   const QString folder = deps_.services.dialogs.AskFolder(window, program.SaveDir);
   if (self == nullptr || folder.isEmpty()) return;
   program.SaveDir = folder;
   saveAllWindow_ = owner != nullptr ? owner.data() : deps_.mainWindow;
-  saveAll_.Start(list, folder);
+  saveAll_.Start(pictures, folder);
   if (saveAll_.Busy()) new SaveAllLine(saveAll_, saveAllWindow_);
 }
 

@@ -70,6 +70,7 @@ class PictureActions : public QObject {
   Dependencies deps_;
   SourceFiles files_;
   PictureCopy copy_;
+  Wanted copyWanted_;  // the copy that was chosen last
   // What the user has asked for is written on a thread of its own: a slow folder holds up nothing else.
   Background writer_;
   PictureDrag drag_;

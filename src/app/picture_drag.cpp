@@ -15,6 +15,8 @@ PictureDrag::PictureDrag(SourceFiles& files, Background& background, QObject* pa
 
 void PictureDrag::Begin(const SourcePicture& picture, QWidget* from) {
   if (copies_ == nullptr) copies_ = std::make_shared<QTemporaryDir>(QDir::tempPath() + u"/omni-perch-drag-XXXXXX"_s);
+  // Without a place for the copy there is nothing to drag; the next drag tries again.
+  if (!copies_->isValid()) return copies_.reset();
   const Wanted::Token token = wanted_.Ask();
   files_.FindSourceFile(picture, this, [this, token, from = QPointer(from)](const SourceFile& file) {
     if (!token.StillWanted() || file.Vanished()) return;

@@ -21,11 +21,17 @@ SavedCopy CopyOf(const SourcePicture& picture, const OpenFile& open, const QStri
 
 SaveAll::SaveAll(QObject* parent) : QObject(parent) {}
 
-void SaveAll::Start(const PictureList& list, const QString& folder) {
-  if (Busy() || list.pictures.isEmpty()) return;
+QList<SaveAll::OpenPicture> SaveAll::OpenAll(const PictureList& list) {
+  QList<OpenPicture> pictures;
   for (const SourcePicture& picture : list.pictures) {
-    waiting_.append({picture, std::make_shared<const OpenFile>(FileOfName(picture.file))});
+    pictures.append({picture, std::make_shared<const OpenFile>(FileOfName(picture.file))});
   }
+  return pictures;
+}
+
+void SaveAll::Start(const QList<OpenPicture>& pictures, const QString& folder) {
+  if (Busy() || pictures.isEmpty()) return;
+  waiting_ = pictures;
   folder_ = folder;
   count_ = static_cast<int>(waiting_.size());
   saved_ = 0;
@@ -37,12 +43,13 @@ void SaveAll::Next() {
   writer_.Run<SavedCopy>(
       this, [first = waiting_.first(), folder = folder_]() { return CopyOf(first.picture, *first.file, folder); },
       [this, token = wanted_.Ask()](const SavedCopy& copy) {
-        if (copy.saved) ++saved_;
+        // Of one that was stopped, the last copy must not count in the next.
         if (token.StillWanted()) Written(copy);
       });
 }
 
 void SaveAll::Written(const SavedCopy& copy) {
+  if (copy.saved) ++saved_;
   waiting_.removeFirst();
   const bool failed = !copy.saved && !copy.path.isEmpty();
   if (failed) waiting_.clear();

@@ -17,11 +17,17 @@ class SaveAll : public QObject {
   Q_OBJECT
 
  public:
+  // A picture whose file is open, so that a newer one in its place changes nothing.
+  struct OpenPicture {
+    SourcePicture picture;
+    std::shared_ptr<const OpenFile> file;
+  };
+
   explicit SaveAll(QObject* parent = nullptr);
 
-  // Opens the files of the pictures and writes copies of them, one after the other, beside the event loop. Does nothing
-  // while one is under way.
-  void Start(const PictureList& list, const QString& folder);
+  static QList<OpenPicture> OpenAll(const PictureList& list);
+  // Writes copies of the pictures, one after the other, beside the event loop. Does nothing while one is under way.
+  void Start(const QList<OpenPicture>& pictures, const QString& folder);
   // The picture that is being written is finished; the others are left out.
   void Stop();
   bool Busy() const { return !waiting_.isEmpty(); }
@@ -37,16 +43,10 @@ class SaveAll : public QObject {
   void Ended(const QString& failed);
 
  private:
-  // A picture whose file is open.
-  struct Waiting {
-    SourcePicture picture;
-    std::shared_ptr<const OpenFile> file;
-  };
-
   void Next();
   void Written(const SavedCopy& copy);
 
-  QList<Waiting> waiting_;  // the first of them is being written
+  QList<OpenPicture> waiting_;  // the first of them is being written
   QString folder_;
   int count_ = 0;
   int saved_ = 0;

@@ -145,7 +145,7 @@ class Bench {
     app_.longest = {};
     SaveAll saving;
     std::chrono::nanoseconds begin = Now();
-    saving.Start(list, own.path());
+    saving.Start(SaveAll::OpenAll(list), own.path());
     Until([&]() { return !saving.Busy(); });
     const double save = Ms(Now() - begin);
     const double event = Ms(app_.longest);

@@ -8,6 +8,7 @@
 #include <bitset>
 #include <cmath>
 #include <memory>
+#include <utility>
 
 #include "decode.h"
 #include "platform/picture/picture_protocol.h"
@@ -76,6 +77,7 @@ class Exif {
     double across = 0;
     double down = 0;
     int unit = 2;
+    bool hasCreator = false;
     for (int entry = 0; entry < entries; ++entry) {
       const qsizetype at = start + 2 + 12 * qsizetype{entry};
       if (at + 12 > tiff_.size()) break;
@@ -90,7 +92,8 @@ class Exif {
           unit = U16(at + 8);
           break;
         case 0x013B:
-          facts.AddText("creator", Text(at));
+          // The first alone: thousands of entries may name the same 64 KB.
+          if (!std::exchange(hasCreator, true)) facts.AddText("creator", Text(at));
           break;
         default:
           break;
