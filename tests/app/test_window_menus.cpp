@@ -41,7 +41,7 @@ class TestWindowMenus : public QObject {
     };
     openMenuOf(0, QContextMenuEvent::Keyboard);
     QCOMPARE(f.State().page.SelectedSlot, 0);
-    QVERIFY(!EntryThat(OpenMenu(), u"Print"_s)->isEnabled());
+    QVERIFY(!EntryThat(OpenMenu(), u"Site and sender"_s)->isEnabled());
     QTest::keyClick(OpenMenu(), Qt::Key_Return);
     QTRY_COMPARE(site.Requests(u"image1"_s), 2);
     QVERIFY(OpenMenu() == nullptr);
