@@ -327,6 +327,10 @@
         <translation>Vorschau der Seite</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>Auf den Drucker wird gewartet ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>Das Bild wird gelesen ...</translation>
     </message>

@@ -327,6 +327,10 @@
         <translation>Vista previa de la página</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>Esperando a la impresora ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>Leyendo la imagen ...</translation>
     </message>

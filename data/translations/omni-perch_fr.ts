@@ -327,6 +327,10 @@
         <translation>Aperçu de la page</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>En attente de l&apos;imprimante ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>Lecture de l&apos;image ...</translation>
     </message>

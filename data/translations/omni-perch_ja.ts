@@ -324,6 +324,10 @@
         <translation>ページのプレビュー</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>プリンターの応答を待っています ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>画像を読み込んでいます ...</translation>
     </message>

@@ -327,6 +327,10 @@
         <translation>Voorbeeld van de pagina</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>Wachten op de printer ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>De afbeelding wordt gelezen ...</translation>
     </message>

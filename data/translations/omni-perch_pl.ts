@@ -330,6 +330,10 @@
         <translation>Podgląd strony</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>Oczekiwanie na drukarkę ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>Odczytywanie obrazu ...</translation>
     </message>

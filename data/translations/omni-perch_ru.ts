@@ -330,6 +330,10 @@
         <translation>Предварительный просмотр страницы</translation>
     </message>
     <message>
+        <source>Waiting for the printer ...</source>
+        <translation>Ожидание принтера ...</translation>
+    </message>
+    <message>
         <source>The picture is being read ...</source>
         <translation>Изображение читается ...</translation>
     </message>

@@ -3,6 +3,8 @@
 
 #include <QFile>
 #include <QPainter>
+#include <QThread>
+#include <utility>
 
 #include "display/print_size.h"
 #include "platform/whole_file.h"
@@ -49,10 +51,20 @@ PrintEnd PaintFile(const QImage& image, int widthCm, QPrinter& printer, const st
 
 PrintJobs::PrintJobs(PictureTool& tool, QObject* parent) : QObject(parent), tool_(tool) {}
 
-void PrintJobs::FindPage(QObject* context, const std::function<void(const QPageLayout&)>& found) {
-  painting_.Run<QPageLayout>(
-      context, []() { return QPrinter(QPrinter::HighResolution).pageLayout(); },
-      [found](const QPageLayout& page) { found(page); });
+void PrintJobs::FindPrinter(QObject* context, PrinterFound found) {
+  asker_ = context;
+  found_ = std::move(found);
+  if (asking_) return;
+  asking_ = true;
+  const auto printer = std::make_shared<Printer>();
+  QThread* thread = QThread::create([printer]() { *printer = std::make_shared<QPrinter>(QPrinter::HighResolution); });
+  connect(thread, &QThread::finished, thread, &QObject::deleteLater);
+  connect(thread, &QThread::finished, this, [this, printer]() {
+    asking_ = false;
+    const PrinterFound answer = std::exchange(found_, {});
+    if (asker_ != nullptr) answer(*printer);
+  });
+  thread->start();
 }
 
 int PrintJobs::Print(const Sheet& sheet) {

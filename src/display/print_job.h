@@ -5,8 +5,10 @@
 
 #include <QByteArray>
 #include <QObject>
+#include <QPointer>
 #include <QPrinter>
 #include <atomic>
+#include <functional>
 #include <memory>
 
 #include "platform/background.h"
@@ -26,19 +28,23 @@ class PrintJobs : public QObject {
   Q_OBJECT
 
  public:
+  // A printer whose system has been asked for its page; one thread has it at a time.
+  using Printer = std::shared_ptr<QPrinter>;
+  using PrinterFound = std::function<void(const Printer&)>;
   // One picture on one page.
   struct Sheet {
-    QByteArray picture;                 // bytes of the file
-    int widthCm = 0;                    // of the print
-    std::shared_ptr<QPrinter> printer;  // belongs to the job from now on; its page is as the user has chosen it
+    QByteArray picture;  // bytes of the file
+    int widthCm = 0;     // of the print
+    Printer printer;     // belongs to the job from now on; its page is as the user has chosen it
   };
 
   explicit PrintJobs(PictureTool& tool, QObject* parent = nullptr);
   // On the way out it waits for the page that is being painted; those behind it are given up.
 
-  // The page of the printer that the system has chosen, at whose margins a print is cut off. Asking for it may take a
-  // printer on the network seconds, so found is called later, unless context is gone by then.
-  void FindPage(QObject* context, const std::function<void(const QPageLayout&)>& found);
+  // The printer that the system has chosen. A print server that is gone takes minutes to say nothing, so it is asked on
+  // a thread that neither a print nor the program's end waits for. found is called later, unless context is gone by
+  // then; of several who wait, the one who asked last is answered.
+  void FindPrinter(QObject* context, PrinterFound found);
   // Begins a print; the answer names it in Ended and Cancel.
   int Print(const Sheet& sheet);
   // Ended says whether it was in time: a page that has gone to the printer comes.
@@ -54,6 +60,9 @@ class PrintJobs : public QObject {
   void End(int job, PrintEnd end, const QString& file);
 
   PictureTool& tool_;
+  QPointer<QObject> asker_;  // who waits for the printer
+  PrinterFound found_;
+  bool asking_ = false;         // for the printer
   QHash<int, Flag> cancelled_;  // of the jobs under way
   int last_ = 0;
   Background painting_;

@@ -8,6 +8,7 @@
 #include <QVBoxLayout>
 
 #include "core/stored_settings.h"
+#include "display/picture_save.h"
 #include "display/print_size.h"
 
 using namespace Qt::StringLiterals;
@@ -50,8 +51,9 @@ Form21::Form21(const Dependencies& dependencies, QWidget* opener)
   connect(cmdPrint, &QPushButton::clicked, this, &Form21::Print);
   connect(cancel_, &QPushButton::clicked, this, [this]() { deps_.jobs.Cancel(job_); });
   connect(&deps_.jobs, &PrintJobs::Ended, this, &Form21::JobEnded);
-  deps_.jobs.FindPage(this, [this](const QPageLayout& page) {
-    page_ = page;
+  deps_.jobs.FindPrinter(this, [this](const PrintJobs::Printer& printer) {
+    printer_ = printer;
+    page_ = printer->pageLayout();
     TurnPage();
   });
 }
@@ -155,7 +157,7 @@ void Form21::ShowTexts() {
   ShowSize();
   switch (shownState_) {
     case State::Idle:
-      return ShowState({});
+      return ShowState(page_.isValid() ? QString() : tr("Waiting for the printer ..."));
     case State::Loading:
       return ShowState(tr("The picture is being read ..."));
     case State::Printing:
@@ -198,13 +200,17 @@ QString Form21::TextOf(PrintEnd end, const QString& file) {
 void Form21::Print() {
   // The dialog turns the event loop: the window may be gone afterwards, or have another picture.
   const QPointer<Form21> self(this);
-  const auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  // A printer belongs to its job, and to make another one asks the print server. So does the dialog, however.
+  if (printer_ == nullptr) printer_ = std::make_shared<QPrinter>(QPrinter::HighResolution);
+  const PrintJobs::Printer printer = printer_;
   const QByteArray bytes = picture_.bytes;
   if (!printerName_.isEmpty()) printer->setPrinterName(printerName_);
   printer->setPageLayout(page_);
-  printer->setDocName(picture_.name);
+  // The dialog makes the name of a file out of it, and captions of pictures hold whatever their senders like.
+  printer->setDocName(HarmlessName(picture_.name));
   const bool accepted = deps_.dialogs.PrintDialog(this, *printer);
   if (self == nullptr || !accepted) return;
+  printer_.reset();
   page_ = printer->pageLayout();
   printerName_ = printer->printerName();
   shownState_ = State::NoPrinter;

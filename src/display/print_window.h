@@ -63,9 +63,10 @@ class Form21 : public BaseWindow {
 
   Dependencies deps_;
   Picture picture_;
-  QSize size_;           // of the picture in pixels; empty: it has not been decoded
-  QPageLayout page_;     // of the printer chosen last; invalid: not known yet
-  QString printerName_;  // chosen last; empty: the system's choice
+  QSize size_;                  // of the picture in pixels; empty: it has not been decoded
+  PrintJobs::Printer printer_;  // for the next print; null: not known yet, or given to a job
+  QPageLayout page_;            // of the printer chosen last; invalid: not known yet
+  QString printerName_;         // chosen last; empty: the system's choice
   PrintPreview* preview_;
   QLabel* caption_;
   QSlider* Slider1;

@@ -4,6 +4,7 @@
 #include <QProcess>
 #include <QPushButton>
 #include <QSlider>
+#include <QTcpServer>
 
 #include "display/print_size.h"
 #include "display/print_window.h"
@@ -19,9 +20,11 @@ class PrintingDialogs : public Dialogs {
   QString file;
   bool accepts = true;
   bool across = false;  // as the page was suggested
+  QString named;        // as the file was
 
   bool PrintDialog(QWidget*, QPrinter& printer) override {
     across = printer.pageLayout().orientation() == QPageLayout::Landscape;
+    named = printer.docName();
     printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setOutputFileName(file);
     printer.setPageSize(QPageSize(QPageSize::A4));
@@ -58,10 +61,10 @@ struct PrintFixture {
   // Opens the window and waits for its picture.
   bool Open(const QByteArray& bytes) {
     window = new Form21({program, tool, background, store, dialogs, jobs}, nullptr);
-    window->Open({bytes, u"ZZ1AA 2026_03_15 10_30"_s});
-    return QTest::qWaitFor(
-        [this]() { return !State().contains(u"being read"_s) && (!Size().isEmpty() || !State().isEmpty()); });
+    window->Open({bytes, u"../ZZ1AA/P 2026_03_15 10_30"_s});
+    return QTest::qWaitFor([this]() { return !Waits() && (!Size().isEmpty() || !State().isEmpty()); });
   }
+  bool Waits() const { return State().contains(u"being read"_s) || State().contains(u"Waiting"_s); }
   void Print() const { QTest::keyClick(window.data(), Qt::Key_Return); }
   PrintEnd End() {
     if (!QTest::qWaitFor([this]() { return !ended.isEmpty(); })) return PrintEnd::NotPrinted;
@@ -142,6 +145,7 @@ class TestPrint : public QObject {
       f.Print();
       QCOMPARE(f.End(), PrintEnd::Printed);
       QCOMPARE(f.dialogs.across, pixels.width() > pixels.height());
+      QCOMPARE(f.dialogs.named, u"_ZZ1AA_P 2026_03_15 10_30"_s);
       const QSizeF printed = PrintedMm(f.dialogs.file);
       QVERIFY2(std::abs(printed.width() - cm * 10) < cm * 0.1, qPrintable(QString::number(printed.width())));
       QVERIFY2(std::abs(printed.height() - cm * 10.0 * pixels.height() / pixels.width()) < cm * 0.1,
@@ -194,6 +198,23 @@ class TestPrint : public QObject {
     QVERIFY(f.Open("no picture"));
     QVERIFY(f.State().contains(u"cannot be decoded"_s));
     QVERIFY(!f.Find<QPushButton>(u"cmdPrint"_s)->isEnabled());
+  }
+
+  // A print server that hangs holds up no other print, and the window says what it waits for.
+  void WaitsForNoPrintServer() {
+    PrintFixture f;
+    const QByteArray picture = DarkPicture({1600, 1200});
+    QVERIFY(f.Open(picture));
+    QTcpServer server;
+    QVERIFY(server.listen(QHostAddress::LocalHost));
+    qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(server.serverPort()));
+    const auto restore = qScopeGuard([]() { qunsetenv("CUPS_SERVER"); });
+    Form21 waiting({f.program, f.tool, f.background, f.store, f.dialogs, f.jobs}, nullptr);
+    waiting.Open({picture, {}});
+    QTRY_COMPARE(waiting.findChild<QLabel*>(u"lblState"_s)->text(), u"Waiting for the printer ..."_s);
+    QTRY_VERIFY(server.hasPendingConnections());
+    f.Print();
+    QCOMPARE(f.End(), PrintEnd::Printed);
   }
 };
 
