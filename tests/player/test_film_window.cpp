@@ -116,6 +116,7 @@ class TestFilmWindow : public QObject {
     QCOMPARE(ShownTypeOf("1234ftypisom x264 subme=7"), u"mp4"_s);
     QCOMPARE(ShownTypeOf("BM subme=7"), u"bmp"_s);
     QCOMPARE(FilmSignature("G" + QByteArray(187, 'x') + "G"), u"mpg"_s);
+    QCOMPARE(ShownTypeOf("GIF89a" + QByteArray(182, 'x') + "G"), u"gif"_s);
   }
 };
 

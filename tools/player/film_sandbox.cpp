@@ -4,10 +4,12 @@
 #include <fcntl.h>
 #include <sched.h>
 #include <seccomp.h>
+#include <sys/ioctl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QList>
 #include <array>
@@ -43,6 +45,7 @@ constexpr auto kRefused = std::to_array<const char*>({
     "pidfd_getfd",
     "pidfd_send_signal",
     "rt_sigqueueinfo",
+    "rt_tgsigqueueinfo",
     "unlink",
     "unlinkat",
     "rename",
@@ -125,12 +128,25 @@ void RefuseProcesses(scmp_filter_ctx filter) {
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(ENOSYS), seccomp_syscall_resolve_name("clone3"), 0);
 }
 
+// Signals within the player are left, which the C library sends so when it gives up. A letter that is put into a
+// terminal would be a command to the shell that has started the program.
+void RefuseOthers(scmp_filter_ctx filter) {
+  seccomp_rule_add(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name("tgkill"), 1,
+                   SCMP_CMP(0, SCMP_CMP_NE, static_cast<scmp_datum_t>(getpid())));
+  constexpr scmp_datum_t kLowHalf = 0xFFFFFFFF;  // the kernel looks at no more of the number of a request
+  for (const scmp_datum_t request : {TIOCSTI, TIOCLINUX}) {
+    seccomp_rule_add(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name("ioctl"), 1,
+                     SCMP_CMP(1, SCMP_CMP_MASKED_EQ, kLowHalf, request));
+  }
+}
+
 bool FilterCalls(bool devices) {
   scmp_filter_ctx filter = seccomp_init(SCMP_ACT_ALLOW);
   if (filter == nullptr) return false;
   for (const char* name : kRefused) Refuse(filter, name);
   RefuseWriting(filter, devices);
   RefuseProcesses(filter);
+  RefuseOthers(filter);
   // Sockets of this machine are left: those of the window system and of sound.
   const int call = seccomp_syscall_resolve_name("socket");
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 1, SCMP_CMP(0, SCMP_CMP_NE, AF_UNIX));

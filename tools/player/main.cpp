@@ -67,6 +67,8 @@ void TakeLanguage(Translations& translations, const QString& language) {
 int main(int argc, char** argv) {
   // A decoder that a film holds up cannot hold up the end of the program.
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  // Away from the terminal from which the program may have been started.
+  setsid();
   // No rule covers a descriptor that was inherited by mistake.
   syscall(SYS_close_range, STDERR_FILENO + 1, ~0U, 0);
   std::signal(SIGPIPE, SIG_IGN);

@@ -13,8 +13,9 @@ QString FilmSignature(const QByteArray& first300) {
   if (first300.mid(4, 4) == "ftyp" && !still) return u"mp4"_s;
   const QByteArray start = first300.left(4);
   if (start == QByteArray("\0\0\1\xba", 4) || start == QByteArray("\0\0\1\xb3", 4)) return u"mpg"_s;
-  // A transport stream: packets of 188 bytes, each of which begins with this sign.
-  if (first300.startsWith('G') && first300.mid(188, 1) == "G") return u"mpg"_s;
+  // A transport stream: packets of 188 bytes, each of which begins with this sign. A GIF may have it there by chance.
+  const bool isGif = first300.startsWith("GIF8");
+  if (first300.startsWith('G') && first300.mid(188, 1) == "G" && !isGif) return u"mpg"_s;
   return {};
 }
 
