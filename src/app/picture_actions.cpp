@@ -111,10 +111,11 @@ void PictureActions::CopyThen(const MenuChoice& choice, const std::function<void
   const Wanted::Token token = copyWanted_.Ask();
   FindSourceFile(choice, [this, choice, then, token](const SourceFile& file) {
     if (!token.StillWanted()) return;
-    copy_.CopyPicture(file, [this, choice, then](CopyResult result) {
+    const auto copied = [this, choice, then](CopyResult result) {
       if (result == CopyResult::NotDecoded) Tell(choice, tr("This picture cannot be copied: it cannot be decoded."));
       if (result == CopyResult::Copied) then();
-    });
+    };
+    deps_.windows.Paste().WhenFree(this, [this, file, copied]() { copy_.CopyPicture(file, copied); });
   });
 }
 
@@ -171,11 +172,12 @@ void PictureActions::SaveFileAs(const SourceFile& file, const QString& name, QWi
 }
 
 void PictureActions::CopyImage(const QImage& image, QWidget* window) {
-  copy_.CopyImage(image, [owner = QPointer(window)](CopyResult result) {
+  const auto copied = [owner = QPointer(window)](CopyResult result) {
     if (result == CopyResult::Copied && owner != nullptr) {
       frmMsgBoxTimed::ShowDone(owner, tr("The picture is on the clipboard."), kDoneTime);
     }
-  });
+  };
+  deps_.windows.Paste().WhenFree(this, [this, image, copied]() { copy_.CopyImage(image, copied); });
 }
 
 void PictureActions::SaveImageAs(const QImage& image, const QString& name, QWidget* window) {

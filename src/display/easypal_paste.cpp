@@ -17,7 +17,7 @@ EasyPalPaste::EasyPalPaste(const Dependencies& dependencies, QWidget* mainWindow
   afterKey_.setSingleShot(true);
   afterKey_.setInterval(kAfterKey);
   connect(&afterKey_, &QTimer::timeout, this, [this]() {
-    busy_ = false;
+    Free();
     if (deps_.program.config.AutoRefreshOn == 1) Q_EMIT RefreshTimerWanted();
   });
 }
@@ -30,13 +30,12 @@ void EasyPalPaste::PasteToEasyPal(const Picture& picture, const Copy& copy, QWid
   const QPointer<EasyPalPaste> self(this);
   const bool allowed = AllowsSize(picture);
   if (self == nullptr) return;
-  busy_ = allowed;
-  if (!allowed) return;
+  if (!allowed) return Free();
   copy([self](bool copied) {
     if (self == nullptr) return;
     // A picture that has vanished or cannot be decoded leaves nothing to paste.
-    self->busy_ = copied;
-    if (copied) self->SendKey();
+    if (!copied) return self->Free();
+    self->SendKey();
   });
 }
 
@@ -45,6 +44,16 @@ void EasyPalPaste::PasteClipboard(QWidget* over) {
   busy_ = true;
   over_ = over;
   SendKey();
+}
+
+void EasyPalPaste::WhenFree(QObject* context, const std::function<void()>& then) {
+  if (!busy_) return then();
+  connect(this, &EasyPalPaste::Freed, context, then, Qt::SingleShotConnection);
+}
+
+void EasyPalPaste::Free() {
+  busy_ = false;
+  Q_EMIT Freed();
 }
 
 bool EasyPalPaste::AllowsSize(const Picture& picture) {

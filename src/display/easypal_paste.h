@@ -14,8 +14,8 @@
 #include "platform/desktop_window.h"
 #include "ui/dialogs.h"
 
-// One paste at a time: a wish that comes while one is under way is passed over, so that the clipboard does not change
-// under it.
+// One paste at a time: a wish that comes while one is under way is passed over. Copies wait for its end, so that the
+// clipboard does not change before EasyPal has taken the picture.
 class EasyPalPaste : public QObject {
   Q_OBJECT
 
@@ -41,12 +41,16 @@ class EasyPalPaste : public QObject {
   // Of what is on the clipboard already.
   void PasteClipboard(QWidget* over);
   bool Busy() const { return busy_; }
+  // Does something to the clipboard as soon as no paste needs it, unless context is gone by then.
+  void WhenFree(QObject* context, const std::function<void()>& then);
 
  Q_SIGNALS:
+  void Freed();
   // The paste has ended, and with it the rest that the choice from the menu was for automatic polls.
   void RefreshTimerWanted();
 
  private:
+  void Free();
   bool AllowsSize(const Picture& picture);
   void SendKey();
   void KeyEnded(KeyEnd end);

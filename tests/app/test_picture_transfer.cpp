@@ -48,12 +48,14 @@ class TestPictureTransfer : public QObject {
     f.form->Logic().poll.StopRefreshTimers();
     f.Paste(0);
     QTRY_VERIFY(f.Pastes());
-    f.Paste(2);  // not now
+    f.Paste(2);                         // not now
+    f.Choose(Command::CopyPicture, 2);  // later
     QTRY_COMPARE(f.desktop.Keys().size(), 1);
     QCOMPARE(f.Held(), QSize(320, 240));
     QVERIFY(!f.form->Logic().poll.Timer6.isActive());
     QTRY_VERIFY(!f.Pastes());
     QVERIFY(f.form->Logic().poll.Timer6.isActive());
+    QTRY_COMPARE(f.Held(), QSize(64, 48));
     f.Paste(1);
     QTRY_COMPARE(f.dialogs.told.size(), 1);
     QVERIFY2(f.dialogs.told.first().contains(u"31,"_s), qPrintable(f.dialogs.told.first()));
