@@ -51,12 +51,15 @@ void FilmPlayer::startup(const QString& path, const QString& title) {
   process_->start();
 }
 
-// The process may be the sender of the signal that is being handled.
+// A player's memory takes the system tens of milliseconds to take back, and who deletes a QProcess waits for its end.
+// So it deletes itself, when it has ended. It may also be the sender of the signal that is being handled.
 void FilmPlayer::Drop() {
   if (!process_) return;
-  process_->disconnect(this);
-  process_->kill();
-  process_.release()->deleteLater();
+  QProcess* process = process_.release();
+  process->disconnect(this);
+  if (process->state() == QProcess::NotRunning) return process->deleteLater();
+  connect(process, &QProcess::finished, process, &QObject::deleteLater);
+  process->kill();
 }
 
 void FilmPlayer::Close() {
