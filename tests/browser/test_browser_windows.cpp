@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDragEnterEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QToolButton>
 
 #include "browser/web_library.h"
@@ -334,6 +338,39 @@ class TestBrowserWindows : public QObject {
     QCOMPARE(WindowsTitled(u"View of ZZ2BB"_s), shown);
     QTest::keyClick(shown.first(), Qt::Key_Escape);
     QTRY_VERIFY(WindowsTitled(u"View of ZZ2BB"_s).isEmpty());
+  }
+
+  // A click of the user, which a page may turn into a copy or a dialog of colours, and a file that is dropped on it.
+  void PageGetsNothingOfTheDesktop() {
+    SignInSite site;
+    site.pages["/tricks"] =
+        "<input id=colour type=color><body style='height: 100vh'><script>"
+        "document.oncopy = e => { e.clipboardData.setData('text/plain', 'of the page'); e.preventDefault() };"
+        "document.onclick = () => { document.execCommand('copy'); colour.click();"
+        "setTimeout(() => location = '/later', 300) }</script>";
+    QGuiApplication::clipboard()->setText(u"of the user"_s);
+    const PageViewTexts texts{u"View"_s, u"Copy"_s, u"Save"_s, u"Paste"_s, u"Save image"_s, u"Paste it"_s};
+    library_->Windows()->OpenView(site.Url(u"/tricks"_s), texts);
+    QTRY_COMPARE_WITH_TIMEOUT(WindowsTitled(u"View"_s).size(), 1, kPatienceMs);
+    const auto* view = WindowsTitled(u"View"_s).first()->findChild<QWidget*>(u"Browser"_s);
+    QTRY_VERIFY_WITH_TIMEOUT(view->focusProxy() != nullptr, kPatienceMs);
+    bool dialogSeen = false;
+    const auto clickedOn = [&]() {
+      for (const QWidget* top : QApplication::topLevelWidgets())
+        dialogSeen |= qobject_cast<const QColorDialog*>(top) != nullptr && top->isVisible() &&
+                      !top->testAttribute(Qt::WA_DontShowOnScreen);
+      if (site.asked.value("/tricks") == 1 && !dialogSeen)
+        QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, view->rect().center());
+      return site.asked.value("/later") > 0;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(clickedOn(), kPatienceMs);
+    QCOMPARE(QGuiApplication::clipboard()->text(), u"of the user"_s);
+    QVERIFY(!dialogSeen);
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(folder_->path())});
+    QDragEnterEvent drag(view->rect().center(), Qt::CopyAction, &file, Qt::LeftButton, {});
+    QApplication::sendEvent(view->focusProxy(), &drag);
+    QVERIFY(!drag.isAccepted());
   }
 
   void WindowsCloseByKeyAndTogether() {

@@ -2,13 +2,17 @@
 #include "browser/engine/page_view_window.h"
 
 #include <QAction>
+#include <QChildEvent>
 #include <QCloseEvent>
 #include <QCursor>
+#include <QDialog>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 #include <chrono>
 
@@ -32,6 +36,19 @@ QRect FrameIn(const QRect& area) {
   QRect frame(QPoint(), kShape.scaled(area.size(), Qt::KeepAspectRatio));
   frame.moveCenter(area.center());
   return frame & area;
+}
+
+// The setting about the clipboard says nothing about a page's own copy command, which needs but one click of the user
+// anywhere in the page. In every frame, before the page's first script runs.
+QWebEngineScript NoCopyCommand() {
+  QWebEngineScript script;
+  script.setName(u"NoCopyCommand"_s);
+  script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+  script.setWorldId(QWebEngineScript::MainWorld);
+  script.setRunsOnSubFrames(true);
+  script.setSourceCode(
+      u"Object.defineProperty(Document.prototype, 'execCommand', {value: () => false, writable: false, configurable: false});"_s);
+  return script;
 }
 
 QToolButton* BarButton(const QString& name, QWidget* parent) {
@@ -59,6 +76,8 @@ frmStView::frmStView(QWebEngineProfile* profile)
   Browser->setContextMenuPolicy(Qt::NoContextMenu);
   page_->settings()->setAttribute(QWebEngineSettings::JavascriptCanAccessClipboard, false);
   page_->settings()->setAttribute(QWebEngineSettings::JavascriptCanPaste, false);
+  page_->scripts().insert(NoCopyCommand());
+  Browser->setAcceptDrops(false);  // a page would read the file that is dropped on it
   page_->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, false);  // they would be in the picture
   MakeLayout();
   MakeKeys();
@@ -196,6 +215,14 @@ void frmStView::ShowNotice(const QString& text) {
 
 bool frmStView::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Resize || event->type() == QEvent::Move) PlaceLines();
+  // The engine opens a dialog for a page's field of colours. It is rejected before it is seen.
+  if (event->type() == QEvent::ChildPolished) {
+    auto* dialog = qobject_cast<QDialog*>(static_cast<QChildEvent*>(event)->child());
+    if (dialog != nullptr) {
+      dialog->setAttribute(Qt::WA_DontShowOnScreen);
+      QMetaObject::invokeMethod(dialog, &QDialog::reject, Qt::QueuedConnection);
+    }
+  }
   return QWidget::eventFilter(watched, event);
 }
 
