@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QUrl>
 
 #include "platform/program_output.h"
 #include "platform/text/ansi_text.h"
@@ -50,14 +49,30 @@ QByteArray MailLink(const QString& to, const QString& cc, const QString& bcc, co
   return link;
 }
 
-// xdg-open would show the link in a browser where no program is set for mail, and says nothing; so the desktop is asked
+namespace {
+
+// xdg-open would show in a browser what no program is set for, or nothing, and does not tell; so the desktop is asked
 // first.
+void OpenByType(const QUrl& url, const QString& type, QObject* context, const std::function<void(bool)>& opened) {
+  ReadProgramOutput(u"xdg-mime"_s, {u"query"_s, u"default"_s, type}, context,
+                    [url, opened](const std::optional<QByteArray>& handler) {
+                      const bool none = handler && handler->isEmpty();
+                      opened(!none && QDesktopServices::openUrl(url));
+                    });
+}
+
+}  // namespace
+
 void SendMail(const QString& to, const QString& cc, const QString& bcc, const QString& subject, const QString& body,
               QObject* context, const std::function<void(bool)>& opened) {
   const QByteArray link = MailLink(to, cc, bcc, subject, body);
-  ReadProgramOutput(u"xdg-mime"_s, {u"query"_s, u"default"_s, u"x-scheme-handler/mailto"_s}, context,
-                    [link, opened](const std::optional<QByteArray>& handler) {
-                      const bool none = handler && handler->isEmpty();
-                      opened(!none && QDesktopServices::openUrl(QUrl::fromEncoded(link)));
-                    });
+  OpenByType(QUrl::fromEncoded(link), u"x-scheme-handler/mailto"_s, context, opened);
+}
+
+void OpenFilm(const QUrl& film, QObject* context, const std::function<void(bool)>& opened) {
+  const QString ending = QFileInfo(film.path()).suffix();
+  const QString type = ending == "avi"_L1   ? u"video/x-msvideo"_s
+                       : ending == "mp4"_L1 ? u"video/mp4"_s
+                                            : u"video/mpeg"_s;
+  OpenByType(film, type, context, opened);
 }
