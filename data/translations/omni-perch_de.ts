@@ -518,6 +518,10 @@
         <source>The desktop has no player for films.</source>
         <translation>Der Desktop hat kein Abspielprogramm für Filme.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>Den Film mit dem Abspielprogramm des Desktops öffnen? Es hat keine Sandbox: Ein Film, der Schaden anrichten soll, kann es dort.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

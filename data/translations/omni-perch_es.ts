@@ -518,6 +518,10 @@
         <source>The desktop has no player for films.</source>
         <translation>El escritorio no tiene reproductor de películas.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>¿Abrir la película con el reproductor del escritorio? No tiene un entorno aislado: una película hecha para causar daño puede hacerlo allí.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -518,6 +518,10 @@
         <source>The desktop has no player for films.</source>
         <translation>Le bureau n’a pas de lecteur de films.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>Ouvrir le film avec le lecteur du bureau ? Il n’a pas de bac à sable : un film fait pour nuire peut y nuire.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

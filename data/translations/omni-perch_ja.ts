@@ -515,6 +515,10 @@
         <source>The desktop has no player for films.</source>
         <translation>デスクトップに映像のプレーヤーがありません。</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>映像をデスクトップのプレーヤーで開きますか? そのプレーヤーにはサンドボックスがないため、害を与えるように作られた映像はそこで害を与えることができます。</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -518,6 +518,10 @@
         <source>The desktop has no player for films.</source>
         <translation>Het bureaublad heeft geen speler voor films.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>De film openen met de speler van het bureaublad? Die heeft geen sandbox: een film die is gemaakt om schade aan te richten, kan dat daar doen.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

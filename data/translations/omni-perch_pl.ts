@@ -521,6 +521,10 @@
         <source>The desktop has no player for films.</source>
         <translation>Pulpit nie ma odtwarzacza filmów.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>Otworzyć film w odtwarzaczu pulpitu? Nie ma on piaskownicy: film zrobiony po to, by szkodzić, może tam zaszkodzić.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

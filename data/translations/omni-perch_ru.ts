@@ -521,6 +521,10 @@
         <source>The desktop has no player for films.</source>
         <translation>На рабочем столе нет проигрывателя фильмов.</translation>
     </message>
+    <message>
+        <source>Open the film with the desktop&apos;s own player? It has no sandbox: a film that is made to do harm can do it there.</source>
+        <translation>Открыть фильм в проигрывателе рабочего стола? У него нет песочницы: фильм, созданный, чтобы навредить, может там это сделать.</translation>
+    </message>
 </context>
 <context>
     <name>MenuStrip</name>

@@ -7,6 +7,7 @@
 #include "callbook/place_page.h"
 #include "callbook/station_place.h"
 #include "display/viewer_picture.h"
+#include "platform/desktop_places.h"
 #include "station/callsign.h"
 #include "ui/msg_box_timed.h"
 
@@ -21,7 +22,8 @@ MediaViews::MediaViews(const Dependencies& dependencies)
     : QObject(dependencies.mainWindow),
       deps_(dependencies),
       player_({dependencies.services.program, dependencies.services.background, dependencies.services.run.player,
-               [](const QUrl& film) { return QDesktopServices::openUrl(film); }}) {
+               [this]() { return AllowsOtherPlayer(); },
+               [this](const QUrl& film, const std::function<void(bool)>& opened) { OpenFilm(film, this, opened); }}) {
   RegisterCommands();
   connect(&deps_.windows, &Windows::FilmWanted, this, &MediaViews::Play);
   connect(&deps_.windows, &Windows::PageViewWanted, this, &MediaViews::OpenPageView);
@@ -103,6 +105,15 @@ void MediaViews::Play(const SourcePicture& film) {
   deps_.windows.LowerViewer();
   const QStringList details = DetailsOf(deps_.services.program, film, {});
   player_.startup(film.file, details.join(u"   "_s));
+}
+
+bool MediaViews::AllowsOtherPlayer() {
+  const LanguageTexts& texts = deps_.services.program.language;
+  const QString question =
+      tr("Open the film with the desktop's own player? It has no sandbox: a film that is made to do harm can do it "
+         "there.");
+  return deps_.services.dialogs.AskSecond(deps_.mainWindow, question, texts[TextLine::kNoWord].trimmed(),
+                                          texts[TextLine::kYesWord].trimmed());
 }
 
 void MediaViews::TellFault(FilmPlayer::Fault fault) {

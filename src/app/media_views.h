@@ -44,6 +44,7 @@ class MediaViews : public QObject {
   PageViewTexts TextsOf(const QString& title) const;
   // What a button of frmStView has taken of its page.
   void TakePicture(PageViewAction action, const QImage& picture, QWidget* window);
+  bool AllowsOtherPlayer();
   void TellFault(FilmPlayer::Fault fault);
 
   Dependencies deps_;

@@ -11,7 +11,9 @@
 #include <memory>
 
 #include "core/program.h"
+#include "display/source_file.h"
 #include "platform/background.h"
+#include "platform/wanted.h"
 
 // The player of films. There is one window; another film takes its place.
 class FilmPlayer : public QObject {
@@ -22,8 +24,11 @@ class FilmPlayer : public QObject {
   struct Dependencies {
     const Program& program;
     Background& background;
-    QString player;                             // path of omni-perch-player
-    std::function<bool(const QUrl&)> openFile;  // the desktop's own player
+    QString player;  // path of omni-perch-player
+    // Asks the user whether the desktop's own player may have the film; returns when that is answered.
+    std::function<bool()> ask;
+    // Gives a film to the desktop's own player; opened(false) where it has none.
+    std::function<void(const QUrl&, const std::function<void(bool opened)>&)> openFile;
   };
 
   // What could not be done.
@@ -48,13 +53,15 @@ class FilmPlayer : public QObject {
  private:
   void ReadWishes();
   void ProcessEnded();
-  // Hands a copy of the film to the desktop's own player.
-  void OpenElsewhere();
+  // Hands a copy of the film to the desktop's own player, if the user agrees.
+  void OpenElsewhere(const Wanted::Token& film);
+  void Refuse(Fault fault);
   void Drop();
 
   Dependencies services_;
-  QString file_;
-  bool handedOn_ = false;  // the film has been given to the desktop's player
+  Wanted film_;                           // the film that is played
+  std::shared_ptr<const OpenFile> file_;  // its file, whatever is stored in its place meanwhile
+  bool handedOn_ = false;                 // the user has been asked about the desktop's player
   std::unique_ptr<QProcess> process_;
   std::unique_ptr<QTemporaryDir> copies_;  // kept until the program ends, because another program reads them
   int copyCount_ = 0;

@@ -13,6 +13,8 @@ struct PlayerFixture {
   Background background;
   QList<QUrl> opened;
   bool opens = true;
+  std::function<bool()> answer = []() { return true; };
+  int asked = 0;
   std::unique_ptr<FilmPlayer> player;
 
   explicit PlayerFixture(const QByteArray& script) {
@@ -21,9 +23,14 @@ struct PlayerFixture {
     folder.Put(u"1-5"_s, kFilm);
     program.config.LanguageName = u"German"_s;
     player = std::make_unique<FilmPlayer>(
-        FilmPlayer::Dependencies{program, background, folder.filePath(u"player"_s), [this](const QUrl& film) {
+        FilmPlayer::Dependencies{program, background, folder.filePath(u"player"_s),
+                                 [this]() {
+                                   ++asked;
+                                   return answer();
+                                 },
+                                 [this](const QUrl& film, const std::function<void(bool)>& then) {
                                    opened.append(film);
-                                   return opens;
+                                   then(opens);
                                  }});
   }
   void Start() const { player->startup(folder.filePath(u"1-5"_s), u"ZZ1AA"_s); }
@@ -76,13 +83,21 @@ class TestFilmPlayer : public QObject {
     QCOMPARE(closed.size(), 1);
   }
 
-  // A copy for the desktop's player, once, and of nothing but a film.
+  // A copy for the desktop's player, if the user says so, once, and of nothing but the film that is on the screen.
   void HandsOnACopy() {
     PlayerFixture f("echo open; read line");
     const QSignalSpy closed(f.player.get(), &FilmPlayer::Closed);
+    f.answer = []() { return false; };
+    f.Start();
+    QTRY_COMPARE(f.asked, 1);
+    f.answer = [&f]() {  // while the question is open a newer picture is stored in the film's place
+      QFile::remove(f.folder.filePath(u"1-5"_s));
+      f.folder.Put(u"1-5"_s, "newer");
+      return true;
+    };
     f.Start();
     QTRY_COMPARE(closed.size(), 1);
-    QCOMPARE(f.opened.size(), 1);
+    QVERIFY(f.asked == 2 && f.opened.size() == 1);
     const QString copy = f.opened.first().toLocalFile();
     QVERIFY(copy.endsWith(u".avi"_s) && !copy.startsWith(f.folder.path()));
     QFile file(copy);
@@ -92,6 +107,8 @@ class TestFilmPlayer : public QObject {
     QList<FilmPlayer::Fault> faults;
     connect(f.player.get(), &FilmPlayer::Failed, this, [&faults](FilmPlayer::Fault fault) { faults.append(fault); });
     f.opens = false;
+    f.answer = []() { return true; };
+    f.folder.Put(u"1-5"_s, kFilm);
     f.Start();
     QTRY_COMPARE(faults, QList{FilmPlayer::Fault::NoOtherPlayer});
     f.folder.Put(u"1-5"_s, "[Desktop Entry]\nExec=mpeg avi");
