@@ -90,6 +90,11 @@ class TestFilmPlayer : public QObject {
     f.answer = []() { return false; };
     f.Start();
     QTRY_COMPARE(f.asked, 1);
+    bool behind = false;  // what a no would have begun has ended by then
+    f.background.Run<int>(
+        this, []() { return 0; }, [&behind](int) { behind = true; });
+    QTRY_VERIFY(behind);
+    QVERIFY(f.opened.isEmpty() && closed.isEmpty());
     f.answer = [&f]() {  // while the question is open a newer picture is stored in the film's place
       QFile::remove(f.folder.filePath(u"1-5"_s));
       f.folder.Put(u"1-5"_s, "newer");

@@ -194,7 +194,8 @@ void frmWmp::ShowNote() {
   const bool wasFault = fault_.kind != FilmFault::Kind::None;
   lblNote_->setText(text);
   lblNote_->setAccessibleName(text);
-  cmdOther_->setVisible(wasFault && !ending_.isEmpty());
+  // A broken film may stall its demultiplexer, which then reports no error.
+  cmdOther_->setVisible((wasFault || waiting_) && !ending_.isEmpty());
   noteRow_->setVisible(!text.isEmpty());
   WMP->setAccessibleDescription(text);
 }

@@ -8,6 +8,6 @@
 
 // "avi", "mp4" or "mpg"; empty for anything else. first300: the first bytes of the file.
 QString FilmSignature(const QByteArray& first300);
-// The type by which a stored file is shown: that of file_type, but a film is one whatever words stand in its first bytes.
-// A common coder of films writes "subme" there, in which file_type finds the "bm" of a bitmap.
+// The type by which a stored file is shown: that of file_type, but a film is one whatever words stand in its first
+// bytes. A common coder of films writes "subme" there, in which file_type finds the "bm" of a bitmap.
 QString ShownTypeOf(const QByteArray& first300);
