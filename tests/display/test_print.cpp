@@ -153,9 +153,8 @@ class TestPrint : public QObject {
       const QImage sheet = PageOf(f.dialogs.file);
       QVERIFY((sheet.size() - page).width() * (sheet.size() - page).height() <= 1);
       // A dot more or less on each side.
-      QVERIFY2(
-          inked.adjusted(-1, -1, 1, 1).contains(InkOf(sheet)) && InkOf(sheet).contains(inked.adjusted(1, 1, -1, -1)),
-          QTest::toString(InkOf(sheet)));
+      const QRect ink = InkOf(sheet);
+      QVERIFY(inked.adjusted(-1, -1, 1, 1).contains(ink) && ink.contains(inked.adjusted(1, 1, -1, -1)));
       const QPalette colours = f.Find<QLabel>(u"lblSize"_s)->palette();
       QCOMPARE(colours.color(QPalette::Window), words.startsWith(u'F') ? QColor(128, 255, 128) : QColor(0, 64, 0));
       QVERIFY(std::abs(qGray(colours.color(QPalette::WindowText).rgb()) -
