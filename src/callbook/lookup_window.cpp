@@ -20,7 +20,6 @@ namespace {
 constexpr QSize kClient(350, 200);
 constexpr double kUnit = 2.5;            // pixels a unit in which the picture's size is given
 constexpr QSizeF kLargestUnits(57, 43);  // the highest picture, see PictureUnits
-constexpr QSize kWholePicture(16000, 16000);
 constexpr int kGap = 4;
 constexpr double kCallFont = 1.25;  // times the font of the other lines
 
