@@ -108,8 +108,9 @@ void Refuse(scmp_filter_ctx filter, const char* name) {
 // files that may be is for Landlock to say, so without it nothing may be.
 void RefuseWriting(scmp_filter_ctx filter, bool devices) {
   constexpr std::array<std::pair<const char*, unsigned>, 2> kOpening = {{{"open", 1}, {"openat", 2}}};
-  for (const auto& [name, flags] : kOpening) {
-    const int call = seccomp_syscall_resolve_name(name);
+  for (const auto& opening : kOpening) {
+    const int call = seccomp_syscall_resolve_name(opening.first);
+    const unsigned flags = opening.second;
     const auto refuse = [&](scmp_datum_t mask, scmp_datum_t value) {
       seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 1, SCMP_CMP(flags, SCMP_CMP_MASKED_EQ, mask, value));
     };
@@ -132,7 +133,7 @@ void RefuseProcesses(scmp_filter_ctx filter) {
 // terminal would be a command to the shell that has started the program.
 void RefuseOthers(scmp_filter_ctx filter) {
   seccomp_rule_add(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name("tgkill"), 1,
-                   SCMP_CMP(0, SCMP_CMP_NE, static_cast<scmp_datum_t>(getpid())));
+                   SCMP_CMP(0, SCMP_CMP_NE, static_cast<scmp_datum_t>(getpid()), 0));
   constexpr scmp_datum_t kLowHalf = 0xFFFFFFFF;  // the kernel looks at no more of the number of a request
   for (const scmp_datum_t request : {TIOCSTI, TIOCLINUX}) {
     seccomp_rule_add(filter, SCMP_ACT_ERRNO(EPERM), seccomp_syscall_resolve_name("ioctl"), 1,
@@ -149,7 +150,7 @@ bool FilterCalls(bool devices) {
   RefuseOthers(filter);
   // Sockets of this machine are left: those of the window system and of sound.
   const int call = seccomp_syscall_resolve_name("socket");
-  seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 1, SCMP_CMP(0, SCMP_CMP_NE, AF_UNIX));
+  seccomp_rule_add(filter, SCMP_ACT_ERRNO(EACCES), call, 1, SCMP_CMP(0, SCMP_CMP_NE, AF_UNIX, 0));
   // The filter holds for all threads, or entering fails.
   const bool loaded = seccomp_attr_set(filter, SCMP_FLTATR_CTL_TSYNC, 1) == 0 && seccomp_load(filter) == 0;
   seccomp_release(filter);
