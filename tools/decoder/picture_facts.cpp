@@ -126,7 +126,7 @@ class Exif {
 void ReadSegment(quint8 marker, const QByteArray& content, Facts& facts) {
   if (marker == 0xFE) facts.AddText("comment", content);
   if (marker == 0xE0 && content.startsWith(QByteArray::fromRawData("JFIF\0", 5)) && content.size() >= 12) {
-    const int unit = content.at(7);
+    const int unit = static_cast<quint8>(content.at(7));
     const double perInch = unit == 1 ? 1 : unit == 2 ? 2.54 : 0;  // 0: only the shape of a pixel is told
     facts.SetDpi(Big16(content, 8) * perInch, Big16(content, 10) * perInch);
   }
