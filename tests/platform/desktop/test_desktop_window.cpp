@@ -4,6 +4,18 @@
 #include "foreign_desktop.h"
 #include "platform/desktop_window.h"
 
+namespace {
+
+// Sends the key and waits for the end of it; the event loop goes on meanwhile.
+KeyEnd Send(const QByteArray& display) {
+  DesktopWindow sender(display, {.pause = 50ms, .patience = 600ms, .silence = 400ms});
+  std::optional<KeyEnd> end;
+  sender.SendF7(u"EasyPal"_s, &sender, [&end](KeyEnd ended) { end = ended; });
+  return QTest::qWaitFor([&end]() { return end.has_value(); }) ? *end : KeyEnd::Impossible;
+}
+
+}  // namespace
+
 class TestDesktopWindow : public QObject {
   Q_OBJECT
 
@@ -62,15 +74,6 @@ class TestDesktopWindow : public QObject {
     while (!silent.listen(QHostAddress::LocalHost, port)) ++port;
     QCOMPARE(Send("127.0.0.1:" + QByteArray::number(port - 6000)), KeyEnd::NoAnswer);
     QVERIFY(desktop.Keys().isEmpty());
-  }
-
- private:
-  // Sends the key and waits for the end of it; the event loop goes on meanwhile.
-  static KeyEnd Send(const QByteArray& display) {
-    DesktopWindow sender(display, {.pause = 50ms, .patience = 600ms, .silence = 400ms});
-    std::optional<KeyEnd> end;
-    sender.SendF7(u"EasyPal"_s, &sender, [&end](KeyEnd ended) { end = ended; });
-    return QTest::qWaitFor([&end]() { return end.has_value(); }) ? *end : KeyEnd::Impossible;
   }
 };
 
